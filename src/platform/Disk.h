@@ -1,0 +1,74 @@
+// The file services that the registers need. One interface, so that tests can put a failing disk under a
+// station.
+//
+// Paths are the station's own: Windows-1252 text, relative to the station's folder or absolute, with
+// backslashes where a text shows one. The implementation turns them into paths of this system; names are
+// found whatever their case, since the folders of customers come from systems that ignore it.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include "common/Outcome.h"
+#include "common/String.h"
+
+namespace vintoral {
+
+/// One open file. Closed when destroyed. Not shared between threads.
+class DiskFile {
+ public:
+  virtual ~DiskFile() = default;
+  /// Reads up to `into.size()` bytes at `offset`: the count read (fewer only at the end of the file), or
+  /// nothing when the system failed.
+  virtual std::optional<std::size_t> ReadAt(std::uint64_t offset, std::span<char> into) = 0;
+  /// Writes all bytes or fails.
+  virtual Outcome WriteAt(std::uint64_t offset, std::span<const char> bytes) = 0;
+  /// Length in bytes, or nothing when the system failed.
+  virtual std::optional<std::uint64_t> Length() = 0;
+  /// Returns when all that was written would survive a power cut.
+  virtual Outcome Sync() = 0;
+  /// Makes room for the file to grow to `length` bytes without changing its length; done where the file
+  /// system can't say.
+  virtual Outcome Reserve(std::uint64_t length) = 0;
+  /// Takes the append lock: an open-file-description lock beyond any data, waited for at most 100 ms. On a
+  /// file system without locks, or when the wait runs out, the caller goes on without; nothing is reported.
+  virtual void LockAppend() = 0;
+  virtual void UnlockAppend() = 0;
+};
+
+enum class OpenMode {
+  kRead,       ///< must exist
+  kReadWrite,  ///< must exist
+  kCreate,     ///< made when missing
+};
+
+class Disk {
+ public:
+  virtual ~Disk() = default;
+  /// The station's folder as this system writes it.
+  virtual String CurrentFolder() const = 0;
+  /// Any error counts as no.
+  virtual bool Exists(std::string_view path) const = 0;
+  /// Null when it can't be opened; `outcome`, where given, tells why.
+  virtual std::unique_ptr<DiskFile> Open(std::string_view path, OpenMode mode,
+                                         Outcome* outcome = nullptr) = 0;
+  /// The whole file, or nothing.
+  virtual std::optional<String> ReadAll(std::string_view path) = 0;
+  /// Replaces the whole file: written beside, synced, renamed over. A reader sees the old or the new, never
+  /// half.
+  virtual Outcome Replace(std::string_view path, std::string_view bytes) = 0;
+  /// Does nothing when the folder is there already.
+  virtual Outcome CreateFolder(std::string_view path) = 0;
+  virtual Outcome Remove(std::string_view path) = 0;
+  /// Lets the owner write the file again; done when it is missing.
+  virtual Outcome ClearReadOnly(std::string_view path) = 0;
+  /// Names of the files in `folder` that end in `ending` (case ignored), in alphabetical order.
+  virtual std::vector<String> List(std::string_view folder, std::string_view ending) const = 0;
+};
+
+}  // namespace vintoral

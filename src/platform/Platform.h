@@ -1,0 +1,20 @@
+#pragma once
+
+#include "platform/Clock.h"
+#include "platform/Disk.h"
+#include "platform/Screen.h"
+#include "platform/Sound.h"
+#include "platform/System.h"
+
+namespace vintoral {
+
+/// All that a station needs of its surroundings. The devices outlive the station.
+struct Platform {
+  Clock& clock;
+  Screen& screen;
+  Sound& sound;
+  System& system;
+  Disk& disk;
+};
+
+}  // namespace vintoral

@@ -1,0 +1,33 @@
+// What the station asks of the screen beyond the controls: boxes, the beep, the wait cursor.
+#pragma once
+
+#include <vector>
+
+#include "common/String.h"
+
+namespace vintoral {
+
+enum class Icon { kNone, kInformation, kQuestion, kExclamation, kCritical };
+enum class Answer { kOk, kYes, kNo, kCancel };
+
+/// A message box: the operator is held by it until one of `buttons` is chosen.
+struct Box {
+  String title;
+  String text;
+  Icon icon = Icon::kNone;
+  std::vector<Answer> buttons{Answer::kOk};  ///< in screen order
+  Answer preselected = Answer::kOk;
+};
+
+class Screen {
+ public:
+  virtual ~Screen() = default;
+  /// Shows the box and waits; timers go on ticking meanwhile. When the program ends under the box, the answer
+  /// is the one that changes nothing: kCancel where there is such a button, else kNo, else kOk.
+  virtual Answer Show(const Box& box) = 0;
+  virtual void Beep() = 0;
+  /// The hourglass over the main window, or the ordinary pointer again.
+  virtual void Busy(bool busy) = 0;
+};
+
+}  // namespace vintoral
