@@ -1,0 +1,238 @@
+// The controls of a screen, as plain values: a window shows them, the driver reads and drives them, and the
+// station reads its own state back from them. Nothing here knows a toolkit.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "common/String.h"
+#include "platform/Clock.h"
+
+namespace vintoral {
+
+/// Red in the low byte.
+using Color = std::int32_t;
+inline constexpr Color kLightOrange = 0x80C0FF;
+inline constexpr Color kLightRed = 0x8080FF;
+inline constexpr Color kLightGreen = 0xC0FFC0;
+inline constexpr Color kLightYellow = 0xC0FFFF;
+inline constexpr Color kYellow = 0x80FFFF;
+inline constexpr Color kWhite = 0xFFFFFF;
+
+class TextBox;
+class Label;
+class ComboBox;
+class ListBox;
+class CheckBox;
+class PictureBox;
+class Image;
+class CommandButton;
+class Frame;
+class Shape;
+class FileList;
+class Timer;
+
+/// One function for each kind of control; what a face does with a control depends on its kind alone.
+class ControlVisitor {
+ public:
+  virtual ~ControlVisitor() = default;
+  virtual void Visit(TextBox&) = 0;
+  virtual void Visit(Label&) = 0;
+  virtual void Visit(ComboBox&) = 0;
+  virtual void Visit(ListBox&) = 0;
+  virtual void Visit(CheckBox&) = 0;
+  virtual void Visit(PictureBox&) = 0;
+  virtual void Visit(Image&) = 0;
+  virtual void Visit(CommandButton&) = 0;
+  virtual void Visit(Frame&) = 0;
+  virtual void Visit(Shape&) = 0;
+  virtual void Visit(FileList&) = 0;
+  virtual void Visit(Timer&) = 0;
+};
+
+class Control {
+ public:
+  Control() = default;
+  Control(const Control&) = delete;
+  Control& operator=(const Control&) = delete;
+  virtual ~Control() = default;
+  virtual void Accept(ControlVisitor& visitor) = 0;
+
+  /// The screen name, "TxtCampo(0)".
+  std::string Name;
+  bool Visible = true;
+  bool Enabled = true;
+  String Tag;
+  String ToolTipText;
+  /// Can the keyboard focus stand here when it is shown and enabled?
+  bool CanFocus = false;
+
+  bool TakesFocus() const { return CanFocus && Visible && Enabled; }
+  /// The tag read as a number.
+  std::int64_t TagNumber() const;
+};
+
+/// A one-line entry box with a caret.
+class TextBox : public Control {
+ public:
+  TextBox() { CanFocus = true; }
+  void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+
+  const String& Text() const { return text_; }
+  /// Replaces the text as the program does: the caret goes to the start, nothing is selected. The change
+  /// event follows once, and only when the text really changed.
+  void SetText(const String& text);
+  /// Puts `text` in place of the selection, caret behind it: what typing and pasting do. Cut at MaxLength.
+  void Insert(const String& text);
+  /// Backspace and Delete: the selection, or the character before or behind the caret.
+  void EraseBackward();
+  void EraseForward();
+  /// Capitals in place, caret and selection kept, no change event of its own.
+  void RaiseToCapitals();
+  void SelectAll();
+
+  bool Locked = false;
+  Color BackColor = kWhite;
+  std::size_t SelStart = 0;
+  std::size_t SelLength = 0;
+  std::size_t MaxLength = 0;  ///< 0: no limit
+  std::function<void()> OnChange;
+
+ private:
+  void Replace(std::size_t start, std::size_t length, const String& text);
+  String text_;
+};
+
+class Label : public Control {
+ public:
+  void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+  String Caption;
+  Color BackColor = kWhite;
+};
+
+/// A list box with a text: the text is an item of the list, or whatever the program or the operator put
+/// there.
+class ComboBox : public Control {
+ public:
+  ComboBox() { CanFocus = true; }
+  void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+
+  const String& Text() const { return text_; }
+  /// The item that equals `text` (case ignored) is selected, none otherwise; the text stands as given.
+  void SetText(const String& text);
+  const std::vector<String>& List() const { return list_; }
+  int ListIndex() const { return index_; }
+  /// Selects item `index` (0 the first) and takes its text; -1 selects none and empties the text.
+  void Select(int index);
+  void AddItem(const String& item) { list_.push_back(item); }
+  /// Without items, text and selection.
+  void Clear();
+
+  bool Editable = false;  ///< does typing change the text, or jump to an item?
+  Color BackColor = kWhite;
+  std::size_t SelStart = 0;
+  std::size_t SelLength = 0;
+
+ private:
+  String text_;
+  std::vector<String> list_;
+  int index_ = -1;
+};
+
+class ListBox : public Control {
+ public:
+  ListBox() { CanFocus = true; }
+  void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+  std::vector<String> List;
+  std::vector<bool> Checked;  ///< empty, or one tick for each row
+  int ListIndex = -1;
+  int TopIndex = 0;
+};
+
+class CheckBox : public Control {
+ public:
+  CheckBox() { CanFocus = true; }
+  void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+  String Caption;
+  int Value = 0;
+};
+
+/// A panel: a button of the tool bar, a light, a picture frame.
+class PictureBox : public Control {
+ public:
+  void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+  int BorderStyle = 0;  ///< 0 up, 1 pressed
+  Color BackColor = kWhite;
+  String Picture;  ///< station path of the picture file that it shows, empty for none
+};
+
+class Image : public Control {
+ public:
+  void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+  String Picture;  ///< as of PictureBox
+};
+
+class CommandButton : public Control {
+ public:
+  CommandButton() { CanFocus = true; }
+  void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+  String Caption;
+};
+
+class Frame : public Control {
+ public:
+  void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+  String Caption;
+};
+
+/// The frame around a cell of the grid.
+class Shape : public Control {
+ public:
+  void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+  int Cell = -1;  ///< the cell that it surrounds, -1 for its default place
+};
+
+/// The files of a folder.
+class FileList : public Control {
+ public:
+  void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+  String Path;     ///< station path of the folder
+  String Pattern;  ///< "*.jpg"
+  std::vector<String> List;
+  int ListIndex = -1;
+};
+
+/// A timer of the event loop. Turning it on, and a new interval, start its wait afresh; setting what already
+/// holds changes nothing.
+class Timer : public Control {
+ public:
+  void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+  /// Must be called once before use.
+  void UseClock(const Clock& clock) { clock_ = &clock; }
+
+  int Interval() const { return interval_; }
+  void SetInterval(int milliseconds);
+  bool Running() const { return Enabled && interval_ > 0; }
+  void SetEnabled(bool enabled);
+  /// Off and on: the wait starts afresh.
+  void Restart();
+
+  /// When the next tick is due, in Clock::Ticks; meaningful while Running.
+  std::int64_t Due() const { return due_; }
+  /// The tick that was due happens now: the next one is an interval later, and late ticks are not caught up
+  /// with.
+  void Advance();
+
+  std::function<void()> OnTick;
+
+ private:
+  void Arm();
+  const Clock* clock_ = nullptr;
+  int interval_ = 0;
+  std::int64_t due_ = 0;
+};
+
+}  // namespace vintoral

@@ -1,0 +1,203 @@
+// The main screen, and with it the station: the operator has one screen, so the station is one class.
+//
+// This header is its table of contents. Each operation is defined in a file of its own name in its
+// subsystem's folder, and reads as the list of what happens; what can be said without the screen is a plain
+// function elsewhere.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "common/Moment.h"
+#include "common/Money.h"
+#include "common/String.h"
+#include "platform/Platform.h"
+#include "records/RegistroEtiquetas.h"
+#include "records/RegistroFicha.h"
+#include "records/RegistroUsuario.h"
+#include "station/form1/ScreenModel.h"
+#include "tariffs/Estadia.h"
+
+namespace vintoral {
+
+class Form1 : public ScreenModel {
+ public:
+  /// The screen as designed; nothing is read or written before Form_Load. The devices outlive the station.
+  explicit Form1(const Platform& platform);
+
+  // ---- Values of the run
+  // -------------------------------------------------------------------------------------
+  String NumeroPorteria;          ///< "01" the main gate, "02" every connected one
+  String CarpetaCompartida;       ///< the data folder, as the operator reads it
+  std::int16_t EsCliente = 0;     ///< -1 at a connected gate
+  std::int32_t TotalFichas = 0;   ///< 1000; 0 while the station starts or has stopped
+  std::int32_t PrimerNumero = 1;  ///< where the number generator starts
+  std::int32_t LimiteFilas = 0;   ///< highest row count of the document-and-points report
+
+  RegistroFicha FichaActual;    ///< the ficha being saved, retired or shown
+  RegistroFicha FichaAuxiliar;  ///< for history work, so that it never disturbs FichaActual
+  RegistroUsuario UsuarioActual;
+  RegistroEtiquetas EtiquetasActuales;
+  std::int32_t NumeroUsuario = 0;          ///< the user on screen, 0 if none
+  std::vector<RegistroFicha> VistaFichas;  ///< element 0 is record 1 of the view
+  std::int32_t InicioPagina = 1;           ///< first record of the grid page, from 1
+  std::int32_t TotalVista() const { return static_cast<std::int32_t>(VistaFichas.size()); }
+
+  std::vector<String> TablaTarifas, TablaExtras, TablaPrepago;  ///< element 0 is line 1
+  String Moneda;                                                ///< currency symbol, at most 10 characters
+  std::vector<String> DatosCall = std::vector<String>(7);       ///< the seven panic values
+
+  Estadia Permanencia;   ///< DiasEstadia, HorasEstadia, MinutosEstadia
+  String TiempoEstadia;  ///< "02H 30M "
+  Money ValorEstadia;
+  std::int64_t PuntosAcumulados = 0, PuntosEstadia = 0;
+
+  String MarcaTiquete;          ///< the entry stamp just saved
+  String MarcaSalidaPendiente;  ///< the exit stamp fixed when a ficha was called up
+  String TextoSalida;           ///< the exit stamp of the ficha being retired
+  String MarcaTurno;            ///< the start of the shift
+  String RutaFotoFicha;
+
+  Moment BaseReloj;                  ///< the clock that the last tick saw
+  int MinutoBase = 0;                ///< the minute of the hour at the last count
+  std::int64_t TiempoEjecucion = 0;  ///< minutes of run time counted
+
+  /// True once the program is ending: nothing is handled any more.
+  bool Terminado() const { return terminado_; }
+
+  // ---- Start and end
+  // -----------------------------------------------------------------------------------------
+  /// The start sequence. Check Terminado afterwards.
+  void Form_Load();
+  /// The operator closes the window: asks, and on yes unloads and ends the program.
+  void CerrarVentana();
+  /// Asks whether to close; false keeps the station open. Asks nothing when the station has been stopped
+  /// already.
+  bool Form_QueryUnload();
+  void Form_Unload();
+  void CrearCarpetas();
+  void EscribirAyuda();
+  void CrearAccesoDirecto();
+  void MostrarFondo();
+
+  // ---- Commands
+  // ----------------------------------------------------------------------------------------------
+  /// A key as the form sees it, before its controls: virtual key code and mask (1 shift, 2 control, 4 alt).
+  void Form_KeyDown(int KeyCode, int Shift);
+  void PctBoton_Click(int Index);
+  /// Sets the tooltip that goes with the button's state.
+  void PctBoton_MouseMove(int Index);
+  void GeneradorClick();  ///< CmdBarCode and CmdNumeroFicha
+  void ImgCambiarFondo_Click();
+  void AlternarMemoriaRostros();
+  void AlternarCodigoBarras();
+  void AbrirTarifas();
+  void OlvidarServidor();
+
+  // ---- Screen
+  // ------------------------------------------------------------------------------------------------
+  void LimpiarPantalla();
+  void LimpiarCampos();
+  void CambiarModoFicha();
+  void EtiquetaMonitor();
+  void AbrirEtiqueta(std::size_t index);
+  void CerrarEtiqueta(std::size_t index);
+  void FocoDondeSeEscribe();  ///< the keyboard goes back to where typing continues
+  /// All six fields are locked: a ficha is on display.
+  bool FichaEnPantalla() const;
+
+  // ---- Clock and timers
+  // --------------------------------------------------------------------------------------
+  void TmrHoraFecha_Timer();
+  void TmrHorario_Timer();
+  void TmrMonitor_Timer();
+  void TmrConexion_Timer();
+  void TmrBarCode_Timer();
+  /// The earliest moment (Clock::Ticks) at which a timer is due, or -1 when none runs.
+  std::int64_t SiguienteTick();
+  /// Runs, in order of time, every tick that is due by now.
+  void EjecutarTicks();
+
+  // ---- Registers and settings
+  // --------------------------------------------------------------------------------
+  bool CrearArchivoACT();  ///< false: the program ends
+  bool CrearArchivoHST();  ///< false: the program ends
+  void CrearArchivoNSR();
+  void CrearArchivoCDB();
+  void CrearArchivoCRD();
+  void CargarArchivoACT();
+  void CargarSalidasHST();
+  void LiberarMemoria();
+  void CargarMoneda();
+  void CargarEtiquetas();
+  void GuardarEtiquetas();
+  void CargarEstadoPantalla();
+  void GuardarEstadoPantalla();
+  void CargarDatosCall();
+  void CargarMarcas();
+  void GuardarMarcas();
+
+  // ---- Tariffs
+  // -----------------------------------------------------------------------------------------------
+  void CrearTablasPredeterminadas();
+  void CargarTablas();
+  /// Stay between two "dd/MM/yyyy hh:mm:ss" texts: sets Permanencia and returns the stay text, "??" for none.
+  String CalcularTiempo(std::string_view entrada, std::string_view salida);
+  Money CalcularValor();
+
+  // ---- Entry and exit
+  // ----------------------------------------------------------------------------------------
+  void GuardarFicha();
+  void RetirarFicha();
+  void RegistrarHistorial();
+  void LineaEfectivo();  ///< one step of the cash line
+  void MostrarFicha();
+  bool BuscarUsuario();
+  std::int64_t LeerPuntosUsuario(std::int32_t numero);
+
+  // ---- Link and grid
+  // -----------------------------------------------------------------------------------------
+  /// False: the program ends.
+  bool CargarServidor();
+  void ImprimirIndice();
+  /// The path of a file in the data folder.
+  String RutaCompartida(std::string_view file) const;
+  /// Is ACT there? If not, the link watch looks at once.
+  bool HayConexion();
+
+  // ---- Sounds
+  // ------------------------------------------------------------------------------------------------
+  void MidiWav(std::string_view file);
+
+  const Platform& Devices() const { return platform_; }
+
+ private:
+  friend class Input;
+  void Terminar();
+  bool Preguntar(const String& titulo, const String& texto, Answer preselected);
+  void ImposibleContinuar(const String& texto);
+  String ProtegidaContraEscritura() const;
+  void CargarCategorias();
+  void ConectarEventos();
+
+  // Steps of the longer operations, each in the file of its operation.
+  void MostrarFichaAdentro(std::int32_t numero);
+  void MostrarFichaNueva();
+  void MostrarFotoConfirmacion(bool confirmando);
+  void AnotarEntrada(std::int32_t numero);
+  bool LiberarPuesto(std::int32_t numero);
+  void RefrescarVista();
+  void FijarValor();
+  String CuentaDeSalida();
+  bool ConfirmacionVencida() const;
+  bool PlacaAdentro(const String& placa);
+  void LlenarUsuario();
+  RegistroFicha const& FichaMostrada() const;
+  void EstadoConexion(bool conectado);
+
+  Platform platform_;
+  bool terminado_ = false;
+};
+
+}  // namespace vintoral

@@ -1,0 +1,23 @@
+// What a character may do in each field of the main screen.
+#pragma once
+
+#include "station/form1/ScreenModel.h"
+
+namespace vintoral {
+
+enum class KeyVerdict { kPass, kDrop, kBeep };
+
+/// The number field: digits and Backspace; the commands' control characters fall silently, all else with a
+/// beep.
+KeyVerdict NumberFieldKey(char character);
+/// The cash field: as the number field, with comma and point.
+KeyVerdict CashFieldKey(char character);
+/// The text fields: everything but the commands' control characters.
+KeyVerdict TextFieldKey(char character);
+/// The minutes of a monitor: digits and Backspace, a beep for the rest.
+KeyVerdict MinutesKey(char character);
+
+/// The rule of one text box of `screen`.
+KeyVerdict KeyRule(const ScreenModel& screen, const TextBox& box, char character);
+
+}  // namespace vintoral

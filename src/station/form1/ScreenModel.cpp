@@ -1,0 +1,136 @@
+#include "station/form1/ScreenModel.h"
+
+#include <algorithm>
+
+namespace vintoral {
+
+ScreenModel::ScreenModel() {
+  NameAll();
+  DesignFields();
+  DesignInfo();
+  DesignHidden();
+  DesignTimers();
+  focus_ = &TxtCampo[0];
+}
+
+void ScreenModel::Name(Control& control, std::string name) {
+  control.Name = std::move(name);
+  controls_.push_back(&control);
+}
+
+template <std::size_t N, class C>
+void ScreenModel::Name(std::array<C, N>& family, std::string_view name) {
+  for (std::size_t i = 0; i < N; ++i)
+    Name(family[i], std::string(name) + "(" + std::to_string(i) + ")");
+}
+
+#define NAME(control) Name(control, #control)
+
+void ScreenModel::NameAll() {
+  NAME(TxtCampo), NAME(TxtEtiqueta), NAME(PctEtiqueta), NAME(LblCampo);
+  NAME(CboTarifa), NAME(LblCategoria), NAME(LblFechaEnt), NAME(LblFechaSal), NAME(LblValor);
+  NAME(TxtEfectivo), NAME(LblCambio), NAME(LblInfo), NAME(LblIndicador), NAME(LblConexion);
+  NAME(ImgIndicador), NAME(ChkFactura), NAME(PctUsuario), NAME(ImgUsuario), NAME(LblPuntos), NAME(ImgPuntos);
+  NAME(Picture1), NAME(Picture2), NAME(dspPreview), NAME(ImgFotoDetalle), NAME(PctFotoDetalle);
+  NAME(LblWebCamMsg), NAME(PctAppCamera), NAME(CmdBarCode), NAME(CmdNumeroFicha);
+  NAME(TxtBarCode), NAME(TxtBarCodeOK), NAME(TxtMaxEntrada), NAME(LstModEntrada), NAME(CboMinutos);
+  NAME(PctBoton), NAME(PctBuscar), NAME(ImgFicha), NAME(PctFicha), NAME(ShpCelda), NAME(PctSeleccion);
+  NAME(FraFicha), NAME(ImgFondo), NAME(LblFondo), NAME(FilFondos), NAME(ImgCambiarFondo);
+  NAME(ImgPanico), NAME(ImgContador);
+  NAME(TmrHoraFecha), NAME(TmrHorario), NAME(TmrMonitor), NAME(TmrConexion), NAME(TmrBarCode);
+}
+
+#undef NAME
+
+void ScreenModel::DesignFields() {
+  const std::array<String, 6> labels = {"NUMERO FICHA "_w, "PLACA/DOCUMENTO "_w, "NOMBRE "_w,
+                                        "APELLIDO "_w,     "TELEFONO "_w,        "OBSERVACION "_w};
+  constexpr std::size_t kFieldWidth = 20;  // what a register holds of each
+  for (std::size_t i = 0; i < labels.size(); ++i) {
+    TxtEtiqueta[i].SetText(labels[i]);
+    TxtEtiqueta[i].Locked = true;
+    TxtEtiqueta[i].MaxLength = kFieldWidth;
+    TxtEtiqueta[i].CanFocus = false;  // a click on its panel opens it
+    LblCampo[i].BackColor = kLightOrange;
+    if (i > 0) TxtCampo[i].MaxLength = kFieldWidth;
+  }
+  CboTarifa[0].Visible = false;
+  CboTarifa[0].CanFocus = false;
+  LblCategoria.Caption = "CATEGORIA "_w;
+  TxtEfectivo.SetText("0"_w);
+}
+
+void ScreenModel::DesignInfo() {
+  LblFechaEnt.Caption = "CONECTANDO... "_w;
+  LblInfo[0].Caption = "0 ( 1/1 )  "_w;
+  LblIndicador[0].Caption = "SAL"_w;
+  LblIndicador[1].Caption = "ENT"_w;
+  LblIndicador[0].Visible = false;
+  for (Label& bar : LblConexion)
+    bar.BackColor = kLightRed;
+
+  const std::array<String, 6> tips = {
+      " Bloqueo de Funciones (Activado) "_w, " Turno de Trabajo (Activado) "_w,
+      " Memoria de Rostros (Activado) "_w,   " Fotos Adicionales "_w,
+      " Cámara Web Desactivada "_w,          " Imprimir Factura "_w};
+  for (std::size_t i = 0; i < tips.size(); ++i) {
+    ImgIndicador[i].ToolTipText = tips[i];
+    ImgIndicador[i].Visible = false;
+  }
+  for (const int minutes : {15, 30, 45, 60, 90, 120, 150, 180}) {
+    CboMinutos.AddItem(String(std::to_string(minutes)) + " Minutos"_w);
+  }
+  CboMinutos.Editable = true;
+  CboMinutos.Enabled = false;
+  CboMinutos.Tag = "0"_w;
+  CmdNumeroFicha.ToolTipText = "<INICIO> Generador Automático de Fichas"_w;
+  CmdBarCode.ToolTipText = "<INICIO> Generador de Códigos de Barras Code39"_w;
+  PctFicha.Tag = "0"_w;
+  FilFondos.Pattern = "*.jpg"_w;
+}
+
+void ScreenModel::DesignHidden() {
+  const auto hide = [](auto&... controls) { ((controls.Visible = false), ...); };
+  const auto hideAll = [](auto& family) {
+    for (auto& control : family)
+      control.Visible = false;
+  };
+  hide(LblValor, TxtEfectivo, LblCambio, ChkFactura, ImgUsuario, ImgPuntos, Picture2, ImgFotoDetalle,
+       LblWebCamMsg);
+  hide(PctAppCamera, CmdBarCode, CmdNumeroFicha, TxtBarCode, TxtBarCodeOK, TxtMaxEntrada, LstModEntrada);
+  hide(PctFicha, ShpCelda, PctSeleccion, FilFondos, ImgPanico, dspPreview);
+  hideAll(PctUsuario);
+  hideAll(LblPuntos);
+  hideAll(PctFotoDetalle);
+  hideAll(PctBuscar);
+  hideAll(ImgFicha);
+  hide(PctBoton[5], PctBoton[6]);
+  PctUsuario[0].Enabled = false;
+  LstModEntrada.List = {"ENT(S)"_w, "DIA(S)"_w};
+  LstModEntrada.ListIndex = 0;
+}
+
+void ScreenModel::DesignTimers() {
+  TmrHoraFecha.SetInterval(500);
+  TmrHorario.SetInterval(500);
+  TmrMonitor.SetInterval(7000);
+  TmrConexion.SetInterval(3000);
+  TmrBarCode.SetInterval(1000);
+  for (Timer* timer : Timers())
+    timer->Enabled = false;
+}
+
+Control* ScreenModel::Find(std::string_view name) const {
+  const auto found = std::find_if(controls_.begin(), controls_.end(),
+                                  [&](const Control* c) { return EqualNoCase(c->Name, name); });
+  return found == controls_.end() ? nullptr : *found;
+}
+
+void ScreenModel::SetFocus(Control* control) {
+  if (control == focus_ || (control != nullptr && !control->TakesFocus())) return;
+  Control* const left = focus_;
+  focus_ = control;
+  if (left != nullptr && OnLostFocus) OnLostFocus(*left);
+}
+
+}  // namespace vintoral
