@@ -1,0 +1,64 @@
+#include "tariffs/Reglas.h"
+
+#include <algorithm>
+#include <array>
+
+#include "common/Numbers.h"
+#include "common/String.h"
+
+namespace vintoral {
+namespace {
+
+constexpr std::size_t kWidthOfKey = 4;
+constexpr std::size_t kWidthOfValue = 9;
+constexpr int kDecimals = 8;  // of kEscalaValor
+
+bool HoldsLetter(std::string_view line, char capital) {
+  return std::any_of(line.begin(), line.end(), [capital](char c) { return UpperByte(c) == capital; });
+}
+
+std::int64_t KeyIn(std::string_view line) {
+  const std::int64_t key = LeadingInteger(TrimView(line.substr(0, line.find('='))).substr(0, kWidthOfKey));
+  return key < 0 ? -key : key;
+}
+
+std::string_view ValueText(std::string_view line) {
+  return TrimView(line.substr(line.find('=') + 1));
+}
+
+std::int64_t ValueIn(std::string_view line) {
+  const std::string_view text = ValueText(line).substr(0, kWidthOfValue);
+  std::array<char, kWidthOfValue> pointed{};
+  std::replace_copy(text.begin(), text.end(), pointed.begin(), ',', '.');
+  const Decimal number = LeadingDecimal({pointed.data(), text.size()});
+  auto value = static_cast<std::int64_t>(number.digits);
+  for (int decimals = number.decimals; decimals < kDecimals; ++decimals)
+    value *= 10;
+  return value;
+}
+
+}  // namespace
+
+bool EsRegla(std::string_view linea) {
+  return linea.find('=') != std::string_view::npos;
+}
+
+ReglaTarifa LeerRegla(std::string_view linea) {
+  return {.clave = KeyIn(linea),
+          .valor = ValueIn(linea),
+          .minutos = HoldsLetter(linea, 'M'),
+          .horas = TieneHoras(linea),
+          .dias = HoldsLetter(linea, 'D'),
+          .estrella = linea.find('*') != std::string_view::npos,
+          .dosEstrellas = linea.find("**") != std::string_view::npos};
+}
+
+bool ValorEsCeroDosEstrellas(std::string_view linea) {
+  return ValueText(linea) == "0**";
+}
+
+bool TieneHoras(std::string_view linea) {
+  return HoldsLetter(linea, 'H');
+}
+
+}  // namespace vintoral
