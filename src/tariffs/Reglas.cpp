@@ -27,10 +27,12 @@ std::string_view ValueText(std::string_view line) {
 }
 
 std::int64_t ValueIn(std::string_view line) {
-  const std::string_view text = ValueText(line).substr(0, kWidthOfValue);
+  const std::string_view text = ValueText(line);
+  const std::size_t width = std::min(text.size(), kWidthOfValue);
   std::array<char, kWidthOfValue> pointed{};
-  std::replace_copy(text.begin(), text.end(), pointed.begin(), ',', '.');
-  const Decimal number = LeadingDecimal({pointed.data(), text.size()});
+  for (std::size_t i = 0; i < width; ++i)
+    pointed[i] = text[i] == ',' ? '.' : text[i];
+  const Decimal number = LeadingDecimal({pointed.data(), width});
   auto value = static_cast<std::int64_t>(number.digits);
   for (int decimals = number.decimals; decimals < kDecimals; ++decimals)
     value *= 10;

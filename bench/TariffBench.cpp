@@ -1,0 +1,22 @@
+// The price of a stay in the largest category of a new installation.
+#include <benchmark/benchmark.h>
+
+#include "tariffs/Tablas.h"
+#include "tariffs/Valor.h"
+
+namespace vintoral {
+namespace {
+
+void PriceAStay(benchmark::State& state) {
+  std::vector<String> tabla;
+  for (const String& linea : TarifasPredeterminadas())
+    tabla.push_back(LineaTarifa(linea));
+  // Every rule counts, and the last of each list decides.
+  const Estadia estadia{1, 23, 59};
+  for (auto _ : state)
+    benchmark::DoNotOptimize(CalcularValorDe(tabla, "MOTOCICLETA", estadia));
+}
+BENCHMARK(PriceAStay)->Unit(benchmark::kNanosecond);
+
+}  // namespace
+}  // namespace vintoral
