@@ -29,6 +29,10 @@ packages_apt() {
   # Another installer may be at work on this machine: wait for it.
   local command=(env DEBIAN_FRONTEND=noninteractive apt-get -q -o DPkg::Lock::Timeout=300 "$@")
   if [[ "$(id -u)" != 0 ]]; then
+    if ! command -v sudo >/dev/null; then
+      echo "Installing needs root, and there is no sudo here: run this once as root." >&2
+      return 1
+    fi
     command=(sudo "${command[@]}")
   fi
   "${command[@]}" </dev/null
