@@ -52,7 +52,7 @@ class Disk {
   virtual ~Disk() = default;
   /// The station's folder as this system writes it.
   virtual String CurrentFolder() const = 0;
-  /// Any error counts as no.
+  /// A file, not a folder. Any error counts as no.
   virtual bool Exists(std::string_view path) const = 0;
   /// Null when it can't be opened; `outcome`, where given, tells why.
   virtual std::unique_ptr<DiskFile> Open(std::string_view path, OpenMode mode,

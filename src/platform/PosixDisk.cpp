@@ -1,0 +1,230 @@
+#include "platform/PosixDisk.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <tuple>
+
+#include "platform/NativePath.h"
+#include "platform/PosixFile.h"
+
+namespace vintoral {
+namespace {
+
+/// No file of the station is as large; reading one as a whole would only take the memory.
+constexpr std::size_t kLargestFile = std::size_t{512} << 20;
+
+struct FreeText {
+  void operator()(char* text) const { std::free(text); }
+};
+
+/// The path without links and relative parts; as given when it can't be followed.
+std::string RealPath(const std::string& path) {
+  const std::unique_ptr<char, FreeText> real(realpath(path.c_str(), nullptr));
+  return real ? std::string(real.get()) : path;
+}
+
+std::string FolderOf(const std::string& path) {
+  const std::size_t slash = path.rfind('/');
+  return slash == 0 || slash == std::string::npos ? "/" : path.substr(0, slash);
+}
+
+bool IsFile(const std::string& path) {
+  struct stat status {};
+  return stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+}
+
+/// A descriptor of the regular file at `path`, or -1 with errno set. O_NONBLOCK: opening a pipe would wait.
+int OpenRegular(const std::string& path, int flags) {
+  int descriptor = -1;
+  do
+    descriptor = open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, 0666);
+  while (descriptor < 0 && errno == EINTR);
+  struct stat status {};
+  if (descriptor < 0 || (fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode))) return descriptor;
+  close(descriptor);
+  errno = S_ISDIR(status.st_mode) ? EISDIR : EINVAL;
+  return -1;
+}
+
+/// A file in `folder` that gets its name when it is whole, so that a station that is killed leaves nothing
+/// behind. -1 where the file system knows no such file.
+int OpenUnnamed(const std::string& folder) {
+  return open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0666);
+}
+
+bool GiveName(int descriptor, const std::string& path) {
+  unlink(path.c_str());
+  const std::string unnamed = "/proc/self/fd/" + std::to_string(descriptor);
+  return linkat(AT_FDCWD, unnamed.c_str(), AT_FDCWD, path.c_str(), AT_SYMLINK_FOLLOW) == 0;
+}
+
+/// Fills the file behind `descriptor`, on disk when this returns. `path` is the file that it will replace.
+Outcome Fill(PosixFile& file, int descriptor, const std::string& path, std::string_view bytes) {
+  struct stat old {};
+  // A file system without permissions refuses; then there is nothing to keep.
+  if (stat(path.c_str(), &old) == 0) std::ignore = fchmod(descriptor, old.st_mode & 07777);
+  Outcome written = file.WriteAt(0, {bytes.data(), bytes.size()});
+  return written ? file.Sync() : written;
+}
+
+/// Writes `bytes` to a new file at `temporary` and moves it to `path`. 0, or the system's errno.
+int WriteBeside(const std::string& temporary, const std::string& path, std::string_view bytes) {
+  int error = 0;
+  for (const bool unnamed : {true, false}) {
+    const int descriptor = unnamed ? OpenUnnamed(FolderOf(path))
+                                   : OpenRegular(temporary, O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW);
+    error = descriptor < 0 ? errno : 0;
+    if (error != 0) continue;
+    PosixFile file(descriptor, temporary, "");
+    const Outcome filled = Fill(file, descriptor, path, bytes);
+    if (!filled) return filled.Error();
+    if (unnamed && !GiveName(descriptor, temporary)) continue;
+    return rename(temporary.c_str(), path.c_str()) == 0 ? 0 : errno;
+  }
+  return error;
+}
+
+}  // namespace
+
+PosixDisk::PosixDisk(std::string folder) : folder_(std::move(folder)) {
+  if (!folder_.starts_with('/')) folder_ = RealPath(folder_.empty() ? "." : folder_);
+  while (folder_.size() > 1 && folder_.ends_with('/'))
+    folder_.pop_back();
+}
+
+String PosixDisk::CurrentFolder() const {
+  return StationName(folder_);
+}
+
+std::string PosixDisk::PathOf(std::string_view path) const {
+  // A text with a zero byte in it would name another file than it says.
+  if (path.find('\0') != std::string_view::npos) return {};
+  const std::string base = folder_ == "/" ? "" : folder_;
+  const String current = CurrentFolder();
+  std::string_view below = path;
+  bool inside = !path.starts_with('/') && !path.starts_with('\\');
+  if (path.starts_with(current)) {
+    below.remove_prefix(current.Size());
+    inside = inside || below.empty() || below.front() == '/' || below.front() == '\\';
+  }
+  const std::string native = NativePath(inside ? below : path);
+  if (!inside) return native;
+  return native.starts_with('/') ? base + native : base + "/" + native;
+}
+
+bool PosixDisk::Exists(std::string_view path) const {
+  return IsFile(FindIgnoringCase(PathOf(path)));
+}
+
+std::unique_ptr<DiskFile> PosixDisk::Open(std::string_view path, OpenMode mode, Outcome* outcome) {
+  const int flags = mode == OpenMode::kRead ? O_RDONLY : O_RDWR;
+  std::string native = PathOf(path);
+  std::string newIn;
+  int descriptor = OpenRegular(native, flags);
+  if (descriptor < 0 && errno == ENOENT) {
+    native = FindIgnoringCase(native);
+    descriptor = OpenRegular(native, flags);
+    if (descriptor < 0 && errno == ENOENT && mode == OpenMode::kCreate) {
+      descriptor = OpenRegular(native, flags | O_CREAT);
+      newIn = FolderOf(native);
+    }
+  }
+  if (outcome) *outcome = descriptor < 0 ? Outcome::Failed("open", native, errno) : Outcome::Done();
+  if (descriptor < 0) return nullptr;
+  return std::make_unique<PosixFile>(descriptor, std::move(native), std::move(newIn));
+}
+
+std::optional<String> PosixDisk::ReadAll(std::string_view path) {
+  const std::unique_ptr<DiskFile> file = Open(path, OpenMode::kRead);
+  if (!file) return std::nullopt;
+  // Some file systems tell a length that is not the file's: it is only where reading starts from.
+  std::size_t chunk = static_cast<std::size_t>(file->Length().value_or(0)) + 1;
+  std::string bytes;
+  for (std::size_t end = 0; end + chunk <= kLargestFile; chunk = std::max<std::size_t>(end, 65536)) {
+    bytes.resize(end + chunk);
+    const std::optional<std::size_t> got = file->ReadAt(end, {bytes.data() + end, chunk});
+    if (!got) return std::nullopt;
+    end += *got;
+    if (*got < chunk) {
+      bytes.resize(end);
+      return String(std::move(bytes));
+    }
+  }
+  return std::nullopt;
+}
+
+Outcome PosixDisk::Replace(std::string_view path, std::string_view bytes) {
+  // Renaming over a link would put a file in its place.
+  const std::string native = RealPath(FindIgnoringCase(PathOf(path)));
+  const std::string folder = FolderOf(native);
+  const std::string hidden = folder + "/." + native.substr(native.rfind('/') + 1);
+  // Two stations may replace one file of a shared folder at once, so each writes beside it under its own
+  // name.
+  const std::string temporary = hidden + "." + std::to_string(getpid()) + ".nuevo";
+  int error = access(native.c_str(), F_OK) == 0 && access(native.c_str(), W_OK) != 0 ? errno : 0;
+  if (error == 0 && native.empty()) error = ENOENT;
+  if (error != 0) return Outcome::Failed("replace", native, error);
+  error = WriteBeside(temporary, native, bytes);
+  if (error != 0) {
+    unlink(temporary.c_str());
+    return Outcome::Failed("replace", native, error);
+  }
+  SyncFolder(folder);
+  return Outcome::Done();
+}
+
+Outcome PosixDisk::CreateFolder(std::string_view path) {
+  const std::string native = FindIgnoringCase(PathOf(path));
+  if (mkdir(native.c_str(), 0777) == 0) {
+    SyncFolder(FolderOf(native));
+    return Outcome::Done();
+  }
+  const int error = errno;
+  struct stat status {};
+  if (error == EEXIST && stat(native.c_str(), &status) == 0 && S_ISDIR(status.st_mode))
+    return Outcome::Done();
+  return Outcome::Failed("make folder", native, error);
+}
+
+Outcome PosixDisk::Remove(std::string_view path) {
+  const std::string native = FindIgnoringCase(PathOf(path));
+  return unlink(native.c_str()) == 0 ? Outcome::Done() : Outcome::Failed("remove", native, errno);
+}
+
+Outcome PosixDisk::ClearReadOnly(std::string_view path) {
+  const std::string native = FindIgnoringCase(PathOf(path));
+  struct stat status {};
+  if (stat(native.c_str(), &status) != 0) {
+    return errno == ENOENT ? Outcome::Done() : Outcome::Failed("look at", native, errno);
+  }
+  if ((status.st_mode & S_IWUSR) != 0) return Outcome::Done();
+  const bool cleared = chmod(native.c_str(), (status.st_mode & 07777) | S_IWUSR) == 0;
+  return cleared ? Outcome::Done() : Outcome::Failed("clear the read-only mark of", native, errno);
+}
+
+std::vector<String> PosixDisk::List(std::string_view folder, std::string_view ending) const {
+  const std::string native = FindIgnoringCase(PathOf(folder));
+  std::vector<String> names;
+  DIR* open = opendir(native.c_str());
+  if (!open) return names;
+  while (const dirent* entry = readdir(open)) {
+    const String name = StationName(entry->d_name);
+    const std::string_view view = name;
+    const bool fits = view.size() >= ending.size() && !view.starts_with('.') &&
+                      EqualNoCase(view.substr(view.size() - ending.size()), ending);
+    if (fits && IsFile(native + "/" + entry->d_name)) names.push_back(name);
+  }
+  closedir(open);
+  std::sort(names.begin(), names.end(), [](const String& left, const String& right) {
+    return std::tuple(Upper(left), left) < std::tuple(Upper(right), right);
+  });
+  return names;
+}
+
+}  // namespace vintoral

@@ -1,0 +1,40 @@
+// The disk of this system: POSIX calls below one folder, the station's.
+#pragma once
+
+#include <string>
+
+#include "platform/Disk.h"
+
+namespace vintoral {
+
+class PosixDisk final : public Disk {
+ public:
+  /// `folder` is a path of this system and is kept as such: it may hold characters that Windows-1252 lacks.
+  /// Where station text begins with CurrentFolder(), that part stands for this folder whatever became of such
+  /// characters. A relative folder is taken from the process's own, now.
+  explicit PosixDisk(std::string folder);
+
+  String CurrentFolder() const override;
+  /// A regular file, or a link to one; a folder is none.
+  bool Exists(std::string_view path) const override;
+  /// Refuses whatever is no regular file, without waiting for the other end of a pipe. A file made by it is
+  /// synced into its folder with its first Sync.
+  std::unique_ptr<DiskFile> Open(std::string_view path, OpenMode mode, Outcome* outcome = nullptr) override;
+  std::optional<String> ReadAll(std::string_view path) override;
+  /// Keeps the permissions of the file that was there; refuses one that may not be written.
+  Outcome Replace(std::string_view path, std::string_view bytes) override;
+  Outcome CreateFolder(std::string_view path) override;
+  Outcome Remove(std::string_view path) override;
+  Outcome ClearReadOnly(std::string_view path) override;
+  /// Hidden names (a leading point) are left out. A name with characters that Windows-1252 lacks has "?" for
+  /// them, and is found by it.
+  std::vector<String> List(std::string_view folder, std::string_view ending) const override;
+
+  /// The path of this system for station text: exact as the text says, not looked up on the disk.
+  std::string PathOf(std::string_view path) const;
+
+ private:
+  std::string folder_;
+};
+
+}  // namespace vintoral

@@ -1,0 +1,152 @@
+#include "platform/PosixFile.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <chrono>
+#include <thread>
+
+namespace vintoral {
+namespace {
+
+using std::chrono::microseconds;
+using std::chrono::milliseconds;
+using std::chrono::steady_clock;
+
+constexpr milliseconds kLongestWait{100};
+constexpr microseconds kFirstPause{200};
+constexpr microseconds kLongestPause{2000};
+
+/// Where the append lock lies: far beyond any data. A file system that can't count as far takes the second;
+/// it is the same for all stations on it.
+constexpr std::array<std::int64_t, 2> kLockPositions = {std::int64_t{1} << 62, 0x7FFF'FFFE};
+
+enum class Lock { kHeld, kBusy, kBadPosition, kUnsupported };
+
+int SetLock(int descriptor, short type, std::int64_t position) {
+  struct flock range {};
+  range.l_type = type;
+  range.l_whence = SEEK_SET;
+  range.l_start = position;
+  range.l_len = 1;
+  int result = 0;
+  do
+    result = fcntl(descriptor, F_OFD_SETLK, &range);
+  while (result != 0 && errno == EINTR);
+  return result;
+}
+
+Lock TryLock(int descriptor, std::int64_t position) {
+  if (SetLock(descriptor, F_WRLCK, position) == 0) return Lock::kHeld;
+  if (errno == EAGAIN || errno == EACCES) return Lock::kBusy;
+  if (errno == EINVAL || errno == EOVERFLOW || errno == EFBIG) return Lock::kBadPosition;
+  return Lock::kUnsupported;
+}
+
+/// Tries until the lock is held or the wait runs out.
+Lock WaitForLock(int descriptor, std::int64_t position) {
+  const auto end = steady_clock::now() + kLongestWait;
+  Lock lock = TryLock(descriptor, position);
+  for (microseconds pause = kFirstPause; lock == Lock::kBusy && steady_clock::now() < end;
+       pause = std::min(pause * 2, kLongestPause)) {
+    std::this_thread::sleep_for(pause);
+    lock = TryLock(descriptor, position);
+  }
+  return lock;
+}
+
+/// What a file system answers that doesn't know the request, as opposed to one that failed in it.
+bool Unsupported(int error) {
+  return error == EOPNOTSUPP || error == ENOSYS || error == EINVAL;
+}
+
+}  // namespace
+
+PosixFile::~PosixFile() {
+  close(descriptor_);
+}
+
+Outcome PosixFile::Failed(std::string_view what) const {
+  return Outcome::Failed(what, path_, errno);
+}
+
+std::optional<std::size_t> PosixFile::ReadAt(std::uint64_t offset, std::span<char> into) {
+  std::size_t done = 0;
+  while (done < into.size()) {
+    const ssize_t got =
+        pread(descriptor_, into.data() + done, into.size() - done, static_cast<off_t>(offset + done));
+    if (got < 0 && errno == EINTR) continue;
+    if (got < 0) return std::nullopt;
+    if (got == 0) break;
+    done += static_cast<std::size_t>(got);
+  }
+  return done;
+}
+
+Outcome PosixFile::WriteAt(std::uint64_t offset, std::span<const char> bytes) {
+  std::size_t done = 0;
+  while (done < bytes.size()) {
+    const ssize_t put =
+        pwrite(descriptor_, bytes.data() + done, bytes.size() - done, static_cast<off_t>(offset + done));
+    if (put < 0 && errno == EINTR) continue;
+    if (put < 0) return Failed("write");
+    if (put == 0) return Outcome::Failed("write", path_, EIO);
+    done += static_cast<std::size_t>(put);
+  }
+  return Outcome::Done();
+}
+
+std::optional<std::uint64_t> PosixFile::Length() {
+  struct stat status {};
+  if (fstat(descriptor_, &status) != 0) return std::nullopt;
+  return static_cast<std::uint64_t>(status.st_size);
+}
+
+Outcome PosixFile::Sync() {
+  int result = 0;
+  do
+    result = fdatasync(descriptor_);
+  while (result != 0 && errno == EINTR);
+  if (result != 0 && !Unsupported(errno)) return Failed("sync");
+  if (!newIn_.empty()) SyncFolder(newIn_);
+  newIn_.clear();
+  return Outcome::Done();
+}
+
+Outcome PosixFile::Reserve(std::uint64_t length) {
+  const std::optional<std::uint64_t> now = Length();
+  if (now && *now >= length) return Outcome::Done();
+  const auto from = static_cast<off_t>(now.value_or(0));
+  int result = 0;
+  do
+    result = fallocate(descriptor_, FALLOC_FL_KEEP_SIZE, from, static_cast<off_t>(length) - from);
+  while (result != 0 && errno == EINTR);
+  if (result != 0 && !Unsupported(errno)) return Failed("make room in");
+  return Outcome::Done();
+}
+
+void PosixFile::LockAppend() {
+  for (const std::int64_t position : kLockPositions) {
+    const Lock lock = WaitForLock(descriptor_, position);
+    if (lock == Lock::kHeld) lockedAt_ = position;
+    if (lock != Lock::kBadPosition) return;
+  }
+}
+
+void PosixFile::UnlockAppend() {
+  if (lockedAt_) SetLock(descriptor_, F_UNLCK, *lockedAt_);
+  lockedAt_.reset();
+}
+
+void SyncFolder(const std::string& folder) {
+  const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (descriptor < 0) return;
+  fsync(descriptor);
+  close(descriptor);
+}
+
+}  // namespace vintoral

@@ -1,0 +1,41 @@
+// An open file of this system.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "platform/Disk.h"
+
+namespace vintoral {
+
+class PosixFile final : public DiskFile {
+ public:
+  /// Owns `descriptor`. `path` is for messages; `newIn` is the folder that has to be synced with the file
+  /// because its name is new there, else "".
+  PosixFile(int descriptor, std::string path, std::string newIn)
+      : descriptor_(descriptor), path_(std::move(path)), newIn_(std::move(newIn)) {}
+  ~PosixFile() override;
+  PosixFile(const PosixFile&) = delete;
+  PosixFile& operator=(const PosixFile&) = delete;
+
+  std::optional<std::size_t> ReadAt(std::uint64_t offset, std::span<char> into) override;
+  Outcome WriteAt(std::uint64_t offset, std::span<const char> bytes) override;
+  std::optional<std::uint64_t> Length() override;
+  Outcome Sync() override;
+  Outcome Reserve(std::uint64_t length) override;
+  void LockAppend() override;
+  void UnlockAppend() override;
+
+ private:
+  Outcome Failed(std::string_view what) const;
+
+  int descriptor_;
+  std::string path_;
+  std::string newIn_;
+  std::optional<std::int64_t> lockedAt_;
+};
+
+/// Syncs the names in a folder. File systems that refuse it keep them by themselves, so nothing is reported.
+void SyncFolder(const std::string& folder);
+
+}  // namespace vintoral

@@ -1,0 +1,60 @@
+#include "records/Monitores.h"
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+namespace vintoral {
+namespace {
+
+constexpr std::int64_t kSecond = 1000;
+constexpr std::int64_t kMinute = 60 * kSecond;
+constexpr std::int64_t kDay = 24 * 60 * kMinute;
+
+std::int64_t DayOf(Moment moment) {
+  return moment.Milliseconds() / kDay;
+}
+
+/// To the second: a clock on the wall shows no more.
+std::int64_t TimeOfDay(Moment moment) {
+  return moment.Milliseconds() % kDay / kSecond * kSecond;
+}
+
+/// The stamp's time of day; empty when its day is not that of `now`.
+std::optional<std::int64_t> TimeToday(std::string_view stamp, Moment now) {
+  const std::optional<Moment> moment = MomentOfStamp(stamp);
+  if (!moment || DayOf(*moment) != DayOf(now)) return std::nullopt;
+  return TimeOfDay(*moment);
+}
+
+bool ElapsedToday(std::string_view stamp, Moment now, int minutes) {
+  const std::optional<std::int64_t> time = TimeToday(stamp, now);
+  return time && TimeOfDay(now) - *time >= minutes * kMinute;
+}
+
+}  // namespace
+
+bool EstaDentro(const RegistroFicha& ficha) {
+  return TrimView(ficha.PorteriaSalida.View()) == "??";
+}
+
+bool EntroHace(const RegistroFicha& ficha, Moment now, int minutos) {
+  const std::optional<std::int64_t> time = TimeToday(ficha.MarcaEntrada.View(), now);
+  if (!time) return false;
+  const std::int64_t earliest = (TimeOfDay(now) - minutos * kMinute) % kDay;
+  return (earliest < 0 ? earliest + kDay : earliest) <= *time;
+}
+
+bool PermaneceDesde(const RegistroFicha& ficha, Moment now, int minutos) {
+  return ElapsedToday(ficha.MarcaEntrada.View(), now, minutos);
+}
+
+bool SalioHace(const RegistroFicha& ficha, Moment now, int minutos) {
+  return ElapsedToday(ficha.MarcaSalida.View(), now, minutos);
+}
+
+bool SalioHoy(const RegistroFicha& ficha, Moment now) {
+  return TimeToday(ficha.MarcaSalida.View(), now).has_value();
+}
+
+}  // namespace vintoral

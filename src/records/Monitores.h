@@ -1,0 +1,23 @@
+// Which fichas the three monitors list. All of them look at today alone and compare times of day, so no
+// window reaches back over midnight. A stamp that holds no moment is in none.
+#pragma once
+
+#include "common/Moment.h"
+#include "records/RegistroFicha.h"
+
+namespace vintoral {
+
+/// The ficha stands in ACT with no exit yet: its exit gate is "??".
+bool EstaDentro(const RegistroFicha& ficha);
+
+/// "ULTIMOS EN INGRESAR": came in today, and not before the time of day that was `minutos` ago. Shortly after
+/// midnight that is a late hour, which no entry of today has reached.
+bool EntroHace(const RegistroFicha& ficha, Moment now, int minutos);
+/// "TIEMPO DE PERMANENCIA": came in today, at least `minutos` ago.
+bool PermaneceDesde(const RegistroFicha& ficha, Moment now, int minutos);
+/// "ULTIMOS EN SALIR": left today, at least `minutos` ago.
+bool SalioHace(const RegistroFicha& ficha, Moment now, int minutos);
+/// Left on the day of `now`: the walk over HST, latest first, goes on while this holds.
+bool SalioHoy(const RegistroFicha& ficha, Moment now);
+
+}  // namespace vintoral

@@ -1,0 +1,127 @@
+#include "records/RecordFile.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <optional>
+
+namespace vintoral {
+namespace {
+
+std::uint64_t OffsetOf(std::int64_t number, std::size_t size) {
+  return static_cast<std::uint64_t>(number - 1) * size;
+}
+
+/// What `record` lacks behind its first `got` bytes is taken from `blank`.
+void Complete(std::span<char> record, std::size_t got, std::span<const char> blank) {
+  std::copy(blank.begin() + static_cast<std::ptrdiff_t>(got), blank.end(),
+            record.begin() + static_cast<std::ptrdiff_t>(got));
+}
+
+}  // namespace
+
+std::int64_t RecordFile::Count() const {
+  const std::optional<std::uint64_t> length = file_.Length();
+  return length ? static_cast<std::int64_t>(*length / blank_.size()) : 0;
+}
+
+bool RecordFile::Read(std::int64_t number, std::span<char> record) const {
+  if (number < 1) return false;
+  std::size_t got = 0;
+  if (number <= kMostRecords) {
+    const std::optional<std::size_t> read = file_.ReadAt(OffsetOf(number, blank_.size()), record);
+    if (!read) return false;
+    got = *read;
+  }
+  Complete(record, got, blank_);
+  return true;
+}
+
+Outcome RecordFile::Write(std::int64_t number, std::span<const char> record) {
+  if (number < 1 || number > kMostRecords)
+    return Outcome::Failed("write a record beyond", "a register", EFBIG);
+  const std::uint64_t offset = OffsetOf(number, blank_.size());
+  const std::optional<std::uint64_t> length = file_.Length();
+  if (!length) return Outcome::Failed("measure", "a register", EIO);
+  if (offset > *length) {
+    Outcome filled = FillGap(offset);
+    if (!filled) return filled;
+  }
+  return file_.WriteAt(offset, record);
+}
+
+Outcome RecordFile::FillGap(std::uint64_t until) {
+  // Under the lock, so that a row that another station appends meanwhile isn't blanked.
+  const AppendLock lock(file_);
+  const std::optional<std::uint64_t> length = file_.Length();
+  if (!length) return Outcome::Failed("measure", "a register", EIO);
+  if (*length >= until) return Outcome::Done();
+  if (until - *length > kLongestGap) return Outcome::Failed("write a record far beyond", "a register", EFBIG);
+  std::vector<char> blanks;
+  for (std::uint64_t at = *length; at < until; at += blanks.size()) {
+    const std::size_t wanted = std::min<std::uint64_t>(until - at, BlockReader::kBlock);
+    blanks.clear();
+    // The first one may begin inside a torn record.
+    while (blanks.size() < wanted)
+      blanks.push_back(blank_[(at + blanks.size()) % blank_.size()]);
+    Outcome written = file_.WriteAt(at, blanks);
+    if (!written) return written;
+  }
+  return Outcome::Done();
+}
+
+std::int64_t RecordFile::NextRow() const {
+  const std::optional<std::uint64_t> length = file_.Length();
+  return length ? static_cast<std::int64_t>(*length / blank_.size()) + 1 : 0;
+}
+
+BlockReader::BlockReader(DiskFile& file, std::span<const char> blank, std::int64_t first, std::int64_t last)
+    : file_(file),
+      blank_(blank),
+      first_(std::max<std::int64_t>(first, 1)),
+      last_(std::min(last, RecordFile::kMostRecords)),
+      capacity_(std::max<std::size_t>(kBlock / blank.size(), 1)) {
+  if (first_ <= last_) {
+    capacity_ = static_cast<std::size_t>(
+        std::min<std::int64_t>(static_cast<std::int64_t>(capacity_), last_ - first_ + 1));
+  }
+  bytes_ = std::make_unique_for_overwrite<char[]>(capacity_ * blank.size());
+}
+
+bool BlockReader::Next() {
+  if (ended_ || failed_ || first_ > last_) return false;
+  const auto count = static_cast<std::size_t>(
+      std::min<std::int64_t>(last_ - first_ + 1, static_cast<std::int64_t>(capacity_)));
+  if (!Load(first_, count)) return false;
+  ended_ = count_ < count;
+  first_ += static_cast<std::int64_t>(count);
+  return count_ > 0;
+}
+
+bool BlockReader::Previous() {
+  while (!failed_ && first_ <= last_) {
+    const auto count = static_cast<std::size_t>(
+        std::min<std::int64_t>(last_ - first_ + 1, static_cast<std::int64_t>(capacity_)));
+    last_ -= static_cast<std::int64_t>(count);
+    if (!Load(last_ + 1, count)) return false;
+    // The file may have ended before this block.
+    if (count_ > 0) return true;
+  }
+  return false;
+}
+
+bool BlockReader::Load(std::int64_t first, std::size_t count) {
+  const std::size_t size = blank_.size();
+  const std::span<char> into(bytes_.get(), count * size);
+  const std::optional<std::size_t> got = file_.ReadAt(OffsetOf(first, size), into);
+  failed_ = !got;
+  if (failed_) return false;
+  blockFirst_ = first;
+  count_ = *got / size;
+  if (const std::size_t torn = *got % size; torn != 0) {
+    Complete(into.subspan(count_ * size, size), torn, blank_);
+    ++count_;
+  }
+  return true;
+}
+
+}  // namespace vintoral

@@ -1,0 +1,86 @@
+// A file of fixed-length records as bytes: what Registro<R> does for every R, written once.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <vector>
+
+#include "common/Outcome.h"
+#include "platform/Disk.h"
+
+namespace vintoral {
+
+/// Records `number`s count from 1. `blank` is an empty record as it stands on disk: its length is the record
+/// length, and it gives the bytes that a torn or missing record lacks. It must outlive the file.
+class RecordFile {
+ public:
+  RecordFile(DiskFile& file, std::span<const char> blank) : file_(file), blank_(blank) {}
+
+  std::int64_t Count() const;
+  /// Fills `record`; false when `number` is below 1 or the system failed.
+  bool Read(std::int64_t number, std::span<char> record) const;
+  /// Fills the gap with blank records when `number` lies beyond the end of the file.
+  Outcome Write(std::int64_t number, std::span<const char> record);
+  /// The number that the next appended record gets, or 0 when the system failed.
+  std::int64_t NextRow() const;
+
+  /// No register is as long; what lies beyond is a damaged number.
+  static constexpr std::int64_t kMostRecords = std::int64_t{1} << 40;
+  /// A gap longer than this comes from a damaged number, and filling it would only fill the disk.
+  static constexpr std::uint64_t kLongestGap = std::uint64_t{256} << 20;
+
+ private:
+  Outcome FillGap(std::uint64_t until);
+
+  DiskFile& file_;
+  std::span<const char> blank_;
+};
+
+/// Records `first` to `last` in blocks, forward or from the last one back.
+class BlockReader {
+ public:
+  BlockReader(DiskFile& file, std::span<const char> blank, std::int64_t first, std::int64_t last);
+
+  /// Reads the next records of the range; false when there are no more or the system failed.
+  bool Next();
+  /// Reads the records before those of the last call, beginning at the end of the range.
+  bool Previous();
+  bool Failed() const { return failed_; }
+
+  /// The records of the block, whole: what a torn one lacks is blank.
+  std::int64_t First() const { return blockFirst_; }
+  std::size_t Count() const { return count_; }
+  const char* Record(std::size_t index) const { return bytes_.get() + index * blank_.size(); }
+
+  static constexpr std::size_t kBlock = std::size_t{64} << 10;
+
+ private:
+  bool Load(std::int64_t first, std::size_t count);
+
+  DiskFile& file_;
+  std::span<const char> blank_;
+  std::int64_t first_;
+  std::int64_t last_;
+  std::size_t capacity_;
+  std::unique_ptr<char[]> bytes_;
+  std::int64_t blockFirst_ = 0;
+  std::size_t count_ = 0;
+  bool ended_ = false;
+  bool failed_ = false;
+};
+
+/// Holds the append lock as long as it lives.
+class AppendLock {
+ public:
+  explicit AppendLock(DiskFile& file) : file_(file) { file_.LockAppend(); }
+  ~AppendLock() { file_.UnlockAppend(); }
+  AppendLock(const AppendLock&) = delete;
+  AppendLock& operator=(const AppendLock&) = delete;
+
+ private:
+  DiskFile& file_;
+};
+
+}  // namespace vintoral

@@ -1,0 +1,142 @@
+// A disk over another one that fails as it is told: full, read-only, torn, unplugged.
+#pragma once
+
+#include <algorithm>
+#include <cerrno>
+#include <limits>
+#include <memory>
+#include <optional>
+
+#include "platform/Disk.h"
+
+namespace vintoral::test {
+
+/// What goes wrong. May be changed at any time, files that are open already included. Counts go down as the
+/// operations pass; each is 1 for "the next one" and 0 for "none".
+struct Faults {
+  int failWrite = 0;           ///< this WriteAt or Replace fails once
+  bool failAllWrites = false;  ///< every WriteAt, Replace and Reserve fails
+  int writeError = ENOSPC;
+  /// A WriteAt that fails has put this many of its bytes, as on a disk that filled up on the way.
+  std::size_t tornBytes = 0;
+  int failRead = 0;  ///< this ReadAt or ReadAll fails once with EIO
+  bool failReserve = false;
+  bool failSync = false;
+  bool failLength = false;
+  std::optional<bool> existsSays;  ///< whatever is really there
+  bool openReadOnly = false;       ///< files open for reading alone, and may not be replaced
+  /// Files seem to end here.
+  std::uint64_t cutAt = std::numeric_limits<std::uint64_t>::max();
+  /// After this many more operations of any kind, the folder is gone: everything fails with ENOTCONN until
+  /// this is set anew.
+  int goneAfter = std::numeric_limits<int>::max();
+};
+
+class FaultyDisk final : public Disk {
+ public:
+  explicit FaultyDisk(Disk& disk) : disk_(disk) {}
+
+  Faults& Set() { return *faults_; }
+  /// Operations of any kind so far, those that failed included.
+  int Operations() const { return *operations_; }
+  /// Nothing fails from here on.
+  void Repair() { *faults_ = {}; }
+
+  String CurrentFolder() const override { return disk_.CurrentFolder(); }
+  bool Exists(std::string_view path) const override {
+    if (Gone()) return false;
+    return faults_->existsSays.value_or(disk_.Exists(path));
+  }
+  std::unique_ptr<DiskFile> Open(std::string_view path, OpenMode mode, Outcome* outcome = nullptr) override {
+    int error = Gone() ? ENOTCONN : 0;
+    if (error == 0 && faults_->openReadOnly && mode != OpenMode::kRead) error = EACCES;
+    if (error != 0) {
+      if (outcome) *outcome = Outcome::Failed("open", "a faulty disk", error);
+      return nullptr;
+    }
+    std::unique_ptr<DiskFile> file = disk_.Open(path, mode, outcome);
+    return file ? std::make_unique<File>(std::move(file), faults_, operations_) : nullptr;
+  }
+  std::optional<String> ReadAll(std::string_view path) override {
+    if (Gone() || Due(faults_->failRead)) return std::nullopt;
+    std::optional<String> bytes = disk_.ReadAll(path);
+    if (bytes) bytes = Left(*bytes, static_cast<std::size_t>(faults_->cutAt));
+    return bytes;
+  }
+  Outcome Replace(std::string_view path, std::string_view bytes) override {
+    if (Gone()) return Error(ENOTCONN);
+    if (faults_->openReadOnly) return Error(EACCES);
+    if (FailsWrite(*faults_)) return Error(faults_->writeError);
+    return disk_.Replace(path, bytes);
+  }
+  Outcome CreateFolder(std::string_view path) override {
+    if (Gone()) return Error(ENOTCONN);
+    return faults_->failAllWrites ? Error(faults_->writeError) : disk_.CreateFolder(path);
+  }
+  Outcome Remove(std::string_view path) override { return Gone() ? Error(ENOTCONN) : disk_.Remove(path); }
+  Outcome ClearReadOnly(std::string_view path) override {
+    return Gone() ? Error(ENOTCONN) : disk_.ClearReadOnly(path);
+  }
+  std::vector<String> List(std::string_view folder, std::string_view ending) const override {
+    return Gone() ? std::vector<String>{} : disk_.List(folder, ending);
+  }
+
+ private:
+  static Outcome Error(int error) { return Outcome::Failed("use", "a faulty disk", error); }
+  static bool Due(int& countdown) { return countdown > 0 && --countdown == 0; }
+  static bool FailsWrite(Faults& faults) { return Due(faults.failWrite) || faults.failAllWrites; }
+  static bool CountDown(Faults& faults, int& operations) {
+    ++operations;
+    if (faults.goneAfter == std::numeric_limits<int>::max()) return false;
+    return faults.goneAfter <= 0 || faults.goneAfter-- <= 0;
+  }
+  bool Gone() const { return CountDown(*faults_, *operations_); }
+
+  class File final : public DiskFile {
+   public:
+    File(std::unique_ptr<DiskFile> file, std::shared_ptr<Faults> faults, std::shared_ptr<int> operations)
+        : file_(std::move(file)), faults_(std::move(faults)), operations_(std::move(operations)) {}
+
+    std::optional<std::size_t> ReadAt(std::uint64_t offset, std::span<char> into) override {
+      if (Gone() || Due(faults_->failRead)) return std::nullopt;
+      const std::uint64_t left = faults_->cutAt - std::min(offset, faults_->cutAt);
+      return file_->ReadAt(offset, into.first(std::min<std::uint64_t>(left, into.size())));
+    }
+    Outcome WriteAt(std::uint64_t offset, std::span<const char> bytes) override {
+      if (Gone()) return Error(ENOTCONN);
+      if (!FailsWrite(*faults_)) return file_->WriteAt(offset, bytes);
+      const std::size_t torn = std::min(faults_->tornBytes, bytes.size());
+      if (torn > 0) file_->WriteAt(offset, bytes.first(torn)).PassOver();
+      return Error(faults_->writeError);
+    }
+    std::optional<std::uint64_t> Length() override {
+      if (Gone() || faults_->failLength) return std::nullopt;
+      const std::optional<std::uint64_t> length = file_->Length();
+      return length ? std::optional(std::min(*length, faults_->cutAt)) : std::nullopt;
+    }
+    Outcome Sync() override {
+      if (Gone()) return Error(ENOTCONN);
+      return faults_->failSync ? Error(EIO) : file_->Sync();
+    }
+    Outcome Reserve(std::uint64_t length) override {
+      if (Gone()) return Error(ENOTCONN);
+      const bool fails = faults_->failReserve || faults_->failAllWrites;
+      return fails ? Error(faults_->writeError) : file_->Reserve(length);
+    }
+    void LockAppend() override { file_->LockAppend(); }
+    void UnlockAppend() override { file_->UnlockAppend(); }
+
+   private:
+    bool Gone() { return CountDown(*faults_, *operations_); }
+
+    std::unique_ptr<DiskFile> file_;
+    std::shared_ptr<Faults> faults_;
+    std::shared_ptr<int> operations_;
+  };
+
+  Disk& disk_;
+  std::shared_ptr<Faults> faults_ = std::make_shared<Faults>();
+  std::shared_ptr<int> operations_ = std::make_shared<int>(0);
+};
+
+}  // namespace vintoral::test

@@ -1,0 +1,157 @@
+// A disk in memory: no file of this machine is touched, and nothing waits.
+#pragma once
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <map>
+#include <memory>
+#include <string>
+
+#include "platform/Disk.h"
+
+namespace vintoral::test {
+
+/// Names are found whatever their case, and folders have to exist, as on a real disk. Files stay what they
+/// are while open, even when removed.
+class MemoryDisk final : public Disk {
+ public:
+  explicit MemoryDisk(std::string_view folder = "/estacion") : folder_(folder) { MakeFolders(Key("")); }
+
+  /// Puts a file there with its folders, whatever was there.
+  void Put(std::string_view path, std::string_view bytes) {
+    const std::string key = Key(path);
+    MakeFolders(key.substr(0, key.rfind('/')));
+    files_[key] = {std::make_shared<std::string>(bytes), String(NameOf(path))};
+  }
+  /// The bytes of a file; a missing one gives "(missing)", which no register can be.
+  std::string Get(std::string_view path) const {
+    const auto found = files_.find(Key(path));
+    return found == files_.end() ? "(missing)" : *found->second.bytes;
+  }
+  void SetReadOnly(std::string_view path) { files_.at(Key(path)).readOnly = true; }
+  bool HasFolder(std::string_view path) const { return folders_.contains(Key(path)); }
+  int Syncs() const { return *syncs_; }
+
+  String CurrentFolder() const override { return folder_; }
+  bool Exists(std::string_view path) const override { return files_.contains(Key(path)); }
+
+  std::unique_ptr<DiskFile> Open(std::string_view path, OpenMode mode, Outcome* outcome = nullptr) override {
+    const std::string key = Key(path);
+    const auto found = files_.find(key);
+    int error = 0;
+    if (found == files_.end()) {
+      if (mode != OpenMode::kCreate || !HasParent(key)) error = ENOENT;
+    } else if (found->second.readOnly && mode != OpenMode::kRead) {
+      error = EACCES;
+    }
+    if (folders_.contains(key)) error = EISDIR;
+    if (outcome) *outcome = error != 0 ? Outcome::Failed("open", key, error) : Outcome::Done();
+    if (error != 0) return nullptr;
+    if (found == files_.end()) Put(path, "");
+    return std::make_unique<File>(files_.at(key).bytes, syncs_, mode == OpenMode::kRead);
+  }
+
+  std::optional<String> ReadAll(std::string_view path) override {
+    if (!Exists(path)) return std::nullopt;
+    return String(Get(path));
+  }
+  Outcome Replace(std::string_view path, std::string_view bytes) override {
+    const std::string key = Key(path);
+    const auto found = files_.find(key);
+    if (found != files_.end() && found->second.readOnly) return Outcome::Failed("replace", key, EACCES);
+    if (!HasParent(key) || folders_.contains(key)) return Outcome::Failed("replace", key, ENOENT);
+    ++*syncs_;
+    Put(path, bytes);
+    return Outcome::Done();
+  }
+  Outcome CreateFolder(std::string_view path) override {
+    const std::string key = Key(path);
+    if (files_.contains(key)) return Outcome::Failed("make folder", key, EEXIST);
+    if (!HasParent(key)) return Outcome::Failed("make folder", key, ENOENT);
+    folders_[key] = true;
+    return Outcome::Done();
+  }
+  Outcome Remove(std::string_view path) override {
+    return files_.erase(Key(path)) > 0 ? Outcome::Done() : Outcome::Failed("remove", Key(path), ENOENT);
+  }
+  Outcome ClearReadOnly(std::string_view path) override {
+    const auto found = files_.find(Key(path));
+    if (found != files_.end()) found->second.readOnly = false;
+    return Outcome::Done();
+  }
+  std::vector<String> List(std::string_view folder, std::string_view ending) const override {
+    const std::string prefix = Key(folder) + "/";
+    std::vector<String> names;
+    for (const auto& [key, entry] : files_) {
+      const bool inside = key.starts_with(prefix) && key.find('/', prefix.size()) == std::string::npos;
+      if (inside && key.ends_with(std::string_view(Upper(ending)))) names.push_back(entry.name);
+    }
+    return names;
+  }
+
+ private:
+  class File final : public DiskFile {
+   public:
+    File(std::shared_ptr<std::string> bytes, std::shared_ptr<int> syncs, bool readOnly)
+        : bytes_(std::move(bytes)), syncs_(std::move(syncs)), readOnly_(readOnly) {}
+    std::optional<std::size_t> ReadAt(std::uint64_t offset, std::span<char> into) override {
+      const std::size_t from = std::min<std::uint64_t>(offset, bytes_->size());
+      return bytes_->copy(into.data(), into.size(), from);
+    }
+    Outcome WriteAt(std::uint64_t offset, std::span<const char> bytes) override {
+      if (readOnly_) return Outcome::Failed("write", "in memory", EBADF);
+      if (bytes_->size() < offset + bytes.size()) bytes_->resize(offset + bytes.size(), '\0');
+      std::copy(bytes.begin(), bytes.end(), bytes_->begin() + static_cast<std::ptrdiff_t>(offset));
+      return Outcome::Done();
+    }
+    std::optional<std::uint64_t> Length() override { return bytes_->size(); }
+    Outcome Sync() override {
+      ++*syncs_;
+      return Outcome::Done();
+    }
+    Outcome Reserve(std::uint64_t) override { return Outcome::Done(); }
+    void LockAppend() override {}
+    void UnlockAppend() override {}
+
+   private:
+    std::shared_ptr<std::string> bytes_;
+    std::shared_ptr<int> syncs_;
+    bool readOnly_;
+  };
+  struct Entry {
+    std::shared_ptr<std::string> bytes;
+    String name;
+    bool readOnly = false;
+  };
+
+  static std::string_view NameOf(std::string_view path) { return path.substr(path.find_last_of("/\\") + 1); }
+  /// Absolute, in capitals, with slashes, none doubled and none at the end.
+  std::string Key(std::string_view path) const {
+    const bool absolute = path.starts_with('/') || path.starts_with('\\');
+    const std::string whole = (absolute ? "" : folder_.Bytes() + "/") + std::string(path);
+    std::string key;
+    for (const char byte : whole) {
+      const char character = byte == '\\' ? '/' : UpperByte(byte);
+      if (character != '/' || !key.ends_with('/')) key += character;
+    }
+    if (key.ends_with('/')) key.pop_back();
+    return key;
+  }
+  bool HasParent(const std::string& key) const {
+    const std::size_t slash = key.rfind('/');
+    return slash == 0 || (slash != std::string::npos && folders_.contains(key.substr(0, slash)));
+  }
+  void MakeFolders(const std::string& key) {
+    for (std::size_t end = key.find('/', 1); end != std::string::npos; end = key.find('/', end + 1))
+      folders_[key.substr(0, end)] = true;
+    folders_[key] = true;
+  }
+
+  String folder_;
+  std::map<std::string, Entry> files_;
+  std::map<std::string, bool> folders_;
+  std::shared_ptr<int> syncs_ = std::make_shared<int>(0);
+};
+
+}  // namespace vintoral::test
