@@ -5,6 +5,7 @@
 // function elsewhere.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string_view>
 #include <vector>
@@ -46,7 +47,7 @@ class Form1 : public ScreenModel {
 
   std::vector<String> TablaTarifas, TablaExtras, TablaPrepago;  ///< element 0 is line 1
   String Moneda;                                                ///< currency symbol, at most 10 characters
-  std::vector<String> DatosCall = std::vector<String>(7);       ///< the seven panic values
+  std::array<String, 7> DatosCall;                              ///< the seven panic values
 
   Estadia Permanencia;   ///< DiasEstadia, HorasEstadia, MinutosEstadia
   String TiempoEstadia;  ///< "02H 30M "
@@ -84,7 +85,8 @@ class Form1 : public ScreenModel {
   // ---- Commands
   // ----------------------------------------------------------------------------------------------
   /// A key as the form sees it, before its controls: virtual key code and mask (1 shift, 2 control, 4 alt).
-  void Form_KeyDown(int KeyCode, int Shift);
+  /// True when a command was carried out.
+  bool Form_KeyDown(int KeyCode, int Shift);
   void PctBoton_Click(int Index);
   /// Sets the tooltip that goes with the button's state.
   void PctBoton_MouseMove(int Index);
@@ -124,7 +126,6 @@ class Form1 : public ScreenModel {
   bool CrearArchivoACT();  ///< false: the program ends
   bool CrearArchivoHST();  ///< false: the program ends
   void CrearArchivoNSR();
-  void CrearArchivoCDB();
   void CrearArchivoCRD();
   void CargarArchivoACT();
   void CargarSalidasHST();
@@ -178,23 +179,26 @@ class Form1 : public ScreenModel {
   bool Preguntar(const String& titulo, const String& texto, Answer preselected);
   void ImposibleContinuar(const String& texto);
   String ProtegidaContraEscritura() const;
-  void CargarCategorias();
   void ConectarEventos();
 
   // Steps of the longer operations, each in the file of its operation.
-  void MostrarFichaAdentro(std::int32_t numero);
+  void MostrarFichaAdentro();
+  void MostrarCelda();
   void MostrarFichaNueva();
   void MostrarFotoConfirmacion(bool confirmando);
-  void AnotarEntrada(std::int32_t numero);
-  bool LiberarPuesto(std::int32_t numero);
+  void AnotarEntrada(std::int64_t numero);
+  bool LiberarPuesto(std::int64_t numero);
   void RefrescarVista();
   void FijarValor();
   String CuentaDeSalida();
   bool ConfirmacionVencida() const;
   bool PlacaAdentro(const String& placa);
-  void LlenarUsuario();
-  RegistroFicha const& FichaMostrada() const;
+  void LlenarUsuario(std::int64_t numero);
+  std::int64_t NumeroDeFicha() const;
+  const RegistroFicha& FichaMostrada() const;
   void EstadoConexion(bool conectado);
+  void MostrarPorteria();
+  bool ReservarHistorial();
 
   Platform platform_;
   bool terminado_ = false;

@@ -24,10 +24,10 @@ class Input {
 
   /// One physical key: the form, then the focused control (with the character that the key makes there).
   void Key(int code, int mask);
-  /// The form's half of Key alone, and the control's half alone, for a face whose system tells keys and
-  /// characters apart (dead keys, input methods): call KeyDown for each key, then Character for each
-  /// character that came of it.
-  void KeyDown(int code, int mask);
+  /// The form's half of Key, for a face whose system tells keys and characters apart (dead keys, input
+  /// methods). True when the key was a command: then neither ControlKey nor Character may follow. Otherwise
+  /// call ControlKey, and Character for each character that came of the key.
+  bool KeyDown(int code, int mask);
   /// Caret and list movement in the focused control: arrows, Home, End, Delete, Tab, space on a tick box.
   void ControlKey(int code, int mask);
   /// A character typed into the focused control, through that control's key rules. Enter is 13, Backspace 8.

@@ -1,0 +1,191 @@
+#include "driver/Driver.h"
+
+#include <stdexcept>
+#include <utility>
+
+#include "common/Numbers.h"
+#include "driver/Operation.h"
+#include "driver/Properties.h"
+
+namespace vintoral {
+
+Driver::Driver(std::function<std::optional<std::string>()> read,
+               std::function<void(const std::string&)> write)
+    : read_(std::move(read)), write_(std::move(write)) {}
+
+namespace {
+
+/// Leaves the station where it stands, under whatever box: nothing more of it runs, as if the power had been
+/// cut.
+struct Stopped {};
+
+}  // namespace
+
+void Driver::Run() {
+  try {
+    for (;;)
+      Step();
+  } catch (const Stopped&) {
+    Reply();
+  }
+}
+
+void Driver::Step() {
+  Reply();
+  const std::optional<std::string> line = read_();
+  if (!line) throw Stopped();
+  Execute(*line);
+}
+
+void Driver::Reply() {
+  if (!reply_) return;
+  Json reply = *std::exchange(reply_, std::nullopt);
+  reply["now"] = station_ ? Json(MomentText(station_->platform.Clock.Now())) : Json(nullptr);
+  reply["waiting"] = nullptr;
+  if (const Box* box = station_ ? station_->platform.Screen.Shown() : nullptr)
+    reply["waiting"] = BoxJson(*box);
+  reply["events"] = Json::array();
+  if (station_) {
+    for (const DeviceEvent& event : station_->platform.Events.Take())
+      reply["events"].push_back(EventJson(event));
+  }
+  write_(reply.dump(-1, ' ', false, Json::error_handler_t::replace));
+}
+
+void Driver::Execute(const std::string& line) {
+  reply_ = Json{{"ok", true}};
+  try {
+    Dispatch(ParseOperation(line));
+  } catch (const std::exception& failure) {
+    reply_ = Json{{"ok", false}, {"error", failure.what()}};
+  }
+}
+
+void Driver::RequireIdle() const {
+  if (const Box* box = station_->platform.Screen.Shown()) {
+    throw std::runtime_error("the box '" + box->title.ToUtf8() + "' is on screen");
+  }
+}
+
+void Driver::Dispatch(const Json& operation) {
+  const std::string name = Field<std::string>(operation, "op");
+  if (name == "quit") throw Stopped();
+  if (name == "start") return Start(operation);
+  RequireKnown(name);
+  if (!station_) throw std::runtime_error("no station is started");
+  if (station_->form.Terminado()) throw std::runtime_error("the program has ended");
+  if (name == "answer") return AnswerBox(operation);
+  if (name == "advance" || name == "clock") return Advance(operation);
+  if (name == "fare") return Fare(operation);
+  if (name == "get" || name == "state" || name == "view") return Look(name, operation);
+  RequireIdle();
+  Drive(name, operation);
+}
+
+void Driver::Start(const Json& operation) {
+  if (station_ && !station_->form.Terminado()) RequireIdle();
+  const std::string folder = Field<std::string>(operation, "dir");
+  const Moment before = station_ ? station_->platform.Clock.Now() : DefaultMoment();
+  const Moment now = operation.contains("now") ? ParseMoment(Field<std::string>(operation, "now")) : before;
+  auto station = std::make_unique<Station>(MakeFolders(folder));
+  station->platform.Clock.Set(now);
+  station->platform.System.Instances = FieldOr(operation, "instances", 1);
+  station->platform.System.Desktop = FieldOr(operation, "desktop", std::string());
+  station->platform.Screen.OnWait = [this] { Step(); };
+  station_ = std::move(station);
+  station_->form.Form_Load();
+}
+
+void Driver::AnswerBox(const Json& operation) {
+  const std::string button = Field<std::string>(operation, "button");
+  if (station_->platform.Screen.Shown() == nullptr) throw std::runtime_error("no box is on screen");
+  const std::optional<Answer> answer = AnswerNamed(button);
+  if (!answer || !station_->platform.Screen.Answer(*answer)) {
+    throw std::runtime_error("the box has no button '" + button + "'");
+  }
+}
+
+void Driver::Advance(const Json& operation) {
+  VirtualClock& clock = station_->platform.Clock;
+  if (operation.contains("now")) return clock.Set(ParseMoment(Field<std::string>(operation, "now")));
+  constexpr std::int64_t kMonth = 31LL * 24 * 3600 * 1000;
+  const auto milliseconds = Field<std::int64_t>(operation, "ms");
+  if (milliseconds < 0 || milliseconds > kMonth) throw std::runtime_error("field 'ms' is out of range");
+  AdvanceTime(clock, station_->form, milliseconds);
+}
+
+Control& Driver::FindControl(const Json& operation) const {
+  const auto name = Field<std::string>(operation, "control");
+  if (Control* control = FindNamed(station_->form, name)) return *control;
+  throw std::runtime_error("unknown control '" + name + "'");
+}
+
+void Driver::Drive(const std::string& name, const Json& operation) {
+  if (name == "key") return station_->input.Key(Field<int>(operation, "code"), FieldOr(operation, "mask", 0));
+  if (name == "type") {
+    for (const char character : String::FromUtf8(Field<std::string>(operation, "text")).Bytes()) {
+      station_->input.Character(character == '\n' ? '\r' : character);
+      if (station_->form.Terminado()) return;
+    }
+    return;
+  }
+  if (name == "close") return station_->form.CerrarVentana();
+  if (name == "unload") {
+    throw std::runtime_error("form '" + Field<std::string>(operation, "form") + "' is not loaded");
+  }
+  if (name == "hover" && IsFormName(Field<std::string>(operation, "control"))) return;
+  Control& control = FindControl(operation);
+  Input& input = station_->input;
+  if (name == "click") return input.Click(control);
+  if (name == "dblclick") return input.DoubleClick(control);
+  if (name == "hover") return input.Hover(control);
+  SetList(name, control, operation);
+}
+
+void Driver::SetList(const std::string& name, Control& control, const Json& operation) {
+  Input& input = station_->input;
+  RequireUsable(control);
+  if (name == "focus") {
+    if (!control.CanFocus) throw std::runtime_error("control '" + control.Name + "' takes no focus");
+    return input.Focus(control);
+  }
+  if (name == "set") {
+    RequireText(control);
+    return input.ReplaceText(control, String::FromUtf8(Field<std::string>(operation, "text")));
+  }
+  if (name == "select" && !input.Select(control, ItemIndex(control, operation))) {
+    throw std::runtime_error("control '" + control.Name + "' has no such item");
+  }
+  if (name == "check" && !input.Check(control, Field<int>(operation, "value"))) {
+    throw std::runtime_error("control '" + control.Name + "' takes no such value");
+  }
+  if (name == "tick") TickRow(control, operation);
+  if (name == "scroll") ScrollList(control, operation);
+}
+
+void Driver::Look(const std::string& name, const Json& operation) {
+  if (name == "state") {
+    (*reply_)["state"] = StateOf(station_->form);
+    return;
+  }
+  if (name == "view") {
+    Json view = Json::array();
+    for (const RegistroFicha& record : station_->form.VistaFichas)
+      view.push_back(FieldsOf(record));
+    (*reply_)["view"] = std::move(view);
+    return;
+  }
+  Json values = Json::object();
+  for (const Json& wanted : Field<Json>(operation, "controls")) {
+    const auto control = wanted.get<std::string>();
+    values[control] = PropertiesOf(FindControl(Json{{"control", control}}));
+  }
+  (*reply_)["values"] = std::move(values);
+}
+
+void Driver::Fare(const Json& operation) {
+  const auto text = [&](const char* field) { return String::FromUtf8(Field<std::string>(operation, field)); };
+  (*reply_)["fare"] = FareJson(station_->form.TablaTarifas, text("category"), text("entry"), text("exit"));
+}
+
+}  // namespace vintoral

@@ -1,0 +1,205 @@
+#include "driver/Operation.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <filesystem>
+#include <string_view>
+#include <utility>
+
+#include "tariffs/Valor.h"
+
+namespace vintoral {
+namespace {
+
+constexpr std::array<std::string_view, 19> kOperations = {
+    "key",    "type",   "set",    "focus", "click", "dblclick", "hover", "select", "check", "tick",
+    "scroll", "answer", "unload", "close", "get",   "state",    "view",  "fare",   "clock"};
+
+constexpr std::array<std::pair<Answer, const char*>, 4> kAnswers = {
+    {{Answer::kOk, "ok"}, {Answer::kYes, "yes"}, {Answer::kNo, "no"}, {Answer::kCancel, "cancel"}}};
+
+const char* NameOf(Answer answer) {
+  return std::find_if(kAnswers.begin(), kAnswers.end(),
+                      [&](const auto& each) { return each.first == answer; })
+      ->second;
+}
+
+const char* NameOf(Icon icon) {
+  switch (icon) {
+    case Icon::kInformation:
+      return "information";
+    case Icon::kQuestion:
+      return "question";
+    case Icon::kExclamation:
+      return "exclamation";
+    case Icon::kCritical:
+      return "critical";
+    case Icon::kNone:
+      break;
+  }
+  return "none";
+}
+
+const std::vector<String>* ItemsOf(const Control& control) {
+  if (const auto* combo = dynamic_cast<const ComboBox*>(&control)) return &combo->List();
+  if (const auto* list = dynamic_cast<const ListBox*>(&control)) return &list->List;
+  return nullptr;
+}
+
+ListBox& RequireRows(Control& control) {
+  if (auto* list = dynamic_cast<ListBox*>(&control)) return *list;
+  throw std::runtime_error("control '" + control.Name + "' is no list");
+}
+
+}  // namespace
+
+Json ParseOperation(const std::string& line) {
+  Json operation = Json::parse(line, nullptr, false);
+  if (operation.is_discarded()) throw std::runtime_error("malformed line");
+  if (!operation.is_object()) throw std::runtime_error("the line is no object");
+  return operation;
+}
+
+void RequireKnown(const std::string& name) {
+  if (name != "advance" && std::find(kOperations.begin(), kOperations.end(), name) == kOperations.end()) {
+    throw std::runtime_error("unknown operation '" + name + "'");
+  }
+}
+
+void RequireUsable(const Control& control) {
+  if (!control.Visible) throw std::runtime_error("control '" + control.Name + "' is hidden");
+  if (!control.Enabled) throw std::runtime_error("control '" + control.Name + "' is disabled");
+}
+
+void RequireText(const Control& control) {
+  if (dynamic_cast<const TextBox*>(&control) == nullptr &&
+      dynamic_cast<const ComboBox*>(&control) == nullptr) {
+    throw std::runtime_error("control '" + control.Name + "' has no property 'Text'");
+  }
+}
+
+std::string MakeFolders(const std::string& folder) {
+  std::error_code error;
+  std::filesystem::create_directories(folder, error);
+  const std::filesystem::path canonical = std::filesystem::canonical(folder, error);
+  if (error || !std::filesystem::is_directory(canonical)) {
+    throw std::runtime_error("folder '" + folder + "' can't be made");
+  }
+  return canonical.string();
+}
+
+Moment ParseMoment(const std::string& text) {
+  Civil civil;
+  int end = 0;
+  const int parts = std::sscanf(text.c_str(), "%4d-%2d-%2d %2d:%2d:%2d%n", &civil.year, &civil.month,
+                                &civil.day, &civil.hour, &civil.minute, &civil.second, &end);
+  const bool milliseconds = parts == 6 && static_cast<std::size_t>(end) < text.size();
+  if (milliseconds && std::sscanf(text.c_str() + end, ".%3d", &civil.millisecond) != 1) civil.month = 0;
+  const std::optional<Moment> moment = Moment::From(civil);
+  if (parts != 6 || !moment) throw std::runtime_error("'" + text + "' is no time");
+  return *moment;
+}
+
+Moment DefaultMoment() {
+  return ParseMoment("2026-01-01 00:00:00");
+}
+
+std::string MomentText(Moment moment) {
+  const Civil civil = moment.Parts();
+  std::array<char, 96> text{};
+  std::snprintf(text.data(), text.size(), "%04d-%02d-%02d %02d:%02d:%02d.%03d", civil.year, civil.month,
+                civil.day, civil.hour, civil.minute, civil.second, civil.millisecond);
+  return text.data();
+}
+
+std::optional<Answer> AnswerNamed(const std::string& name) {
+  for (const auto& [answer, known] : kAnswers) {
+    if (name == known) return answer;
+  }
+  return std::nullopt;
+}
+
+Control* FindNamed(Form1& form, const std::string& name) {
+  constexpr std::string_view kPrefix = "Form1.";
+  return form.Find(name.starts_with(kPrefix) ? std::string_view(name).substr(kPrefix.size()) : name);
+}
+
+bool IsFormName(const std::string& name) {
+  return name == "Form1";
+}
+
+int ItemIndex(const Control& control, const Json& operation) {
+  const std::vector<String>* const items = ItemsOf(control);
+  if (items == nullptr) return -1;
+  if (operation.contains("index")) return Field<int>(operation, "index");
+  const String wanted = String::FromUtf8(Field<std::string>(operation, "text"));
+  const auto found =
+      std::find_if(items->begin(), items->end(), [&](const String& item) { return item == wanted; });
+  if (found != items->end()) return static_cast<int>(found - items->begin());
+  const auto alike = std::find_if(items->begin(), items->end(),
+                                  [&](const String& item) { return EqualNoCase(Trim(item), Trim(wanted)); });
+  return alike == items->end() ? -1 : static_cast<int>(alike - items->begin());
+}
+
+void TickRow(Control& control, const Json& operation) {
+  ListBox& list = RequireRows(control);
+  const int row = Field<int>(operation, "index");
+  const int value = Field<int>(operation, "value");
+  if (row < 0 || static_cast<std::size_t>(row) >= list.Checked.size()) {
+    throw std::runtime_error("control '" + control.Name + "' has no tick at that row");
+  }
+  if (value != 0 && value != 1) throw std::runtime_error("field 'value' is out of range");
+  list.Checked[static_cast<std::size_t>(row)] = value == 1;
+}
+
+void ScrollList(Control& control, const Json& operation) {
+  ListBox& list = RequireRows(control);
+  const int top = Field<int>(operation, "top");
+  if (top < 0 || static_cast<std::size_t>(top) >= list.List.size()) {
+    throw std::runtime_error("control '" + control.Name + "' has no such row");
+  }
+  list.TopIndex = top;
+}
+
+Json BoxJson(const Box& box) {
+  Json buttons = Json::array();
+  for (const Answer button : box.buttons)
+    buttons.push_back(NameOf(button));
+  return {{"box",
+           {{"title", box.title.ToUtf8()},
+            {"text", box.text.ToUtf8()},
+            {"icon", NameOf(box.icon)},
+            {"buttons", buttons},
+            {"default", NameOf(box.preselected)}}}};
+}
+
+Json EventJson(const DeviceEvent& event) {
+  switch (event.kind) {
+    case DeviceEvent::Kind::kSound:
+      return {{"event", "sound"}, {"file", event.text.ToUtf8()}, {"played", event.played}};
+    case DeviceEvent::Kind::kLaunch:
+      return {{"event", "launch"}, {"command", event.text.ToUtf8()}};
+    case DeviceEvent::Kind::kEnd:
+      return {{"event", "end"}};
+    case DeviceEvent::Kind::kBeep:
+      break;
+  }
+  return {{"event", "beep"}};
+}
+
+Json FareJson(const std::vector<String>& table, const String& category, const String& entry,
+              const String& exit) {
+  const std::optional<Estadia> known = EstadiaEntre(entry, exit);
+  const Estadia stay = known.value_or(Estadia{});
+  const Valor fare = CalcularValorDe(table, category, stay);
+  return {{"stay", known ? TextoEstadia(stay).ToUtf8() : "??"},
+          {"days", stay.dias},
+          {"hours", stay.horas},
+          {"minutes", stay.minutos},
+          {"value", fare.valor.Format().ToUtf8()},
+          {"shown", fare.conPrecio},
+          {"points", PuntosDe(stay)}};
+}
+
+}  // namespace vintoral

@@ -1,0 +1,66 @@
+// Reading one operation, and the small pieces of a reply.
+#pragma once
+
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include <nlohmann/json.hpp>
+
+#include "platform/Screen.h"
+#include "platform/headless/Recording.h"
+#include "station/form1/Form1.h"
+
+namespace vintoral {
+
+using Json = nlohmann::ordered_json;
+
+/// All of these throw std::exception with a text that names the culprit; the driver turns it into a reply.
+
+/// One line of input: a JSON object.
+Json ParseOperation(const std::string& line);
+
+template <class T>
+T Field(const Json& operation, const char* name) {
+  if (!operation.contains(name)) throw std::runtime_error(std::string("field '") + name + "' is missing");
+  try {
+    return operation[name].get<T>();
+  } catch (const nlohmann::json::exception&) {
+    throw std::runtime_error(std::string("field '") + name + "' has the wrong type");
+  }
+}
+
+template <class T>
+T FieldOr(const Json& operation, const char* name, const T& otherwise) {
+  return operation.contains(name) && !operation[name].is_null() ? Field<T>(operation, name) : otherwise;
+}
+
+void RequireKnown(const std::string& name);
+void RequireUsable(const Control& control);
+void RequireText(const Control& control);
+/// Makes the station's folder with all above it; returns its absolute path.
+std::string MakeFolders(const std::string& folder);
+
+/// "yyyy-MM-dd hh:mm:ss", with or without ".mmm".
+Moment ParseMoment(const std::string& text);
+/// Where a session starts that names no time.
+Moment DefaultMoment();
+/// "yyyy-MM-dd hh:mm:ss.mmm".
+std::string MomentText(Moment moment);
+
+std::optional<Answer> AnswerNamed(const std::string& name);
+/// By screen name, with or without the form's name before it.
+Control* FindNamed(Form1& form, const std::string& name);
+bool IsFormName(const std::string& name);
+/// The item that "index" or "text" names; -1 for none.
+int ItemIndex(const Control& control, const Json& operation);
+void TickRow(Control& control, const Json& operation);
+void ScrollList(Control& control, const Json& operation);
+
+Json BoxJson(const Box& box);
+Json EventJson(const DeviceEvent& event);
+Json FareJson(const std::vector<String>& table, const String& category, const String& entry,
+              const String& exit);
+
+}  // namespace vintoral

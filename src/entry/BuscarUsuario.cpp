@@ -1,0 +1,76 @@
+#include "common/Numbers.h"
+#include "records/BuscarPlaca.h"
+#include "records/Registro.h"
+#include "station/form1/Form1.h"
+
+namespace vintoral {
+
+bool Form1::BuscarUsuario() {
+  NumeroUsuario = 0;
+  const String placa = Trim(TxtCampo[1].Text());
+  if (placa.Empty()) return false;
+  TxtCampo[1].SetText(placa);
+  if (PlacaAdentro(placa)) {
+    const String text = "La información digitada ya se encuentra en uso por la ficha "_w +
+                        FichaActual.NumeroFicha.Trimmed() + "."_w;
+    platform_.screen.Show(
+        {"Vintoral - Ingreso Denegado"_w, text, Icon::kCritical, {Answer::kOk}, Answer::kOk});
+    LimpiarCampos();
+    return false;
+  }
+  Registro<RegistroUsuario> usuarios(platform_.disk, RutaCompartida("Vintoral.USR"), OpenMode::kRead);
+  const std::int64_t count = usuarios ? usuarios.Count() : 0;
+  NumeroUsuario = static_cast<std::int32_t>(count + 1);
+  PuntosAcumulados = 0;
+  if (count == 0) return false;
+
+  platform_.screen.Busy(true);
+  const std::int64_t found = BuscarPlaca(usuarios, placa);
+  if (found > 0) LlenarUsuario(found);
+  platform_.screen.Busy(false);
+  return found > 0;
+}
+
+bool Form1::PlacaAdentro(const String& placa) {
+  Registro<RegistroFicha> act(platform_.disk, RutaCompartida("Vintoral.ACT"), OpenMode::kRead);
+  const std::int64_t slot = act ? BuscarPlacaDentro(act, placa, TotalFichas) : 0;
+  if (slot == 0) return false;
+  if (const std::optional<RegistroFicha> record = act.Read(slot)) FichaActual = *record;
+  return true;
+}
+
+void Form1::LlenarUsuario(std::int64_t numero) {
+  const Registro<RegistroUsuario> usuarios(platform_.disk, RutaCompartida("Vintoral.USR"), OpenMode::kRead);
+  const std::optional<RegistroUsuario> record = usuarios ? usuarios.Read(numero) : std::nullopt;
+  if (!record) return;
+  UsuarioActual = *record;
+  NumeroUsuario = static_cast<std::int32_t>(numero);
+  TxtCampo[2].SetText(UsuarioActual.Nombre.Trimmed());
+  TxtCampo[3].SetText(UsuarioActual.Apellido.Trimmed());
+  TxtCampo[4].SetText(UsuarioActual.Telefono.Trimmed());
+  TxtCampo[5].SetText(UsuarioActual.Observacion.Trimmed());
+  const auto& items = CboTarifa[1].List();
+  for (std::size_t i = 0; i < items.size(); ++i) {
+    if (EqualNoCase(Trim(items[i]), UsuarioActual.Categoria.Trimmed()))
+      CboTarifa[1].Select(static_cast<int>(i));
+  }
+  const String foto = RutaCompartida("Imágenes USR\\"_w + Digits(numero, 6) + ".jpg"_w);
+  if (platform_.disk.Exists(foto)) {
+    ImgUsuario.Picture = PctUsuario[0].Picture = foto;
+    ImgUsuario.Visible = PctUsuario[1].Visible = true;
+  }
+  PuntosAcumulados = UsuarioActual.Puntos;
+  LblPuntos[3].Caption = Digits(PuntosAcumulados);
+  LblPuntos[3].Visible = true;
+}
+
+std::int64_t Form1::LeerPuntosUsuario(std::int32_t numero) {
+  if (numero <= 0) return 0;
+  const Registro<RegistroUsuario> usuarios(platform_.disk, RutaCompartida("Vintoral.USR"), OpenMode::kRead);
+  const std::optional<RegistroUsuario> record = usuarios ? usuarios.Read(numero) : std::nullopt;
+  if (!record) return 0;
+  UsuarioActual = *record;
+  return UsuarioActual.Puntos;
+}
+
+}  // namespace vintoral

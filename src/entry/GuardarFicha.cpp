@@ -1,0 +1,79 @@
+#include "common/Numbers.h"
+#include "records/Registro.h"
+#include "station/form1/Form1.h"
+
+namespace vintoral {
+
+std::int64_t Form1::NumeroDeFicha() const {
+  return LeadingInteger(Trim(TxtCampo[0].Text()));
+}
+
+void Form1::GuardarFicha() {
+  if (!HayConexion()) return;
+  if (!TxtCampo[1].Locked) BuscarUsuario();
+  if (!TxtCampo[0].Locked) return;
+
+  const std::int64_t numero = NumeroDeFicha();
+  const Registro<RegistroFicha> act(platform_.disk, RutaCompartida("Vintoral.ACT"), OpenMode::kRead);
+  const std::optional<RegistroFicha> puesto = act ? act.Read(numero) : std::nullopt;
+  if (!puesto) return TmrConexion.SetInterval(100);
+
+  if (!puesto->EnUso) {
+    MostrarFotoConfirmacion(true);
+    if (!Preguntar("Vintoral - Confirmar Datos"_w, "¿Desea realmente guardar la ficha actual?"_w,
+                   Answer::kYes)) {
+      MostrarFotoConfirmacion(false);
+      return SetFocus(&TxtCampo[2]);
+    }
+    FichaActual = *puesto;  // ticks under the box may have read other slots
+    AnotarEntrada(numero);
+  }
+  RefrescarVista();
+  ImgIndicador[3].Visible = false;
+  LimpiarCampos();
+}
+
+void Form1::AnotarEntrada(std::int64_t numero) {
+  RegistroFicha& ficha = FichaActual;
+  const auto campo = [this](std::size_t i) { return Upper(Trim(TxtCampo[i].Text())); };
+  MarcaTiquete = StampOf(platform_.clock.Now());
+  ficha.EnUso = true;
+  ficha.MarcaEntrada = MarcaTiquete;
+  ficha.MarcaSalida = "??";
+  ficha.NumeroFicha = Digits(numero, 4);
+  ficha.Placa = campo(1);
+  ficha.Nombre = campo(2);
+  ficha.Apellido = campo(3);
+  ficha.Telefono = campo(4);
+  ficha.Observacion = campo(5);
+  ficha.Categoria = Trim(CboTarifa[1].Text());
+  ficha.PorteriaEntrada = NumeroPorteria;
+  ficha.PorteriaSalida = "??";
+  ficha.Posicion = static_cast<std::int32_t>(numero);
+  ficha.UsuarioPuntos = NumeroUsuario;
+  Registro<RegistroFicha> act(platform_.disk, RutaCompartida("Vintoral.ACT"), OpenMode::kReadWrite);
+  (act ? act.Write(numero, ficha, true) : act.Opened()).PassOver();
+}
+
+void Form1::MostrarFotoConfirmacion(bool confirmando) {
+  const bool sinFotos = ImgIndicador[4].Visible;
+  Picture2.Picture = {};
+  if (confirmando && !sinFotos) {
+    const String foto = "Imágenes USR\\"_w + Digits(NumeroUsuario, 6) + ".jpg"_w;
+    const bool conocida = !ImgIndicador[2].Visible && platform_.disk.Exists(RutaCompartida(foto));
+    if (conocida) Picture2.Picture = RutaCompartida(foto);
+  }
+  const bool still = confirmando && !sinFotos;
+  Picture1.Visible = !still && !sinFotos;
+  Picture2.Visible = still;
+  PctAppCamera.Visible = !still && sinFotos;
+  LblWebCamMsg.Visible = confirmando && Picture2.Picture.Empty();
+  LblWebCamMsg.Caption = LblWebCamMsg.Visible ? "SIN IMAGEN"_w : String();
+}
+
+void Form1::RefrescarVista() {
+  CargarArchivoACT();
+  ImprimirIndice();
+}
+
+}  // namespace vintoral

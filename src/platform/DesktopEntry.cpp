@@ -1,0 +1,78 @@
+#include "platform/DesktopEntry.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+
+namespace vintoral {
+namespace {
+
+/// A value of a desktop entry: backslash and line ends are escaped.
+std::string Escaped(const std::string& value) {
+  std::string result;
+  for (const char character : value) {
+    if (character == '\\') {
+      result += "\\\\";
+    } else if (character == '\n') {
+      result += "\\n";
+    } else {
+      result += character;
+    }
+  }
+  return result;
+}
+
+/// One argument of Exec, quoted; the quoting's backslashes are escaped once more as part of the value.
+std::string Quoted(const std::string& argument) {
+  std::string result = "\"";
+  for (const char character : argument) {
+    if (character == '"' || character == '`' || character == '$' || character == '\\') result += '\\';
+    result += character;
+    if (character == '%') result += '%';
+  }
+  return result + "\"";
+}
+
+std::string NativePath(const String& path) {
+  std::string native = path.ToUtf8();
+  std::replace(native.begin(), native.end(), '\\', '/');
+  return native;
+}
+
+}  // namespace
+
+std::string DesktopEntryFile(const std::string& desktop, const std::string& name) {
+  return desktop + "/" + name + ".desktop";
+}
+
+bool DesktopEntryExists(const std::string& desktop, const std::string& name) {
+  return access(DesktopEntryFile(desktop, name).c_str(), F_OK) == 0;
+}
+
+std::string DesktopEntryText(const Shortcut& shortcut, const std::string& executable) {
+  return "[Desktop Entry]\n"
+         "Type=Application\n"
+         "Version=1.5\n"
+         "Name=" +
+         Escaped(shortcut.name.ToUtf8()) + "\n" + "Exec=" + Escaped(Quoted(executable)) + "\n" +
+         "Path=" + Escaped(NativePath(shortcut.workingFolder)) + "\n" +
+         "Icon=" + Escaped(NativePath(shortcut.icon)) + "\n" + "Terminal=false\n";
+}
+
+Outcome WriteDesktopEntry(const std::string& desktop, const Shortcut& shortcut,
+                          const std::string& executable) {
+  const std::string file = DesktopEntryFile(desktop, shortcut.name.ToUtf8());
+  const std::string text = DesktopEntryText(shortcut, executable);
+  const int descriptor = open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0755);
+  if (descriptor < 0) return Outcome::Failed("create", file, errno);
+  const ssize_t written = write(descriptor, text.data(), text.size());
+  const int error = written == static_cast<ssize_t>(text.size()) ? 0 : errno;
+  if (close(descriptor) == 0 && error == 0) return Outcome::Done();
+  unlink(file.c_str());
+  return Outcome::Failed("write", file, error);
+}
+
+}  // namespace vintoral

@@ -1,0 +1,45 @@
+#include "platform/headless/Recording.h"
+
+#include <algorithm>
+#include <cerrno>
+
+#include "platform/DesktopEntry.h"
+
+namespace vintoral {
+
+vintoral::Answer RecordingScreen::Show(const Box& box) {
+  boxes_.push_back(&box);
+  answer_.reset();
+  while (!answer_ && !closed_ && OnWait)
+    OnWait();
+  boxes_.pop_back();
+  if (answer_ && !closed_) return *std::exchange(answer_, std::nullopt);
+  for (const vintoral::Answer harmless : {vintoral::Answer::kCancel, vintoral::Answer::kNo}) {
+    if (std::find(box.buttons.begin(), box.buttons.end(), harmless) != box.buttons.end()) return harmless;
+  }
+  return vintoral::Answer::kOk;
+}
+
+bool RecordingScreen::Answer(vintoral::Answer answer) {
+  if (boxes_.empty()) return false;
+  const auto& buttons = boxes_.back()->buttons;
+  if (std::find(buttons.begin(), buttons.end(), answer) == buttons.end()) return false;
+  answer_ = answer;
+  return true;
+}
+
+bool RecordingSystem::HasShortcut(std::string_view name) {
+  return !Desktop.empty() && DesktopEntryExists(Desktop, String(name).ToUtf8());
+}
+
+Outcome RecordingSystem::CreateShortcut(const Shortcut& shortcut) {
+  if (Desktop.empty()) return Outcome::Failed("create shortcut on", "the desktop", ENOENT);
+  return WriteDesktopEntry(Desktop, shortcut, "vintoral");
+}
+
+void RecordingSystem::End() {
+  recording_.Add({DeviceEvent::Kind::kEnd, {}, false});
+  screen_.Close();
+}
+
+}  // namespace vintoral

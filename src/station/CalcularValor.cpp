@@ -1,0 +1,38 @@
+// Stay and value of the ficha on display.
+#include "common/Numbers.h"
+#include "station/form1/Form1.h"
+#include "tariffs/Valor.h"
+
+namespace vintoral {
+
+String Form1::CalcularTiempo(std::string_view entrada, std::string_view salida) {
+  const std::optional<Estadia> stay = EstadiaEntre(entrada, salida);
+  Permanencia = stay.value_or(Estadia{});
+  return stay ? TextoEstadia(*stay) : "??"_w;
+}
+
+Money Form1::CalcularValor() {
+  constexpr std::int64_t kMostPoints = 999'999;
+  if (ImgPuntos.Visible && ImgPuntos.TagNumber() == 0) {
+    PuntosEstadia = PuntosDe(Permanencia);
+    if (PuntosAcumulados + PuntosEstadia > kMostPoints) PuntosAcumulados = 0;
+  }
+  LblPuntos[1].Caption = Digits(PuntosAcumulados + PuntosEstadia);
+  LblFechaSal.Caption = StampOf(platform_.clock.Now());
+  MarcaSalidaPendiente = LblFechaSal.Caption;
+
+  const Valor fare = CalcularValorDe(TablaTarifas, CboTarifa[0].Text(), Permanencia);
+  if (!fare.encontrada) return {};
+  Permanencia = fare.contada;
+  LblValor.Visible = fare.conPrecio;
+  if (fare.conPrecio && ChkFactura.TagNumber() == 0 && PctBoton[14].BorderStyle == 1) {
+    ChkFactura.Tag = "1"_w;
+    ChkFactura.Enabled = true;
+    ChkFactura.Value = 1;
+  }
+  LblPuntos[0].Visible = true;
+  LblPuntos[1].Visible = true;
+  return fare.valor;
+}
+
+}  // namespace vintoral

@@ -1,0 +1,46 @@
+// The view of the grid, rebuilt from the registers.
+#include "common/Numbers.h"
+#include "records/Monitores.h"
+#include "records/Registro.h"
+#include "station/form1/Form1.h"
+
+namespace vintoral {
+
+void Form1::LiberarMemoria() {
+  std::vector<RegistroFicha>().swap(VistaFichas);
+}
+
+void Form1::CargarArchivoACT() {
+  const Registro<RegistroFicha> act(platform_.disk, RutaCompartida("Vintoral.ACT"), OpenMode::kRead);
+  if (!act) return;
+  const Moment now = platform_.clock.Now();
+  const int minutes = static_cast<int>(LeadingInteger(CboMinutos.Text()));
+  const bool ingresos = PctBoton[7].BorderStyle == 1;
+  const bool permanencia = PctBoton[8].BorderStyle == 1;
+  LiberarMemoria();
+  VistaFichas.reserve(static_cast<std::size_t>(TotalFichas));
+  act.Walk(1, TotalFichas, [&](std::int64_t, const RegistroFicha& record) {
+    const bool shown = ingresos      ? EntroHace(record, now, minutes)
+                       : permanencia ? PermaneceDesde(record, now, minutes)
+                                     : true;
+    if (EstaDentro(record) && shown) VistaFichas.push_back(record);
+    FichaActual = record;
+    return true;
+  });
+}
+
+void Form1::CargarSalidasHST() {
+  const Registro<RegistroFicha> hst(platform_.disk, RutaCompartida("Vintoral.HST"), OpenMode::kRead);
+  if (!hst) return TmrConexion.SetInterval(100);
+  const Moment now = platform_.clock.Now();
+  const int minutes = static_cast<int>(LeadingInteger(CboMinutos.Text()));
+  LiberarMemoria();
+  hst.WalkBack(hst.Count(), 1, [&](std::int64_t, const RegistroFicha& record) {
+    FichaAuxiliar = record;
+    if (!SalioHoy(record, now)) return false;
+    if (SalioHace(record, now, minutes)) VistaFichas.push_back(record);
+    return true;
+  });
+}
+
+}  // namespace vintoral

@@ -1,0 +1,27 @@
+#include "station/form1/Form1.h"
+
+namespace vintoral {
+
+void Form1::CerrarVentana() {
+  if (terminado_ || !Form_QueryUnload() || terminado_) return;
+  Form_Unload();
+  Terminar();
+}
+
+bool Form1::Form_QueryUnload() {
+  if (TotalFichas <= 0) return true;
+  if (!Preguntar("Vintoral - Cerrar Aplicación"_w, "¿Desea realmente salir del programa?"_w, Answer::kNo))
+    return false;
+  TotalFichas = 0;
+  return true;
+}
+
+void Form1::Form_Unload() {
+  GuardarEtiquetas();
+  for (Timer* timer : {&TmrConexion, &TmrHoraFecha, &TmrMonitor, &TmrHorario, &TmrBarCode})
+    timer->SetEnabled(false);
+  GuardarEstadoPantalla();
+  GuardarMarcas();
+}
+
+}  // namespace vintoral

@@ -1,0 +1,48 @@
+#include "station/form1/ReglasTeclas.h"
+
+#include <string_view>
+
+namespace vintoral {
+namespace {
+
+using namespace std::string_view_literals;
+
+constexpr char kBackspace = 8;
+// Control and a letter are commands of the station (Ctrl+A, B, C, F, I, T, W, X): the character that such a
+// key also makes falls without a sound. 9 is the tabulator, 27 Esc.
+constexpr std::string_view kCommandCharacters = "\x01\x02\x03\x06\x09\x14\x17\x18"sv;
+constexpr char kEscape = 27;
+
+bool IsCommand(char character) {
+  return kCommandCharacters.find(character) != std::string_view::npos;
+}
+bool IsDigit(char character) {
+  return character >= '0' && character <= '9';
+}
+
+}  // namespace
+
+KeyVerdict NumberFieldKey(char character) {
+  if (character == kBackspace || IsDigit(character)) return KeyVerdict::kPass;
+  return IsCommand(character) || character == kEscape ? KeyVerdict::kDrop : KeyVerdict::kBeep;
+}
+
+KeyVerdict CashFieldKey(char character) {
+  return character == ',' || character == '.' ? KeyVerdict::kPass : NumberFieldKey(character);
+}
+
+KeyVerdict TextFieldKey(char character) {
+  return IsCommand(character) ? KeyVerdict::kDrop : KeyVerdict::kPass;
+}
+
+KeyVerdict MinutesKey(char character) {
+  return character == kBackspace || IsDigit(character) ? KeyVerdict::kPass : KeyVerdict::kBeep;
+}
+
+KeyVerdict KeyRule(const ScreenModel& screen, const TextBox& box, char character) {
+  if (&box == &screen.TxtCampo[0]) return NumberFieldKey(character);
+  if (&box == &screen.TxtEfectivo) return CashFieldKey(character);
+  return TextFieldKey(character);
+}
+
+}  // namespace vintoral
