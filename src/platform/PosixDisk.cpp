@@ -113,7 +113,7 @@ std::string PosixDisk::PathOf(std::string_view path) const {
     below.remove_prefix(current.Size());
     inside = inside || below.empty() || below.front() == '/' || below.front() == '\\';
   }
-  const std::string native = NativePath(inside ? below : path);
+  std::string native = NativePath(inside ? below : path);
   if (!inside) return native;
   return native.starts_with('/') ? base + native : base + "/" + native;
 }

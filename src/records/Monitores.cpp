@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::int64_t kSecond = 1000;
 constexpr std::int64_t kMinute = 60 * kSecond;
-constexpr std::int64_t kDay = 24 * 60 * kMinute;
+constexpr std::int64_t kDay = kMinute * 60 * 24;
 
 std::int64_t DayOf(Moment moment) {
   return moment.Milliseconds() / kDay;
