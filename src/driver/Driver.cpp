@@ -123,7 +123,8 @@ Control& Driver::FindControl(const Json& operation) const {
 void Driver::Drive(const std::string& name, const Json& operation) {
   if (name == "key") return station_->input.Key(Field<int>(operation, "code"), FieldOr(operation, "mask", 0));
   if (name == "type") {
-    for (const char character : String::FromUtf8(Field<std::string>(operation, "text")).Bytes()) {
+    const String text = String::FromUtf8(Field<std::string>(operation, "text"));
+    for (const char character : text.Bytes()) {
       station_->input.Character(character == '\n' ? '\r' : character);
       if (station_->form.Terminado()) return;
     }
