@@ -1,0 +1,31 @@
+// The station's surroundings on a desktop.
+#pragma once
+
+#include <string>
+
+#include "platform/Platform.h"
+#include "platform/PosixDisk.h"
+#include "platform/desktop/DesktopClock.h"
+#include "platform/desktop/DesktopScreen.h"
+#include "platform/desktop/DesktopSound.h"
+#include "platform/desktop/DesktopSystem.h"
+
+namespace vintoral {
+
+class DesktopPlatform {
+ public:
+  /// `folder`: the station's folder, a path of this system.
+  explicit DesktopPlatform(const std::string& folder);
+
+  Platform Devices() { return {Clock, Screen, Sound, System, Disk}; }
+  /// The file of this system that a station path means, whatever the case of its name.
+  std::string FileOf(std::string_view path) const;
+
+  PosixDisk Disk;
+  DesktopClock Clock;
+  DesktopScreen Screen;
+  DesktopSound Sound;
+  DesktopSystem System;
+};
+
+}  // namespace vintoral

@@ -1,0 +1,96 @@
+#include "platform/desktop/DesktopScreen.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+#include <algorithm>
+
+namespace vintoral {
+
+namespace {
+
+QString Caption(Answer answer) {
+  switch (answer) {
+    case Answer::kOk:
+      return QStringLiteral("&Aceptar");
+    case Answer::kYes:
+      return QStringLiteral("&Sí");
+    case Answer::kNo:
+      return QStringLiteral("&No");
+    case Answer::kCancel:
+      return QStringLiteral("&Cancelar");
+  }
+  return {};
+}
+
+QMessageBox::Icon SignOf(Icon icon) {
+  switch (icon) {
+    case Icon::kNone:
+      return QMessageBox::NoIcon;
+    case Icon::kInformation:
+      return QMessageBox::Information;
+    case Icon::kQuestion:
+      return QMessageBox::Question;
+    case Icon::kExclamation:
+      return QMessageBox::Warning;
+    case Icon::kCritical:
+      return QMessageBox::Critical;
+  }
+  return QMessageBox::NoIcon;
+}
+
+/// The answer that changes nothing: of Esc, of the box's close button, and of a program that ends.
+Answer Harmless(const Box& box) {
+  const auto has = [&](Answer answer) {
+    return std::find(box.buttons.begin(), box.buttons.end(), answer) != box.buttons.end();
+  };
+  return has(Answer::kCancel) ? Answer::kCancel : has(Answer::kNo) ? Answer::kNo : Answer::kOk;
+}
+
+QString Utf16(const String& text) {
+  return QString::fromStdString(text.ToUtf8());
+}
+
+}  // namespace
+
+Answer DesktopScreen::Show(const Box& box) {
+  if (BeforeWaiting) BeforeWaiting();
+  QMessageBox dialog(Owner);
+  dialog.setWindowTitle(Utf16(box.title));
+  dialog.setTextFormat(Qt::PlainText);
+  dialog.setText(Utf16(box.text));
+  dialog.setIcon(SignOf(box.icon));
+  std::vector<std::pair<QPushButton*, Answer>> buttons;
+  for (const Answer answer : box.buttons) {
+    // Buttons of one role stand in the order in which they are added.
+    QPushButton* const button = dialog.addButton(Caption(answer), QMessageBox::ActionRole);
+    buttons.emplace_back(button, answer);
+    if (answer == box.preselected) dialog.setDefaultButton(button);
+    if (answer == Harmless(box)) dialog.setEscapeButton(button);
+  }
+  if (OnShown) QTimer::singleShot(0, &dialog, [&] { OnShown(dialog, box); });
+  const bool busy = busy_;
+  Busy(false);  // the pointer that answers a box is an ordinary one
+  dialog.exec();
+  Busy(busy);
+  const auto pressed = std::find_if(buttons.begin(), buttons.end(),
+                                    [&](const auto& button) { return button.first == dialog.clickedButton(); });
+  return pressed == buttons.end() ? Harmless(box) : pressed->second;
+}
+
+void DesktopScreen::Beep() {
+  QApplication::beep();
+}
+
+void DesktopScreen::Busy(bool busy) {
+  if (busy == busy_) return;
+  busy_ = busy;
+  if (busy) {
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+  } else {
+    QApplication::restoreOverrideCursor();
+  }
+}
+
+}  // namespace vintoral

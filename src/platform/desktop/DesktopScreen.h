@@ -1,0 +1,31 @@
+// Message boxes, the beep and the wait cursor on the operator's screen. All boxes of the program come from
+// here.
+#pragma once
+
+#include <functional>
+
+#include "platform/Screen.h"
+
+class QMessageBox;
+class QWidget;
+
+namespace vintoral {
+
+class DesktopScreen : public Screen {
+ public:
+  Answer Show(const Box& box) override;
+  void Beep() override;
+  void Busy(bool busy) override;
+
+  /// Runs before each box: shows the window that it belongs to, up to date.
+  std::function<void()> BeforeWaiting;
+  /// The window that boxes belong to.
+  QWidget* Owner = nullptr;
+  /// Runs when a box has come up, in its event loop: a test answers it here.
+  std::function<void(QMessageBox&, const Box&)> OnShown;
+
+ private:
+  bool busy_ = false;
+};
+
+}  // namespace vintoral

@@ -1,0 +1,92 @@
+#include "platform/desktop/DesktopSystem.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QProcess>
+#include <QStandardPaths>
+#include <array>
+#include <cerrno>
+
+#include "platform/DesktopEntry.h"
+
+namespace vintoral {
+
+namespace {
+
+std::string DesktopFolder() {
+  return QStandardPaths::writableLocation(QStandardPaths::DesktopLocation).toStdString();
+}
+
+/// One lock a user: the runtime folder is the user's own, /tmp is shared.
+std::string LockFile() {
+  const char* const runtime = std::getenv("XDG_RUNTIME_DIR");
+  if (runtime != nullptr && *runtime == '/') return std::string(runtime) + "/vintoral.lock";
+  return "/tmp/vintoral-" + std::to_string(getuid()) + ".lock";
+}
+
+bool StartDetached(const std::string& program, const std::string& argument) {
+  return QProcess::startDetached(QString::fromStdString(program), {QString::fromStdString(argument)});
+}
+
+}  // namespace
+
+std::string_view OpenedBy(std::string_view command) {
+  constexpr std::array<std::string_view, 2> kPrograms = {"Notepad.exe ", "Explorer.exe "};
+  for (const std::string_view program : kPrograms) {
+    if (EqualNoCase(command.substr(0, program.size()), program)) return TrimView(command.substr(program.size()));
+  }
+  return {};
+}
+
+DesktopSystem::DesktopSystem(FileOf fileOf) : Start(StartDetached), fileOf_(std::move(fileOf)) {}
+
+DesktopSystem::~DesktopSystem() {
+  if (lock_ >= 0) close(lock_);
+}
+
+int DesktopSystem::CountInstances() {
+  if (lock_ >= 0) return 1;
+  const std::string file = LockFile();
+  const int lock = open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
+  if (lock < 0) {
+    Outcome::Failed("open", file, errno).PassOver();
+    return 1;  // a station that can't tell must not refuse to start
+  }
+  if (flock(lock, LOCK_EX | LOCK_NB) == 0) {
+    lock_ = lock;  // until the process ends, however it ends
+    return 1;
+  }
+  const int error = errno;
+  close(lock);
+  return error == EWOULDBLOCK ? 2 : 1;
+}
+
+bool DesktopSystem::HasShortcut(std::string_view name) {
+  return DesktopEntryExists(DesktopFolder(), String(name).ToUtf8());
+}
+
+Outcome DesktopSystem::CreateShortcut(const Shortcut& shortcut) {
+  const std::string desktop = DesktopFolder();
+  if (!QDir().mkpath(QString::fromStdString(desktop))) return Outcome::Failed("make", desktop, EACCES);
+  return WriteDesktopEntry(desktop, shortcut, QCoreApplication::applicationFilePath().toStdString());
+}
+
+void DesktopSystem::Launch(std::string_view command) {
+  const std::string_view path = OpenedBy(command);
+  if (path.empty()) return Outcome::Failed("launch", String(command).ToUtf8(), EINVAL).PassOver();
+  const std::string file = fileOf_(path);
+  if (access(file.c_str(), F_OK) != 0) return Outcome::Failed("launch", file, errno).PassOver();
+  if (!Start("xdg-open", file)) Outcome::Failed("start xdg-open for", file, ENOENT).PassOver();
+}
+
+void DesktopSystem::End() {
+  // Posted, so that it also ends a loop that has not begun.
+  QMetaObject::invokeMethod(
+      QCoreApplication::instance(), [] { QCoreApplication::exit(0); }, Qt::QueuedConnection);
+}
+
+}  // namespace vintoral

@@ -1,0 +1,40 @@
+// Single instance, desktop and other programs the freedesktop way.
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "platform/System.h"
+
+namespace vintoral {
+
+class DesktopSystem : public System {
+ public:
+  using FileOf = std::function<std::string(std::string_view)>;
+  /// `fileOf` turns a station path into a path of this system (UTF-8).
+  explicit DesktopSystem(FileOf fileOf);
+  DesktopSystem(const DesktopSystem&) = delete;
+  DesktopSystem& operator=(const DesktopSystem&) = delete;
+  ~DesktopSystem() override;
+
+  /// 1 for the station that holds this user's lock on this machine, 2 for any other.
+  int CountInstances() override;
+  bool HasShortcut(std::string_view name) override;
+  Outcome CreateShortcut(const Shortcut& shortcut) override;
+  void Launch(std::string_view command) override;
+  void End() override;
+
+  /// Starts `program` with one argument and does not wait; false when there is no such program. The tests put
+  /// their own in its place.
+  std::function<bool(const std::string& program, const std::string& argument)> Start;
+
+ private:
+  FileOf fileOf_;
+  int lock_ = -1;
+};
+
+/// What a command of the station opens: the file or folder behind the program's name, "Notepad.exe F" or
+/// "Explorer.exe P"; empty for any other text.
+std::string_view OpenedBy(std::string_view command);
+
+}  // namespace vintoral

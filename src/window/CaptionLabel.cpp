@@ -1,0 +1,68 @@
+#include "window/CaptionLabel.h"
+
+#include <QPainter>
+#include <algorithm>
+
+#include "window/Theme.h"
+
+namespace vintoral {
+
+namespace {
+
+constexpr int kSmallestPixels = 10;
+
+}  // namespace
+
+CaptionLabel::CaptionLabel(const Look& look, QWidget* parent) : QWidget(parent), look_(look) {
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+}
+
+void CaptionLabel::ShowCaption(const QString& caption) {
+  caption_ = caption;
+  setAccessibleName(caption_);
+  update();
+}
+
+void CaptionLabel::ShowGround(std::optional<QColor> ground) {
+  ground_ = ground;
+  update();
+}
+
+QFont CaptionLabel::FittingFont() const {
+  const int room = width() - 2 * look_.padding;
+  QFont font = theme::TextFont(look_.pixels, look_.weight);
+  const int needed = QFontMetrics(font).horizontalAdvance(caption_);
+  if (needed > room && needed > 0)
+    font.setPixelSize(std::max(kSmallestPixels, look_.pixels * room / needed));
+  return font;
+}
+
+bool CaptionLabel::Fits() const {
+  const QFontMetrics metrics(FittingFont());
+  return metrics.horizontalAdvance(caption_) <= width() - 2 * look_.padding && metrics.height() <= height();
+}
+
+QSize CaptionLabel::sizeHint() const {
+  const QFontMetrics metrics(theme::TextFont(look_.pixels, look_.weight));
+  return {metrics.horizontalAdvance(look_.sample) + 2 * look_.padding, metrics.height() + 6};
+}
+
+QSize CaptionLabel::minimumSizeHint() const {
+  return {0, QFontMetrics(theme::TextFont(look_.pixels, look_.weight)).height()};
+}
+
+void CaptionLabel::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  if (ground_ || look_.outlined) {
+    painter.setPen(look_.outlined ? QColor::fromRgb(theme::kLine) : QColor(Qt::transparent));
+    painter.setBrush(ground_.value_or(QColor::fromRgb(theme::kField)));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), theme::kRadius, theme::kRadius);
+  }
+  painter.setFont(FittingFont());
+  painter.setPen(QColor::fromRgb(look_.color));
+  painter.drawText(rect().adjusted(look_.padding, 0, -look_.padding, 0),
+                   static_cast<int>(look_.alignment) | Qt::TextSingleLine, caption_);
+}
+
+}  // namespace vintoral

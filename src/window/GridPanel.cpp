@@ -1,0 +1,107 @@
+#include "window/GridPanel.h"
+
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+#include "window/CaptionLabel.h"
+#include "window/IconButton.h"
+#include "window/ListField.h"
+#include "window/PictureView.h"
+#include "window/Theme.h"
+#include "window/Views.h"
+
+namespace vintoral {
+
+namespace {
+
+constexpr int kColumns = 10, kRows = 5;
+constexpr int kHeadRow = 34;
+
+CaptionLabel* NewInfo(const QString& sample, QRgb color, QWidget* parent) {
+  CaptionLabel::Look look;
+  look.pixels = 15;
+  look.weight = QFont::DemiBold;
+  look.color = color;
+  look.padding = 4;
+  look.sample = sample;
+  return new CaptionLabel(look, parent);
+}
+
+}  // namespace
+
+CellSheet::CellSheet(Stage& stage, QWidget* parent) : QWidget(parent) {
+  wallpaper_ = new PictureView({QString(), true, true}, this);
+  Bind(stage, stage.form.ImgFondo, *wallpaper_);
+  auto* const drawing = new PictureView({}, this);
+  Bind(stage, stage.form.PctFicha, *drawing);
+  for (std::size_t i = 0; i < cells_.size(); ++i) {
+    cells_[i] = new PictureView({}, this);
+    Bind(stage, stage.form.ImgFicha[i], *cells_[i]);
+  }
+  shade_ = new QWidget(this);
+  shade_->setAttribute(Qt::WA_TransparentForMouseEvents);
+  BindPlain(stage, stage.form.PctSeleccion, *shade_);
+  frame_ = new CellFrame(this);
+  BindPlain(stage, stage.form.ShpCelda, *frame_);
+}
+
+QRect CellSheet::CellRect(int cell) const {
+  if (cell < 0) return rect();
+  const int column = cell % kColumns, row = cell / kColumns;
+  const int left = width() * column / kColumns, top = height() * row / kRows;
+  return {left, top, width() * (column + 1) / kColumns - left, height() * (row + 1) / kRows - top};
+}
+
+void CellSheet::resizeEvent(QResizeEvent* /*event*/) {
+  Place();
+}
+
+void CellSheet::Place() {
+  wallpaper_->setGeometry(rect());
+  for (std::size_t i = 0; i < cells_.size(); ++i)
+    cells_[i]->setGeometry(CellRect(static_cast<int>(i)).adjusted(2, 2, -2, -2));
+  frame_->setGeometry(CellRect(-1));
+}
+
+GridPanel::GridPanel(Stage& stage, QWidget* parent) : QWidget(parent) {
+  auto* const column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(4);
+  column->addWidget(BuildHead(stage));
+  auto* const frame = new QWidget(this);
+  auto* const inside = new QVBoxLayout(frame);
+  inside->setContentsMargins(0, 0, 0, 0);
+  inside->addWidget(new CellSheet(stage, frame));
+  column->addWidget(frame, 1);
+  BindPlain(stage, stage.form.FraFicha, *frame);
+}
+
+QWidget* GridPanel::BuildHead(Stage& stage) {
+  constexpr int kIcon = 22;
+  auto* const head = new QWidget(this);
+  head->setFixedHeight(kHeadRow);
+  auto* const row = new QHBoxLayout(head);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(4);
+  const auto icon = [&](Image& image, const QString& name) {
+    auto* const button = new IconButton(name, kHeadRow, kIcon, IconButton::Kind::kPlain, head);
+    row->addWidget(button);
+    BindPlain(stage, image, *button);
+  };
+  auto* const count = NewInfo(QStringLiteral("1000 ( 10/20 )"), theme::kText, head);
+  row->addWidget(count);
+  Bind(stage, stage.form.LblInfo[0], *count);
+  icon(stage.form.ImgContador, QStringLiteral("ImgContador"));
+  auto* const counter = NewInfo(QStringLiteral("0000"), theme::kAccent, head);
+  row->addWidget(counter);
+  Bind(stage, stage.form.LblInfo[4], *counter);
+  row->addStretch(1);
+  auto* const minutes = new ListField(true, head);
+  minutes->setFixedWidth(190);
+  row->addWidget(minutes);
+  Bind(stage, stage.form.CboMinutos, *minutes);
+  icon(stage.form.ImgCambiarFondo, QStringLiteral("ImgCambiarFondo"));
+  return head;
+}
+
+}  // namespace vintoral

@@ -1,0 +1,37 @@
+// A list that opens: shows the text that the station says it has, and tells which row the operator chose.
+#pragma once
+
+#include <QComboBox>
+#include <functional>
+#include <vector>
+
+#include "common/String.h"
+
+namespace vintoral {
+
+class TextField;
+
+class ListField : public QComboBox {
+ public:
+  /// `editable` lists show a caret in their text.
+  ListField(bool editable, QWidget* parent);
+
+  std::function<void(int)> onChosen;
+
+  void ShowRows(const std::vector<String>& rows);
+  void ShowRow(int index, const QString& text);
+  TextField* Editor() const { return editor_; }
+  /// What the closed list shows.
+  QString Shown() const;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+  QSize minimumSizeHint() const override;
+
+ private:
+  QString text_;
+  TextField* editor_ = nullptr;
+};
+
+}  // namespace vintoral

@@ -1,0 +1,105 @@
+#include "window/MainWindow.h"
+
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QIcon>
+#include <QVBoxLayout>
+
+#include "window/CameraPanel.h"
+#include "window/FieldsPanel.h"
+#include "window/GridPanel.h"
+#include "window/InputFilter.h"
+#include "window/StatusPanel.h"
+#include "window/StayPanel.h"
+#include "window/Theme.h"
+#include "window/ToolBar.h"
+#include "window/UserCard.h"
+#include "window/ValuePanel.h"
+#include "window/Views.h"
+
+namespace vintoral {
+
+namespace {
+
+constexpr int kLeftLeast = 376, kLeftMost = 540;
+constexpr int kRightLeast = 264, kRightMost = 640;
+constexpr QSize kUsualSize{1366, 728};
+
+}  // namespace
+
+MainWindow::MainWindow(Form1& form, std::function<QString(std::string_view)> fileOf)
+    : form_(form),
+      mirror_(form),
+      ticker_(form, [this] { Refresh(); }),
+      hands_(form, [this] { Refresh(); }) {
+  setObjectName(QStringLiteral("Form1"));
+  setWindowTitle(QStringLiteral("Vintoral 10.25"));
+  setWindowIcon(QIcon(QStringLiteral(":/icons/vintoral.svg")));
+  Stage stage{form_, mirror_, hands_, std::move(fileOf)};
+  Build(stage);
+  new InputFilter(*this, mirror_, hands_);  // the window owns it
+  resize(kUsualSize);
+  Refresh();
+}
+
+void MainWindow::Build(Stage& stage) {
+  auto* const column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  auto* const tools = new ToolBar(stage, this);
+  mirror_.RestOn(*tools);
+  column->addWidget(tools);
+  auto* const areas = new QHBoxLayout;
+  areas->setContentsMargins(theme::kGap, theme::kGap, theme::kGap, theme::kGap);
+  areas->setSpacing(theme::kGap);
+  areas->addWidget(BuildLeft(stage), 28);
+  areas->addWidget(new GridPanel(stage, this), 49);
+  areas->addWidget(BuildRight(stage), 23);
+  column->addLayout(areas, 1);
+}
+
+QWidget* MainWindow::BuildLeft(Stage& stage) {
+  auto* const left = new QWidget(this);
+  left->setMinimumWidth(kLeftLeast);
+  left->setMaximumWidth(kLeftMost);
+  auto* const column = new QVBoxLayout(left);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(theme::kGap);
+  column->addWidget(new FieldsPanel(stage, left));
+  column->addWidget(new StayPanel(stage, left));
+  column->addWidget(new ValuePanel(stage, left));
+  column->addStretch(1);
+  return left;
+}
+
+QWidget* MainWindow::BuildRight(Stage& stage) {
+  auto* const right = new QWidget(this);
+  right->setMinimumWidth(kRightLeast);
+  right->setMaximumWidth(kRightMost);
+  auto* const column = new QVBoxLayout(right);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(theme::kGap);
+  column->addWidget(new CameraPanel(stage, right));
+  column->addWidget(new UserCard(stage, right));
+  column->addStretch(1);
+  column->addWidget(new StatusPanel(stage, right));
+  return right;
+}
+
+void MainWindow::Refresh() {
+  mirror_.Sync();
+  ticker_.Arm();
+}
+
+void MainWindow::Appear() {
+  Refresh();
+  if (!isVisible()) showMaximized();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  form_.CerrarVentana();
+  Refresh();
+  event->setAccepted(form_.Terminado());
+}
+
+}  // namespace vintoral

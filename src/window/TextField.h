@@ -1,0 +1,41 @@
+// An entry box that shows what the station says it holds. Keys never reach it: the station decides what they
+// do. The mouse moves the caret and marks text here as everywhere, and the box tells of it.
+#pragma once
+
+#include <QLineEdit>
+#include <functional>
+
+namespace vintoral {
+
+class TextField : public QLineEdit {
+ public:
+  explicit TextField(QWidget* parent);
+
+  /// The caret or the marked characters changed by the mouse: start and length.
+  std::function<void(int, int)> onCaret;
+  /// Something was pasted by the mouse.
+  std::function<void(const QString&)> onPaste;
+
+  /// Shows the caret at `start`, or `length` characters marked from there.
+  void ShowCaret(int start, int length);
+  /// Without an outline, and open to the mouse behind it, until it is unlocked: a label edited in place.
+  void BePlainWhenLocked();
+  void ShowLocked(bool locked);
+  /// Wide enough for `characters` of usual width.
+  void SetWidthFor(int characters);
+
+ protected:
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  QSize minimumSizeHint() const override;
+
+ private:
+  void TellCaret();
+  void PasteFrom(bool selection);
+  bool plainWhenLocked_ = false;
+};
+
+}  // namespace vintoral

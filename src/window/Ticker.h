@@ -1,0 +1,28 @@
+// Wakes the station when one of its timers is due, inside boxes too.
+#pragma once
+
+#include <QTimer>
+#include <functional>
+
+#include "station/form1/Form1.h"
+
+namespace vintoral {
+
+class Ticker {
+ public:
+  /// `afterwards` runs after each round of ticks.
+  Ticker(Form1& form, std::function<void()> afterwards);
+
+  /// Waits for the next tick that is due; to be called whenever something may have changed the timers.
+  void Arm();
+  /// Runs what is due by now.
+  void Tick();
+
+ private:
+  Form1& form_;
+  std::function<void()> afterwards_;
+  QTimer timer_;
+  std::int64_t due_ = -1;
+};
+
+}  // namespace vintoral

@@ -1,0 +1,29 @@
+// The fifteen buttons in groups of what belongs together, the lights beside them, and the station's sign with
+// the bars of its link.
+#pragma once
+
+#include <QWidget>
+#include <initializer_list>
+
+class QHBoxLayout;
+
+namespace vintoral {
+
+struct Stage;
+
+class ToolBar : public QWidget {
+ public:
+  ToolBar(Stage& stage, QWidget* parent);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+
+ private:
+  void BuildGroup(Stage& stage, std::initializer_list<std::size_t> buttons, QHBoxLayout& row);
+  void BuildLights(Stage& stage, QHBoxLayout& row);
+  void BuildLink(Stage& stage, QHBoxLayout& row);
+};
+
+}  // namespace vintoral

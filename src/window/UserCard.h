@@ -1,0 +1,19 @@
+// The registered user of the ficha: the photo and the points.
+#pragma once
+
+#include "window/Card.h"
+
+namespace vintoral {
+
+struct Stage;
+
+class UserCard : public Card {
+ public:
+  UserCard(Stage& stage, QWidget* parent);
+
+ private:
+  QWidget* BuildPhoto(Stage& stage);
+  QWidget* BuildPoints(Stage& stage);
+};
+
+}  // namespace vintoral

@@ -1,0 +1,31 @@
+#include "window/View.h"
+
+#include <QWidget>
+
+#include "window/Text.h"
+
+namespace vintoral {
+
+View::View(Control& control, QWidget& widget) : control_(control), widget_(widget) {
+  widget_.setObjectName(QString::fromStdString(control_.Name));
+  // What is hidden keeps its place, so that nothing else moves.
+  QSizePolicy policy = widget_.sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  widget_.setSizePolicy(policy);
+}
+
+void View::Sync() {
+  ShowOwn();
+  if (enabled_.Changed(control_.Enabled)) widget_.setEnabled(control_.Enabled);
+  if (visible_.Changed(control_.Visible)) widget_.setVisible(control_.Visible);
+  if (toolTip_.Changed(control_.ToolTipText)) ShowToolTip();
+}
+
+void View::ShowToolTip() {
+  const QString text = ToQString(TrimView(control_.ToolTipText));
+  // "<F4> Imprimir" would pass for rich text.
+  widget_.setToolTip(text.isEmpty() ? QString() : QStringLiteral("<nobr>%1</nobr>").arg(text.toHtmlEscaped()));
+  widget_.setAccessibleName(text);
+}
+
+}  // namespace vintoral
