@@ -15,11 +15,15 @@ namespace {
 
 constexpr int kArrowRow = 32;
 constexpr int kArrowIcon = 20;
+constexpr int kUsualWidth = 320, kLeastWidth = 240;
 
 }  // namespace
 
 CameraPanel::CameraPanel(Stage& stage, QWidget* parent)
     : QWidget(parent), pictures_(new QWidget(this)), arrows_(new QWidget(this)) {
+  QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+  policy.setHeightForWidth(true);
+  setSizePolicy(policy);
   BuildPictures(stage);
   BuildArrows(stage);
 }
@@ -59,6 +63,18 @@ void CameraPanel::BuildArrows(Stage& stage) {
   BindPlain(stage, stage.form.ImgFotoDetalle, *arrow(QStringLiteral("arrow-down")));
   row->addStretch(1);
   Bind(stage, stage.form.PctFotoDetalle[1], *arrow(QStringLiteral("arrow-right")));
+}
+
+int CameraPanel::heightForWidth(int width) const {
+  return width * 3 / 4 + kArrowRow;
+}
+
+QSize CameraPanel::sizeHint() const {
+  return {kUsualWidth, heightForWidth(kUsualWidth)};
+}
+
+QSize CameraPanel::minimumSizeHint() const {
+  return {kLeastWidth, heightForWidth(kLeastWidth)};
 }
 
 void CameraPanel::resizeEvent(QResizeEvent* /*event*/) {

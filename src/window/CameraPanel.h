@@ -12,6 +12,9 @@ struct Stage;
 class CameraPanel : public QWidget {
  public:
   CameraPanel(Stage& stage, QWidget* parent);
+  int heightForWidth(int width) const override;
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
 
  protected:
   void resizeEvent(QResizeEvent* event) override;

@@ -1,6 +1,7 @@
 #include "window/Card.h"
 
 #include <QPainter>
+#include <QPen>
 
 #include "window/Theme.h"
 
@@ -23,7 +24,8 @@ CellFrame::CellFrame(QWidget* parent) : QWidget(parent) {
 void CellFrame::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  theme::PaintFocusRing(painter, rect());
+  painter.setPen(QPen(QColor::fromRgb(theme::kDisplay), 2));
+  painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), theme::kRadius, theme::kRadius);
 }
 
 }  // namespace vintoral

@@ -19,7 +19,7 @@ class Card : public QWidget {
   QRgb line_;
 };
 
-/// A frame in the accent colour that lets through what it surrounds.
+/// A dark frame that lets through what it surrounds.
 class CellFrame : public QWidget {
  public:
   explicit CellFrame(QWidget* parent);

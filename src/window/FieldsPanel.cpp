@@ -14,7 +14,7 @@ namespace vintoral {
 
 namespace {
 
-constexpr int kFieldPixels = 15;
+constexpr int kFieldPixels = 15, kNumberPixels = 18;
 constexpr int kLabelPixels = 12;
 constexpr int kCategoryRow = 6, kOptionsRow = 7;
 
@@ -22,7 +22,6 @@ TextField* NewField(QWidget* parent) {
   auto* const field = new TextField(parent);
   field->setFont(theme::TextFont(kFieldPixels));
   field->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-  field->setMaximumHeight(theme::kRowHeight);
   return field;
 }
 
@@ -61,13 +60,15 @@ void FieldsPanel::BuildField(Stage& stage, std::size_t index, QGridLayout& rows)
   // The record's row and the entry box share one place: the box lies above.
   const bool number = index == 0;
   CaptionLabel::Look look;
-  look.pixels = kFieldPixels;
+  look.pixels = number ? kNumberPixels : kFieldPixels;
   look.weight = QFont::DemiBold;
   look.outlined = true;
+  look.padding = theme::kTextInset;
   auto* const row = new CaptionLabel(look, this);
   auto* const field = NewField(this);
   if (number) {
     constexpr int kNumberDigits = 8;
+    field->setFont(theme::TextFont(kNumberPixels, QFont::DemiBold));
     field->SetWidthFor(kNumberDigits);
     row->setFixedWidth(field->width());
   }
@@ -102,7 +103,7 @@ void FieldsPanel::BuildCategory(Stage& stage, QGridLayout& rows) {
   CaptionLabel::Look look;
   look.pixels = kLabelPixels;
   look.weight = QFont::DemiBold;
-  look.padding = 7;
+  look.padding = theme::kTextInset;
   auto* const label = new CaptionLabel(look, this);
   label->setFixedWidth(theme::kLabelWidth);
   rows.addWidget(label, kCategoryRow, 0);
@@ -111,7 +112,6 @@ void FieldsPanel::BuildCategory(Stage& stage, QGridLayout& rows) {
     auto* const field = new ListField(false, this);
     field->setFont(theme::TextFont(kFieldPixels));
     field->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    field->setMaximumHeight(theme::kRowHeight);
     rows.addWidget(field, kCategoryRow, 1, 1, 2);
     Bind(stage, list, *field);
   }

@@ -11,7 +11,6 @@ namespace vintoral {
 
 ListField::ListField(bool editable, QWidget* parent) : QComboBox(parent) {
   setFocusPolicy(Qt::NoFocus);
-  setMinimumHeight(theme::kRowMinimum);
   theme::CoverGround(*this);
   setMaxVisibleItems(20);
   setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
@@ -19,6 +18,7 @@ ListField::ListField(bool editable, QWidget* parent) : QComboBox(parent) {
     editor_ = new TextField(this);
     setEditable(true);
     setLineEdit(editor_);
+    editor_->setAutoFillBackground(false);
     setInsertPolicy(QComboBox::NoInsert);
     setCompleter(nullptr);
   }
@@ -56,6 +56,10 @@ void ListField::paintEvent(QPaintEvent* /*event*/) {
 
 void ListField::wheelEvent(QWheelEvent* event) {
   event->ignore();  // a category must not change because the wheel passed over it
+}
+
+QSize ListField::sizeHint() const {
+  return {QComboBox::sizeHint().width(), theme::kRowHeight};
 }
 
 QSize ListField::minimumSizeHint() const {

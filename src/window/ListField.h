@@ -23,11 +23,12 @@ class ListField : public QComboBox {
   TextField* Editor() const { return editor_; }
   /// What the closed list shows.
   QString Shown() const;
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
-  QSize minimumSizeHint() const override;
 
  private:
   QString text_;

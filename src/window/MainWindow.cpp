@@ -21,7 +21,7 @@ namespace vintoral {
 
 namespace {
 
-constexpr int kLeftLeast = 376, kLeftMost = 540;
+constexpr int kLeftLeast = 384, kLeftMost = 540;
 constexpr int kRightLeast = 264, kRightMost = 640;
 constexpr QSize kUsualSize{1366, 728};
 
@@ -52,9 +52,9 @@ void MainWindow::Build(Stage& stage) {
   auto* const areas = new QHBoxLayout;
   areas->setContentsMargins(theme::kGap, theme::kGap, theme::kGap, theme::kGap);
   areas->setSpacing(theme::kGap);
-  areas->addWidget(BuildLeft(stage), 28);
-  areas->addWidget(new GridPanel(stage, this), 49);
-  areas->addWidget(BuildRight(stage), 23);
+  areas->addWidget(BuildLeft(stage), 29);
+  areas->addWidget(new GridPanel(stage, this), 47);
+  areas->addWidget(BuildRight(stage), 24);
   column->addLayout(areas, 1);
 }
 
@@ -67,8 +67,7 @@ QWidget* MainWindow::BuildLeft(Stage& stage) {
   column->setSpacing(theme::kGap);
   column->addWidget(new FieldsPanel(stage, left));
   column->addWidget(new StayPanel(stage, left));
-  column->addWidget(new ValuePanel(stage, left));
-  column->addStretch(1);
+  column->addWidget(new ValuePanel(stage, left), 1);
   return left;
 }
 

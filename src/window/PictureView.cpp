@@ -38,7 +38,7 @@ void PictureView::Load() {
 
 void PictureView::PaintPlaceholder(QPainter& painter) const {
   if (look_.placeholder.isEmpty()) return;
-  const int edge = std::clamp(std::min(width(), height()) / 3, 16, 96);
+  const int edge = std::clamp(std::min(width(), height()) / 4, 28, 96);
   painter.drawPixmap(QPoint((width() - edge) / 2, (height() - edge) / 2),
                      IconPixmap(look_.placeholder, edge, devicePixelRatioF()));
 }

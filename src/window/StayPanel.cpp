@@ -32,7 +32,7 @@ void StayPanel::BuildStamp(Stage& stage, std::size_t sign, std::size_t row, QGri
   look.pixels = kSignPixels;
   look.weight = QFont::Bold;
   look.color = theme::kAccent;
-  look.padding = 7;
+  look.padding = theme::kTextInset;
   look.sample = QStringLiteral("ENT");
   auto* const indicator = new CaptionLabel(look, this);
   rows.addWidget(indicator, static_cast<int>(row), 0);
@@ -51,7 +51,7 @@ void StayPanel::BuildStay(Stage& stage, QGridLayout& rows) {
   CaptionLabel::Look look;
   look.pixels = kStampPixels;
   look.weight = QFont::DemiBold;
-  look.padding = 7;
+  look.padding = theme::kTextInset;
   look.sample = QStringLiteral("000D 00H 00M");
   auto* const stay = new CaptionLabel(look, this);
   rows.addWidget(stay, 2, 1);

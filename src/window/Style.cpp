@@ -9,7 +9,8 @@ namespace vintoral {
 
 namespace {
 
-constexpr int kPadding = 7;      // between the outline of a field and its text
+constexpr int kToolkitInset = 2;  // what an entry box adds by itself before its text
+constexpr int kPadding = theme::kTextInset - kToolkitInset;
 constexpr int kArrowWidth = 28;  // of the part of a list that opens it
 
 /// An outline with its ground; the ring takes the outline's place when the keyboard is here.
@@ -22,7 +23,8 @@ void PaintField(QPainter& painter, const QRect& area, const QStyleOption& option
   const bool open = enabled && !(option.state & QStyle::State_ReadOnly);
   painter.setBrush(open ? option.palette.base() : QBrush(QColor::fromRgb(theme::kWindow)));
   painter.drawRoundedRect(QRectF(area).adjusted(0.5, 0.5, -0.5, -0.5), theme::kRadius, theme::kRadius);
-  if (focus) theme::PaintFocusRing(painter, area);
+  const bool onDark = option.palette.window().color().lightness() < 128;
+  if (focus) theme::PaintFocusRing(painter, area, onDark);
   painter.restore();
 }
 
@@ -70,7 +72,7 @@ QRect Style::subControlRect(ComplexControl control, const QStyleOptionComplex* o
   if (control == CC_ComboBox && part == SC_ComboBoxArrow)
     return option->rect.adjusted(option->rect.width() - kArrowWidth, 0, 0, 0);
   if (control == CC_ComboBox && part == SC_ComboBoxEditField)
-    return option->rect.adjusted(2, 2, -kArrowWidth, -2);
+    return option->rect.adjusted(theme::kTextInset - 4, 2, -kArrowWidth, -2);
   return QProxyStyle::subControlRect(control, option, part, widget);
 }
 

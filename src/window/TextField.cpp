@@ -5,6 +5,7 @@
 #include <QGuiApplication>
 #include <QMenu>
 #include <QMouseEvent>
+#include <algorithm>
 
 #include "window/Theme.h"
 
@@ -14,7 +15,6 @@ TextField::TextField(QWidget* parent) : QLineEdit(parent) {
   setFocusPolicy(Qt::NoFocus);  // the focus is the station's to give
   setDragEnabled(false);
   setAcceptDrops(false);
-  setMinimumHeight(theme::kRowMinimum);
   theme::CoverGround(*this);
 }
 
@@ -40,6 +40,10 @@ void TextField::ShowCaret(int start, int length) {
 void TextField::SetWidthFor(int characters) {
   constexpr int kPaddings = 20;
   setFixedWidth(fontMetrics().horizontalAdvance(u'0') * characters + kPaddings);
+}
+
+QSize TextField::sizeHint() const {
+  return {QLineEdit::sizeHint().width(), std::max(theme::kRowHeight, fontMetrics().height() + 8)};
 }
 
 QSize TextField::minimumSizeHint() const {

@@ -23,6 +23,8 @@ class TextField : public QLineEdit {
   void ShowLocked(bool locked);
   /// Wide enough for `characters` of usual width.
   void SetWidthFor(int characters);
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
 
  protected:
   void mousePressEvent(QMouseEvent* event) override;
@@ -30,7 +32,6 @@ class TextField : public QLineEdit {
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
-  QSize minimumSizeHint() const override;
 
  private:
   void TellCaret();

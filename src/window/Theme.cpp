@@ -29,10 +29,11 @@ void CoverGround(QWidget& widget, QRgb ground) {
   widget.setAutoFillBackground(true);
 }
 
-void PaintFocusRing(QPainter& painter, const QRectF& around) {
-  painter.setPen(QPen(QColor::fromRgb(kAccent), 2));
+void PaintFocusRing(QPainter& painter, const QRectF& around, bool onDark) {
+  const double width = onDark ? 3 : 2;
+  painter.setPen(QPen(QColor::fromRgb(onDark ? kAccentBright : kAccent), width));
   painter.setBrush(Qt::NoBrush);
-  painter.drawRoundedRect(around.adjusted(1, 1, -1, -1), kRadius, kRadius);
+  painter.drawRoundedRect(around.adjusted(width / 2, width / 2, -width / 2, -width / 2), kRadius, kRadius);
 }
 
 namespace {

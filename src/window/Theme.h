@@ -22,6 +22,7 @@ inline constexpr QRgb kBorder = 0xFF7D8D9C;  ///< outline of what can be typed i
 inline constexpr QRgb kText = 0xFF16212E;
 inline constexpr QRgb kMuted = 0xFF425466;  ///< captions: 7:1 on a card
 inline constexpr QRgb kAccent = 0xFF0B6E99;
+inline constexpr QRgb kAccentBright = 0xFF45B8E8;  ///< the accent on the dark panel
 inline constexpr QRgb kAccentPale = 0xFFDCEDF5;
 inline constexpr QRgb kDisplay = 0xFF14263A;  ///< the dark panel of the amount
 inline constexpr QRgb kDisplayText = 0xFFFFFFFF;
@@ -32,8 +33,9 @@ inline constexpr QRgb kPictureGround = 0xFFDDE3E9;  ///< where a picture may sta
 inline constexpr int kGap = 8;           ///< between cards
 inline constexpr int kRowHeight = 32;    ///< of a field, where there is room
 inline constexpr int kRowMinimum = 26;   ///< of a field on a small screen
+inline constexpr int kTextInset = 9;     ///< from the edge of a field to its text
 inline constexpr int kToolButton = 44;   ///< edge of a tool button
-inline constexpr int kLabelWidth = 150;  ///< of the labels beside the fields
+inline constexpr int kLabelWidth = 156;  ///< of the labels beside the fields
 inline constexpr double kRadius = 5;
 
 /// The system's own family at `pixels` height.
@@ -42,8 +44,8 @@ QFont TextFont(int pixels, QFont::Weight weight = QFont::Normal);
 QColor FromModel(Color color);
 /// Lets a widget on a card cover what lies behind it up to its corners.
 void CoverGround(QWidget& widget, QRgb ground = kCard);
-/// The ring around what has the keyboard.
-void PaintFocusRing(QPainter& painter, const QRectF& around);
+/// The ring around what has the keyboard; brighter on a dark ground.
+void PaintFocusRing(QPainter& painter, const QRectF& around, bool onDark = false);
 /// Style, palette and font of the whole program.
 void Apply(QApplication& application);
 

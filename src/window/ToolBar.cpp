@@ -2,6 +2,8 @@
 
 #include <QHBoxLayout>
 #include <QPainter>
+#include <algorithm>
+#include <array>
 
 #include "window/CaptionLabel.h"
 #include "window/Card.h"
@@ -39,6 +41,7 @@ void ToolBar::BuildGroup(Stage& stage, std::initializer_list<std::size_t> button
     auto* const button = new IconButton(QStringLiteral("PctBoton-%1").arg(index), theme::kToolButton, kIconEdge,
                                         IconButton::Kind::kTool, this);
     row.addWidget(button);
+    places_.push_back(button);
     Bind(stage, stage.form.PctBoton[index], *button);
   }
   row.addSpacing(kGroupGap - kButtonGap);
@@ -53,6 +56,7 @@ void ToolBar::BuildLights(Stage& stage, QHBoxLayout& row) {
   for (std::size_t i = 0; i < kColors.size(); ++i) {
     auto* const light = new Light(QSize(8, 22), lights);
     column->addWidget(light);
+    places_.push_back(light);
     Bind(stage, stage.form.PctBuscar[i], *light, QColor::fromRgb(kColors[i]));
   }
   row.addWidget(lights);
@@ -75,6 +79,17 @@ void ToolBar::BuildLink(Stage& stage, QHBoxLayout& row) {
   }
 }
 
+void ToolBar::PaintWells(QPainter& painter) const {
+  // A button or a light that is not there now leaves a faint mark: the row has no holes.
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(QColor::fromRgb(theme::kWindow));
+  for (const QWidget* const place : places_) {
+    const double radius = std::min(theme::kRadius, std::min(place->width(), place->height()) / 2.0);
+    painter.drawRoundedRect(QRectF(place->mapTo(this, QPointF(0, 0)), QSizeF(place->size())), radius, radius);
+  }
+}
+
 void ToolBar::focusInEvent(QFocusEvent* /*event*/) {
   update();
 }
@@ -87,6 +102,7 @@ void ToolBar::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.fillRect(rect(), QColor::fromRgb(theme::kCard));
   painter.fillRect(0, height() - 1, width(), 1, QColor::fromRgb(theme::kLine));
+  PaintWells(painter);
   if (hasFocus()) painter.fillRect(0, height() - 3, width(), 3, QColor::fromRgb(theme::kAccent));
 }
 

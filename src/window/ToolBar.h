@@ -4,6 +4,7 @@
 
 #include <QWidget>
 #include <initializer_list>
+#include <vector>
 
 class QHBoxLayout;
 
@@ -24,6 +25,8 @@ class ToolBar : public QWidget {
   void BuildGroup(Stage& stage, std::initializer_list<std::size_t> buttons, QHBoxLayout& row);
   void BuildLights(Stage& stage, QHBoxLayout& row);
   void BuildLink(Stage& stage, QHBoxLayout& row);
+  void PaintWells(QPainter& painter) const;
+  std::vector<QWidget*> places_;  ///< of what comes and goes
 };
 
 }  // namespace vintoral

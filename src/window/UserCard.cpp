@@ -13,7 +13,18 @@ namespace vintoral {
 
 namespace {
 
-constexpr int kPhotoEdge = 96;
+constexpr int kPhotoEdge = 112;
+constexpr int kCaptionPixels = 12, kKeptPixels = 15, kSumPixels = 26;
+
+CaptionLabel* NewLabel(int pixels, QRgb color, QWidget* parent) {
+  CaptionLabel::Look look;
+  look.pixels = pixels;
+  look.weight = QFont::Bold;
+  look.color = color;
+  look.padding = 4;
+  look.sample = QStringLiteral("000000");
+  return new CaptionLabel(look, parent);
+}
 
 }  // namespace
 
@@ -44,25 +55,28 @@ QWidget* UserCard::BuildPhoto(Stage& stage) {
 }
 
 QWidget* UserCard::BuildPoints(Stage& stage) {
-  constexpr int kStarEdge = 36, kStarIcon = 26;
+  constexpr int kStarEdge = 36, kStarIcon = 28;
   auto* const place = new QWidget(this);
   auto* const grid = new QGridLayout(place);
   grid->setContentsMargins(0, 0, 0, 0);
+  grid->setColumnStretch(2, 1);
+  auto* const caption = NewLabel(kCaptionPixels, theme::kMuted, place);
+  caption->ShowCaption(QStringLiteral("PUNTOS"));
+  grid->addWidget(caption, 0, 0, 1, 2);
   auto* const star =
       new IconButton(QStringLiteral("ImgPuntos"), kStarEdge, kStarIcon, IconButton::Kind::kPlain, place);
-  grid->addWidget(star, 0, 0, 2, 1);
+  grid->addWidget(star, 1, 0);
   BindPlain(stage, stage.form.ImgPuntos, *star);
-  for (std::size_t i = 0; i < stage.form.LblPuntos.size(); ++i) {
-    CaptionLabel::Look look;
-    look.pixels = i % 2 == 1 ? 20 : 13;  // numbers are the odd ones
-    look.weight = i % 2 == 1 ? QFont::Bold : QFont::Normal;
-    look.padding = 4;
-    look.sample = QStringLiteral("000000");
-    auto* const label = new CaptionLabel(look, place);
-    grid->addWidget(label, static_cast<int>(i / 2), static_cast<int>(1 + i % 2));
-    Bind(stage, stage.form.LblPuntos[i], *label);
-  }
-  grid->setColumnStretch(2, 1);
+  // The sum stands beside the star; the others around it.
+  const auto label = [&](std::size_t index, int pixels, QRgb color, int row, int column, int columns) {
+    auto* const face = NewLabel(pixels, color, place);
+    grid->addWidget(face, row, column, 1, columns);
+    Bind(stage, stage.form.LblPuntos[index], *face);
+  };
+  label(0, kCaptionPixels, theme::kMuted, 0, 2, 1);
+  label(1, kSumPixels, theme::kText, 1, 1, 2);
+  label(2, kCaptionPixels, theme::kMuted, 2, 0, 1);
+  label(3, kKeptPixels, theme::kMuted, 2, 1, 2);
   return place;
 }
 

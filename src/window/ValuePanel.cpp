@@ -11,8 +11,8 @@ namespace vintoral {
 
 namespace {
 
-constexpr int kValuePixels = 44;
-constexpr int kCashPixels = 24;
+constexpr int kValuePixels = 54;
+constexpr int kCashPixels = 26;
 constexpr int kCaptionPixels = 12;
 
 CaptionLabel* NewCaption(const QString& text, QWidget* parent) {
@@ -64,7 +64,7 @@ void ValuePanel::BuildCash(Stage& stage, QGridLayout& rows) {
   auto* const cash = new TextField(this);
   cash->setFont(theme::TextFont(kCashPixels, QFont::DemiBold));
   cash->setAlignment(Qt::AlignRight);
-  cash->setMinimumHeight(36);
+  cash->setMinimumHeight(40);
   theme::CoverGround(*cash, theme::kDisplay);
   rows.addWidget(NewCaption(QStringLiteral("EFECTIVO"), this), 2, 0);
   rows.addWidget(cash, 3, 0);
