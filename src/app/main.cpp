@@ -19,7 +19,7 @@ int main(int argc, char** argv) {
   QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
   QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);  // one look, on every desktop
   QApplication application(argc, argv);
-  QApplication::setDesktopFileName(QStringLiteral("Vintoral"));
+  QApplication::setDesktopFileName(QStringLiteral("vintoral"));
   QApplication::setQuitOnLastWindowClosed(false);  // the station says when it ends
   vintoral::theme::Apply(application);
 

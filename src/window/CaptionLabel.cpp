@@ -32,8 +32,7 @@ QFont CaptionLabel::FittingFont() const {
   const int room = width() - 2 * look_.padding;
   QFont font = theme::TextFont(look_.pixels, look_.weight);
   const int needed = QFontMetrics(font).horizontalAdvance(caption_);
-  if (needed > room && needed > 0)
-    font.setPixelSize(std::max(kSmallestPixels, look_.pixels * room / needed));
+  if (needed > room && needed > 0) font.setPixelSize(std::max(kSmallestPixels, look_.pixels * room / needed));
   return font;
 }
 

@@ -14,7 +14,8 @@ void Card::paintEvent(QPaintEvent* /*event*/) {
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(QColor::fromRgb(line_));
   painter.setBrush(QColor::fromRgb(ground_));
-  painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), theme::kRadius + 2, theme::kRadius + 2);
+  painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), theme::kRadius + 2,
+                          theme::kRadius + 2);
 }
 
 CellFrame::CellFrame(QWidget* parent) : QWidget(parent) {

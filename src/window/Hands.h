@@ -1,4 +1,5 @@
-// The operator's hands: what the window's widgets tell goes down to the station, and what came of it is shown.
+// The operator's hands: what the window's widgets tell goes down to the station, and what came of it is
+// shown.
 #pragma once
 
 #include <functional>

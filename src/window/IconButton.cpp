@@ -30,10 +30,14 @@ void IconButton::PaintGround(QPainter& painter) const {
   const bool hover = underMouse() && isEnabled();
   const bool down = pressed_ || isDown();
   if (kind_ == Kind::kSign || (kind_ == Kind::kPlain && !hover && !down)) return;
-  painter.setPen(QPen(QColor::fromRgb(down ? theme::kAccent : hover ? theme::kBorder : theme::kLine), down ? 2 : 1));
+  painter.setPen(QPen(QColor::fromRgb(down    ? theme::kAccent
+                                      : hover ? theme::kBorder
+                                              : theme::kLine),
+                      down ? 2 : 1));
   painter.setBrush(QColor::fromRgb(down ? theme::kAccentPale : hover ? theme::kField : theme::kCard));
   const double inset = down ? 1 : 0.5;
-  painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), theme::kRadius, theme::kRadius);
+  painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), theme::kRadius,
+                          theme::kRadius);
 }
 
 void IconButton::paintEvent(QPaintEvent* /*event*/) {

@@ -41,7 +41,8 @@ bool InputFilter::eventFilter(QObject* watched, QEvent* event) {
       if (InWindow(watched)) Release(watched, *static_cast<QMouseEvent*>(event));
       return false;
     case QEvent::MouseButtonDblClick:
-      if (const View* view = InWindow(watched) ? mirror_.Of(watched) : nullptr) hands_.DoubleClick(view->Model());
+      if (const View* view = InWindow(watched) ? mirror_.Of(watched) : nullptr)
+        hands_.DoubleClick(view->Model());
       return false;
     case QEvent::Enter:
       if (const View* view = InWindow(watched) ? mirror_.Of(watched) : nullptr) hands_.Hover(view->Model());
@@ -74,7 +75,8 @@ void InputFilter::Release(const QObject* watched, const QMouseEvent& event) {
   pressed_ = nullptr;
   if (!view->Widget().rect().contains(event.position().toPoint())) return;
   // The widget ends its own handling of the click first: what a click does may wait in a box.
-  QMetaObject::invokeMethod(this, [this, view] { hands_.Click(view->Model()); }, Qt::QueuedConnection);
+  QMetaObject::invokeMethod(
+      this, [this, view] { hands_.Click(view->Model()); }, Qt::QueuedConnection);
 }
 
 }  // namespace vintoral

@@ -38,8 +38,8 @@ constexpr std::array kNamed = {
 };
 
 constexpr std::array kKeypadMarks = {
-    Pair{Qt::Key_Asterisk, 106}, Pair{Qt::Key_Plus, 107},   Pair{Qt::Key_Minus, 109},
-    Pair{Qt::Key_Period, 110},   Pair{Qt::Key_Comma, 110},  Pair{Qt::Key_Slash, 111},
+    Pair{Qt::Key_Asterisk, 106}, Pair{Qt::Key_Plus, 107},  Pair{Qt::Key_Minus, 109},
+    Pair{Qt::Key_Period, 110},   Pair{Qt::Key_Comma, 110}, Pair{Qt::Key_Slash, 111},
 };
 
 template <std::size_t N>

@@ -33,7 +33,8 @@ QHBoxLayout* StatusPanel::BuildAlert(Stage& stage) {
   auto* const mail = new CaptionLabel(look, this);
   row->addWidget(mail, 1);
   Bind(stage, stage.form.LblInfo[3], *mail);
-  auto* const panic = new IconButton(QStringLiteral("ImgPanico"), kEdge, kIcon, IconButton::Kind::kPlain, this);
+  auto* const panic =
+      new IconButton(QStringLiteral("ImgPanico"), kEdge, kIcon, IconButton::Kind::kPlain, this);
   row->addWidget(panic);
   BindPlain(stage, stage.form.ImgPanico, *panic);
   return row;

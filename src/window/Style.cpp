@@ -33,8 +33,8 @@ void PaintArrow(QPainter& painter, const QRect& area, bool enabled) {
   const QPointF points[] = {center + QPointF(-4, -2), center + QPointF(0, 2.5), center + QPointF(4, -2)};
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(QColor::fromRgb(enabled ? theme::kText : theme::kOff), 1.75, Qt::SolidLine, Qt::RoundCap,
-                      Qt::RoundJoin));
+  painter.setPen(QPen(QColor::fromRgb(enabled ? theme::kText : theme::kOff), 1.75, Qt::SolidLine,
+                      Qt::RoundCap, Qt::RoundJoin));
   painter.drawPolyline(points, 3);
   painter.restore();
 }

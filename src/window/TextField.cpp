@@ -73,7 +73,8 @@ void TextField::mouseMoveEvent(QMouseEvent* event) {
 
 void TextField::mouseReleaseEvent(QMouseEvent* event) {
   // The toolkit's own paste would go past the rules of typing.
-  if (event->button() == Qt::MiddleButton) return PasteFrom(QGuiApplication::clipboard()->supportsSelection());
+  if (event->button() == Qt::MiddleButton)
+    return PasteFrom(QGuiApplication::clipboard()->supportsSelection());
   if (event->button() == Qt::LeftButton) QLineEdit::mouseReleaseEvent(event);
 }
 

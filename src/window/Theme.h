@@ -27,7 +27,7 @@ inline constexpr QRgb kAccentPale = 0xFFDCEDF5;
 inline constexpr QRgb kDisplay = 0xFF14263A;  ///< the dark panel of the amount
 inline constexpr QRgb kDisplayText = 0xFFFFFFFF;
 inline constexpr QRgb kDisplayMuted = 0xFFB7C8D8;
-inline constexpr QRgb kOff = 0xFFC3CCD5;  ///< a light that is out
+inline constexpr QRgb kOff = 0xFFC3CCD5;            ///< a light that is out
 inline constexpr QRgb kPictureGround = 0xFFDDE3E9;  ///< where a picture may stand
 
 inline constexpr int kGap = 8;           ///< between cards

@@ -4,7 +4,8 @@
 
 namespace vintoral {
 
-Ticker::Ticker(Form1& form, std::function<void()> afterwards) : form_(form), afterwards_(std::move(afterwards)) {
+Ticker::Ticker(Form1& form, std::function<void()> afterwards)
+    : form_(form), afterwards_(std::move(afterwards)) {
   timer_.setSingleShot(true);
   timer_.setTimerType(Qt::PreciseTimer);
   QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { Tick(); });

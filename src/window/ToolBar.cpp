@@ -38,8 +38,8 @@ ToolBar::ToolBar(Stage& stage, QWidget* parent) : QWidget(parent) {
 
 void ToolBar::BuildGroup(Stage& stage, std::initializer_list<std::size_t> buttons, QHBoxLayout& row) {
   for (const std::size_t index : buttons) {
-    auto* const button = new IconButton(QStringLiteral("PctBoton-%1").arg(index), theme::kToolButton, kIconEdge,
-                                        IconButton::Kind::kTool, this);
+    auto* const button = new IconButton(QStringLiteral("PctBoton-%1").arg(index), theme::kToolButton,
+                                        kIconEdge, IconButton::Kind::kTool, this);
     row.addWidget(button);
     places_.push_back(button);
     Bind(stage, stage.form.PctBoton[index], *button);

@@ -24,7 +24,8 @@ void View::Sync() {
 void View::ShowToolTip() {
   const QString text = ToQString(TrimView(control_.ToolTipText));
   // "<F4> Imprimir" would pass for rich text.
-  widget_.setToolTip(text.isEmpty() ? QString() : QStringLiteral("<nobr>%1</nobr>").arg(text.toHtmlEscaped()));
+  widget_.setToolTip(text.isEmpty() ? QString()
+                                    : QStringLiteral("<nobr>%1</nobr>").arg(text.toHtmlEscaped()));
   widget_.setAccessibleName(text);
 }
 

@@ -60,7 +60,8 @@ class LabelView : public TypedView<Label, CaptionLabel> {
     if (caption_.Changed(model.Caption)) face.ShowCaption(ToQString(TrimView(model.Caption)));
     if (!ground_.Changed(model.BackColor)) return;
     // White is a label without a colour of its own.
-    face.ShowGround(model.BackColor == kWhite ? std::nullopt : std::optional(theme::FromModel(model.BackColor)));
+    face.ShowGround(model.BackColor == kWhite ? std::nullopt
+                                              : std::optional(theme::FromModel(model.BackColor)));
   }
 
  private:

@@ -74,8 +74,9 @@ Answer DesktopScreen::Show(const Box& box) {
   Busy(false);  // the pointer that answers a box is an ordinary one
   dialog.exec();
   Busy(busy);
-  const auto pressed = std::find_if(buttons.begin(), buttons.end(),
-                                    [&](const auto& button) { return button.first == dialog.clickedButton(); });
+  const auto pressed = std::find_if(buttons.begin(), buttons.end(), [&](const auto& button) {
+    return button.first == dialog.clickedButton();
+  });
   return pressed == buttons.end() ? Harmless(box) : pressed->second;
 }
 

@@ -37,7 +37,8 @@ bool StartDetached(const std::string& program, const std::string& argument) {
 std::string_view OpenedBy(std::string_view command) {
   constexpr std::array<std::string_view, 2> kPrograms = {"Notepad.exe ", "Explorer.exe "};
   for (const std::string_view program : kPrograms) {
-    if (EqualNoCase(command.substr(0, program.size()), program)) return TrimView(command.substr(program.size()));
+    if (EqualNoCase(command.substr(0, program.size()), program))
+      return TrimView(command.substr(program.size()));
   }
   return {};
 }
