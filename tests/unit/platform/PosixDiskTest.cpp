@@ -1,0 +1,217 @@
+#include "platform/PosixDisk.h"
+
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <filesystem>
+
+#include "support/TempFolder.h"
+
+namespace vintoral {
+namespace {
+
+using test::TempFolder;
+using testing::ElementsAre;
+
+class PosixDiskTest : public testing::Test {
+ protected:
+  std::vector<std::string> NamesIn(const std::string& name) const {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(folder_.Path(name)))
+      names.push_back(entry.path().filename().string());
+    std::sort(names.begin(), names.end());
+    return names;
+  }
+  mode_t ModeOf(const std::string& name) const {
+    struct stat status {};
+    stat(folder_.Path(name).c_str(), &status);
+    return status.st_mode & 07777;
+  }
+
+  TempFolder folder_;
+  PosixDisk disk_{folder_.Path()};
+};
+
+TEST_F(PosixDiskTest, PathsAreBelowTheStationsFolderOrAbsolute) {
+  EXPECT_EQ(disk_.CurrentFolder().Bytes(), folder_.Path());
+  EXPECT_EQ(disk_.PathOf("Objetos\\Servidor.INI"), folder_.Path("Objetos/Servidor.INI"));
+  EXPECT_EQ(disk_.PathOf(folder_.Path() + "\\Multimedia"), folder_.Path("Multimedia"));
+  EXPECT_EQ(disk_.PathOf(""), folder_.Path() + "/");
+  EXPECT_EQ(disk_.PathOf("/mnt/gate\\Vintoral.ACT"), "/mnt/gate/Vintoral.ACT");
+  EXPECT_EQ(disk_.PathOf(folder_.Path() + "2\\x"), folder_.Path() + "2/x");
+  EXPECT_EQ(disk_.PathOf(std::string_view("x\0y", 3)), "");
+}
+
+TEST_F(PosixDiskTest, FolderIsCleanedAndMadeAbsolute) {
+  EXPECT_EQ(PosixDisk("/srv/x//").CurrentFolder(), "/srv/x"_w);
+  EXPECT_EQ(PosixDisk("/").PathOf("/\\Multimedia"), "/Multimedia");
+  EXPECT_EQ(PosixDisk("/").PathOf("Multimedia"), "/Multimedia");
+  EXPECT_EQ(PosixDisk("").CurrentFolder().ToUtf8(), std::filesystem::current_path().string());
+}
+
+TEST_F(PosixDiskTest, StationLivesInAFolderWithAnyName) {
+  folder_.Put("\xE8\xBB\x8A\\1/Multimedia/Vintoral.ACT", "inside");
+  const std::string native = folder_.Path("\xE8\xBB\x8A\\1");
+  PosixDisk disk(native);
+  EXPECT_EQ(disk.CurrentFolder().Bytes(), folder_.Path("?\\1"));
+  EXPECT_EQ(disk.ReadAll("Multimedia\\Vintoral.ACT"), "inside"_w);
+  EXPECT_EQ(disk.ReadAll(disk.CurrentFolder() + "\\Multimedia\\Vintoral.ACT"_w), "inside"_w);
+}
+
+TEST_F(PosixDiskTest, ExistsIsForFiles) {
+  folder_.Put("Multimedia/Vintoral.ACT", "");
+  EXPECT_TRUE(disk_.Exists("Multimedia\\Vintoral.ACT"));
+  EXPECT_TRUE(disk_.Exists("MULTIMEDIA\\vintoral.act"));
+  EXPECT_FALSE(disk_.Exists("Multimedia"));
+  EXPECT_FALSE(disk_.Exists("Multimedia\\Vintoral.HST"));
+  EXPECT_FALSE(disk_.Exists("Multimedia\\Vintoral.ACT\\x"));
+  EXPECT_FALSE(disk_.Exists(""));
+  EXPECT_FALSE(disk_.Exists(std::string_view("Multimedia\\Vintoral.ACT\0", 24)));
+  EXPECT_FALSE(disk_.Exists(std::string(5000, 'x')));
+}
+
+TEST_F(PosixDiskTest, OpenForReadingNeedsTheFile) {
+  Outcome outcome = Outcome::Done();
+  EXPECT_EQ(disk_.Open("x", OpenMode::kRead, &outcome), nullptr);
+  EXPECT_EQ(outcome.Error(), ENOENT);
+  EXPECT_EQ(disk_.Open("x", OpenMode::kReadWrite, &outcome), nullptr);
+  EXPECT_EQ(outcome.Error(), ENOENT);
+  EXPECT_EQ(folder_.Get("x"), "(missing)");
+}
+
+TEST_F(PosixDiskTest, CreateMakesTheFileAndKeepsOneThatIsThere) {
+  Outcome outcome = Outcome::Failed("old", "", EIO);
+  EXPECT_NE(disk_.Open("New.CRD", OpenMode::kCreate, &outcome), nullptr);
+  EXPECT_TRUE(outcome);
+  EXPECT_EQ(folder_.Get("New.CRD"), "");
+  folder_.Put("Old.CRD", "content");
+  EXPECT_NE(disk_.Open("old.crd", OpenMode::kCreate), nullptr);
+  EXPECT_EQ(folder_.Get("Old.CRD"), "content");
+  EXPECT_THAT(NamesIn(""), ElementsAre("New.CRD", "Old.CRD"));
+  EXPECT_EQ(disk_.Open("No folder\\x", OpenMode::kCreate, &outcome), nullptr);
+  EXPECT_EQ(outcome.Error(), ENOENT);
+}
+
+TEST_F(PosixDiskTest, NoFolderAndNoPipeIsAFile) {
+  folder_.Put("Folder/x", "");
+  ASSERT_EQ(mkfifo(folder_.Path("Pipe").c_str(), 0600), 0);
+  Outcome outcome = Outcome::Done();
+  for (const OpenMode mode : {OpenMode::kRead, OpenMode::kReadWrite, OpenMode::kCreate}) {
+    EXPECT_EQ(disk_.Open("Folder", mode, &outcome), nullptr);
+    EXPECT_EQ(outcome.Error(), EISDIR);
+    EXPECT_EQ(disk_.Open("Pipe", mode, &outcome), nullptr);
+    EXPECT_NE(outcome.Error(), 0);
+  }
+  EXPECT_FALSE(disk_.ReadAll("Folder"));
+  EXPECT_FALSE(disk_.ReadAll("Pipe"));
+  EXPECT_FALSE(disk_.Exists("Pipe"));
+}
+
+TEST_F(PosixDiskTest, ReadAllGivesEveryByte) {
+  std::string bytes;
+  for (int i = 0; i < 200000; ++i)
+    bytes += static_cast<char>(static_cast<unsigned char>(i % 251));
+  folder_.Put("big", bytes);
+  folder_.Put("empty", "");
+  EXPECT_EQ(disk_.ReadAll("big").value().Bytes(), bytes);
+  EXPECT_EQ(disk_.ReadAll("empty"), ""_w);
+  EXPECT_FALSE(disk_.ReadAll("missing"));
+  EXPECT_FALSE(disk_.ReadAll(""));
+}
+
+TEST_F(PosixDiskTest, ReadAllReadsFilesThatHideTheirLength) {
+  // The system's own files say 0.
+  PosixDisk system("/proc/self");
+  EXPECT_THAT(system.ReadAll("status").value().Bytes(),
+              testing::HasSubstr("\nPid:\t" + std::to_string(getpid()) + "\n"));
+}
+
+TEST_F(PosixDiskTest, ReplaceMakesAndReplaces) {
+  EXPECT_TRUE(disk_.Replace("New.DVS", "$\r\n"));
+  EXPECT_EQ(folder_.Get("New.DVS"), "$\r\n");
+  EXPECT_TRUE(disk_.Replace("new.dvs", ""));
+  EXPECT_EQ(folder_.Get("New.DVS"), "");
+  EXPECT_THAT(NamesIn(""), ElementsAre("New.DVS"));
+}
+
+TEST_F(PosixDiskTest, ReplaceLeavesAnOpenReaderTheOldFile) {
+  folder_.Put("x", "old");
+  const auto reader = disk_.Open("x", OpenMode::kRead);
+  EXPECT_TRUE(disk_.Replace("x", "new and longer"));
+  std::array<char, 20> bytes{};
+  EXPECT_EQ(reader->ReadAt(0, bytes), 3u);
+  EXPECT_EQ(std::string(bytes.data(), 3), "old");
+  EXPECT_EQ(folder_.Get("x"), "new and longer");
+}
+
+TEST_F(PosixDiskTest, ReplaceThatFailsChangesNothing) {
+  folder_.Put("Folder/x", "inside");
+  EXPECT_FALSE(disk_.Replace("Folder", "bytes"));
+  EXPECT_EQ(disk_.Replace("No folder\\x", "bytes").Error(), ENOENT);
+  EXPECT_EQ(disk_.Replace(std::string_view("a\0b", 3), "bytes").Error(), ENOENT);
+  EXPECT_THAT(NamesIn(""), ElementsAre("Folder"));
+  EXPECT_EQ(folder_.Get("Folder/x"), "inside");
+}
+
+TEST_F(PosixDiskTest, ReplaceKeepsPermissions) {
+  folder_.Put("x", "old");
+  ASSERT_EQ(chmod(folder_.Path("x").c_str(), 0640), 0);
+  EXPECT_TRUE(disk_.Replace("x", "new"));
+  EXPECT_EQ(ModeOf("x"), 0640u);
+}
+
+TEST_F(PosixDiskTest, ReplaceWritesWhereALinkPoints) {
+  folder_.Put("real/x", "old");
+  std::filesystem::create_symlink("real/x", folder_.Path("link"));
+  EXPECT_TRUE(disk_.Replace("link", "new"));
+  EXPECT_EQ(folder_.Get("real/x"), "new");
+  EXPECT_TRUE(std::filesystem::is_symlink(folder_.Path("link")));
+  EXPECT_THAT(NamesIn("real"), ElementsAre("x"));
+}
+
+TEST_F(PosixDiskTest, CreateFolderIsDoneWhenItIsThere) {
+  EXPECT_TRUE(disk_.CreateFolder("Multimedia"));
+  EXPECT_TRUE(disk_.CreateFolder("Multimedia\\Im\xE1genes ACT"));
+  EXPECT_TRUE(std::filesystem::is_directory(folder_.Path("Multimedia/Im\xC3\xA1genes ACT")));
+  EXPECT_TRUE(disk_.CreateFolder("MULTIMEDIA"));
+  EXPECT_THAT(NamesIn(""), ElementsAre("Multimedia"));
+  folder_.Put("file", "");
+  EXPECT_EQ(disk_.CreateFolder("file").Error(), EEXIST);
+  EXPECT_EQ(disk_.CreateFolder("No\\way").Error(), ENOENT);
+}
+
+TEST_F(PosixDiskTest, RemoveTakesFilesAway) {
+  folder_.Put("x", "");
+  folder_.Put("Folder/y", "");
+  EXPECT_TRUE(disk_.Remove("X"));
+  EXPECT_EQ(disk_.Remove("x").Error(), ENOENT);
+  EXPECT_FALSE(disk_.Remove("Folder"));
+  EXPECT_THAT(NamesIn(""), ElementsAre("Folder"));
+}
+
+TEST_F(PosixDiskTest, ClearReadOnlyLetsTheOwnerWrite) {
+  folder_.Put("x", "");
+  ASSERT_EQ(chmod(folder_.Path("x").c_str(), 0444), 0);
+  EXPECT_TRUE(disk_.ClearReadOnly("x"));
+  EXPECT_EQ(ModeOf("x"), 0644u);
+  EXPECT_TRUE(disk_.ClearReadOnly("missing"));
+  EXPECT_TRUE(disk_.ClearReadOnly("no\\folder"));
+}
+
+TEST_F(PosixDiskTest, ListGivesFilesInAlphabeticalOrder) {
+  for (const char* name : {"b.jpg", "A.JPG", "c.jpeg", ".d.jpg", "\xE8\xBB\x8A.jpg", "\xC3\x91.jpg", "jpg"})
+    folder_.Put(std::string("Fondos/") + name, "");
+  folder_.Put("Fondos/folder.jpg/x", "");
+  std::filesystem::create_symlink("b.jpg", folder_.Path("Fondos/z.jpg"));
+  std::filesystem::create_symlink("nothing", folder_.Path("Fondos/y.jpg"));
+  EXPECT_THAT(disk_.List("FONDOS", ".Jpg"),
+              ElementsAre("?.jpg"_w, "A.JPG"_w, "b.jpg"_w, "z.jpg"_w, "\xC3\x91.jpg"_w));
+  EXPECT_THAT(disk_.List("Nothing", ".jpg"), ElementsAre());
+}
+
+}  // namespace
+}  // namespace vintoral
