@@ -21,8 +21,10 @@ void Form1::RetirarFicha() {
     return MidiWav("Sonidos\\Vintoral-7.wav");
   }
   TmrHoraFecha.SetEnabled(false);
+  SyncTogether onDisk(platform_.disk);
   if (LiberarPuesto(NumeroDeFicha())) {
     RegistrarHistorial();
+    onDisk.Finish().PassOver();
     RefrescarVista();
     LimpiarCampos();
     MidiWav("Sonidos\\Vintoral-4.wav");

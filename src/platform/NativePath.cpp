@@ -20,6 +20,12 @@ bool Present(const std::string& path) {
   return stat(path.c_str(), &status) == 0;
 }
 
+/// The photos are numbered, and their folders hold many thousands: a missing one is not looked for in all of
+/// them.
+bool OneSpelling(std::string_view name) {
+  return name.front() >= '0' && name.front() <= '9';
+}
+
 /// The name in `folder` that is `wanted` but for its case; "" when there is none.
 std::string NameIn(const std::string& folder, std::string_view wanted) {
   const std::unique_ptr<DIR, CloseFolder> open(opendir(folder.empty() ? "/" : folder.c_str()));
@@ -53,20 +59,13 @@ String StationName(std::string_view nativeName) {
 
 std::string FindIgnoringCase(const std::string& path) {
   if (Present(path)) return path;
-  std::string found;
-  for (std::size_t at = path.starts_with('/') ? 1 : 0; at < path.size();) {
-    const std::size_t end = std::min(path.find('/', at), path.size());
-    const std::string_view name = std::string_view(path).substr(at, end - at);
-    std::string next = found + "/" + std::string(name);
-    if (!Present(next)) {
-      const std::string other = NameIn(found, name);
-      if (other.empty()) return found + path.substr(at - 1);
-      next = found + "/" + other;
-    }
-    found = std::move(next);
-    at = end + 1;
-  }
-  return found;
+  const std::size_t slash = path.rfind('/');
+  if (slash == std::string::npos || slash + 1 == path.size()) return path;
+  // From the end: the folder is nearly always there as written, and a missing file costs two looks.
+  const std::string folder = FindIgnoringCase(path.substr(0, slash));
+  const std::string_view name = std::string_view(path).substr(slash + 1);
+  const std::string other = OneSpelling(name) ? std::string() : NameIn(folder, name);
+  return folder + "/" + (other.empty() ? std::string(name) : other);
 }
 
 }  // namespace vintoral

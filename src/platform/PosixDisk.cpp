@@ -81,7 +81,8 @@ int WriteBeside(const std::string& temporary, const std::string& path, std::stri
                                    : OpenRegular(temporary, O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW);
     error = descriptor < 0 ? errno : 0;
     if (error != 0) continue;
-    PosixFile file(descriptor, temporary, "");
+    PendingSyncs none;
+    PosixFile file(descriptor, temporary, "", none);
     const Outcome filled = Fill(file, descriptor, path, bytes);
     if (!filled) return filled.Error();
     if (unnamed && !GiveName(descriptor, temporary)) continue;
@@ -137,7 +138,7 @@ std::unique_ptr<DiskFile> PosixDisk::Open(std::string_view path, OpenMode mode, 
   }
   if (outcome) *outcome = descriptor < 0 ? Outcome::Failed("open", native, errno) : Outcome::Done();
   if (descriptor < 0) return nullptr;
-  return std::make_unique<PosixFile>(descriptor, std::move(native), std::move(newIn));
+  return std::make_unique<PosixFile>(descriptor, std::move(native), std::move(newIn), pending_);
 }
 
 std::optional<String> PosixDisk::ReadAll(std::string_view path) {

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "platform/Disk.h"
+#include "platform/PendingSyncs.h"
 
 namespace vintoral {
 
@@ -30,11 +31,15 @@ class PosixDisk final : public Disk {
   /// them, and is found by it.
   std::vector<String> List(std::string_view folder, std::string_view ending) const override;
 
+  void BeginTogether() override { pending_.Begin(); }
+  Outcome EndTogether() override { return pending_.End(); }
+
   /// The path of this system for station text: exact as the text says, not looked up on the disk.
   std::string PathOf(std::string_view path) const;
 
  private:
   std::string folder_;
+  PendingSyncs pending_;
 };
 
 }  // namespace vintoral

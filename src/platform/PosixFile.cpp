@@ -107,14 +107,10 @@ std::optional<std::uint64_t> PosixFile::Length() {
 }
 
 Outcome PosixFile::Sync() {
-  int result = 0;
-  do
-    result = fdatasync(descriptor_);
-  while (result != 0 && errno == EINTR);
-  if (result != 0 && !Unsupported(errno)) return Failed("sync");
   if (!newIn_.empty()) SyncFolder(newIn_);
   newIn_.clear();
-  return Outcome::Done();
+  if (pending_.Waiting() && pending_.Add(descriptor_, path_)) return Outcome::Done();
+  return SyncData(descriptor_, path_);
 }
 
 Outcome PosixFile::Reserve(std::uint64_t length) {

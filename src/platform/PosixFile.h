@@ -5,15 +5,16 @@
 #include <string>
 
 #include "platform/Disk.h"
+#include "platform/PendingSyncs.h"
 
 namespace vintoral {
 
 class PosixFile final : public DiskFile {
  public:
   /// Owns `descriptor`. `path` is for messages; `newIn` is the folder that has to be synced with the file
-  /// because its name is new there, else "".
-  PosixFile(int descriptor, std::string path, std::string newIn)
-      : descriptor_(descriptor), path_(std::move(path)), newIn_(std::move(newIn)) {}
+  /// because its name is new there, else "". `pending` takes the syncs that may wait, and outlives the file.
+  PosixFile(int descriptor, std::string path, std::string newIn, PendingSyncs& pending)
+      : descriptor_(descriptor), path_(std::move(path)), newIn_(std::move(newIn)), pending_(pending) {}
   ~PosixFile() override;
   PosixFile(const PosixFile&) = delete;
   PosixFile& operator=(const PosixFile&) = delete;
@@ -32,6 +33,7 @@ class PosixFile final : public DiskFile {
   int descriptor_;
   std::string path_;
   std::string newIn_;
+  PendingSyncs& pending_;
   std::optional<std::int64_t> lockedAt_;
 };
 
