@@ -9,7 +9,7 @@ namespace vintoral {
 
 namespace {
 
-constexpr int kSmallestPixels = 10;
+constexpr int kSmallestPixels = 10, kLargePixels = 28;
 
 }  // namespace
 
@@ -32,7 +32,9 @@ QFont CaptionLabel::FittingFont() const {
   const int room = width() - 2 * look_.padding;
   QFont font = theme::TextFont(look_.pixels, look_.weight);
   const int needed = QFontMetrics(font).horizontalAdvance(caption_);
-  if (needed > room && needed > 0) font.setPixelSize(std::max(kSmallestPixels, look_.pixels * room / needed));
+  int pixels = std::min(look_.pixels, height() * 5 / 6);
+  if (needed > room && needed > 0) pixels = std::min(pixels, look_.pixels * room / needed);
+  font.setPixelSize(std::max(kSmallestPixels, pixels));
   return font;
 }
 
@@ -47,7 +49,8 @@ QSize CaptionLabel::sizeHint() const {
 }
 
 QSize CaptionLabel::minimumSizeHint() const {
-  return {0, QFontMetrics(theme::TextFont(look_.pixels, look_.weight)).height()};
+  // A large text may give way on a small screen, down to this.
+  return {0, QFontMetrics(theme::TextFont(std::min(look_.pixels, kLargePixels), look_.weight)).height()};
 }
 
 void CaptionLabel::paintEvent(QPaintEvent* /*event*/) {

@@ -32,6 +32,8 @@ CaptionLabel* NewInfo(const QString& sample, QRgb color, QWidget* parent) {
 CellSheet::CellSheet(Stage& stage, QWidget* parent) : QWidget(parent) {
   wallpaper_ = new PictureView({QString(), true, true}, this);
   Bind(stage, stage.form.ImgFondo, *wallpaper_);
+  ground_ = NewInfo(QString(), theme::kMuted, this);
+  Bind(stage, stage.form.LblFondo, *ground_);
   auto* const drawing = new PictureView({}, this);
   Bind(stage, stage.form.PctFicha, *drawing);
   for (std::size_t i = 0; i < cells_.size(); ++i) {
@@ -58,6 +60,7 @@ void CellSheet::resizeEvent(QResizeEvent* /*event*/) {
 
 void CellSheet::Place() {
   wallpaper_->setGeometry(rect());
+  ground_->setGeometry(0, height() - kHeadRow, width(), kHeadRow);
   for (std::size_t i = 0; i < cells_.size(); ++i)
     cells_[i]->setGeometry(CellRect(static_cast<int>(i)).adjusted(2, 2, -2, -2));
   frame_->setGeometry(CellRect(-1));
@@ -97,7 +100,7 @@ QWidget* GridPanel::BuildHead(Stage& stage) {
   Bind(stage, stage.form.LblInfo[4], *counter);
   row->addStretch(1);
   auto* const minutes = new ListField(true, head);
-  minutes->setFixedWidth(190);
+  minutes->setFixedWidth(164);
   row->addWidget(minutes);
   Bind(stage, stage.form.CboMinutos, *minutes);
   icon(stage.form.ImgCambiarFondo, QStringLiteral("ImgCambiarFondo"));

@@ -8,7 +8,7 @@
 
 namespace vintoral {
 
-class Mirror;
+class CaptionLabel;
 class PictureView;
 struct Stage;
 
@@ -26,6 +26,7 @@ class CellSheet : public QWidget {
   void Place();
   PictureView* wallpaper_;
   std::array<PictureView*, 50> cells_{};
+  CaptionLabel* ground_;
   QWidget* shade_;
   CellFrame* frame_;
 };

@@ -49,7 +49,7 @@ void ListField::paintEvent(QPaintEvent* /*event*/) {
   QStylePainter painter(this);
   QStyleOptionComboBox option;
   initStyleOption(&option);
-  option.currentText = text_.trimmed();
+  option.currentText = text_;
   painter.drawComplexControl(QStyle::CC_ComboBox, option);
   if (editor_ == nullptr) painter.drawControl(QStyle::CE_ComboBoxLabel, option);
 }

@@ -8,6 +8,7 @@ namespace vintoral {
 
 View::View(Control& control, QWidget& widget) : control_(control), widget_(widget) {
   widget_.setObjectName(QString::fromStdString(control_.Name));
+  widget_.setAttribute(Qt::WA_NoMousePropagation);  // a click belongs to one control
   // What is hidden keeps its place, so that nothing else moves.
   QSizePolicy policy = widget_.sizePolicy();
   policy.setRetainSizeWhenHidden(true);

@@ -91,7 +91,7 @@ class ComboBoxView : public TypedView<ComboBox, ListField> {
     const bool rows = rows_.Changed(model.List());
     if (rows) face.ShowRows(model.List());
     if (rows | index_.Changed(model.ListIndex()) | text_.Changed(model.Text()))
-      face.ShowRow(model.ListIndex(), ToQString(model.Text()));
+      face.ShowRow(model.ListIndex(), ToQString(TrimView(model.Text())));
   }
 
  private:

@@ -1,0 +1,171 @@
+// What a key, a paste and the mouse do in the fields.
+#include <QApplication>
+#include <QClipboard>
+#include <QInputMethodEvent>
+#include <QLineEdit>
+#include <QTest>
+
+#include "gui/Gate.h"
+
+namespace vintoral::test {
+namespace {
+
+class Fields : public Gate {
+ protected:
+  Fields() { Start(); }
+  /// The form for a new ficha, the plate under the caret.
+  void OpenNew() {
+    Type("7");
+    Key(Qt::Key_Return);
+    ASSERT_EQ(Focused(), "TxtCampo(1)");
+  }
+};
+
+TEST_F(Fields, NumberTakesDigitsAndBeepsAtTheRest) {
+  Type("1a2-3ñ");
+  EXPECT_EQ(Shown("TxtCampo(0)"), "123");
+  EXPECT_EQ(screen_.Beeps, 3);
+  Key(Qt::Key_Backspace);
+  EXPECT_EQ(Shown("TxtCampo(0)"), "12");
+  EXPECT_EQ(screen_.Beeps, 3);
+}
+
+TEST_F(Fields, KeypadTypesDigits) {
+  Key(Qt::Key_4, Qt::KeypadModifier);
+  Key(Qt::Key_2, Qt::KeypadModifier);
+  EXPECT_EQ(Shown("TxtCampo(0)"), "42");
+}
+
+TEST_F(Fields, CapitalsAsTypedWithTheCaretKept) {
+  OpenNew();
+  Type("abñ9");
+  auto& field = Face<QLineEdit>("TxtCampo(1)");
+  EXPECT_EQ(field.text(), "ABÑ9");
+  Key(Qt::Key_Left);
+  Key(Qt::Key_Left);
+  Type("x");
+  EXPECT_EQ(field.text(), "ABXÑ9");
+  EXPECT_EQ(field.cursorPosition(), 3);
+}
+
+TEST_F(Fields, PunctuationIsNoCommandKey) {
+  OpenNew();
+  Type(".-'$#(!%&");
+  EXPECT_EQ(Shown("TxtCampo(1)"), ".-'$#(!%&");
+  EXPECT_TRUE(boxes_.empty());
+}
+
+TEST_F(Fields, FieldHoldsWhatARegisterHolds) {
+  OpenNew();
+  Type("123456789012345678901234");
+  EXPECT_EQ(Shown("TxtCampo(1)"), "12345678901234567890");
+}
+
+TEST_F(Fields, PasteGoesThroughTheRulesOfTyping) {
+  OpenNew();
+  QApplication::clipboard()->setText(QStringLiteral("kl\tm\x01 48ñ"));
+  Key(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(Shown("TxtCampo(1)"), "KLM 48Ñ");
+}
+
+TEST_F(Fields, PasteKeyBeepsWhereTheRulesKeepItOut) {
+  QApplication::clipboard()->setText(QStringLiteral("12"));
+  Key(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(Shown("TxtCampo(0)"), "");
+  EXPECT_EQ(screen_.Beeps, 1);
+}
+
+TEST_F(Fields, CommandKeysLeaveNoCharacter) {
+  OpenNew();
+  Key(Qt::Key_A, Qt::ControlModifier);
+  Key(Qt::Key_X, Qt::ControlModifier);
+  EXPECT_EQ(Shown("TxtCampo(1)"), "");
+  EXPECT_EQ(screen_.Beeps, 0);
+}
+
+TEST_F(Fields, ComposedCharactersAreTyped) {
+  OpenNew();
+  QInputMethodEvent composed;
+  composed.setCommitString(QStringLiteral("é世"));
+  QCoreApplication::sendEvent(&Face("TxtCampo(1)"), &composed);
+  EXPECT_EQ(Shown("TxtCampo(1)"), "É?");
+  EXPECT_EQ(form_->TxtCampo[1].Text(), "É?"_w);
+}
+
+TEST_F(Fields, MouseMovesTheCaretAndDoubleClickMarksAll) {
+  OpenNew();
+  Type("abcdef");
+  auto& field = Face<QLineEdit>("TxtCampo(1)");
+  const QPoint start = field.mapTo(window_.get(), QPoint(3, field.height() / 2));
+  QTest::mouseClick(window_->windowHandle(), Qt::LeftButton, Qt::NoModifier, start);
+  Type("x");
+  EXPECT_EQ(field.text(), "XABCDEF");
+  QTest::mouseDClick(window_->windowHandle(), Qt::LeftButton, Qt::NoModifier, start);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(field.selectedText(), "XABCDEF");
+  Type("z");
+  EXPECT_EQ(field.text(), "Z");
+}
+
+TEST_F(Fields, MarkedTextIsReplaced) {
+  OpenNew();
+  Type("abcdef");
+  auto& field = Face<QLineEdit>("TxtCampo(1)");
+  QWindow* const window = window_->windowHandle();
+  const QPoint start = field.mapTo(window_.get(), QPoint(2, field.height() / 2));
+  QTest::mousePress(window, Qt::LeftButton, Qt::NoModifier, start);
+  QTest::mouseMove(window, start + QPoint(field.width() - 8, 0));
+  QTest::mouseRelease(window, Qt::LeftButton, Qt::NoModifier, start + QPoint(field.width() - 8, 0));
+  EXPECT_EQ(form_->TxtCampo[1].SelLength, 6U);
+  Type("q");
+  EXPECT_EQ(field.text(), "Q");
+}
+
+TEST_F(Fields, TabWalksAndTheFocusIsMirrored) {
+  OpenNew();
+  Key(Qt::Key_Tab);
+  EXPECT_EQ(Focused(), "TxtCampo(2)");
+  Key(Qt::Key_Backtab, Qt::ShiftModifier);
+  EXPECT_EQ(Focused(), "TxtCampo(1)");
+  EXPECT_EQ(form_->Focus(), &form_->TxtCampo[1]);
+}
+
+TEST_F(Fields, TheFocusCanBeSeen) {
+  OpenNew();
+  const QImage with = Picture(Face("TxtCampo(2)"));
+  Key(Qt::Key_Tab);
+  EXPECT_NE(Picture(Face("TxtCampo(2)")), with);
+}
+
+TEST_F(Fields, CategoryByControlAndDigitByListAndByArrow) {
+  OpenNew();
+  const auto& categories = form_->CboTarifa[1].List();
+  ASSERT_GE(categories.size(), 3U);
+  Key(Qt::Key_2, Qt::ControlModifier);
+  EXPECT_EQ(form_->CboTarifa[1].ListIndex(), 1);
+  EXPECT_EQ(Shown("CboTarifa(1)"), QString::fromStdString(categories[1].ToUtf8()));
+  Click("CboTarifa(1)");  // opens
+  QWidget* const popup = QApplication::activePopupWidget();
+  ASSERT_NE(popup, nullptr);
+  QTest::keyClick(popup->focusWidget(), Qt::Key_Down);
+  QTest::keyClick(popup->focusWidget(), Qt::Key_Return);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(form_->CboTarifa[1].ListIndex(), 2);
+  EXPECT_EQ(Focused(), "CboTarifa(1)");
+  Key(Qt::Key_Up);
+  EXPECT_EQ(Shown("CboTarifa(1)"), QString::fromStdString(categories[1].ToUtf8()));
+}
+
+TEST_F(Fields, LabelIsEditedInPlaceAndKept) {
+  Click("PctEtiqueta(2)");
+  EXPECT_EQ(Focused(), "TxtEtiqueta(2)");
+  Type("dueño");
+  EXPECT_EQ(Shown("TxtEtiqueta(2)").trimmed(), "DUEÑO");
+  Key(Qt::Key_Return);
+  EXPECT_NE(Focused(), "TxtEtiqueta(2)");
+  Restart();
+  EXPECT_EQ(Shown("TxtEtiqueta(2)").trimmed(), "DUEÑO");
+}
+
+}  // namespace
+}  // namespace vintoral::test

@@ -1,0 +1,113 @@
+#include "gui/Gate.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPixmap>
+#include <QTest>
+#include <QWindow>
+
+#include "platform/NativePath.h"
+#include "window/CaptionLabel.h"
+#include "window/ListField.h"
+
+namespace vintoral::test {
+
+Gate::Gate() : disk_(folder_.Path()) {
+  Civil start;
+  start.year = 2026;
+  start.month = 11;
+  start.day = 20;
+  start.hour = 14;
+  clock_.Set(*Moment::From(start));
+  // A shortcut is there already: no welcome.
+  folder_.Put("Desktop/Vintoral.desktop", "[Desktop Entry]\n");
+  system_.Desktop = folder_.Path("Desktop");
+  screen_.OnShown = [this](QMessageBox& dialog, const Box& box) { AnswerBox(dialog, box); };
+}
+
+Gate::~Gate() = default;
+
+void Gate::Start() {
+  form_ = std::make_unique<Form1>(Platform{clock_, screen_, sound_, system_, disk_});
+  window_ = std::make_unique<MainWindow>(*form_, [this](std::string_view path) {
+    return QString::fromStdString(FindIgnoringCase(disk_.PathOf(path)));
+  });
+  screen_.Owner = window_.get();
+  screen_.BeforeWaiting = [this] { window_->Refresh(); };
+  form_->Form_Load();
+  window_->resize(1366, 768);
+  window_->show();
+  QApplication::setActiveWindow(window_.get());
+  constexpr std::int64_t kUntilClockRuns = 3'600;
+  Advance(kUntilClockRuns);
+}
+
+void Gate::Restart() {
+  form_->TotalFichas = 0;
+  form_->CerrarVentana();
+  window_.reset();
+  Start();
+}
+
+void Gate::Advance(std::int64_t milliseconds) {
+  AdvanceTime(clock_, *form_, milliseconds);
+  window_->Refresh();
+  QCoreApplication::processEvents();
+}
+
+void Gate::Key(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+  QTest::keyClick(window_->windowHandle(), key, modifiers);
+  QCoreApplication::processEvents();
+}
+
+void Gate::Type(const QString& text) {
+  for (const QChar letter : text) {
+    const int key = letter.toUpper().unicode();
+    QTest::simulateEvent(window_->windowHandle(), true, key, Qt::NoModifier, letter, false);
+    QTest::simulateEvent(window_->windowHandle(), false, key, Qt::NoModifier, letter, false);
+  }
+  QCoreApplication::processEvents();
+}
+
+void Gate::Click(const QString& name) {
+  QWidget& face = Face(name);
+  const QPoint at = face.mapTo(window_.get(), face.rect().center());
+  QTest::mouseClick(window_->windowHandle(), Qt::LeftButton, Qt::NoModifier, at);
+  QCoreApplication::processEvents();
+}
+
+void Gate::AnswerBox(QMessageBox& dialog, const Box& box) {
+  boxes_.push_back(box);
+  if (answers_.empty()) {
+    ADD_FAILURE() << "unexpected box: " << box.text.ToUtf8();
+    return dialog.reject();
+  }
+  const Answer answer = answers_.front();
+  answers_.pop_front();
+  const auto at = std::find(box.buttons.begin(), box.buttons.end(), answer) - box.buttons.begin();
+  ASSERT_LT(at, static_cast<std::ptrdiff_t>(box.buttons.size())) << "no such button in " << box.text.ToUtf8();
+  QTest::mouseClick(dialog.buttons().at(at), Qt::LeftButton);
+}
+
+QString Gate::Focused() const {
+  const QWidget* const focus = window_->focusWidget();
+  return focus == nullptr ? QString() : focus->objectName();
+}
+
+QString Gate::Shown(const QString& name) {
+  QWidget& face = Face(name);
+  if (const auto* label = dynamic_cast<CaptionLabel*>(&face)) return label->Caption();
+  if (const auto* field = dynamic_cast<QLineEdit*>(&face)) return field->text();
+  if (const auto* list = dynamic_cast<ListField*>(&face)) return list->Shown();
+  ADD_FAILURE() << name.toStdString() << " shows no text";
+  return {};
+}
+
+QImage Gate::Picture(QWidget& widget) {
+  return widget.grab().toImage();
+}
+
+}  // namespace vintoral::test

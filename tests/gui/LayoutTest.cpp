@@ -1,0 +1,115 @@
+// Everything has its place, whole and unmoved, on the smallest screen and at every scale.
+#include <QCoreApplication>
+#include <QLineEdit>
+#include <QMap>
+
+#include "gui/Gate.h"
+#include "window/CaptionLabel.h"
+
+namespace vintoral::test {
+namespace {
+
+class Layout : public Gate {
+ protected:
+  Layout() { Start(); }
+  QMap<QString, QRect> Places() const {
+    QMap<QString, QRect> places;
+    for (const Control* control : form_->Controls()) {
+      const QWidget* const widget = window_->Shown().WidgetOf(*control);
+      if (widget == nullptr) continue;
+      places[widget->objectName()] = QRect(widget->mapTo(window_.get(), QPoint()), widget->size());
+    }
+    return places;
+  }
+  void ExpectAllInside() {
+    for (const auto& [name, place] : Places().toStdMap())
+      EXPECT_TRUE(window_->rect().contains(place)) << name.toStdString();
+  }
+};
+
+TEST_F(Layout, EveryControlHasItsWidget) {
+  for (const Control* control : form_->Controls()) {
+    if (control->Name.rfind("Tmr", 0) == 0 || control->Name == "FilFondos") continue;
+    EXPECT_NE(window_->findChild<QWidget*>(QString::fromStdString(control->Name)), nullptr) << control->Name;
+  }
+}
+
+TEST_F(Layout, FitsTheSmallScreens) {
+  for (const QSize screen : {QSize(1366, 768), QSize(1093, 614), QSize(1280, 720)}) {
+    EXPECT_LE(window_->minimumSizeHint().width(), screen.width());
+    EXPECT_LE(window_->minimumSizeHint().height(), screen.height());
+    window_->resize(screen);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window_->size(), screen);
+    ExpectAllInside();
+  }
+}
+
+TEST_F(Layout, FillsAWideScreen) {
+  window_->resize(3840, 2160);
+  QCoreApplication::processEvents();
+  ExpectAllInside();
+  EXPECT_GT(Face("FraFicha").width(), 2000);
+}
+
+TEST_F(Layout, CaptionsCanBeReadWhole) {
+  form_->LblFechaEnt.Caption = "23:59  (28/12/2026)"_w;
+  form_->LblFechaSal.Caption = "23:59  (28/12/2026)"_w;
+  form_->LblValor.Caption = "$ 99999999.00"_w;
+  form_->LblInfo[0].Caption = "1000 ( 20/20 )  "_w;
+  form_->LblInfo[1].Caption = "365D 23H 59M "_w;
+  form_->LblInfo[3].Caption = "IMPOSIBLE ENVIAR"_w;
+  form_->LblInfo[4].Caption = "1000"_w;
+  form_->LblWebCamMsg.Caption = "SIN IMAGEN"_w;
+  form_->LblPuntos[1].Caption = "999999"_w;
+  form_->LblCambio.Caption = "99999999.99"_w;
+  for (Label& row : form_->LblCampo)
+    row.Caption = "MARIA DEL MAR GÓMEZ"_w;
+  form_->LblCampo[0].Caption = "1000"_w;
+  for (const QSize screen : {QSize(1366, 768), QSize(1093, 614)}) {
+    window_->resize(screen);
+    window_->Refresh();
+    QCoreApplication::processEvents();
+    for (const QWidget* widget : window_->findChildren<QWidget*>()) {
+      const auto* const label = dynamic_cast<const CaptionLabel*>(widget);
+      if (label == nullptr) continue;
+      EXPECT_TRUE(label->Fits()) << label->Caption().toStdString() << " " << screen.width();
+    }
+  }
+}
+
+TEST_F(Layout, LabelsFitBesideTheirFields) {
+  for (int i = 0; i < 6; ++i) {
+    auto& label = Face<QLineEdit>(QStringLiteral("TxtEtiqueta(%1)").arg(i));
+    EXPECT_LT(label.fontMetrics().horizontalAdvance(label.text().trimmed()), label.width() - 16) << i;
+  }
+}
+
+TEST_F(Layout, NothingMovesWhenThingsComeAndGo) {
+  const QMap<QString, QRect> idle = Places();
+  for (Control* control : form_->Controls()) {
+    if (control->Name.rfind("Tmr", 0) != 0) control->Visible = !control->Visible;
+  }
+  form_->LblValor.Caption = "$ 123456789.00"_w;
+  form_->LblInfo[4].Caption = "1000"_w;
+  form_->LblFechaEnt.Caption = {};
+  window_->Refresh();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(Places(), idle);
+}
+
+TEST_F(Layout, HidingShowsOnScreen) {
+  form_->LblInfo[2].Visible = false;
+  form_->PctBoton[5].Visible = true;
+  window_->Refresh();
+  EXPECT_FALSE(Face("LblInfo(2)").isVisible());
+  EXPECT_TRUE(Face("PctBoton(5)").isVisible());
+}
+
+TEST_F(Layout, AListIsOpenedOnlyWhereItsTextCanBeRead) {
+  auto& list = Face("CboTarifa(1)");
+  EXPECT_GE(list.width(), list.fontMetrics().horizontalAdvance("AUTOMOVIL FRECUENTE"));
+}
+
+}  // namespace
+}  // namespace vintoral::test

@@ -1,0 +1,91 @@
+// The mirror touches what changed and nothing else.
+#include <QCoreApplication>
+#include <QEvent>
+#include <QPainter>
+#include <QSet>
+
+#include "gui/Gate.h"
+#include "window/PictureView.h"
+
+namespace vintoral::test {
+namespace {
+
+/// Names of the widgets that were painted.
+class Paints : public QObject {
+ public:
+  explicit Paints(QWidget& window) {
+    for (QWidget* child : window.findChildren<QWidget*>())
+      child->installEventFilter(this);
+  }
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::Paint && !watched->objectName().isEmpty()) Names << watched->objectName();
+    return false;
+  }
+  QSet<QString> Names;
+};
+
+class Mirrored : public Gate {
+ protected:
+  Mirrored() {
+    Start();
+    QCoreApplication::processEvents();
+  }
+};
+
+TEST_F(Mirrored, UnchangedModelPaintsNothing) {
+  Paints paints(*window_);
+  window_->Refresh();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(paints.Names, QSet<QString>());
+}
+
+TEST_F(Mirrored, AKeyPaintsItsFieldAlone) {
+  Paints paints(*window_);
+  Type("5");
+  EXPECT_TRUE(paints.Names.contains("TxtCampo(0)"));
+  EXPECT_FALSE(paints.Names.contains("ImgFondo"));
+  EXPECT_FALSE(paints.Names.contains("LblFechaEnt"));
+  EXPECT_FALSE(paints.Names.contains("PctBoton(3)"));
+}
+
+TEST_F(Mirrored, PicturesComeFromTheStationsFolder) {
+  std::filesystem::create_directories(folder_.Path("Fondos"));
+  QImage red(40, 30, QImage::Format_RGB32);
+  red.fill(Qt::red);
+  ASSERT_TRUE(red.save(QString::fromStdString(folder_.Path("Fondos/Rojo.jpg"))));
+  form_->ImgFondo.Picture = "FONDOS\\ROJO.JPG"_w;
+  window_->Refresh();
+  const QColor shown = Picture(Face("ImgFondo")).pixelColor(20, 20);
+  EXPECT_GT(shown.red(), 240);
+  EXPECT_LT(shown.green(), 20);
+}
+
+TEST_F(Mirrored, ADamagedPictureIsBlank) {
+  const QImage blank = Picture(Face("Picture2"));
+  folder_.Put("mala.jpg", "\xFF\xD8\xFF\xE0 no picture at all");
+  form_->Picture2.Picture = "mala.jpg"_w;
+  form_->Picture2.Visible = true;
+  window_->Refresh();
+  EXPECT_EQ(Picture(Face("Picture2")), blank);
+}
+
+TEST_F(Mirrored, ANewPhotoUnderTheSameNameIsShown) {
+  const QString file = QString::fromStdString(folder_.Path("foto.png"));
+  QImage photo(40, 30, QImage::Format_RGB32);
+  photo.fill(Qt::red);
+  ASSERT_TRUE(photo.save(file));
+  form_->Picture2.Picture = "foto.png"_w;
+  form_->Picture2.Visible = true;
+  window_->Refresh();
+  const QImage before = Picture(Face("Picture2"));
+  photo.fill(Qt::blue);
+  ASSERT_TRUE(photo.save(file));
+  form_->Picture2.Visible = false;
+  window_->Refresh();
+  form_->Picture2.Visible = true;
+  window_->Refresh();
+  EXPECT_NE(Picture(Face("Picture2")), before);
+}
+
+}  // namespace
+}  // namespace vintoral::test
