@@ -10,6 +10,7 @@ namespace vintoral {
 namespace {
 
 using Type = std::uint16_t;
+constexpr Type kEmpty = 0;
 constexpr Type kNumber = 2;
 constexpr Type kText = 8;
 
@@ -40,6 +41,8 @@ class Reader {
     const Type type = Take<Type>();
     if (type == kNumber) return Take<std::int16_t>();
     if (type == kText) return String(TakeBytes(Take<std::uint16_t>()));
+    // A type that does not exist hides where the next field begins.
+    if (type != kEmpty) rest_ = {};
     return std::monostate{};
   }
 
@@ -74,7 +77,7 @@ class Writer {
       Put(static_cast<std::uint16_t>(cut.size()));
       at_ = std::copy(cut.begin(), cut.end(), at_);
     } else {
-      Put<Type>(0);
+      Put<Type>(kEmpty);
     }
   }
 
