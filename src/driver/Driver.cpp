@@ -75,7 +75,8 @@ void Driver::Dispatch(const Json& operation) {
   if (!station_) throw std::runtime_error("no station is started");
   if (station_->form.Terminado()) throw std::runtime_error("the program has ended");
   if (name == "answer") return AnswerBox(operation);
-  if (name == "advance" || name == "clock") return Advance(operation);
+  if (name == "advance") return Advance(operation);
+  if (name == "clock") return station_->platform.Clock.Set(ParseMoment(Field<std::string>(operation, "now")));
   if (name == "fare") return Fare(operation);
   if (name == "get" || name == "state" || name == "view") return Look(name, operation);
   RequireIdle();
@@ -106,12 +107,10 @@ void Driver::AnswerBox(const Json& operation) {
 }
 
 void Driver::Advance(const Json& operation) {
-  VirtualClock& clock = station_->platform.Clock;
-  if (operation.contains("now")) return clock.Set(ParseMoment(Field<std::string>(operation, "now")));
   constexpr std::int64_t kMonth = 31LL * 24 * 3600 * 1000;
   const auto milliseconds = Field<std::int64_t>(operation, "ms");
   if (milliseconds < 0 || milliseconds > kMonth) throw std::runtime_error("field 'ms' is out of range");
-  AdvanceTime(clock, station_->form, milliseconds);
+  AdvanceTime(station_->platform.Clock, station_->form, milliseconds);
 }
 
 Control& Driver::FindControl(const Json& operation) const {
@@ -177,8 +176,7 @@ void Driver::Look(const std::string& name, const Json& operation) {
     return;
   }
   Json values = Json::object();
-  for (const Json& wanted : Field<Json>(operation, "controls")) {
-    const auto control = wanted.get<std::string>();
+  for (const auto& control : Field<std::vector<std::string>>(operation, "controls")) {
     values[control] = PropertiesOf(FindControl(Json{{"control", control}}));
   }
   (*reply_)["values"] = std::move(values);

@@ -6,13 +6,27 @@
 #include "platform/DesktopEntry.h"
 
 namespace vintoral {
+namespace {
+
+/// A box is up for as long as this lives: a wait that is broken off by an exception takes it down too.
+class Raised {
+ public:
+  Raised(std::vector<const Box*>& boxes, const Box& box) : boxes_(boxes) { boxes_.push_back(&box); }
+  Raised(const Raised&) = delete;
+  Raised& operator=(const Raised&) = delete;
+  ~Raised() { boxes_.pop_back(); }
+
+ private:
+  std::vector<const Box*>& boxes_;
+};
+
+}  // namespace
 
 vintoral::Answer RecordingScreen::Show(const Box& box) {
-  boxes_.push_back(&box);
+  const Raised raised(boxes_, box);
   answer_.reset();
   while (!answer_ && !closed_ && OnWait)
     OnWait();
-  boxes_.pop_back();
   if (answer_ && !closed_) return *std::exchange(answer_, std::nullopt);
   for (const vintoral::Answer harmless : {vintoral::Answer::kCancel, vintoral::Answer::kNo}) {
     if (std::find(box.buttons.begin(), box.buttons.end(), harmless) != box.buttons.end()) return harmless;
