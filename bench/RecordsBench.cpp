@@ -1,0 +1,171 @@
+// What the registers cost beside reading the same bytes with plain system calls: the reference stands before
+// each measured work, on the same files, in the same run.
+#include <benchmark/benchmark.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+
+#include "common/Numbers.h"
+#include "platform/PosixDisk.h"
+#include "records/ArchivosNuevos.h"
+#include "records/BuscarPlaca.h"
+#include "records/Monitores.h"
+
+namespace vintoral {
+namespace {
+
+constexpr const char* kAct = "Vintoral.ACT";
+constexpr const char* kUsr = "Vintoral.USR";
+constexpr std::int64_t kSlots = 1000;
+constexpr int kUsers = 100'000;
+
+void FillSlots(Disk& disk) {
+  disk.Replace(kAct, ActNuevo()).PassOver();
+  Registro<RegistroFicha> act(disk, kAct, OpenMode::kReadWrite);
+  for (std::int64_t number = 1; number <= kSlots; ++number) {
+    RegistroFicha ficha;
+    ficha.EnUso = true;
+    ficha.NumeroFicha = Digits(number, 4);
+    ficha.Placa = "ABC"_w + Digits(number, 4);
+    ficha.Nombre = "JUAN";
+    ficha.MarcaEntrada = "08:15  (03/02/2026)";
+    ficha.MarcaSalida = "??";
+    ficha.PorteriaEntrada = "01";
+    ficha.PorteriaSalida = "??";
+    ficha.Posicion = static_cast<std::int32_t>(number);
+    act.Write(number, ficha, false).PassOver();
+  }
+}
+
+void FillUsers(Disk& disk) {
+  std::string bytes;
+  for (int number = 1; number <= kUsers; ++number) {
+    RegistroUsuario user;
+    // All letters, so that the first one tells as little as it does in life.
+    user.Placa = String(1, static_cast<char>('A' + number % 26)) + "BC"_w + Digits(number);
+    const auto encoded = user.Encode();
+    bytes.append(encoded.data(), encoded.size());
+  }
+  disk.Replace(kUsr, bytes).PassOver();
+}
+
+/// A folder with a full house and very many users, made once.
+class Premises {
+ public:
+  Premises() : disk_(Make()) {
+    FillSlots(disk_);
+    FillUsers(disk_);
+  }
+  ~Premises() {
+    std::error_code ignored;
+    std::filesystem::remove_all(disk_.CurrentFolder().ToUtf8(), ignored);
+  }
+  Premises(const Premises&) = delete;
+  Premises& operator=(const Premises&) = delete;
+
+  PosixDisk& disk() { return disk_; }
+
+ private:
+  static std::string Make() {
+    std::string name = (std::filesystem::temp_directory_path() / "vintoral-bench-XXXXXX").string();
+    return mkdtemp(name.data()) ? name : "/nonexistent";
+  }
+  PosixDisk disk_;
+};
+
+Premises& TheHouse() {
+  static Premises premises;
+  return premises;
+}
+
+/// The reference: open, one read of the whole file into memory that is there already, close.
+std::size_t ReadWhole(const std::string& path, std::vector<char>& into) {
+  const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  struct stat status {};
+  fstat(descriptor, &status);
+  into.resize(static_cast<std::size_t>(status.st_size));
+  const ssize_t got = read(descriptor, into.data(), into.size());
+  close(descriptor);
+  return got < 0 ? 0 : static_cast<std::size_t>(got);
+}
+
+void OneReadOfAct(benchmark::State& state) {
+  const std::string path = TheHouse().disk().PathOf(kAct);
+  std::vector<char> bytes;
+  for (auto _ : state)
+    benchmark::DoNotOptimize(ReadWhole(path, bytes));
+}
+BENCHMARK(OneReadOfAct)->Unit(benchmark::kMicrosecond);
+
+void ViewOf1000Inside(benchmark::State& state) {
+  PosixDisk& disk = TheHouse().disk();
+  std::vector<RegistroFicha> view;
+  for (auto _ : state) {
+    view = {};
+    view.reserve(kSlots);
+    const Registro<RegistroFicha> act(disk, kAct, OpenMode::kRead);
+    act.Walk(1, kSlots, [&](std::int64_t, const RegistroFicha& ficha) {
+      if (EstaDentro(ficha)) view.push_back(ficha);
+      return true;
+    });
+    benchmark::DoNotOptimize(view.data());
+  }
+  if (view.size() != kSlots) state.SkipWithError("not all are inside");
+}
+BENCHMARK(ViewOf1000Inside)->Unit(benchmark::kMicrosecond);
+
+void MonitorOf1000Inside(benchmark::State& state) {
+  PosixDisk& disk = TheHouse().disk();
+  const Moment now = ParseDateTime("03/02/2026 10:00:00").value();
+  for (auto _ : state) {
+    std::vector<RegistroFicha> view;
+    const Registro<RegistroFicha> act(disk, kAct, OpenMode::kRead);
+    act.Walk(1, kSlots, [&](std::int64_t, const RegistroFicha& ficha) {
+      if (EstaDentro(ficha) && PermaneceDesde(ficha, now, 10)) view.push_back(ficha);
+      return true;
+    });
+    if (view.size() != kSlots) state.SkipWithError("not all are in the monitor");
+  }
+}
+BENCHMARK(MonitorOf1000Inside)->Unit(benchmark::kMicrosecond);
+
+void DecodeOf1000Fichas(benchmark::State& state) {
+  const String act = ActNuevo();
+  const std::span<const char> bytes(act.Bytes());
+  for (auto _ : state) {
+    for (std::size_t at = 0; at + RegistroFicha::kSize <= bytes.size(); at += RegistroFicha::kSize)
+      benchmark::DoNotOptimize(RegistroFicha::Decode(bytes.subspan(at).first<RegistroFicha::kSize>()));
+  }
+}
+BENCHMARK(DecodeOf1000Fichas)->Unit(benchmark::kMicrosecond);
+
+void OnePassOfReadOverBoth(benchmark::State& state) {
+  const std::string act = TheHouse().disk().PathOf(kAct);
+  const std::string users = TheHouse().disk().PathOf(kUsr);
+  std::vector<char> bytes(std::size_t{1} << 20);
+  for (auto _ : state) {
+    for (const std::string& path : {act, users}) {
+      const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+      while (read(descriptor, bytes.data(), bytes.size()) > 0)
+        benchmark::DoNotOptimize(bytes.data());
+      close(descriptor);
+    }
+  }
+}
+BENCHMARK(OnePassOfReadOverBoth)->Unit(benchmark::kMicrosecond);
+
+void PlateNotAmong100000Users(benchmark::State& state) {
+  PosixDisk& disk = TheHouse().disk();
+  for (auto _ : state) {
+    const Registro<RegistroFicha> act(disk, kAct, OpenMode::kRead);
+    if (BuscarPlacaDentro(act, "XBC-NONE", kSlots) != 0) state.SkipWithError("found inside");
+    const Registro<RegistroUsuario> users(disk, kUsr, OpenMode::kRead);
+    if (BuscarPlaca(users, "XBC-NONE") != 0) state.SkipWithError("found among the users");
+  }
+}
+BENCHMARK(PlateNotAmong100000Users)->Unit(benchmark::kMicrosecond);
+
+}  // namespace
+}  // namespace vintoral
