@@ -98,11 +98,15 @@ TEST(RegistroMixto, NumberThatDoesNotFitIsZero) {
   EXPECT_EQ(record.Importe, Money{});
 }
 
-TEST(RegistroMixto, UnknownTypeIsEmpty) {
-  const auto record = Decoded<RegistroMixto>(Hex("05 00  02 00 07 00  FF FF") + Zeros(38));
-  EXPECT_EQ(record.CampoA, CampoVariable{});
-  EXPECT_EQ(record.CampoB, CampoVariable(std::int16_t{7}));
-  EXPECT_TRUE(record.Marca);
+TEST(RegistroMixto, BehindAnUnknownTypeNothingCanBeRead) {
+  const auto first = Decoded<RegistroMixto>(Hex("05 00  02 00 07 00  FF FF") + Zeros(38));
+  EXPECT_EQ(first.CampoA, CampoVariable{});
+  EXPECT_EQ(first.CampoB, CampoVariable{});
+  EXPECT_FALSE(first.Marca);
+
+  const auto second = Decoded<RegistroMixto>(Hex("02 00 07 00  05 00  FF FF") + Zeros(38));
+  EXPECT_EQ(second.CampoA, CampoVariable(std::int16_t{7}));
+  EXPECT_FALSE(second.Marca);
 }
 
 TEST(RegistroMixto, FieldsReadAsTextAndAsNumber) {
