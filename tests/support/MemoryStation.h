@@ -1,0 +1,150 @@
+// A station in memory: its disk, its clock and its operator are the test's.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <deque>
+#include <functional>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "common/Moment.h"
+#include "platform/headless/Recording.h"
+#include "platform/headless/VirtualClock.h"
+#include "station/form1/Form1.h"
+#include "station/form1/Input.h"
+#include "support/FaultyDisk.h"
+#include "support/MemoryDisk.h"
+
+namespace vintoral::test {
+
+inline Moment At(int hour, int minute, int second = 0, int day = 20) {
+  return Moment::From(
+             {.year = 2026, .month = 11, .day = day, .hour = hour, .minute = minute, .second = second})
+      .value();
+}
+
+class MemoryStation {
+ public:
+  explicit MemoryStation(Moment now = At(14, 0)) {
+    Clock.Set(now);
+    Screen.OnWait = [this] { Answer(); };
+  }
+
+  /// The start sequence on whatever the disk holds; the welcome is answered.
+  void Start() {
+    Answers = {Answer::kOk};
+    Form.Form_Load();
+    Boxes.clear();
+    Events.Take();
+  }
+  /// The start, and the first tick of the link watch.
+  void StartConnected() {
+    Start();
+    Pass(3000);
+    ASSERT_EQ(Form.LblConexion[0].BackColor, kLightGreen);
+    Events.Take();
+  }
+
+  void Pass(std::int64_t milliseconds) { AdvanceTime(Clock, Form, milliseconds); }
+  void Type(std::string_view text) {
+    for (const char character : text)
+      Hands.Character(character);
+  }
+  void TypeAndEnter(std::string_view text) {
+    Type(text);
+    Hands.Key(keys::kEnter, 0);
+  }
+  /// Number and plate of a new ficha typed, as far as the question of saving. Needs a screen at idle.
+  void TypeNew(std::string_view number, std::string_view plate) {
+    TypeAndEnter(number);
+    TypeAndEnter(plate);
+  }
+  /// The whole way of one entry, answered with yes.
+  void Enter(std::string_view number, std::string_view plate) {
+    TypeNew(number, plate);
+    Answers.push_back(Answer::kYes);
+    Hands.Key(keys::kInsert, 0);
+  }
+
+  /// Files that were asked to be heard since the last look.
+  std::vector<String> Heard() {
+    std::vector<String> files;
+    for (const DeviceEvent& event : Events.Take()) {
+      if (event.kind == DeviceEvent::Kind::kSound) files.push_back(event.text);
+    }
+    return files;
+  }
+  /// Beeps since the last look.
+  int Beeps() {
+    const auto events = Events.Take();
+    return static_cast<int>(std::count_if(events.begin(), events.end(), [](const DeviceEvent& event) {
+      return event.kind == DeviceEvent::Kind::kBeep;
+    }));
+  }
+  std::vector<String> Launched() {
+    std::vector<String> commands;
+    for (const DeviceEvent& event : Events.Take()) {
+      if (event.kind == DeviceEvent::Kind::kLaunch) commands.push_back(event.text);
+    }
+    return commands;
+  }
+
+  RegistroFicha Slot(std::size_t number) const { return Row("Multimedia\\Vintoral.ACT", number); }
+  RegistroFicha History(std::size_t row) const { return Row("Multimedia\\Vintoral.HST", row); }
+  std::size_t HistoryRows() const {
+    return Disk.Get("Multimedia\\Vintoral.HST").size() / RegistroFicha::kSize;
+  }
+
+  MemoryDisk Disk;
+  FaultyDisk Faulty{Disk};
+  VirtualClock Clock;
+  Recording Events;
+  RecordingScreen Screen{Events};
+  RecordingSystem System{Events, Screen};
+  RecordingSound Sound{Events};
+  Form1 Form{Platform{Clock, Screen, Sound, System, Faulty}};
+  Input Hands{Form};
+
+  /// What the operator will answer, box by box.
+  std::deque<vintoral::Answer> Answers;
+  /// The boxes that were shown.
+  std::vector<Box> Boxes;
+  /// Happens once, under the next box, before it is answered.
+  std::function<void()> UnderBox;
+
+ private:
+  using Answer_t = vintoral::Answer;
+
+  void Answer() {
+    Boxes.push_back(*Screen.Shown());
+    if (const auto happens = std::exchange(UnderBox, nullptr)) happens();
+    if (Screen.Shown() == nullptr || Form.Terminado()) return;
+    if (Answers.empty()) {
+      ADD_FAILURE() << "nobody expects the box " << Boxes.back().title.Bytes();
+      Screen.Close();
+      return;
+    }
+    const Answer_t answer = Answers.front();
+    Answers.pop_front();
+    if (!Screen.Answer(answer)) {
+      ADD_FAILURE() << "no such button in the box " << Boxes.back().title.Bytes();
+      Screen.Close();
+    }
+  }
+
+  RegistroFicha Row(std::string_view file, std::size_t number) const {
+    const std::string bytes = Disk.Get(file);
+    const std::size_t from = (number - 1) * RegistroFicha::kSize;
+    if (bytes.size() < from + RegistroFicha::kSize) {
+      ADD_FAILURE() << "no record " << number << " in " << file;
+      return {};
+    }
+    return RegistroFicha::Decode(
+        std::span<const char, RegistroFicha::kSize>(bytes.data() + from, RegistroFicha::kSize));
+  }
+};
+
+}  // namespace vintoral::test

@@ -1,0 +1,506 @@
+#include "station/form1/Commands.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "support/MemoryStation.h"
+
+namespace vintoral {
+namespace {
+
+using test::MemoryStation;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Not;
+
+constexpr int kNone = 0, kShift = 1, kControl = 2, kControlShift = 3, kAlt = 4, kShiftAlt = 5,
+              kControlAlt = 6;
+const std::vector<int> kAny = {0, 1, 2, 3, 4, 5, 6, 7};
+
+/// One row as the operator's table of keys has it.
+struct Row {
+  int first;
+  int last;
+  std::vector<int> masks;
+  const char* log;
+  int lock;
+};
+
+const std::vector<Row> kRows = {
+    {27, 27, kAny, "", 0},              // Esc
+    {33, 33, kAny, "", 0},              // Page up
+    {34, 34, kAny, "", 0},              // Page down
+    {36, 36, kAny, "", 0},              // Home
+    {37, 37, kAny, "", 0},              // Left
+    {39, 39, kAny, "", 0},              // Right
+    {45, 45, kAny, "", 0},              // Insert
+    {46, 46, kAny, "", 0},              // Delete
+    {48, 57, {kControl}, "", 0},        // 0 to 9
+    {65, 65, {kControl}, "", 0},        // A
+    {66, 66, {kControl}, "", 0},        // B
+    {66, 66, {kControlAlt}, "15", 14},  // B
+    {67, 67, {kControl}, "", 0},        // C
+    {70, 70, {kControl}, "", 0},        // F
+    {73, 73, {kControl}, "", 0},        // I
+    {73, 73, {kControlAlt}, "", 0},     // I
+    {75, 75, {kControlAlt}, "", 0},     // K
+    {76, 76, {kControlAlt}, "", 0},     // L
+    {77, 77, {kControlAlt}, "", 13},    // M
+    {80, 80, {kControlAlt}, "", 0},     // P
+    {82, 82, {kControlShift}, "", 17},  // R
+    {82, 82, {kControlAlt}, "", 0},     // R
+    {84, 84, {kControl}, "10", 1},      // T
+    {87, 87, {kControl, kAlt}, "", 0},  // W
+    {87, 87, {kShiftAlt}, "11", 0},     // W
+    {87, 87, {kControlAlt}, "", 0},     // W
+    {112, 112, {kControl}, "", 0},      // F1
+    {112, 112, {kNone}, "", 0},         // F1
+    {113, 113, kAny, "", 0},            // F2
+    {114, 114, kAny, "", 0},            // F3
+    {115, 115, kAny, "", 0},            // F4
+    {116, 116, kAny, "", 0},            // F5
+    {118, 118, kAny, "", 0},            // F7
+    {119, 119, kAny, "", 0},            // F8
+    {120, 120, kAny, "12", 0},          // F9
+    {121, 121, kAny, "", 0},            // F10
+    {123, 123, kAny, "", 0},            // F12
+};
+
+std::vector<int> MasksOf(const KeyCommand& row) {
+  std::vector<int> masks;
+  for (int mask = 0; mask < 8; ++mask) {
+    if ((row.masks & OneMask(mask)) != 0) masks.push_back(mask);
+  }
+  return masks;
+}
+
+/// Control and X, control and shift and I: rows that keep their key from any other.
+bool IsMute(const KeyCommand& row) {
+  return (row.code == 'X' && MasksOf(row) == std::vector{kControl}) ||
+         (row.code == 'I' && MasksOf(row) == std::vector{kControlShift});
+}
+
+TEST(KeyCommands, StandRowByRowInTheOrderOfTheTable) {
+  std::vector<KeyCommand> rows;
+  for (const KeyCommand& row : KeyCommands()) {
+    if (!IsMute(row)) rows.push_back(row);
+  }
+  ASSERT_EQ(rows.size(), kRows.size());
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    SCOPED_TRACE("row " + std::to_string(i) + ", key " + std::to_string(kRows[i].first));
+    EXPECT_EQ(rows[i].code, kRows[i].first);
+    EXPECT_EQ(rows[i].lastCode, kRows[i].last);
+    EXPECT_EQ(MasksOf(rows[i]), kRows[i].masks);
+    EXPECT_STREQ(rows[i].log == nullptr ? "" : rows[i].log, kRows[i].log);
+    EXPECT_EQ(rows[i].lock, kRows[i].lock);
+  }
+}
+
+/// Row `index` of the table above, as the station has it.
+const KeyCommand* RowOf(std::size_t index) {
+  for (const KeyCommand& row : KeyCommands()) {
+    if (!IsMute(row) && index-- == 0) return &row;
+  }
+  return nullptr;
+}
+
+TEST(KeyCommands, AKeyFindsTheFirstRowThatAnswersToCodeAndMask) {
+  MemoryStation station;
+  station.Disk.Put("Fuentes\\Vintoral.ttf", "");
+  station.Disk.Put("Recursos\\Vintoral.HFC", "");
+  station.Form.PctUsuario[0].Enabled = true;
+  station.Form.PctBoton[5].Visible = station.Form.PctBoton[6].Visible = true;
+  for (int item = 0; item < 10; ++item)
+    station.Form.CboTarifa[1].AddItem("X"_w);
+  for (int code = 0; code < 256; ++code) {
+    for (int mask = 0; mask < 8; ++mask) {
+      const KeyCommand* expected = nullptr;
+      for (std::size_t i = 0; i < kRows.size() && expected == nullptr; ++i) {
+        const bool answers = code >= kRows[i].first && code <= kRows[i].last &&
+                             std::count(kRows[i].masks.begin(), kRows[i].masks.end(), mask) > 0;
+        if (answers) expected = RowOf(i);
+      }
+      const KeyCommand* const found = FindKeyCommand(station.Form, code, mask);
+      const bool mute = (code == 'X' && mask == kControl) || (code == 'I' && mask == kControlShift);
+      if (mute || (code >= '1' && code <= '9')) continue;  // tried below
+      EXPECT_EQ(found, expected) << "key " << code << ", mask " << mask;
+    }
+  }
+}
+
+TEST(KeyCommands, TwoKeysDoNothingOnARowOfTheirOwn) {
+  const MemoryStation station;
+  for (const auto& [code, mask] : {std::pair{int{'X'}, kControl}, std::pair{int{'I'}, kControlShift}}) {
+    const KeyCommand* const row = FindKeyCommand(station.Form, code, mask);
+    ASSERT_NE(row, nullptr) << code;
+    EXPECT_EQ(row->action, nullptr) << code;
+  }
+}
+
+TEST(KeyCommands, F6AndF11AndWrongMasksHaveNoRow) {
+  const MemoryStation station;
+  for (int mask = 0; mask < 8; ++mask) {
+    EXPECT_EQ(FindKeyCommand(station.Form, 117, mask), nullptr) << mask;
+    EXPECT_EQ(FindKeyCommand(station.Form, 122, mask), nullptr) << mask;
+  }
+  EXPECT_EQ(FindKeyCommand(station.Form, 27, 8), nullptr);
+  EXPECT_EQ(FindKeyCommand(station.Form, 27, -1), nullptr);
+}
+
+/// A key that is a command in one state of the screen and none in the other.
+class ConditionTest : public testing::Test {
+ protected:
+  bool Answers(int code, int mask) { return FindKeyCommand(station_.Form, code, mask) != nullptr; }
+  MemoryStation station_;
+  Form1& form_ = station_.Form;
+};
+
+TEST_F(ConditionTest, ArrowsTurnPhotosWhileTheUsersCardIsEnabled) {
+  for (const int arrow : {37, 39}) {
+    form_.PctUsuario[0].Enabled = false;
+    EXPECT_FALSE(Answers(arrow, kNone)) << arrow;
+    form_.PctUsuario[0].Enabled = true;
+    EXPECT_TRUE(Answers(arrow, kNone)) << arrow;
+  }
+}
+
+TEST_F(ConditionTest, InsertSavesWhileTheSaveButtonIsShown) {
+  EXPECT_FALSE(Answers(45, kNone));
+  form_.PctBoton[5].Visible = true;
+  EXPECT_TRUE(Answers(45, kNone));
+}
+
+TEST_F(ConditionTest, DeleteRetiresAndPointsAreResetWhileTheRetireButtonIsShown) {
+  EXPECT_FALSE(Answers(46, kNone));
+  EXPECT_FALSE(Answers('R', kControlShift));
+  form_.PctBoton[6].Visible = true;
+  EXPECT_TRUE(Answers(46, kNone));
+  EXPECT_TRUE(Answers('R', kControlShift));
+}
+
+TEST_F(ConditionTest, ADigitNeedsAsManyCategoriesAsItsKeyLess47) {
+  for (int item = 0; item < 4; ++item)
+    form_.CboTarifa[1].AddItem("X"_w);
+  for (const char digit : {'0', '1', '2', '3'})
+    EXPECT_TRUE(Answers(digit, kControl)) << digit;
+  for (const char digit : {'4', '5', '6', '7', '8', '9'})
+    EXPECT_FALSE(Answers(digit, kControl)) << digit;
+}
+
+TEST_F(ConditionTest, CameraKeysNeedTheCameraOn) {
+  const std::vector<std::pair<int, int>> keys = {
+      {'A', kControl}, {'W', kControl}, {'W', kAlt}, {'W', kControlAlt}};
+  for (const auto& [code, mask] : keys) {
+    form_.ImgIndicador[4].Visible = false;
+    EXPECT_TRUE(Answers(code, mask)) << code << " " << mask;
+    form_.ImgIndicador[4].Visible = true;
+    EXPECT_FALSE(Answers(code, mask)) << code << " " << mask;
+  }
+  EXPECT_TRUE(Answers('W', kShiftAlt));
+}
+
+TEST_F(ConditionTest, AFileHasToBeThereToBeOpened) {
+  EXPECT_FALSE(Answers('B', kControl));
+  EXPECT_FALSE(Answers('F', kControl));
+  station_.Disk.Put("Fuentes\\Vintoral.ttf", "");
+  station_.Disk.Put("Recursos\\Vintoral.HFC", "");
+  EXPECT_TRUE(Answers('B', kControl));
+  EXPECT_TRUE(Answers('F', kControl));
+}
+
+TEST_F(ConditionTest, TheServerIsForgottenWhileConnecting) {
+  EXPECT_TRUE(Answers('R', kControlAlt));
+  form_.TmrConexion.SetInterval(10000);
+  EXPECT_FALSE(Answers('R', kControlAlt));
+}
+
+TEST_F(ConditionTest, F10OpensThePathWhileTheBarsAreLightRed) {
+  EXPECT_TRUE(Answers(121, kNone));
+  form_.LblConexion[0].BackColor = 0xC0FFC0;
+  EXPECT_FALSE(Answers(121, kNone));
+}
+
+/// What keys do at a station that runs.
+class KeyTest : public testing::Test {
+ protected:
+  KeyTest() { station_.StartConnected(); }
+  MemoryStation station_;
+  Form1& form_ = station_.Form;
+};
+
+const String kClick = "Sonidos\\Vintoral-5.wav"_w;
+
+TEST_F(KeyTest, SomeKeysClickBeforeAnythingElse) {
+  const std::vector<std::pair<int, int>> clicking = {
+      {27, kNone}, {27, kControlAlt}, {'W', kControl}, {122, kControlShift}, {122, kShiftAlt}};
+  for (const auto& [code, mask] : clicking) {
+    form_.Form_KeyDown(code, mask);
+    EXPECT_THAT(station_.Heard(), Contains(kClick)) << code << " " << mask;
+  }
+}
+
+TEST_F(KeyTest, ControlAndWClicksWithTheCameraOffToo) {
+  form_.ImgIndicador[4].Visible = true;
+  form_.Form_KeyDown('W', kControl);
+  EXPECT_THAT(station_.Heard(), ElementsAre(kClick));
+}
+
+TEST_F(KeyTest, OtherKeysDontClick) {
+  const std::vector<std::pair<int, int>> silent = {
+      {'W', kNone}, {'W', kShift}, {122, kNone}, {122, kControl}, {122, kAlt}, {'X', kControl}, {117, kNone}};
+  for (const auto& [code, mask] : silent) {
+    form_.Form_KeyDown(code, mask);
+    EXPECT_THAT(station_.Heard(), IsEmpty()) << code << " " << mask;
+  }
+}
+
+TEST_F(KeyTest, EscClearsWhatWasTyped) {
+  station_.Type("12");
+  ASSERT_EQ(form_.TxtCampo[0].Text(), "12"_w);
+  EXPECT_TRUE(form_.Form_KeyDown(27, kNone));
+  EXPECT_TRUE(form_.TxtCampo[0].Text().Empty());
+}
+
+TEST_F(KeyTest, ControlAndADigitSelectsACategory) {
+  form_.Form_KeyDown('2', kControl);
+  EXPECT_EQ(form_.CboTarifa[1].ListIndex(), 1);
+  form_.Form_KeyDown('0', kControl);
+  EXPECT_EQ(form_.CboTarifa[1].ListIndex(), 9);
+  form_.Form_KeyDown('1', kControl);
+  EXPECT_EQ(form_.CboTarifa[1].ListIndex(), 0);
+}
+
+TEST_F(KeyTest, ADigitBeyondTheCategoriesLeavesTheList) {
+  form_.CboTarifa[1].Clear();
+  for (const String& item : {"A"_w, "B"_w, "C"_w, "D"_w})
+    form_.CboTarifa[1].AddItem(item);
+  form_.CboTarifa[1].Select(1);
+  form_.Form_KeyDown('5', kControl);
+  EXPECT_EQ(form_.CboTarifa[1].ListIndex(), 1);
+  form_.Form_KeyDown('0', kControl);  // there is no tenth item
+  EXPECT_EQ(form_.CboTarifa[1].ListIndex(), 1);
+}
+
+TEST_F(KeyTest, InsertWithTheSaveButtonHiddenIsSilent) {
+  station_.Hands.Key(45, kNone);
+  EXPECT_TRUE(station_.Events.Take().empty());
+  EXPECT_TRUE(station_.Boxes.empty());
+}
+
+TEST_F(KeyTest, FilesAndFoldersAreOpenedAsTheyAreNamed) {
+  station_.Disk.Put("Fuentes\\Vintoral.ttf", "");
+  form_.Form_KeyDown('B', kControl);
+  form_.Form_KeyDown('F', kControl);
+  form_.Form_KeyDown('I', kControlAlt);
+  form_.Form_KeyDown(112, kControl);
+  EXPECT_THAT(station_.Launched(), ElementsAre("Explorer.exe /estacion\\Fuentes\\Vintoral.ttf"_w,
+                                               "Notepad.exe Recursos\\Vintoral.HFC"_w,
+                                               "Explorer.exe Fondos"_w, "Notepad.exe Vintoral Léame.TXT"_w));
+}
+
+TEST_F(KeyTest, F10AtAConnectedStationDoesNothing) {
+  EXPECT_FALSE(form_.Form_KeyDown(121, kNone));
+  EXPECT_THAT(station_.Launched(), IsEmpty());
+}
+
+TEST(KeyCommands, F10OpensThePathOfTheSharedFolderWhileConnecting) {
+  MemoryStation station;
+  station.Start();
+  station.Form.Form_KeyDown(121, kNone);
+  EXPECT_THAT(station.Launched(), ElementsAre("Notepad.exe Objetos\\Servidor.INI"_w));
+}
+
+TEST_F(KeyTest, FaceMemoryGoesOnAndOffAndSaysSo) {
+  form_.Form_KeyDown('M', kControlAlt);
+  EXPECT_TRUE(form_.ImgIndicador[2].Visible);
+  EXPECT_THAT(station_.Heard(), ElementsAre("ABRiL\\ABRiL-6.wav"_w));
+  form_.Form_KeyDown('M', kControlAlt);
+  EXPECT_FALSE(form_.ImgIndicador[2].Visible);
+  EXPECT_THAT(station_.Heard(), ElementsAre("ABRiL\\ABRiL-5.wav"_w));
+}
+
+TEST_F(KeyTest, BarcodeModeIsSwitchedAndTheFontIsRecalled) {
+  form_.PctBoton[10].BorderStyle = 1;
+  station_.Answers = {Answer::kOk};
+  form_.Form_KeyDown('B', kControlAlt);
+  ASSERT_EQ(station_.Boxes.size(), 1u);
+  EXPECT_EQ(station_.Boxes[0].title, "Vintoral - Instalar Fuente"_w);
+  EXPECT_EQ(station_.Boxes[0].text,
+            "Recuerde instalar la fuente para imprimir códigos de barras presionando  Ctrl + \"B\"  y "
+            "verificar la configuración de su impresora para aceptar códigos Code39."_w);
+  EXPECT_THAT(station_.Heard(), Contains("ABRiL\\ABRiL-7.wav"_w));
+  form_.Form_KeyDown('B', kControlAlt);
+  EXPECT_EQ(station_.Boxes.size(), 1u);
+  EXPECT_THAT(station_.Heard(), Contains("ABRiL\\ABRiL-8.wav"_w));
+  EXPECT_FALSE(form_.CmdBarCode.Visible);
+}
+
+TEST_F(KeyTest, TheTariffGeneratorNeedsItsThreeFiles) {
+  for (const char* file : {"Recursos\\Vintoral.EMP", "Recursos\\Vintoral.XTR", "Recursos\\Vintoral.RJE"}) {
+    const std::string bytes = station_.Disk.Get(file);
+    ASSERT_TRUE(station_.Disk.Remove(file));
+    station_.Boxes.clear();
+    station_.Answers = {Answer::kOk};
+    form_.Form_KeyDown('T', kControl);
+    ASSERT_EQ(station_.Boxes.size(), 1u) << file;
+    EXPECT_EQ(station_.Boxes[0].title, "Vintoral - Imposible Abrir Archivo"_w);
+    EXPECT_EQ(station_.Boxes[0].icon, Icon::kExclamation);
+    EXPECT_EQ(station_.Boxes[0].text,
+              "No se puede encontrar el archivo generador de tarifas. La carpeta '/estacion' está "
+              "protegida contra escritura o el archivo ya no existe."_w);
+    station_.Disk.Put(file, bytes);
+  }
+}
+
+TEST(KeyCommands, ForgettingTheServerMakesAMainGate) {
+  MemoryStation station;
+  station.Disk.Put("Objetos\\Servidor.INI", "/mnt/porteria\r\n");
+  station.Disk.SetReadOnly("Objetos\\Servidor.INI");
+  station.Start();
+  ASSERT_EQ(station.Form.NumeroPorteria, "02"_w);
+  station.Form.Form_KeyDown('R', kControlAlt);
+  EXPECT_EQ(station.Form.NumeroPorteria, "01"_w);
+  EXPECT_EQ(station.Form.EsCliente, 0);
+  EXPECT_EQ(station.Form.CarpetaCompartida, "/estacion\\Multimedia"_w);
+  EXPECT_EQ(station.Disk.Get("Objetos\\Servidor.INI"), "\r\n");
+}
+
+TEST_F(KeyTest, AConnectedStationForgetsNothing) {
+  station_.Disk.Put("Objetos\\Servidor.INI", "/mnt/porteria\r\n");
+  form_.Form_KeyDown('R', kControlAlt);
+  EXPECT_EQ(station_.Disk.Get("Objetos\\Servidor.INI"), "/mnt/porteria\r\n");
+}
+
+TEST(KeyCommands, TheWallpaperMovesToTheNextFileAndWraps) {
+  MemoryStation station;
+  station.Disk.Put("Fondos\\a.jpg", "");
+  station.Disk.Put("Fondos\\b.jpg", "");
+  station.Start();
+  ASSERT_EQ(station.Form.ImgFondo.Picture, "Fondos\\a.jpg"_w);
+  station.Form.Form_KeyDown('I', kControl);
+  EXPECT_EQ(station.Form.ImgFondo.Picture, "Fondos\\b.jpg"_w);
+  EXPECT_EQ(station.Form.ImgFondo.Tag, "1"_w);
+  station.Form.Form_KeyDown('I', kControl);
+  EXPECT_EQ(station.Form.ImgFondo.Picture, "Fondos\\a.jpg"_w);
+}
+
+TEST_F(KeyTest, WithoutWallpapersNothingChanges) {
+  form_.Form_KeyDown('I', kControl);
+  EXPECT_TRUE(form_.ImgFondo.Picture.Empty());
+}
+
+// ---- The tool bar
+// ------------------------------------------------------------------------------------------------
+
+struct Button {
+  const char* tooltip;
+  const char* pressed;
+  Answering answering;
+  const char* log;
+  int lock;
+};
+
+const std::vector<Button> kButtons = {
+    {"<CTRL+W> Conectar/Cambiar Cámara Web", "<CTRL+W> Conectar/Cambiar Cámara Web", Answering::kClick, "",
+     0},
+    {"<REPAG> Retroceder Página", "<REPAG> Retroceder Página", Answering::kClick, "", 0},
+    {"<AVPAG> Avanzar Página", "<AVPAG> Avanzar Página", Answering::kClick, "", 0},
+    {"<F4> Imprimir Estado/Búsqueda/Ficha", "<F4> Imprimir Estado/Búsqueda/Ficha", Answering::kSilent, "", 6},
+    {"<F5> Activar Búsqueda de Registros", "<F5> Desactivar Búsqueda de Registros", Answering::kSilent, "",
+     7},
+    {"<INSERT> Guardar Ficha", "<INSERT> Guardar Ficha", Answering::kSilent, "", 0},
+    {"<SUPR> Retirar Ficha", "<SUPR> Retirar Ficha", Answering::kSilent, "", 0},
+    {"<F1> Activar Monitor \"ULTIMOS EN INGRESAR\"", "<F1> Desactivar Monitor \"ULTIMOS EN INGRESAR\"",
+     Answering::kVoice, "", 0},
+    {"<F2> Activar Monitor \"TIEMPO DE PERMANENCIA\"", "<F2> Desactivar Monitor \"TIEMPO DE PERMANENCIA\"",
+     Answering::kVoice, "", 0},
+    {"<F3> Activar Monitor \"ULTIMOS EN SALIR\"", "<F3> Desactivar Monitor \"ULTIMOS EN SALIR\"",
+     Answering::kVoice, "", 0},
+    {"Activar Impresión de Tiquetes", "Desactivar Impresión de Tiquetes", Answering::kSilent, "7", 8},
+    {"<ESC> Cancelar/Limpiar Campos", "<ESC> Cancelar/Limpiar Campos", Answering::kSilent, "", 0},
+    {"<F7> Registrar Extras", "<F7> Registrar Extras", Answering::kSilent, "", 10},
+    {"<F8> Abrir Menú de Funciones", "<F8> Abrir Menú de Funciones", Answering::kClick, "", 0},
+    {"Activar Impresión de Facturas", "Desactivar Impresión de Facturas", Answering::kSilent, "8", 9},
+};
+
+TEST(ButtonCommands, StandRowByRow) {
+  const auto rows = ButtonCommands();
+  ASSERT_EQ(rows.size(), kButtons.size());
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    SCOPED_TRACE("button " + std::to_string(i));
+    EXPECT_STREQ(rows[i].tooltip, kButtons[i].tooltip);
+    EXPECT_STREQ(rows[i].tooltipPressed, kButtons[i].pressed);
+    EXPECT_EQ(rows[i].answering, kButtons[i].answering);
+    EXPECT_STREQ(rows[i].log == nullptr ? "" : rows[i].log, kButtons[i].log);
+    EXPECT_EQ(rows[i].lock, kButtons[i].lock);
+  }
+}
+
+TEST(ButtonCommands, ThePointerSetsTheTooltipOfTheButtonsState) {
+  MemoryStation station;
+  for (std::size_t i = 0; i < kButtons.size(); ++i) {
+    PictureBox& button = station.Form.PctBoton[i];
+    button.BorderStyle = 0;
+    station.Hands.Hover(button);
+    EXPECT_EQ(button.ToolTipText, String::FromUtf8(kButtons[i].tooltip)) << i;
+    button.BorderStyle = 1;
+    station.Hands.Hover(button);
+    EXPECT_EQ(button.ToolTipText, String::FromUtf8(kButtons[i].pressed)) << i;
+  }
+}
+
+TEST_F(KeyTest, AButtonThatIsNotThereDoesNothing) {
+  form_.PctBoton_Click(-1);
+  form_.PctBoton_Click(15);
+  EXPECT_TRUE(station_.Events.Take().empty());
+}
+
+TEST_F(KeyTest, TheCancelButtonIsEsc) {
+  station_.Type("12");
+  station_.Hands.Click(form_.PctBoton[11]);
+  EXPECT_TRUE(form_.TxtCampo[0].Text().Empty());
+  EXPECT_THAT(station_.Heard(), ElementsAre(kClick));
+}
+
+TEST_F(KeyTest, TheRetireButtonBeepsWithoutACell) {
+  ASSERT_FALSE(form_.ShpCelda.Visible);
+  form_.PctBoton_Click(6);
+  EXPECT_EQ(station_.Beeps(), 1);
+  EXPECT_EQ(form_.Focus(), &form_.TxtCampo[0]);
+}
+
+TEST_F(KeyTest, TheGeneratorsButtonsBeepWhereNoNumberCanBeTyped) {
+  form_.TxtCampo[0].Enabled = false;
+  station_.Hands.Click(form_.CmdNumeroFicha);
+  EXPECT_EQ(station_.Beeps(), 1);
+  station_.Hands.Click(form_.CmdBarCode);
+  EXPECT_EQ(station_.Beeps(), 1);
+  EXPECT_EQ(form_.Focus(), nullptr);
+}
+
+TEST_F(KeyTest, TheGeneratorsButtonsGiveTheFocusToTheToolBar) {
+  station_.Hands.Click(form_.CmdNumeroFicha);
+  EXPECT_EQ(station_.Beeps(), 0);
+  EXPECT_EQ(form_.Focus(), nullptr);
+}
+
+TEST(KeyCommands, AnEndedProgramHandlesNothing) {
+  MemoryStation station;
+  station.StartConnected();
+  station.Answers = {Answer::kYes};
+  station.Form.CerrarVentana();
+  ASSERT_TRUE(station.Form.Terminado());
+  station.Events.Take();
+  EXPECT_FALSE(station.Form.Form_KeyDown(27, kNone));
+  station.Form.PctBoton_Click(11);
+  EXPECT_TRUE(station.Events.Take().empty());
+}
+
+}  // namespace
+}  // namespace vintoral

@@ -1,0 +1,62 @@
+#include "station/form1/ReglasTeclas.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <set>
+
+namespace vintoral {
+namespace {
+
+const std::set<int> kDigits = {'0', '1', '2', '3', '4', '5', '6', '7', '8', '9'};
+const std::set<int> kSilent = {1, 2, 3, 6, 9, 20, 23, 24};
+constexpr int kBackspace = 8, kEscape = 27;
+
+std::set<int> With(std::set<int> set, std::initializer_list<int> more) {
+  set.insert(more);
+  return set;
+}
+
+/// What every one of the 256 characters does: `pass` and `drop` as listed, `rest` all others.
+void ExpectRule(const std::function<KeyVerdict(char)>& rule, const std::set<int>& pass,
+                const std::set<int>& drop, KeyVerdict rest) {
+  for (int code = 0; code < 256; ++code) {
+    const KeyVerdict expected = pass.contains(code)   ? KeyVerdict::kPass
+                                : drop.contains(code) ? KeyVerdict::kDrop
+                                                      : rest;
+    EXPECT_EQ(rule(static_cast<char>(static_cast<unsigned char>(code))), expected) << "character " << code;
+  }
+}
+
+TEST(ReglasTeclas, TheNumberTakesDigitsAndBackspace) {
+  ExpectRule(NumberFieldKey, With(kDigits, {kBackspace}), With(kSilent, {kEscape}), KeyVerdict::kBeep);
+}
+
+TEST(ReglasTeclas, TheCashTakesCommaAndPointToo) {
+  ExpectRule(CashFieldKey, With(kDigits, {kBackspace, ',', '.'}), With(kSilent, {kEscape}),
+             KeyVerdict::kBeep);
+}
+
+TEST(ReglasTeclas, TheTextsTakeAllButTheCommandsCharacters) {
+  ExpectRule(TextFieldKey, {}, kSilent, KeyVerdict::kPass);
+}
+
+TEST(ReglasTeclas, TheMinutesTakeDigitsAndBackspaceAndBeepAtTheRest) {
+  ExpectRule(MinutesKey, With(kDigits, {kBackspace}), {}, KeyVerdict::kBeep);
+}
+
+TEST(ReglasTeclas, EachFieldHasItsRule) {
+  const ScreenModel screen;
+  const auto of = [&](const TextBox& box) {
+    return [&](char character) { return KeyRule(screen, box, character); };
+  };
+  ExpectRule(of(screen.TxtCampo[0]), With(kDigits, {kBackspace}), With(kSilent, {kEscape}),
+             KeyVerdict::kBeep);
+  ExpectRule(of(screen.TxtEfectivo), With(kDigits, {kBackspace, ',', '.'}), With(kSilent, {kEscape}),
+             KeyVerdict::kBeep);
+  for (std::size_t i = 1; i < screen.TxtCampo.size(); ++i)
+    ExpectRule(of(screen.TxtCampo[i]), {}, kSilent, KeyVerdict::kPass);
+}
+
+}  // namespace
+}  // namespace vintoral
