@@ -1,6 +1,6 @@
 """The idle screen: what it shows, what its fields take, how it is cleared, its labels and its two modes."""
-from station import (BACKSPACE, CLICK, ESC, FIELDS, LEFT, LIGHT_ORANGE, ROWS, DrivenDay, Folder, inside, kinds, main,
-                     sounds, stamp)
+from station import (BACKSPACE, CLICK, CONTROL, DELETE, ESC, FIELDS, LEFT, LIGHT_ORANGE, ROWS, DrivenDay, Folder, inside,
+                     kinds, main, sounds, stamp)
 
 LABELS = ["NUMERO FICHA ", "PLACA/DOCUMENTO ", "NOMBRE ", "APELLIDO ", "TELEFONO ", "OBSERVACION "]
 
@@ -63,6 +63,34 @@ class NumberField(DrivenDay):
         station = self.running()
         self.assertEqual(kinds(station.type("\x04")), ["beep"])
 
+    def test_control_with_the_letter_of_a_command_types_nothing(self):
+        station = self.running()
+        for letter in "ABCFITWX":
+            with self.subTest(letter=letter):
+                self.assertNotIn("beep", kinds(station.key(ord(letter), CONTROL)))
+        self.assertEqual(station.text("TxtCampo(0)"), "")
+
+    def test_keys_without_a_character_type_nothing(self):
+        """Their codes are those of letters and marks: 112 is F1 and "p", 46 is Delete and a point."""
+        station = self.running()
+        for field in ("TxtCampo(0)", "TxtCampo(1)"):
+            station.focus(field)
+            for code in [*range(33, 41), DELETE, *range(112, 124)]:
+                with self.subTest(field=field, code=code):
+                    self.assertNotIn("beep", kinds(station.key(code)))
+        self.assertEqual(station.texts("TxtCampo(0)", "TxtCampo(1)"), ["", ""])
+
+    def test_digits_of_both_rows(self):
+        station = self.running()
+        for code in (ord("1"), ord("0"), 96 + 9):
+            station.key(code)
+        self.assertEqual(station.text("TxtCampo(0)"), "109")
+
+    def test_pasting_goes_through_the_rules_of_typing(self):
+        station = self.running()
+        self.assertEqual(kinds(station.set("TxtCampo(0)", "12a3")), ["beep"])
+        self.assertEqual(station.text("TxtCampo(0)"), "123")
+
     def test_backspace(self):
         station = self.running()
         station.type("12")
@@ -96,6 +124,17 @@ class TextFields(DrivenDay):
         station.type("bc")
         values = station.get("TxtCampo(1)")
         self.assertEqual((values["Text"], values["SelStart"]), ("ABCD", 3))
+
+    def test_delete_takes_a_character_where_there_is_nothing_to_retire(self):
+        station = self.running()
+        station.focus("TxtCampo(1)")
+        station.type("abcd")
+        station.key(LEFT)
+        station.key(LEFT)
+        station.key(DELETE)
+        station.key(BACKSPACE)
+        values = station.get("TxtCampo(1)")
+        self.assertEqual((values["Text"], values["SelStart"]), ("AD", 1))
 
     def test_the_characters_of_commands_fall_silently(self):
         station = self.running()

@@ -1,5 +1,5 @@
 """The five timers on a clock that the test turns: stay and fare, forgotten fichas, clock watch, grid refresh."""
-from station import CLICK, ESC, FORGOTTEN, DrivenDay, Folder, fresh_register, inside, kinds, main, sounds, stamp
+from station import CLICK, DELETE, ESC, FORGOTTEN, DrivenDay, Folder, fresh_register, inside, kinds, main, sounds, stamp
 
 TODAY = "20/11/2026"
 
@@ -128,6 +128,26 @@ class CashLine(DrivenDay):
         self.assertEqual(kinds(station.type("".join(map(chr, (1, 2, 3, 6, 9, 20, 23, 24, 27))))), [])
         self.assertEqual(kinds(station.type("\x08\x08")), [])
         self.assertEqual(station.text("TxtEfectivo"), "1,5")
+
+    def test_cash_beyond_all_money_stops_nothing(self):
+        station = self.paying()
+        self.change(station, "9" * 40)
+        self.assertEqual(self.change(station, "16000"), "1000")
+
+    def test_text_without_a_number_counts_as_nought(self):
+        station = self.paying()
+        self.assertEqual(self.change(station, ""), "")
+        self.assertEqual(self.change(station, ",,"), "")
+
+    def test_delete_and_escape_are_commands_and_type_nothing(self):
+        station = self.paying()
+        self.assertEqual(kinds(station.key(DELETE)), [])
+        self.assertEqual(station.text("TxtEfectivo"), "0")
+        station.answer("no")
+        station.call_up(9)
+        station.advance(500)
+        self.assertEqual(kinds(station.key(ESC)), ["sound"])
+        self.assertIdle(station)
 
     def test_enter_retires(self):
         station = self.paying()
