@@ -59,6 +59,9 @@ Lock WaitForLock(int descriptor, std::int64_t position) {
   return lock;
 }
 
+/// The smallest piece that file systems give room for.
+constexpr std::uint64_t kPage = 4096;
+
 /// What a file system answers that doesn't know the request, as opposed to one that failed in it.
 bool Unsupported(int error) {
   return error == EOPNOTSUPP || error == ENOSYS || error == EINVAL;
@@ -88,6 +91,11 @@ std::optional<std::size_t> PosixFile::ReadAt(std::uint64_t offset, std::span<cha
 }
 
 Outcome PosixFile::WriteAt(std::uint64_t offset, std::span<const char> bytes) {
+  // Inside one page a full disk refuses a write whole; one that goes on into another page could end half-way.
+  if (!bytes.empty() && offset / kPage != (offset + bytes.size() - 1) / kPage) {
+    Outcome room = MakeRoom(offset, bytes.size());
+    if (!room) return room;
+  }
   std::size_t done = 0;
   while (done < bytes.size()) {
     const ssize_t put =
@@ -116,10 +124,13 @@ Outcome PosixFile::Sync() {
 Outcome PosixFile::Reserve(std::uint64_t length) {
   const std::optional<std::uint64_t> now = Length();
   if (now && *now >= length) return Outcome::Done();
-  const auto from = static_cast<off_t>(now.value_or(0));
+  return MakeRoom(now.value_or(0), length - now.value_or(0));
+}
+
+Outcome PosixFile::MakeRoom(std::uint64_t offset, std::uint64_t size) {
   int result = 0;
   do
-    result = fallocate(descriptor_, FALLOC_FL_KEEP_SIZE, from, static_cast<off_t>(length) - from);
+    result = fallocate(descriptor_, FALLOC_FL_KEEP_SIZE, static_cast<off_t>(offset), static_cast<off_t>(size));
   while (result != 0 && errno == EINTR);
   if (result != 0 && !Unsupported(errno)) return Failed("make room in");
   return Outcome::Done();

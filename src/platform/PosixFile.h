@@ -28,6 +28,8 @@ class PosixFile final : public DiskFile {
   void UnlockAppend() override;
 
  private:
+  /// Room for these bytes, whether they lie in the file, in a hole of it or behind its end.
+  Outcome MakeRoom(std::uint64_t offset, std::uint64_t size);
   Outcome Failed(std::string_view what) const;
 
   int descriptor_;
