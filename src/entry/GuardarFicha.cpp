@@ -8,15 +8,24 @@ std::int64_t Form1::NumeroDeFicha() const {
   return LeadingInteger(Trim(TxtCampo[0].Text()));
 }
 
+std::optional<RegistroFicha> Form1::LeerPuesto(std::int64_t numero) {
+  const Registro<RegistroFicha> act(platform_.disk, RutaCompartida("Vintoral.ACT"), OpenMode::kRead);
+  const std::optional<RegistroFicha> puesto = act.Read(numero);
+  if (!puesto) {
+    act.Opened().PassOver();
+    TmrConexion.SetInterval(100);
+  }
+  return puesto;
+}
+
 void Form1::GuardarFicha() {
   if (!HayConexion()) return;
   if (!TxtCampo[1].Locked) BuscarUsuario();
   if (!TxtCampo[0].Locked) return;
 
   const std::int64_t numero = NumeroDeFicha();
-  const Registro<RegistroFicha> act(platform_.disk, RutaCompartida("Vintoral.ACT"), OpenMode::kRead);
-  const std::optional<RegistroFicha> puesto = act ? act.Read(numero) : std::nullopt;
-  if (!puesto) return TmrConexion.SetInterval(100);
+  const std::optional<RegistroFicha> puesto = LeerPuesto(numero);
+  if (!puesto) return;
 
   if (!puesto->EnUso) {
     MostrarFotoConfirmacion(true);

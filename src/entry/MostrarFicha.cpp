@@ -1,14 +1,12 @@
 #include "common/Numbers.h"
-#include "records/Registro.h"
 #include "station/form1/Form1.h"
 
 namespace vintoral {
 
 void Form1::MostrarFicha() {
   if (!HayConexion()) return;
-  const Registro<RegistroFicha> act(platform_.disk, RutaCompartida("Vintoral.ACT"), OpenMode::kRead);
-  const std::optional<RegistroFicha> puesto = act ? act.Read(NumeroDeFicha()) : std::nullopt;
-  if (!puesto) return TmrConexion.SetInterval(100);
+  const std::optional<RegistroFicha> puesto = LeerPuesto(NumeroDeFicha());
+  if (!puesto) return;
   FichaActual = *puesto;
   if (FichaActual.EnUso) {
     MostrarFichaAdentro();

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -193,8 +194,10 @@ class Form1 : public ScreenModel {
   String CuentaDeSalida();
   bool ConfirmacionVencida() const;
   bool PlacaAdentro(const String& placa);
-  void LlenarUsuario(std::int64_t numero);
+  void LlenarUsuario(std::int32_t numero, const RegistroUsuario& usuario);
   std::int64_t NumeroDeFicha() const;
+  /// The slot as it stands on disk; nothing, and the link watch looks at once, when it can't be read.
+  std::optional<RegistroFicha> LeerPuesto(std::int64_t numero);
   const RegistroFicha& FichaMostrada() const;
   void EstadoConexion(bool conectado);
   void MostrarPorteria();
