@@ -18,33 +18,37 @@ bool Form1::BuscarUsuario() {
     LimpiarCampos();
     return false;
   }
-  Registro<RegistroUsuario> usuarios(platform_.disk, RutaCompartida("Vintoral.USR"), OpenMode::kRead);
-  const std::int64_t count = usuarios ? usuarios.Count() : 0;
+  const Registro<RegistroUsuario> usuarios(platform_.disk, RutaCompartida("Vintoral.USR"), OpenMode::kRead);
+  // With the users out of reach the next free number is unknown: a guess would be somebody else's.
+  if (!usuarios && !usuarios.Missing()) {
+    usuarios.Opened().PassOver();
+    return false;
+  }
+  const std::int64_t count = usuarios.Count();
   NumeroUsuario = static_cast<std::int32_t>(count + 1);
   PuntosAcumulados = 0;
   if (count == 0) return false;
 
   platform_.screen.Busy(true);
   const std::int64_t found = BuscarPlaca(usuarios, placa);
-  if (found > 0) LlenarUsuario(found);
+  const std::optional<RegistroUsuario> usuario = usuarios.Read(found);
+  if (usuario) LlenarUsuario(static_cast<std::int32_t>(found), *usuario);
   platform_.screen.Busy(false);
-  return found > 0;
+  return usuario.has_value();
 }
 
 bool Form1::PlacaAdentro(const String& placa) {
-  Registro<RegistroFicha> act(platform_.disk, RutaCompartida("Vintoral.ACT"), OpenMode::kRead);
+  const Registro<RegistroFicha> act(platform_.disk, RutaCompartida("Vintoral.ACT"), OpenMode::kRead);
+  act.Opened().PassOver();
   const std::int64_t slot = act ? BuscarPlacaDentro(act, placa, TotalFichas) : 0;
   if (slot == 0) return false;
   if (const std::optional<RegistroFicha> record = act.Read(slot)) FichaActual = *record;
   return true;
 }
 
-void Form1::LlenarUsuario(std::int64_t numero) {
-  const Registro<RegistroUsuario> usuarios(platform_.disk, RutaCompartida("Vintoral.USR"), OpenMode::kRead);
-  const std::optional<RegistroUsuario> record = usuarios ? usuarios.Read(numero) : std::nullopt;
-  if (!record) return;
-  UsuarioActual = *record;
-  NumeroUsuario = static_cast<std::int32_t>(numero);
+void Form1::LlenarUsuario(std::int32_t numero, const RegistroUsuario& usuario) {
+  UsuarioActual = usuario;
+  NumeroUsuario = numero;
   TxtCampo[2].SetText(UsuarioActual.Nombre.Trimmed());
   TxtCampo[3].SetText(UsuarioActual.Apellido.Trimmed());
   TxtCampo[4].SetText(UsuarioActual.Telefono.Trimmed());
@@ -67,7 +71,8 @@ void Form1::LlenarUsuario(std::int64_t numero) {
 std::int64_t Form1::LeerPuntosUsuario(std::int32_t numero) {
   if (numero <= 0) return 0;
   const Registro<RegistroUsuario> usuarios(platform_.disk, RutaCompartida("Vintoral.USR"), OpenMode::kRead);
-  const std::optional<RegistroUsuario> record = usuarios ? usuarios.Read(numero) : std::nullopt;
+  if (!usuarios.Missing()) usuarios.Opened().PassOver();
+  const std::optional<RegistroUsuario> record = usuarios.Read(numero);
   if (!record) return 0;
   UsuarioActual = *record;
   return UsuarioActual.Puntos;

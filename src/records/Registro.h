@@ -28,6 +28,9 @@ class Registro {
   /// Why it could not be opened.
   const Outcome& Opened() const { return opened_; }
 
+  /// There is no such file, as opposed to one that can't be opened.
+  bool Missing() const { return opened_.Error() == ENOENT; }
+
   /// Whole records in the file; 0 when the system can't say.
   std::int64_t Count() const { return file_ ? Bytes().Count() : 0; }
   /// Record `number` (from 1). A torn last record is read as far as it goes, the rest blank; past the end
