@@ -11,8 +11,8 @@ bool Form1::CargarServidor() {
   String ruta;
   if (disk.Exists(file)) {
     const std::optional<String> text = disk.ReadAll(file);
-    if (!text) return true;  // unreadable for the moment: the station stays what it is
-    ruta = UTF8toANSI(Trim(PrimeraLinea(*text)));
+    if (!text && !NumeroPorteria.Empty()) return true;  // unreadable for the moment: it stays what it is
+    ruta = UTF8toANSI(Trim(PrimeraLinea(text.value_or(String()))));
   } else if (const Outcome written = disk.Replace(file, "\r\n"); !written) {
     written.PassOver();
     TotalFichas = 0;
@@ -50,7 +50,8 @@ void Form1::TmrConexion_Timer() {
   constexpr int kConnecting = 3000, kConnected = 10000;
   const Color bar = LblConexion[0].BackColor;
   if (platform_.disk.Exists(RutaCompartida("Vintoral.ACT"))) {
-    const bool connects = TmrConexion.Interval() == kConnecting;
+    // Not the interval alone: an operation that missed ACT meanwhile has shortened it.
+    const bool connects = TmrConexion.Interval() == kConnecting || bar == kLightRed;
     TmrConexion.SetInterval(kConnected);
     if (connects) {
       TmrHoraFecha.SetEnabled(true);
