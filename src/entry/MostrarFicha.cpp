@@ -18,6 +18,7 @@ void Form1::MostrarFicha() {
 void Form1::MostrarFichaAdentro() {
   const RegistroFicha& ficha = FichaActual;
   if (PctBoton[14].BorderStyle == 1) {
+    ChkFactura.Tag = "0"_w;  // it is ticked once for each display
     ChkFactura.Value = 0;
     ChkFactura.Enabled = false;
     ChkFactura.Visible = true;
