@@ -43,6 +43,7 @@ void Form1::FocoDondeSeEscribe() {
 }
 
 void Form1::Terminar() {
+  if (terminado_) return;  // a tick under the last box may have ended it already
   terminado_ = true;
   for (Timer* timer : Timers())
     timer->SetEnabled(false);
