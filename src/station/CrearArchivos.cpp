@@ -1,51 +1,42 @@
 // The registers of a new station, made in its own Multimedia whether it is the main gate or a connected one.
+#include <tuple>
+
 #include "records/ArchivosNuevos.h"
 #include "station/form1/Form1.h"
 
 namespace vintoral {
-namespace {
 
-String NoSePuedeCrear(const Disk& disk, const String& name) {
-  return "No se puede crear el archivo \""_w + name + "\". La carpeta '"_w + disk.CurrentFolder() +
-         "\\Multimedia' está protegida contra escritura."_w;
+bool Form1::CrearRegistro(const String& nombre, String (*contenido)()) {
+  const String path = "Multimedia\\"_w + nombre;
+  if (platform_.disk.Exists(path)) return true;
+  const Outcome made = platform_.disk.Replace(path, contenido());
+  made.PassOver();
+  return static_cast<bool>(made);
 }
 
-}  // namespace
-
-bool Form1::CrearArchivoACT() {
-  const String path = "Multimedia\\Vintoral.ACT"_w;
-  if (platform_.disk.Exists(path)) return true;
-  FichaActual = {};
-  const Outcome made = platform_.disk.Replace(path, ActNuevo());
-  if (made) return true;
-  made.PassOver();
-  ImposibleContinuar(NoSePuedeCrear(platform_.disk, "Vintoral.ACT"_w));
+bool Form1::CrearRegistroNecesario(const String& nombre, String (*contenido)()) {
+  if (CrearRegistro(nombre, contenido)) return true;
   TotalFichas = 0;
+  ImposibleContinuar("No se puede crear el archivo \""_w + nombre + "\". La carpeta '"_w +
+                     platform_.disk.CurrentFolder() + "\\Multimedia' está protegida contra escritura."_w);
   Terminar();
   return false;
+}
+
+bool Form1::CrearArchivoACT() {
+  return CrearRegistroNecesario("Vintoral.ACT"_w, ActNuevo);
 }
 
 bool Form1::CrearArchivoHST() {
-  const String path = "Multimedia\\Vintoral.HST"_w;
-  if (platform_.disk.Exists(path)) return true;
-  FichaAuxiliar = {};
-  const Outcome made = platform_.disk.Replace(path, HstNuevo());
-  if (made) return true;
-  made.PassOver();
-  ImposibleContinuar(NoSePuedeCrear(platform_.disk, "Vintoral.HST"_w));
-  TotalFichas = 0;
-  Terminar();
-  return false;
+  return CrearRegistroNecesario("Vintoral.HST"_w, HstNuevo);
 }
 
 void Form1::CrearArchivoNSR() {
-  const String path = "Multimedia\\Vintoral.NSR"_w;
-  if (!platform_.disk.Exists(path)) platform_.disk.Replace(path, NsrNuevo()).PassOver();
+  std::ignore = CrearRegistro("Vintoral.NSR"_w, NsrNuevo);
 }
 
 void Form1::CrearArchivoCRD() {
-  const String path = "Multimedia\\Vintoral.CRD"_w;
-  if (!platform_.disk.Exists(path)) platform_.disk.Replace(path, "").PassOver();
+  std::ignore = CrearRegistro("Vintoral.CRD"_w, [] { return String(); });
 }
 
 }  // namespace vintoral

@@ -183,6 +183,10 @@ class Form1 : public ScreenModel {
   void ConectarEventos();
 
   // Steps of the longer operations, each in the file of its operation.
+  /// Makes the register in the station's own Multimedia unless it is there; false when it can't.
+  bool CrearRegistro(const String& nombre, String (*contenido)());
+  /// The same; a failure is told and ends the program.
+  bool CrearRegistroNecesario(const String& nombre, String (*contenido)());
   void MostrarFichaAdentro();
   void MostrarCelda();
   void MostrarFichaNueva();
