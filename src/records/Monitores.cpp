@@ -54,7 +54,7 @@ bool SalioHace(const RegistroFicha& ficha, Moment now, int minutos) {
 }
 
 bool SalioHoy(const RegistroFicha& ficha, Moment now) {
-  return TimeToday(ficha.MarcaSalida.View(), now).has_value();
+  return StampDate(ficha.MarcaSalida.View()) == DateText(now);
 }
 
 }  // namespace vintoral

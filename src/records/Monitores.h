@@ -17,7 +17,8 @@ bool EntroHace(const RegistroFicha& ficha, Moment now, int minutos);
 bool PermaneceDesde(const RegistroFicha& ficha, Moment now, int minutos);
 /// "ULTIMOS EN SALIR": left today, at least `minutos` ago.
 bool SalioHace(const RegistroFicha& ficha, Moment now, int minutos);
-/// Left on the day of `now`: the walk over HST, latest first, goes on while this holds.
+/// Left on the day of `now`: the walk over HST, latest first, goes on while this holds. The date alone
+/// counts, so a damaged time doesn't end the walk.
 bool SalioHoy(const RegistroFicha& ficha, Moment now);
 
 }  // namespace vintoral

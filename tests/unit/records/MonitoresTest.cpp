@@ -97,6 +97,8 @@ TEST(SalioHace, BeginsWithTheMinuteOfTheExit) {
 TEST(SalioHoy, LooksAtTheDayOfTheExit) {
   EXPECT_TRUE(SalioHoy(Left("10:20  (15/06/2024)"), At("15/06/2024 00:00:00")));
   EXPECT_FALSE(SalioHoy(Left("10:20  (14/06/2024)"), At("15/06/2024 00:00:00")));
+  EXPECT_TRUE(SalioHoy(Left("1x:20  (15/06/2024)"), At("15/06/2024 00:00:00")));
+  EXPECT_FALSE(SalioHoy(Left("??"), At("15/06/2024 00:00:00")));
 }
 
 TEST(Monitores, DamagedStampIsInNone) {
@@ -106,7 +108,6 @@ TEST(Monitores, DamagedStampIsInNone) {
     EXPECT_FALSE(EntroHace(Entered(stamp), now, 1000)) << stamp;
     EXPECT_FALSE(PermaneceDesde(Entered(stamp), now, 0)) << stamp;
     EXPECT_FALSE(SalioHace(Left(stamp), now, 0)) << stamp;
-    EXPECT_FALSE(SalioHoy(Left(stamp), now)) << stamp;
   }
 }
 
