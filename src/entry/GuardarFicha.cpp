@@ -34,7 +34,7 @@ void Form1::GuardarFicha() {
       MostrarFotoConfirmacion(false);
       return SetFocus(&TxtCampo[2]);
     }
-    FichaActual = *puesto;  // ticks under the box may have read other slots
+    FichaActual = *puesto;
     AnotarEntrada(numero);
   }
   RefrescarVista();

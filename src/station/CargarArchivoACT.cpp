@@ -1,20 +1,31 @@
 // The view of the grid, rebuilt from the registers.
+#include <algorithm>
+
 #include "common/Numbers.h"
 #include "records/Monitores.h"
 #include "records/Registro.h"
 #include "station/form1/Form1.h"
 
 namespace vintoral {
+namespace {
+
+int MinutesIn(std::string_view text) {
+  constexpr std::int64_t kMost = 1'000'000;  // what is typed beyond it must not turn into a negative number
+  return static_cast<int>(std::clamp<std::int64_t>(LeadingInteger(text), 0, kMost));
+}
+
+}  // namespace
 
 void Form1::LiberarMemoria() {
   std::vector<RegistroFicha>().swap(VistaFichas);
 }
 
+// FichaActual stays what it is: the fare of a ficha on display is computed from it.
 void Form1::CargarArchivoACT() {
   const Registro<RegistroFicha> act(platform_.disk, RutaCompartida("Vintoral.ACT"), OpenMode::kRead);
   if (!act) return;
   const Moment now = platform_.clock.Now();
-  const int minutes = static_cast<int>(LeadingInteger(CboMinutos.Text()));
+  const int minutes = MinutesIn(CboMinutos.Text());
   const bool ingresos = PctBoton[7].BorderStyle == 1;
   const bool permanencia = PctBoton[8].BorderStyle == 1;
   LiberarMemoria();
@@ -24,7 +35,6 @@ void Form1::CargarArchivoACT() {
                        : permanencia ? PermaneceDesde(record, now, minutes)
                                      : true;
     if (EstaDentro(record) && shown) VistaFichas.push_back(record);
-    FichaActual = record;
     return true;
   });
 }
@@ -33,7 +43,7 @@ void Form1::CargarSalidasHST() {
   const Registro<RegistroFicha> hst(platform_.disk, RutaCompartida("Vintoral.HST"), OpenMode::kRead);
   if (!hst) return TmrConexion.SetInterval(100);
   const Moment now = platform_.clock.Now();
-  const int minutes = static_cast<int>(LeadingInteger(CboMinutos.Text()));
+  const int minutes = MinutesIn(CboMinutos.Text());
   LiberarMemoria();
   hst.WalkBack(hst.Count(), 1, [&](std::int64_t, const RegistroFicha& record) {
     FichaAuxiliar = record;
