@@ -42,6 +42,7 @@ void Form1::CargarEtiquetas() {
   if (platform_.disk.Exists(path)) {
     const Registro<RegistroEtiquetas> lbl(platform_.disk, path, OpenMode::kRead);
     const std::optional<RegistroEtiquetas> record = lbl ? lbl.Read(1) : std::nullopt;
+    lbl.Opened().PassOver();
     if (!record || lbl.Count() < 1) return;
     EtiquetasActuales = *record;
     for (std::size_t i = 0; i < TxtEtiqueta.size(); ++i) {
@@ -55,7 +56,9 @@ void Form1::CargarEtiquetas() {
 }
 
 void Form1::GuardarEtiquetas() {
-  Registro<RegistroEtiquetas> lbl(platform_.disk, RutaCompartida("Vintoral.LBL"), OpenMode::kCreate);
+  const String path = RutaCompartida("Vintoral.LBL");
+  platform_.disk.ClearReadOnly(path).PassOver();
+  Registro<RegistroEtiquetas> lbl(platform_.disk, path, OpenMode::kCreate);
   for (std::size_t i = 0; i < TxtEtiqueta.size(); ++i)
     EtiquetasActuales.Etiqueta[i] = Trim(TxtEtiqueta[i].Text());
   EtiquetasActuales.MemoriaRostros = ImgIndicador[2].Visible;
@@ -64,6 +67,7 @@ void Form1::GuardarEtiquetas() {
 
 void Form1::CargarEstadoPantalla() {
   const Registro<RegistroMixto> dat(platform_.disk, kDat, OpenMode::kRead);
+  if (!dat.Missing()) dat.Opened().PassOver();
   const std::optional<RegistroMixto> record = dat ? dat.Read(kEstado) : std::nullopt;
   if (!record) return;
   PctBoton[7].Tag = Digits(record->Numero1);

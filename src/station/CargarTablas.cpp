@@ -1,4 +1,6 @@
 // The tariff files of this station: made when missing, loaded into the tables.
+#include <cerrno>
+
 #include "station/form1/Form1.h"
 #include "tariffs/Tablas.h"
 
@@ -24,7 +26,10 @@ void Form1::CargarTablas() {
   const auto load = [&](std::string_view file, auto each) {
     if (!disk.Exists(file)) return true;
     const std::optional<String> bytes = disk.ReadAll(file);
-    if (!bytes) return false;
+    if (!bytes) {
+      Outcome::Failed("read", file, EIO).PassOver();
+      return false;
+    }
     for (const String& line : DecodificarLineas(*bytes))
       each(line);
     return true;
