@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdio>
 #include <filesystem>
 #include <string_view>
@@ -12,9 +13,9 @@
 namespace vintoral {
 namespace {
 
-constexpr std::array<std::string_view, 19> kOperations = {
+constexpr std::array<std::string_view, 20> kOperations = {
     "key",    "type",   "set",    "focus", "click", "dblclick", "hover", "select", "check", "tick",
-    "scroll", "answer", "unload", "close", "get",   "state",    "view",  "fare",   "clock"};
+    "scroll", "answer", "unload", "close", "get",   "state",    "view",  "fare",   "clock", "advance"};
 
 constexpr std::array<std::pair<Answer, const char*>, 4> kAnswers = {
     {{Answer::kOk, "ok"}, {Answer::kYes, "yes"}, {Answer::kNo, "no"}, {Answer::kCancel, "cancel"}}};
@@ -61,8 +62,22 @@ Json ParseOperation(const std::string& line) {
   return operation;
 }
 
+std::int64_t WholeNumber(const Json& value, const char* name) {
+  constexpr double kExact = 9007199254740992;  // 2^53: below it a floating-point number tells each whole one
+  if (value.is_number_float()) {
+    const auto number = value.get<double>();
+    if (number > -kExact && number < kExact && number == std::trunc(number))
+      return static_cast<std::int64_t>(number);
+  }
+  if (!value.is_number_integer())
+    throw std::runtime_error(std::string("field '") + name + "' is no whole number");
+  if (value.is_number_unsigned() && !std::in_range<std::int64_t>(value.get<std::uint64_t>()))
+    throw std::runtime_error(std::string("field '") + name + "' is out of range");
+  return value.get<std::int64_t>();
+}
+
 void RequireKnown(const std::string& name) {
-  if (name != "advance" && std::find(kOperations.begin(), kOperations.end(), name) == kOperations.end()) {
+  if (std::find(kOperations.begin(), kOperations.end(), name) == kOperations.end()) {
     throw std::runtime_error("unknown operation '" + name + "'");
   }
 }
@@ -92,12 +107,12 @@ std::string MakeFolders(const std::string& folder) {
 Moment ParseMoment(const std::string& text) {
   Civil civil;
   int end = 0;
-  const int parts = std::sscanf(text.c_str(), "%4d-%2d-%2d %2d:%2d:%2d%n", &civil.year, &civil.month,
-                                &civil.day, &civil.hour, &civil.minute, &civil.second, &end);
-  const bool milliseconds = parts == 6 && static_cast<std::size_t>(end) < text.size();
-  if (milliseconds && std::sscanf(text.c_str() + end, ".%3d", &civil.millisecond) != 1) civil.month = 0;
+  const int parts =
+      std::sscanf(text.c_str(), "%4d-%2d-%2d %2d:%2d:%2d%n.%3d%n", &civil.year, &civil.month, &civil.day,
+                  &civil.hour, &civil.minute, &civil.second, &end, &civil.millisecond, &end);
   const std::optional<Moment> moment = Moment::From(civil);
-  if (parts != 6 || !moment) throw std::runtime_error("'" + text + "' is no time");
+  if (parts < 6 || static_cast<std::size_t>(end) != text.size() || !moment)
+    throw std::runtime_error("'" + text + "' is no time");
   return *moment;
 }
 

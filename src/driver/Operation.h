@@ -1,9 +1,12 @@
 // Reading one operation, and the small pieces of a reply.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <type_traits>
+#include <utility>
 #include <vector>
 
 #include <nlohmann/json.hpp>
@@ -21,9 +24,18 @@ using Json = nlohmann::ordered_json;
 /// One line of input: a JSON object.
 Json ParseOperation(const std::string& line);
 
+/// The whole number of a field; a fraction is none, and neither is what 64 bits can't hold.
+std::int64_t WholeNumber(const Json& value, const char* name);
+
 template <class T>
 T Field(const Json& operation, const char* name) {
   if (!operation.contains(name)) throw std::runtime_error(std::string("field '") + name + "' is missing");
+  if constexpr (std::is_integral_v<T>) {
+    const std::int64_t number = WholeNumber(operation[name], name);
+    if (!std::in_range<T>(number))
+      throw std::runtime_error(std::string("field '") + name + "' is out of range");
+    return static_cast<T>(number);
+  }
   try {
     return operation[name].get<T>();
   } catch (const nlohmann::json::exception&) {
