@@ -36,10 +36,9 @@ std::string Quoted(const std::string& argument) {
   return result + "\"";
 }
 
-std::string NativePath(const String& path) {
-  std::string native = path.ToUtf8();
-  std::replace(native.begin(), native.end(), '\\', '/');
-  return native;
+std::string WithSlashes(std::string path) {
+  std::replace(path.begin(), path.end(), '\\', '/');
+  return path;
 }
 
 }  // namespace
@@ -52,20 +51,19 @@ bool DesktopEntryExists(const std::string& desktop, const std::string& name) {
   return access(DesktopEntryFile(desktop, name).c_str(), F_OK) == 0;
 }
 
-std::string DesktopEntryText(const Shortcut& shortcut, const std::string& executable) {
+std::string DesktopEntryText(const DesktopEntry& entry) {
   return "[Desktop Entry]\n"
          "Type=Application\n"
          "Version=1.5\n"
          "Name=" +
-         Escaped(shortcut.name.ToUtf8()) + "\n" + "Exec=" + Escaped(Quoted(executable)) + "\n" +
-         "Path=" + Escaped(NativePath(shortcut.workingFolder)) + "\n" +
-         "Icon=" + Escaped(NativePath(shortcut.icon)) + "\n" + "Terminal=false\n";
+         Escaped(entry.name) + "\n" + "Exec=" + Escaped(Quoted(entry.executable)) + "\n" +
+         "Path=" + Escaped(WithSlashes(entry.workingFolder)) + "\n" +
+         "Icon=" + Escaped(WithSlashes(entry.icon)) + "\n" + "Terminal=false\n";
 }
 
-Outcome WriteDesktopEntry(const std::string& desktop, const Shortcut& shortcut,
-                          const std::string& executable) {
-  const std::string file = DesktopEntryFile(desktop, shortcut.name.ToUtf8());
-  const std::string text = DesktopEntryText(shortcut, executable);
+Outcome WriteDesktopEntry(const std::string& desktop, const DesktopEntry& entry) {
+  const std::string file = DesktopEntryFile(desktop, entry.name);
+  const std::string text = DesktopEntryText(entry);
   const int descriptor = open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0755);
   if (descriptor < 0) return Outcome::Failed("create", file, errno);
   const ssize_t written = write(descriptor, text.data(), text.size());

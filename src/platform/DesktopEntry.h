@@ -5,17 +5,23 @@
 #include <string>
 
 #include "common/Outcome.h"
-#include "platform/System.h"
 
 namespace vintoral {
+
+/// What a desktop entry says, all of it UTF-8. Folder and icon are paths of this system, whose separators may
+/// still be the station's backslashes.
+struct DesktopEntry {
+  std::string name;
+  std::string executable;
+  std::string workingFolder;
+  std::string icon;
+};
 
 /// The file of the shortcut `name` in the desktop folder (both UTF-8).
 std::string DesktopEntryFile(const std::string& desktop, const std::string& name);
 bool DesktopEntryExists(const std::string& desktop, const std::string& name);
-/// The text of a desktop entry that starts `executable` (UTF-8 path) in the shortcut's working folder.
-std::string DesktopEntryText(const Shortcut& shortcut, const std::string& executable);
+std::string DesktopEntryText(const DesktopEntry& entry);
 /// Writes the entry and marks it executable, as desktops ask of a trusted one.
-Outcome WriteDesktopEntry(const std::string& desktop, const Shortcut& shortcut,
-                          const std::string& executable);
+Outcome WriteDesktopEntry(const std::string& desktop, const DesktopEntry& entry);
 
 }  // namespace vintoral

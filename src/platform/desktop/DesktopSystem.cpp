@@ -73,7 +73,11 @@ bool DesktopSystem::HasShortcut(std::string_view name) {
 Outcome DesktopSystem::CreateShortcut(const Shortcut& shortcut) {
   const std::string desktop = DesktopFolder();
   if (!QDir().mkpath(QString::fromStdString(desktop))) return Outcome::Failed("make", desktop, EACCES);
-  return WriteDesktopEntry(desktop, shortcut, QCoreApplication::applicationFilePath().toStdString());
+  // By way of the disk, which knows the folder by its real name where the station's text can't spell it.
+  return WriteDesktopEntry(desktop, {.name = shortcut.name.ToUtf8(),
+                                     .executable = QCoreApplication::applicationFilePath().toStdString(),
+                                     .workingFolder = fileOf_(shortcut.workingFolder),
+                                     .icon = fileOf_(shortcut.icon)});
 }
 
 void DesktopSystem::Launch(std::string_view command) {

@@ -48,7 +48,10 @@ bool RecordingSystem::HasShortcut(std::string_view name) {
 
 Outcome RecordingSystem::CreateShortcut(const Shortcut& shortcut) {
   if (Desktop.empty()) return Outcome::Failed("create shortcut on", "the desktop", ENOENT);
-  return WriteDesktopEntry(Desktop, shortcut, "vintoral");
+  return WriteDesktopEntry(Desktop, {.name = shortcut.name.ToUtf8(),
+                                     .executable = "vintoral",
+                                     .workingFolder = shortcut.workingFolder.ToUtf8(),
+                                     .icon = shortcut.icon.ToUtf8()});
 }
 
 void RecordingSystem::End() {
