@@ -16,7 +16,7 @@ constexpr std::uint64_t kLastCoefficient = std::uint64_t{1} << 63;
 constexpr std::ptrdiff_t kRoomForBlock = 2 * (64 * (16 + 11) / 8) + 32;
 
 int MagnitudeBitsOf(int value) {
-  return std::bit_width(static_cast<unsigned>(std::abs(value)));
+  return static_cast<int>(std::bit_width(static_cast<unsigned>(std::abs(value))));
 }
 
 unsigned RunSymbol(unsigned run, unsigned tokenClass) {

@@ -35,33 +35,34 @@ VINTORAL_INLINE void ToGrey(const std::uint8_t* __restrict grey, std::ptrdiff_t 
     y[i] = static_cast<float>(grey[i]) - 128.0F;
 }
 
-template <int N>
-VINTORAL_INLINE void TransformGroup(const float* samples, std::ptrdiff_t stride, const Quantizer& quantizer,
+template <std::size_t N>
+VINTORAL_INLINE void TransformGroup(const float* samples, std::size_t stride, const Quantizer& quantizer,
                                     CodedBlock* blocks) {
-  for (int i = 0; i < kGroupBlocks; i += N)
+  for (std::size_t i = 0; i < kGroupBlocks; i += N) {
     TransformBlocks<N>(samples + 8 * i, stride, quantizer, blocks + i);
+  }
 }
 
 // One set of the loops above for the instruction set that `target` asks for.
-#define VINTORAL_KERNELS(name, lanes, target)                                                             \
-  struct name {                                                                                           \
-    target static void SplitPixels(const std::uint8_t* pixels, std::ptrdiff_t count, std::uint8_t* red,   \
-                                   std::uint8_t* green, std::uint8_t* blue) {                             \
-      Split(pixels, count, red, green, blue);                                                             \
-    }                                                                                                     \
-    target static void ColourToYcc(const std::uint8_t* red, const std::uint8_t* green,                    \
-                                   const std::uint8_t* blue, std::ptrdiff_t count, float* y, float* cb,   \
-                                   float* cr) {                                                           \
-      ToYcc(red, green, blue, count, y, cb, cr);                                                          \
-    }                                                                                                     \
-    target static void GreyToY(const std::uint8_t* grey, std::ptrdiff_t count, float* y) {                \
-      ToGrey(grey, count, y);                                                                             \
-    }                                                                                                     \
-    target static void Transform(const float* samples, std::ptrdiff_t stride, const Quantizer& quantizer, \
-                                 CodedBlock* blocks) {                                                    \
-      TransformGroup<lanes>(samples, stride, quantizer, blocks);                                          \
-    }                                                                                                     \
-    static constexpr Kernels kAll = {SplitPixels, ColourToYcc, GreyToY, Transform};                       \
+#define VINTORAL_KERNELS(name, lanes, target)                                                           \
+  struct name {                                                                                         \
+    target static void SplitPixels(const std::uint8_t* pixels, std::ptrdiff_t count, std::uint8_t* red, \
+                                   std::uint8_t* green, std::uint8_t* blue) {                           \
+      Split(pixels, count, red, green, blue);                                                           \
+    }                                                                                                   \
+    target static void ColourToYcc(const std::uint8_t* red, const std::uint8_t* green,                  \
+                                   const std::uint8_t* blue, std::ptrdiff_t count, float* y, float* cb, \
+                                   float* cr) {                                                         \
+      ToYcc(red, green, blue, count, y, cb, cr);                                                        \
+    }                                                                                                   \
+    target static void GreyToY(const std::uint8_t* grey, std::ptrdiff_t count, float* y) {              \
+      ToGrey(grey, count, y);                                                                           \
+    }                                                                                                   \
+    target static void Transform(const float* samples, std::size_t stride, const Quantizer& quantizer,  \
+                                 CodedBlock* blocks) {                                                  \
+      TransformGroup<lanes>(samples, stride, quantizer, blocks);                                        \
+    }                                                                                                   \
+    static constexpr Kernels kAll = {SplitPixels, ColourToYcc, GreyToY, Transform};                     \
   }
 
 VINTORAL_KERNELS(Portable, 4, );

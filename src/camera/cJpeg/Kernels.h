@@ -21,8 +21,7 @@ struct Kernels {
                 std::ptrdiff_t count, float* y, float* cb, float* cr);
   void (*toGrey)(const std::uint8_t* grey, std::ptrdiff_t count, float* y);
   // Transforms and quantises kGroupBlocks blocks that lie side by side.
-  void (*transform)(const float* samples, std::ptrdiff_t stride, const Quantizer& quantizer,
-                    CodedBlock* blocks);
+  void (*transform)(const float* samples, std::size_t stride, const Quantizer& quantizer, CodedBlock* blocks);
 };
 
 extern const Kernels kPortableKernels;

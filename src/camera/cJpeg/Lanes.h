@@ -12,7 +12,7 @@
 namespace vintoral {
 
 // N floats, or N integers of 32 bits, side by side.
-template <int N>
+template <std::size_t N>
 struct Lanes;
 
 template <>

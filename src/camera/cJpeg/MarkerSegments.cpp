@@ -54,8 +54,8 @@ void WriteEndOfImage(Bytes& file) {
 // The parameters are those of ITU-T T.871, 10.1: version 1.01, no unit, square pixels, no thumbnail.
 void WriteJfif(Bytes& file) {
   PutSegment(file, kApplication0, 14);
-  for (const int byte : {'J', 'F', 'I', 'F', 0, 1, 1, 0, 0, 1, 0, 1, 0, 0})
-    PutByte(file, byte);
+  constexpr std::uint8_t kParameters[] = {'J', 'F', 'I', 'F', 0, 1, 1, 0, 0, 1, 0, 1, 0, 0};
+  file.insert(file.end(), std::begin(kParameters), std::end(kParameters));
 }
 
 void WriteComment(Bytes& file, std::string_view text) {

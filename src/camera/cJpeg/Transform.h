@@ -1,7 +1,5 @@
 #pragma once
 
-#include <bit>
-#include <cmath>
 #include <cstddef>
 #include <cstdint>
 
@@ -46,7 +44,7 @@ VINTORAL_INLINE void ForwardDct(Float (&x)[8]) {
 inline constexpr float kRounder = 12582912.0F;
 
 // Quantises one coefficient of N blocks and makes their tokens.
-template <int N>
+template <std::size_t N>
 VINTORAL_INLINE void Quantize(typename Lanes<N>::Int& tokens, const typename Lanes<N>::Float& x,
                               float factor) {
   const typename Lanes<N>::Float shifted = x * factor + kRounder;
@@ -58,64 +56,85 @@ VINTORAL_INLINE void Quantize(typename Lanes<N>::Int& tokens, const typename Lan
   tokens = (value << 16) | ((form >> 23) & 15) | ((form >> 27) & 16);
 }
 
-// N blocks side by side in the rows of `samples`, level-shifted, each row `stride` floats after the last,
-// become N coded blocks. Below, a row or column of all N blocks is worked on at once: vertically with a
-// block's row in a vector, then, after turning, horizontally with a lane for each block, so that zig-zag
-// order costs nothing.
-template <int N>
-VINTORAL_INLINE void TransformBlocks(const float* samples, std::ptrdiff_t stride, const Quantizer& quantizer,
-                                     CodedBlock* blocks) {
-  using Float = typename Lanes<N>::Float;
-  using Int = typename Lanes<N>::Int;
-  alignas(64) float columns[8][N][8];
-  for (int block = 0; block < N; ++block) {
-    for (int part = 0; part < 8; part += N) {
-      Float x[8];
-      for (int y = 0; y < 8; ++y)
+// The columns of N blocks: [vertical frequency][block][x].
+template <std::size_t N>
+using Columns = float[8][N][8];
+
+// The tokens of N blocks: [zig-zag place][block].
+template <std::size_t N>
+using Interleaved = std::int32_t[kBlockSize][N];
+
+// First with part of a block's row in each vector.
+template <std::size_t N>
+VINTORAL_INLINE void TransformColumns(const float* samples, std::size_t stride, Columns<N>& columns) {
+  for (std::size_t block = 0; block < N; ++block) {
+    for (std::size_t part = 0; part < 8; part += N) {
+      typename Lanes<N>::Float x[8];
+      for (std::size_t y = 0; y < 8; ++y)
         Load(x[y], samples + y * stride + 8 * block + part);
       ForwardDct(x);
-      for (int v = 0; v < 8; ++v)
+      for (std::size_t v = 0; v < 8; ++v)
         Store(&columns[v][block][part], x[v]);
     }
   }
+}
 
-  alignas(64) std::int32_t zigZag[kBlockSize][N];
-  for (int v = 0; v < 8; ++v) {
-    Float x[8];
-    for (int part = 0; part < 8; part += N) {
-      Float turned[N];
-      for (int block = 0; block < N; ++block)
+// Then, turned, with a lane for each block: so zig-zag order is only a matter of where a vector is stored.
+template <std::size_t N>
+VINTORAL_INLINE void TransformRows(const Columns<N>& columns, const Quantizer& quantizer,
+                                   Interleaved<N>& zigZag) {
+  for (std::size_t v = 0; v < 8; ++v) {
+    typename Lanes<N>::Float x[8];
+    for (std::size_t part = 0; part < 8; part += N) {
+      typename Lanes<N>::Float turned[N];
+      for (std::size_t block = 0; block < N; ++block)
         Load(turned[block], &columns[v][block][part]);
       Transpose(turned);
-      for (int i = 0; i < N; ++i)
+      for (std::size_t i = 0; i < N; ++i)
         x[part + i] = turned[i];
     }
     ForwardDct(x);
-    for (int u = 0; u < 8; ++u) {
-      Int tokens;
-      Quantize<N>(tokens, x[u], quantizer.factors[static_cast<std::size_t>(8 * v + u)]);
-      Store(zigZag[quantizer.zigZagOf[static_cast<std::size_t>(8 * v + u)]], tokens);
+    for (std::size_t u = 0; u < 8; ++u) {
+      typename Lanes<N>::Int tokens;
+      Quantize<N>(tokens, x[u], quantizer.factors[8 * v + u]);
+      Store(zigZag[quantizer.zigZagOf[8 * v + u]], tokens);
     }
   }
+}
 
-  Int nonzero[2] = {};  // coefficients 0 to 31, 32 to 63
-  for (int k = 0; k < kBlockSize; k += N) {
-    Int tokens[N];
-    Int some = {};
-    for (int i = 0; i < N; ++i) {
+// At last turned again, into the blocks; on the way each lane notes which of its block's tokens are not zero.
+template <std::size_t N>
+VINTORAL_INLINE void CollectBlocks(const Interleaved<N>& zigZag, CodedBlock* blocks) {
+  typename Lanes<N>::Int nonzero[2] = {};  // of the tokens 0 to 31 and 32 to 63
+  for (std::size_t k = 0; k < kBlockSize; k += N) {
+    typename Lanes<N>::Int tokens[N];
+    typename Lanes<N>::Int some = {};
+    for (std::size_t i = 0; i < N; ++i) {
       Load(tokens[i], zigZag[k + i]);
       some |= (tokens[i] != 0) & (1 << i);
     }
-    nonzero[k / 32] |= some << (k % 32);
+    nonzero[k / 32] |= some << static_cast<int>(k % 32);
     Transpose(tokens);
-    for (int block = 0; block < N; ++block)
-      Store(&blocks[block].tokens[static_cast<std::size_t>(k)], tokens[block]);
+    for (std::size_t block = 0; block < N; ++block)
+      Store(&blocks[block].tokens[k], tokens[block]);
   }
-  for (int block = 0; block < N; ++block) {
+  for (std::size_t block = 0; block < N; ++block) {
     const auto low = static_cast<std::uint32_t>(nonzero[0][block]);
     const auto high = static_cast<std::uint32_t>(nonzero[1][block]);
     blocks[block].nonzero = (std::uint64_t{high} << 32 | low) & ~std::uint64_t{1};
   }
+}
+
+// N blocks side by side in the rows of `samples`, each row `stride` floats after the last, become N coded
+// blocks.
+template <std::size_t N>
+VINTORAL_INLINE void TransformBlocks(const float* samples, std::size_t stride, const Quantizer& quantizer,
+                                     CodedBlock* blocks) {
+  alignas(64) Columns<N> columns;
+  alignas(64) Interleaved<N> zigZag;
+  TransformColumns<N>(samples, stride, columns);
+  TransformRows<N>(columns, quantizer, zigZag);
+  CollectBlocks<N>(zigZag, blocks);
 }
 
 }  // namespace vintoral

@@ -66,12 +66,13 @@ void UnitGroup::ConvertRow(const ColourPlanes& planes, int left, int y, std::siz
 
 void UnitGroup::Transform(int component, const std::vector<float>& samples) {
   const SamplingFactor& factor = layout_.Factor(component);
-  const std::ptrdiff_t stride = 8 * kGroupBlocks * factor.horizontal;
+  const auto stride = static_cast<std::size_t>(8 * kGroupBlocks * factor.horizontal);
+  const Quantizer& quantizer = quantizers_[static_cast<std::size_t>(TableOf(component))];
   CodedBlock* block = blocks_[static_cast<std::size_t>(component)].data();
   for (int y = 0; y < factor.vertical; ++y) {
+    const float* row = samples.data() + static_cast<std::size_t>(8 * y) * stride;
     for (int x = 0; x < factor.horizontal; ++x, block += kGroupBlocks) {
-      kernels_.transform(samples.data() + 8 * y * stride + 8 * kGroupBlocks * x, stride,
-                         quantizers_[static_cast<std::size_t>(TableOf(component))], block);
+      kernels_.transform(row + 8 * kGroupBlocks * x, stride, quantizer, block);
     }
   }
 }

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "camera/MadePictures.h"
+
+namespace vintoral::testing {
+
+// What libjpeg-turbo makes of a file: an independent decoder, the most widely used.
+struct DecodedJpeg {
+  std::vector<std::string> complaints;  // errors and warnings
+  std::vector<std::uint8_t> pixels;     // rows without padding: blue, green, red; or grey
+  int width = 0, height = 0, components = 0;
+  std::vector<std::string> comments;
+};
+
+DecodedJpeg DecodeWithLibJpeg(const std::vector<std::uint8_t>& file);
+
+// The quantised coefficients of each component, all its blocks one after another, row by row, in natural
+// order.
+std::vector<std::vector<std::int16_t>> CoefficientsByLibJpeg(const std::vector<std::uint8_t>& file);
+
+struct LibJpegSettings {
+  int quality = 95;
+  int h1 = 1, v1 = 1;
+};
+
+// Encodes with optimised tables and libjpeg-turbo's most exact transform, memory to memory. `file` keeps its
+// room from call to call.
+void EncodeWithLibJpeg(const MadePicture& picture, const LibJpegSettings& settings,
+                       std::vector<std::uint8_t>& file);
+
+// How far decoded pixels are from a picture.
+struct PictureError {
+  double meanSquare = 0;
+  int largest = 0;
+};
+
+PictureError ErrorOf(const MadePicture& picture, const std::vector<std::uint8_t>& decoded);
+
+}  // namespace vintoral::testing
