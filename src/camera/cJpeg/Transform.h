@@ -49,9 +49,9 @@ VINTORAL_INLINE void Quantize(typename Lanes<N>::Int& tokens, const typename Lan
                               float factor) {
   const typename Lanes<N>::Float shifted = x * factor + kRounder;
   const typename Lanes<N>::Float rounded = shifted - kRounder;
-  typename Lanes<N>::Int value, form;
-  Reinterpret(value, shifted);
-  Reinterpret(form, rounded);
+  // A cast between vectors keeps the bits.
+  const auto value = reinterpret_cast<typename Lanes<N>::Int>(shifted);
+  const auto form = reinterpret_cast<typename Lanes<N>::Int>(rounded);
   // Sign in bit 31, exponent from bit 23: a value of n magnitude bits has an exponent of 126 + n.
   tokens = (value << 16) | ((form >> 23) & 15) | ((form >> 27) & 16);
 }
@@ -67,14 +67,17 @@ using Interleaved = std::int32_t[kBlockSize][N];
 // First with part of a block's row in each vector.
 template <std::size_t N>
 VINTORAL_INLINE void TransformColumns(const float* samples, std::size_t stride, Columns<N>& columns) {
+#pragma GCC unroll 8
   for (std::size_t block = 0; block < N; ++block) {
     for (std::size_t part = 0; part < 8; part += N) {
       typename Lanes<N>::Float x[8];
+#pragma GCC unroll 8
       for (std::size_t y = 0; y < 8; ++y)
-        Load(x[y], samples + y * stride + 8 * block + part);
+        Load<N>(x[y], samples + y * stride + 8 * block + part);
       ForwardDct(x);
+#pragma GCC unroll 8
       for (std::size_t v = 0; v < 8; ++v)
-        Store(&columns[v][block][part], x[v]);
+        Store<N>(&columns[v][block][part], x[v]);
     }
   }
 }
@@ -83,21 +86,25 @@ VINTORAL_INLINE void TransformColumns(const float* samples, std::size_t stride, 
 template <std::size_t N>
 VINTORAL_INLINE void TransformRows(const Columns<N>& columns, const Quantizer& quantizer,
                                    Interleaved<N>& zigZag) {
+#pragma GCC unroll 8
   for (std::size_t v = 0; v < 8; ++v) {
     typename Lanes<N>::Float x[8];
     for (std::size_t part = 0; part < 8; part += N) {
       typename Lanes<N>::Float turned[N];
+#pragma GCC unroll 8
       for (std::size_t block = 0; block < N; ++block)
-        Load(turned[block], &columns[v][block][part]);
+        Load<N>(turned[block], &columns[v][block][part]);
       Transpose(turned);
+#pragma GCC unroll 8
       for (std::size_t i = 0; i < N; ++i)
         x[part + i] = turned[i];
     }
     ForwardDct(x);
+#pragma GCC unroll 8
     for (std::size_t u = 0; u < 8; ++u) {
       typename Lanes<N>::Int tokens;
       Quantize<N>(tokens, x[u], quantizer.factors[8 * v + u]);
-      Store(zigZag[quantizer.zigZagOf[8 * v + u]], tokens);
+      Store<N>(zigZag[quantizer.zigZagOf[8 * v + u]], tokens);
     }
   }
 }
@@ -109,15 +116,18 @@ VINTORAL_INLINE void CollectBlocks(const Interleaved<N>& zigZag, CodedBlock* blo
   for (std::size_t k = 0; k < kBlockSize; k += N) {
     typename Lanes<N>::Int tokens[N];
     typename Lanes<N>::Int some = {};
+#pragma GCC unroll 8
     for (std::size_t i = 0; i < N; ++i) {
-      Load(tokens[i], zigZag[k + i]);
+      Load<N>(tokens[i], zigZag[k + i]);
       some |= (tokens[i] != 0) & (1 << i);
     }
     nonzero[k / 32] |= some << static_cast<int>(k % 32);
     Transpose(tokens);
+#pragma GCC unroll 8
     for (std::size_t block = 0; block < N; ++block)
-      Store(&blocks[block].tokens[k], tokens[block]);
+      Store<N>(&blocks[block].tokens[k], tokens[block]);
   }
+#pragma GCC unroll 8
   for (std::size_t block = 0; block < N; ++block) {
     const auto low = static_cast<std::uint32_t>(nonzero[0][block]);
     const auto high = static_cast<std::uint32_t>(nonzero[1][block]);
