@@ -8,11 +8,11 @@
 #include <vector>
 
 #include "Memory.h"
-#include "camera/LibJpeg.h"
-#include "camera/MadePictures.h"
+#include "unit/camera/LibJpeg.h"
+#include "unit/camera/MadePictures.h"
 #include "camera/cJpeg/cJpeg.h"
 
-namespace vintoral::testing {
+namespace vintoral::made {
 
 namespace {
 
@@ -86,4 +86,4 @@ const bool registered = [] {
 
 }  // namespace
 
-}  // namespace vintoral::testing
+}  // namespace vintoral::made

@@ -1,4 +1,4 @@
-#include "camera/LibJpeg.h"
+#include "unit/camera/LibJpeg.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -9,7 +9,7 @@
 // After <cstdio>, whose types it needs.
 #include <jpeglib.h>
 
-namespace vintoral::testing {
+namespace vintoral::made {
 
 namespace {
 
@@ -154,4 +154,4 @@ PictureError ErrorOf(const MadePicture& picture, const std::vector<std::uint8_t>
   return error;
 }
 
-}  // namespace vintoral::testing
+}  // namespace vintoral::made

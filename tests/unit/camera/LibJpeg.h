@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "camera/MadePictures.h"
+#include "unit/camera/MadePictures.h"
 
-namespace vintoral::testing {
+namespace vintoral::made {
 
 // What libjpeg-turbo makes of a file: an independent decoder, the most widely used.
 struct DecodedJpeg {
@@ -40,4 +40,4 @@ struct PictureError {
 
 PictureError ErrorOf(const MadePicture& picture, const std::vector<std::uint8_t>& decoded);
 
-}  // namespace vintoral::testing
+}  // namespace vintoral::made

@@ -1,11 +1,11 @@
-#include "camera/MadePictures.h"
+#include "unit/camera/MadePictures.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <random>
 
-namespace vintoral::testing {
+namespace vintoral::made {
 
 namespace {
 
@@ -170,4 +170,4 @@ const std::vector<PictureKind>& PictureKinds() {
   return kinds;
 }
 
-}  // namespace vintoral::testing
+}  // namespace vintoral::made

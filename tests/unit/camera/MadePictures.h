@@ -7,7 +7,7 @@
 
 #include "camera/cImage/Pixels.h"
 
-namespace vintoral::testing {
+namespace vintoral::made {
 
 // A picture of 24 bits that the tests and the benchmark make themselves, its rows top to bottom.
 struct MadePicture {
@@ -41,4 +41,4 @@ struct PictureKind {
 
 const std::vector<PictureKind>& PictureKinds();
 
-}  // namespace vintoral::testing
+}  // namespace vintoral::made
