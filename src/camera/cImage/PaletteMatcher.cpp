@@ -1,6 +1,7 @@
 #include "camera/cImage/PaletteMatcher.h"
 
 #include <climits>
+#include <cstddef>
 
 namespace vintoral {
 
@@ -18,16 +19,19 @@ unsigned Key(Rgb colour) {
 }  // namespace
 
 PaletteMatcher::PaletteMatcher(std::span<const Rgb> palette)
-    : palette_(palette), grey_(HasGreyPalette({.bitCount = 8, .palette = palette})) {}
+    : palette_(palette), grey_(HasGreyPalette({.bitCount = 8, .palette = palette})) {
+  if (!grey_) return;
+  for (std::size_t i = 0; i < placeOfGrey_.size(); ++i) {
+    const auto light = static_cast<std::uint8_t>(i);
+    placeOfGrey_[i] = static_cast<std::uint8_t>(Search({light, light, light}));
+  }
+}
 
 unsigned PaletteMatcher::Nearest(Rgb colour) {
-  if (grey_) {
-    const std::uint8_t light = Luminance(colour);
-    colour = {light, light, light};
-  }
-  const auto [at, isNew] = found_.try_emplace(Key(colour), 0U);
-  if (isNew) at->second = Search(colour);
-  return at->second;
+  if (grey_) return placeOfGrey_[Luminance(colour)];
+  const auto [known, isNew] = known_.try_emplace(Key(colour), 0U);
+  if (isNew) known->second = Search(colour);
+  return known->second;
 }
 
 unsigned PaletteMatcher::Search(Rgb colour) const {

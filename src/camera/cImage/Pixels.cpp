@@ -3,46 +3,25 @@
 #include <algorithm>
 
 #include "camera/cImage/PaletteMatcher.h"
+#include "camera/cImage/PixelAccess.h"
 
 namespace vintoral {
 
 namespace {
-
-// The place in the palette that pixel x of a row has, at 1, 4 or 8 bits.
-unsigned ReadPlace(const std::uint8_t* row, int bitCount, int x) {
-  switch (bitCount) {
-    case 1:
-      return static_cast<unsigned>(row[x / 8] >> (7 - x % 8)) & 1U;
-    case 4:
-      return static_cast<unsigned>(row[x / 2] >> (x % 2 == 0 ? 4 : 0)) & 15U;
-    default:
-      return row[x];
-  }
-}
-
-void WriteBits(std::uint8_t& byte, unsigned mask, int shift, unsigned value) {
-  byte = static_cast<std::uint8_t>((byte & ~(mask << shift)) | (value & mask) << shift);
-}
-
-void WritePlace(std::uint8_t* row, int bitCount, int x, unsigned place) {
-  switch (bitCount) {
-    case 1:
-      return WriteBits(row[x / 8], 1U, 7 - x % 8, place);
-    case 4:
-      return WriteBits(row[x / 2], 15U, x % 2 == 0 ? 4 : 0, place);
-    default:
-      row[x] = static_cast<std::uint8_t>(place);
-  }
-}
 
 // 0 to 31 spread over 0 to 255.
 std::uint8_t FiveBits(unsigned value) {
   return static_cast<std::uint8_t>((value & 31U) * 255U / 31U);
 }
 
+// A colour as ReadPixel gives it at 24 bits.
+unsigned Packed(Rgb colour) {
+  return colour.blue | static_cast<unsigned>(colour.green) << 8 | static_cast<unsigned>(colour.red) << 16;
+}
+
 Rgb ReadColour(const PixelView& picture, const std::uint8_t* row, int x) {
   if (HasPalette(picture.bitCount)) {
-    const unsigned place = ReadPlace(row, picture.bitCount, x);
+    const unsigned place = ReadPixel(row, picture.bitCount, x);
     return place < picture.palette.size() ? picture.palette[place] : Rgb{};
   }
   if (picture.bitCount == 16) {
@@ -53,9 +32,11 @@ Rgb ReadColour(const PixelView& picture, const std::uint8_t* row, int x) {
   return {pixel[2], pixel[1], pixel[0]};
 }
 
-bool SamePalette(const PixelView& a, const PixelView& b) {
+// Whether a pixel can go over as it is stored.
+bool SameForm(const PixelView& a, const PixelView& b) {
   return a.bitCount == b.bitCount &&
-         std::equal(a.palette.begin(), a.palette.end(), b.palette.begin(), b.palette.end());
+         (!HasPalette(a.bitCount) ||
+          std::equal(a.palette.begin(), a.palette.end(), b.palette.begin(), b.palette.end()));
 }
 
 }  // namespace
@@ -94,28 +75,26 @@ void ReadGreyRow(const PixelView& picture, int left, int y, int count, std::uint
     *greys++ = Luminance(ReadColour(picture, row, x));
 }
 
-void BlockCopy(const PixelSurface& to, int left, int top, const PixelView& from) {
-  const int firstX = std::max(0, -left),
-            endX = static_cast<int>(std::min<long>(from.width, long{to.width} - left));
-  const int firstY = std::max(0, -top),
-            endY = static_cast<int>(std::min<long>(from.height, long{to.height} - top));
-  const bool samePlaces = HasPalette(to.bitCount) && SamePalette(to, from);
+void BlockCopy(const PixelSurface& to, std::int64_t left, std::int64_t top, const PixelView& from) {
+  const auto firstX = static_cast<int>(std::clamp<std::int64_t>(-left, 0, from.width));
+  const auto firstY = static_cast<int>(std::clamp<std::int64_t>(-top, 0, from.height));
+  const auto endX = static_cast<int>(std::min<std::int64_t>(from.width, to.width - left));
+  const auto endY = static_cast<int>(std::min<std::int64_t>(from.height, to.height - top));
+  const bool sameForm = SameForm(to, from);
   PaletteMatcher matcher(to.palette);
   for (int y = firstY; y < endY; ++y) {
     const std::uint8_t* source = from.Row(y);
-    std::uint8_t* target = to.Row(top + y);
+    std::uint8_t* target = to.Row(static_cast<int>(top + y));
     for (int x = firstX; x < endX; ++x) {
-      if (samePlaces) {
-        WritePlace(target, to.bitCount, left + x, ReadPlace(source, from.bitCount, x));
+      unsigned pixel = 0;
+      if (sameForm) {
+        pixel = ReadPixel(source, from.bitCount, x);
       } else if (HasPalette(to.bitCount)) {
-        WritePlace(target, to.bitCount, left + x, matcher.Nearest(ReadColour(from, source, x)));
+        pixel = matcher.Nearest(ReadColour(from, source, x));
       } else {
-        const Rgb colour = ReadColour(from, source, x);
-        std::uint8_t* pixel = target + 3 * std::ptrdiff_t{left + x};
-        pixel[0] = colour.blue;
-        pixel[1] = colour.green;
-        pixel[2] = colour.red;
+        pixel = Packed(ReadColour(from, source, x));
       }
+      WritePixel(target, to.bitCount, static_cast<int>(left + x), pixel);
     }
   }
 }

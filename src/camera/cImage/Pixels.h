@@ -55,6 +55,6 @@ void ReadGreyRow(const PixelView& picture, int left, int y, int count, std::uint
 // Draws `from` into `to`, its upper left corner at (left, top), which may lie outside; what sticks out is cut
 // off. Where depths or palettes differ, a pixel takes the colour of the palette that is nearest to its own;
 // nearest in lightness, in a palette of greys. `to` has 1, 4, 8 or 24 bits. The two must not share memory.
-void BlockCopy(const PixelSurface& to, int left, int top, const PixelView& from);
+void BlockCopy(const PixelSurface& to, std::int64_t left, std::int64_t top, const PixelView& from);
 
 }  // namespace vintoral
