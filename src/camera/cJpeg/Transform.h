@@ -115,13 +115,11 @@ VINTORAL_INLINE void CollectBlocks(const Interleaved<N>& zigZag, CodedBlock* blo
   typename Lanes<N>::Int nonzero[2] = {};  // of the tokens 0 to 31 and 32 to 63
   for (std::size_t k = 0; k < kBlockSize; k += N) {
     typename Lanes<N>::Int tokens[N];
-    typename Lanes<N>::Int some = {};
 #pragma GCC unroll 8
     for (std::size_t i = 0; i < N; ++i) {
       Load<N>(tokens[i], zigZag[k + i]);
-      some |= (tokens[i] != 0) & (1 << i);
+      nonzero[k / 32] |= (tokens[i] != 0) & static_cast<int>(1U << (k + i) % 32);
     }
-    nonzero[k / 32] |= some << static_cast<int>(k % 32);
     Transpose(tokens);
 #pragma GCC unroll 8
     for (std::size_t block = 0; block < N; ++block)
