@@ -60,7 +60,7 @@ bool cImage::CopyStdPicture(const PixelView& picture, int bitCount) {
 }
 
 void cImage::CopyHDC(const PixelView& from, int left, int top) {
-  BlockCopy(hDC(), -left, -top, from);
+  BlockCopy(hDC(), -std::int64_t{left}, -std::int64_t{top}, from);
 }
 
 std::optional<cImage> cImage::NewLikeThis(int width, int height) const {
