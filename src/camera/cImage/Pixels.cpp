@@ -25,7 +25,8 @@ Rgb ReadColour(const PixelView& picture, const std::uint8_t* row, int x) {
     return place < picture.palette.size() ? picture.palette[place] : Rgb{};
   }
   if (picture.bitCount == 16) {
-    const unsigned packed = row[2 * x] | static_cast<unsigned>(row[2 * x + 1]) << 8;
+    const std::uint8_t* pixel = row + 2 * std::ptrdiff_t{x};
+    const unsigned packed = pixel[0] | static_cast<unsigned>(pixel[1]) << 8;
     return {FiveBits(packed >> 10), FiveBits(packed >> 5), FiveBits(packed)};
   }
   const std::uint8_t* pixel = row + std::ptrdiff_t{x} * (picture.bitCount / 8);

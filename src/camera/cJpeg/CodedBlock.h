@@ -22,15 +22,15 @@ struct CodedBlock {
   int Value(std::size_t k) const { return tokens[k] >> 16; }
 };
 
-inline constexpr unsigned kTokenClasses = 32;
+inline constexpr std::size_t kTokenClasses = 32;
 
-inline unsigned TokenClass(std::int32_t token) {
+inline std::size_t TokenClass(std::int32_t token) {
   return static_cast<unsigned>(token) % kTokenClasses;
 }
-inline bool IsNegative(unsigned tokenClass) {
+inline bool IsNegative(std::size_t tokenClass) {
   return (tokenClass & 16U) != 0;
 }
-inline int MagnitudeBits(unsigned tokenClass) {
+inline int MagnitudeBits(std::size_t tokenClass) {
   return static_cast<int>((tokenClass + 2) & 15U);
 }
 

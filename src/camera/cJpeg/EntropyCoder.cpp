@@ -7,8 +7,8 @@ namespace vintoral {
 
 namespace {
 
-constexpr unsigned kEndOfBlock = 0x00;
-constexpr unsigned kLongRun = 0xF0;  // sixteen zeros
+constexpr std::size_t kEndOfBlock = 0x00;
+constexpr std::size_t kLongRun = 0xF0;  // sixteen zeros
 constexpr std::uint64_t kLastCoefficient = std::uint64_t{1} << 63;
 
 // A block takes at most 64 codes of 16 bits with 11 magnitude bits, each byte of which could be followed by a
@@ -19,12 +19,12 @@ int MagnitudeBitsOf(int value) {
   return static_cast<int>(std::bit_width(static_cast<unsigned>(std::abs(value))));
 }
 
-unsigned RunSymbol(unsigned run, unsigned tokenClass) {
-  return run << 4 | static_cast<unsigned>(MagnitudeBits(tokenClass));
+std::size_t RunSymbol(std::size_t run, std::size_t tokenClass) {
+  return run << 4 | static_cast<std::size_t>(MagnitudeBits(tokenClass));
 }
 
 // Of the 32 classes only the ones with 1 to 10 bits can follow a run in baseline (ITU-T T.81, table F.2).
-bool IsAcClass(unsigned tokenClass) {
+bool IsAcClass(std::size_t tokenClass) {
   return MagnitudeBits(tokenClass) >= 1 && MagnitudeBits(tokenClass) <= 10;
 }
 
@@ -40,10 +40,10 @@ void SymbolCounter::Take(int component, const CodedBlock& block) {
   Counts& counts = counts_[static_cast<std::size_t>(TableOf(component))];
   const int difference = prediction_.Difference(component, block.Value(0));
   ++counts.dc[static_cast<std::size_t>(MagnitudeBitsOf(difference))];
-  unsigned next = 1;
+  std::size_t next = 1;
   for (std::uint64_t rest = block.nonzero; rest != 0; rest &= rest - 1) {
-    const auto k = static_cast<unsigned>(std::countr_zero(rest));
-    const unsigned run = k - next;
+    const auto k = static_cast<std::size_t>(std::countr_zero(rest));
+    const std::size_t run = k - next;
     next = k + 1;
     if (run > 15) [[unlikely]]
       counts.longRuns += run / 16;
@@ -59,7 +59,7 @@ SymbolCounts SymbolCounter::DcCounts(int selector) const {
 SymbolCounts SymbolCounter::AcCounts(int selector) const {
   const Counts& counts = counts_[static_cast<std::size_t>(selector)];
   SymbolCounts ac{};
-  for (unsigned i = 0; i < counts.runs.size(); ++i) {
+  for (std::size_t i = 0; i < counts.runs.size(); ++i) {
     if (IsAcClass(i % kTokenClasses)) ac[RunSymbol(i / kTokenClasses, i % kTokenClasses)] += counts.runs[i];
   }
   ac[kLongRun] = counts.longRuns;
@@ -78,8 +78,8 @@ BlockCoder::Codes BlockCoder::Prepare(const Tables& tables) {
   Codes codes;
   codes.dc = AssignCodes(tables.dc);
   const auto ac = AssignCodes(tables.ac);
-  for (unsigned i = 0; i < codes.runs.size(); ++i) {
-    const unsigned tokenClass = i % kTokenClasses;
+  for (std::size_t i = 0; i < codes.runs.size(); ++i) {
+    const std::size_t tokenClass = i % kTokenClasses;
     if (!IsAcClass(tokenClass)) continue;
     const HuffmanCode& code = ac[RunSymbol(i / kTokenClasses, tokenClass)];
     const int bits = MagnitudeBits(tokenClass);
@@ -111,10 +111,10 @@ void BlockCoder::Take(int component, const CodedBlock& block) {
   const Codes& codes = codes_[static_cast<std::size_t>(TableOf(component))];
   PutDifference(codes, prediction_.Difference(component, block.Value(0)));
   BitWriter writer = writer_;  // a copy that nothing else can point to stays in registers
-  unsigned next = 1;
+  std::size_t next = 1;
   for (std::uint64_t rest = block.nonzero; rest != 0; rest &= rest - 1) {
-    const auto k = static_cast<unsigned>(std::countr_zero(rest));
-    unsigned run = k - next;
+    const auto k = static_cast<std::size_t>(std::countr_zero(rest));
+    std::size_t run = k - next;
     next = k + 1;
     for (; run > 15; run -= 16)
       writer.Put(codes.longRun.bits, codes.longRun.length);

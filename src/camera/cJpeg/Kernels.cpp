@@ -43,43 +43,41 @@ VINTORAL_INLINE void TransformGroup(const float* samples, std::size_t stride, co
   }
 }
 
-// One set of the loops above for the instruction set that `target` asks for.
-#define VINTORAL_KERNELS(name, lanes, target)                                                           \
-  struct name {                                                                                         \
-    target static void SplitPixels(const std::uint8_t* pixels, std::ptrdiff_t count, std::uint8_t* red, \
-                                   std::uint8_t* green, std::uint8_t* blue) {                           \
-      Split(pixels, count, red, green, blue);                                                           \
-    }                                                                                                   \
-    target static void ColourToYcc(const std::uint8_t* red, const std::uint8_t* green,                  \
-                                   const std::uint8_t* blue, std::ptrdiff_t count, float* y, float* cb, \
-                                   float* cr) {                                                         \
-      ToYcc(red, green, blue, count, y, cb, cr);                                                        \
-    }                                                                                                   \
-    target static void GreyToY(const std::uint8_t* grey, std::ptrdiff_t count, float* y) {              \
-      ToGrey(grey, count, y);                                                                           \
-    }                                                                                                   \
-    target static void Transform(const float* samples, std::size_t stride, const Quantizer& quantizer,  \
-                                 CodedBlock* blocks) {                                                  \
-      TransformGroup<lanes>(samples, stride, quantizer, blocks);                                        \
-    }                                                                                                   \
-    static constexpr Kernels kAll = {SplitPixels, ColourToYcc, GreyToY, Transform};                     \
-  }
-
-VINTORAL_KERNELS(Portable, 4, );
 #ifdef __x86_64__
-VINTORAL_KERNELS(Avx2, 8, [[gnu::target("avx2")]]);
+#define VINTORAL_AVX2 [[gnu::target("avx2")]]
+
+VINTORAL_AVX2 void SplitAvx2(const std::uint8_t* pixels, std::ptrdiff_t count, std::uint8_t* red,
+                             std::uint8_t* green, std::uint8_t* blue) {
+  Split(pixels, count, red, green, blue);
+}
+
+VINTORAL_AVX2 void ToYccAvx2(const std::uint8_t* red, const std::uint8_t* green, const std::uint8_t* blue,
+                             std::ptrdiff_t count, float* y, float* cb, float* cr) {
+  ToYcc(red, green, blue, count, y, cb, cr);
+}
+
+VINTORAL_AVX2 void ToGreyAvx2(const std::uint8_t* grey, std::ptrdiff_t count, float* y) {
+  ToGrey(grey, count, y);
+}
+
+VINTORAL_AVX2 void TransformAvx2(const float* samples, std::size_t stride, const Quantizer& quantizer,
+                                 CodedBlock* blocks) {
+  TransformGroup<8>(samples, stride, quantizer, blocks);
+}
+
+constexpr Kernels kAvx2Kernels = {SplitAvx2, ToYccAvx2, ToGreyAvx2, TransformAvx2};
 #endif
 
 const Kernels& Choose() {
 #ifdef __x86_64__
-  if (__builtin_cpu_supports("avx2")) return Avx2::kAll;
+  if (__builtin_cpu_supports("avx2")) return kAvx2Kernels;
 #endif
-  return Portable::kAll;
+  return kPortableKernels;
 }
 
 }  // namespace
 
-const Kernels kPortableKernels = Portable::kAll;
+const Kernels kPortableKernels = {Split, ToYcc, ToGrey, TransformGroup<4>};
 
 const Kernels& BestKernels() {
   static const Kernels& best = Choose();

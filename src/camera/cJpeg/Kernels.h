@@ -8,7 +8,7 @@
 
 namespace vintoral {
 
-inline constexpr int kGroupBlocks = 8;  // blocks that are worked on at a time
+inline constexpr std::size_t kGroupBlocks = 8;  // blocks that are worked on at a time
 
 // The inner loops, compiled for one instruction set. All versions do the same operations on floats of 32
 // bits, none of them fused, so they give the same bits, and with them the same file, on every machine.

@@ -14,12 +14,13 @@ namespace {
 class Weights {
  public:
   Weights(int few, int most) : few_(static_cast<std::size_t>(few)), most_(static_cast<std::size_t>(most)) {
-    for (int sample = 0; sample < few; ++sample) {
-      for (int pixel = 0; pixel < most; ++pixel) {
-        const int shared =
-            std::min((sample + 1) * most, (pixel + 1) * few) - std::max(sample * most, pixel * few);
-        part_[static_cast<std::size_t>(sample * most + pixel)] =
-            static_cast<float>(std::max(shared, 0)) / static_cast<float>(most);
+    for (std::size_t sample = 0; sample < few_; ++sample) {
+      for (std::size_t pixel = 0; pixel < most_; ++pixel) {
+        // Cut both finely enough: a pixel then has few_ parts, a sample most_.
+        const std::size_t begin = std::max(sample * most_, pixel * few_);
+        const std::size_t end = std::min((sample + 1) * most_, (pixel + 1) * few_);
+        if (begin < end)
+          part_[sample * most_ + pixel] = static_cast<float>(end - begin) / static_cast<float>(most);
       }
     }
   }

@@ -19,14 +19,14 @@ void ForEachBlock(const ColourPlanes& planes, const Layout& layout,
                   const std::array<Quantizer, 2>& quantizers, const Kernels& kernels, Taker& taker) {
   UnitGroup group(layout, quantizers, kernels);
   for (int unitY = 0; unitY < layout.unitsDown; ++unitY) {
-    for (int first = 0; first < layout.unitsAcross; first += kGroupBlocks) {
+    for (int first = 0; first < layout.unitsAcross; first += kGroupUnits) {
       group.Work(planes, first, unitY);
-      for (int unit = 0; unit < kGroupBlocks && first + unit < layout.unitsAcross; ++unit) {
+      for (int unit = 0; unit < kGroupUnits && first + unit < layout.unitsAcross; ++unit) {
         for (int component = 0; component < layout.components; ++component) {
           const SamplingFactor& factor = layout.Factor(component);
           for (int y = 0; y < factor.vertical; ++y) {
             for (int x = 0; x < factor.horizontal; ++x) {
-              taker.Take(component, group.Block(component, unit * factor.horizontal + x, y));
+              taker.Take(component, group.Block(component, unit, x, y));
             }
           }
         }

@@ -9,70 +9,74 @@ namespace vintoral {
 
 UnitGroup::UnitGroup(const Layout& layout, const std::array<Quantizer, 2>& quantizers, const Kernels& kernels)
     : layout_(layout),
-      quantizers_(quantizers),
       kernels_(kernels),
-      width_(8 * kGroupBlocks * layout.maxHorizontal) {
-  const auto pixels = static_cast<std::size_t>(width_ * 8 * layout.maxVertical);
+      width_(8 * kGroupBlocks * static_cast<std::size_t>(layout.maxHorizontal)),
+      height_(std::size_t{8} * static_cast<std::size_t>(layout.maxVertical)) {
   for (int i = 0; i < layout.components; ++i) {
-    const auto component = static_cast<std::size_t>(i);
-    full_[component].resize(pixels);
-    edge_[component].resize(static_cast<std::size_t>(width_));
-    blocks_[component].resize(
-        static_cast<std::size_t>(kGroupBlocks * layout.Factor(i).horizontal * layout.Factor(i).vertical));
+    Component& component = components_[static_cast<std::size_t>(i)];
+    component.across = static_cast<std::size_t>(layout.Factor(i).horizontal);
+    component.down = static_cast<std::size_t>(layout.Factor(i).vertical);
+    component.quantizer = &quantizers[static_cast<std::size_t>(TableOf(i))];
+    component.pixels.resize(width_ * height_);
+    component.edge.resize(width_);
+    component.blocks.resize(kGroupBlocks * component.across * component.down);
   }
 }
 
 void UnitGroup::Work(const ColourPlanes& planes, int unitX, int unitY) {
   Convert(planes, unitX * 8 * layout_.maxHorizontal, unitY * 8 * layout_.maxVertical);
   for (int i = 0; i < layout_.components; ++i) {
-    const std::vector<float>& full = full_[static_cast<std::size_t>(i)];
+    Component& component = components_[static_cast<std::size_t>(i)];
     if (IsFullDensity(layout_, i)) {
-      Transform(i, full);
+      Transform(component, component.pixels);
     } else {
-      Sample(layout_, i, full, sampled_);
-      Transform(i, sampled_);
+      Sample(layout_, i, component.pixels, samples_);
+      Transform(component, samples_);
     }
   }
 }
 
-const CodedBlock& UnitGroup::Block(int component, int x, int y) const {
-  const int across = kGroupBlocks * layout_.Factor(component).horizontal;
-  return blocks_[static_cast<std::size_t>(component)][static_cast<std::size_t>(y * across + x)];
+const CodedBlock& UnitGroup::Block(int component, int unit, int x, int y) const {
+  const Component& whole = components_[static_cast<std::size_t>(component)];
+  const std::size_t column = static_cast<std::size_t>(unit) * whole.across + static_cast<std::size_t>(x);
+  return whole.blocks[static_cast<std::size_t>(y) * kGroupBlocks * whole.across + column];
 }
 
 void UnitGroup::Convert(const ColourPlanes& planes, int left, int top) {
-  for (int y = 0; y < 8 * layout_.maxVertical; ++y) {
-    ConvertRow(planes, left, std::min(top + y, planes.Height() - 1), static_cast<std::size_t>(y * width_));
+  for (std::size_t row = 0; row < height_; ++row) {
+    ConvertRow(planes, left, std::min(top + static_cast<int>(row), planes.Height() - 1), row * width_);
   }
 }
 
 void UnitGroup::ConvertRow(const ColourPlanes& planes, int left, int y, std::size_t to) {
-  std::array<const std::uint8_t*, 3> row{};
-  const std::ptrdiff_t inside = std::min<std::ptrdiff_t>(width_, planes.Width() - left);
-  for (int i = 0; i < layout_.components; ++i) {
-    const auto plane = static_cast<std::size_t>(i);
-    row[plane] = planes.Row(i, y) + left;
-    if (inside == width_) continue;
-    std::copy_n(row[plane], inside, edge_[plane].begin());
-    std::fill(edge_[plane].begin() + inside, edge_[plane].end(), row[plane][inside - 1]);
-    row[plane] = edge_[plane].data();
-  }
+  auto& [first, second, third] = components_;
+  const auto count = static_cast<std::ptrdiff_t>(width_);
   if (layout_.components == 1) {
-    kernels_.toGrey(row[0], width_, &full_[0][to]);
+    kernels_.toGrey(RowOf(planes, 0, left, y), count, &first.pixels[to]);
   } else {
-    kernels_.toYcc(row[0], row[1], row[2], width_, &full_[0][to], &full_[1][to], &full_[2][to]);
+    kernels_.toYcc(RowOf(planes, 0, left, y), RowOf(planes, 1, left, y), RowOf(planes, 2, left, y), count,
+                   &first.pixels[to], &second.pixels[to], &third.pixels[to]);
   }
 }
 
-void UnitGroup::Transform(int component, const std::vector<float>& samples) {
-  const SamplingFactor& factor = layout_.Factor(component);
-  const auto stride = static_cast<std::size_t>(8 * kGroupBlocks * factor.horizontal);
-  const Quantizer& quantizer = quantizers_[static_cast<std::size_t>(TableOf(component))];
-  CodedBlock* block = blocks_[static_cast<std::size_t>(component)].data();
-  for (int y = 0; y < factor.vertical; ++y) {
-    const float* row = samples.data() + static_cast<std::size_t>(8 * y) * stride;
-    for (int x = 0; x < factor.horizontal; ++x, block += kGroupBlocks) {
-      kernels_.transform(row + 8 * kGroupBlocks * x, stride, quantizer, block);
+// The pixels of a row from `left` on, as many as the group is wide.
+const std::uint8_t* UnitGroup::RowOf(const ColourPlanes& planes, int plane, int left, int y) {
+  const std::uint8_t* row = planes.Row(plane, y) + left;
+  const auto inside = static_cast<std::size_t>(planes.Width() - left);
+  if (inside >= width_) return row;
+  std::vector<std::uint8_t>& edge = components_[static_cast<std::size_t>(plane)].edge;
+  std::copy_n(row, inside, edge.begin());
+  std::fill(edge.begin() + static_cast<std::ptrdiff_t>(inside), edge.end(), row[inside - 1]);
+  return edge.data();
+}
+
+void UnitGroup::Transform(Component& component, const std::vector<float>& samples) const {
+  const std::size_t stride = 8 * kGroupBlocks * component.across;
+  CodedBlock* block = component.blocks.data();
+  for (std::size_t y = 0; y < component.down; ++y) {
+    for (std::size_t x = 0; x < component.across; ++x, block += kGroupBlocks) {
+      const float* corner = samples.data() + 8 * (y * stride + kGroupBlocks * x);
+      kernels_.transform(corner, stride, *component.quantizer, block);
     }
   }
 }

@@ -11,6 +11,8 @@
 
 namespace vintoral {
 
+inline constexpr int kGroupUnits = kGroupBlocks;
+
 // Eight minimum coded units side by side: few enough to stay in the processor's nearest cache on the way from
 // colour to coded blocks, and just what the transform takes at a time.
 class UnitGroup {
@@ -21,22 +23,29 @@ class UnitGroup {
   // picture its last column and row go on (ITU-T T.81, A.2.4).
   void Work(const ColourPlanes& planes, int unitX, int unitY);
 
-  // The block in column x, row y of the component's blocks in this group.
-  const CodedBlock& Block(int component, int x, int y) const;
+  // The block in column x, row y of the component's blocks in unit `unit` of the group.
+  const CodedBlock& Block(int component, int unit, int x, int y) const;
 
  private:
+  struct Component {
+    std::size_t across = 1, down = 1;  // blocks in a unit
+    const Quantizer* quantizer = nullptr;
+    std::vector<float> pixels;       // one value for each pixel of the group
+    std::vector<std::uint8_t> edge;  // a row of the plane with what goes on beyond the edge
+    std::vector<CodedBlock> blocks;  // row by row, the units of a row side by side
+  };
+
   void Convert(const ColourPlanes& planes, int left, int top);
   void ConvertRow(const ColourPlanes& planes, int left, int y, std::size_t to);
-  void Transform(int component, const std::vector<float>& samples);
+  const std::uint8_t* RowOf(const ColourPlanes& planes, int plane, int left, int y);
+  void Transform(Component& component, const std::vector<float>& samples) const;
 
   const Layout& layout_;
-  const std::array<Quantizer, 2>& quantizers_;
   const Kernels& kernels_;
-  std::ptrdiff_t width_;                           // of the group, in pixels
-  std::array<std::vector<float>, 3> full_;         // a component at full density
-  std::vector<float> sampled_;                     // one at its own
-  std::array<std::vector<std::uint8_t>, 3> edge_;  // a row of the planes with what goes on beyond the edge
-  std::array<std::vector<CodedBlock>, 3> blocks_;
+  std::size_t width_;  // of the group in pixels
+  std::size_t height_;
+  std::array<Component, kMaxComponents> components_;
+  std::vector<float> samples_;  // of one component at its own density
 };
 
 }  // namespace vintoral

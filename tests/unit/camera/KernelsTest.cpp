@@ -37,7 +37,7 @@ void ExpectBlock(const CodedBlock& block, const float* samples, const Quantizati
     ASSERT_NEAR(block.Value(k), quantized, 0.5 + 1e-4) << "coefficient " << k;
     ASSERT_EQ((block.nonzero >> k & 1U) != 0, k > 0 && block.Value(k) != 0) << "coefficient " << k;
     if (block.Value(k) != 0) {
-      const unsigned tokenClass = TokenClass(block.tokens[k]);
+      const std::size_t tokenClass = TokenClass(block.tokens[k]);
       ASSERT_EQ(IsNegative(tokenClass), block.Value(k) < 0);
       ASSERT_EQ(MagnitudeBits(tokenClass), std::ilogb(std::abs(block.Value(k))) + 1);
     } else {
