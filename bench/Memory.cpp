@@ -3,26 +3,28 @@
 #include <malloc.h>
 
 #include <algorithm>
-#include <atomic>
 #include <cstdlib>
 #include <new>
 
 namespace {
 
-std::atomic<std::size_t> inUse;
-std::size_t base;
-std::atomic<std::size_t> most;
+// Only while a watch lives, so that the other benchmarks do not pay for it.
+bool watching = false;
+std::ptrdiff_t inUse = 0;
+std::ptrdiff_t most = 0;
 
 void* Take(std::size_t size) {
   void* memory = std::malloc(size);
   if (memory == nullptr) throw std::bad_alloc();
-  const std::size_t now = inUse += malloc_usable_size(memory);
-  if (now > most) most = now;
+  if (watching) {
+    inUse += static_cast<std::ptrdiff_t>(malloc_usable_size(memory));
+    most = std::max(most, inUse);
+  }
   return memory;
 }
 
 void Give(void* memory) {
-  if (memory != nullptr) inUse -= malloc_usable_size(memory);
+  if (watching && memory != nullptr) inUse -= static_cast<std::ptrdiff_t>(malloc_usable_size(memory));
   std::free(memory);
 }
 
@@ -49,13 +51,17 @@ void operator delete[](void* memory, std::size_t) noexcept {
 
 namespace vintoral::bench {
 
-void StartPeak() {
-  base = inUse;
-  most = base;
+MemoryWatch::MemoryWatch() {
+  inUse = most = 0;
+  watching = true;
 }
 
-std::size_t Peak() {
-  return most - base;
+MemoryWatch::~MemoryWatch() {
+  watching = false;
+}
+
+std::size_t MemoryWatch::Peak() const {
+  return static_cast<std::size_t>(most);
 }
 
 }  // namespace vintoral::bench

@@ -4,10 +4,16 @@
 
 namespace vintoral::bench {
 
-// From here on the most memory that is in use at a time is counted, beyond what is in use now.
-void StartPeak();
+// Counts the memory that `new` gives from its making on, in one thread at a time.
+class MemoryWatch {
+ public:
+  MemoryWatch();
+  ~MemoryWatch();
+  MemoryWatch(const MemoryWatch&) = delete;
+  MemoryWatch& operator=(const MemoryWatch&) = delete;
 
-// That most, in bytes.
-std::size_t Peak();
+  // The most that was in use at a time, in bytes.
+  std::size_t Peak() const;
+};
 
 }  // namespace vintoral::bench

@@ -83,7 +83,7 @@ class SqlGate {
     Run("CREATE TABLE Adentro (Posicion INTEGER PRIMARY KEY, " + columns);
     Run("CREATE TABLE Historial (Posicion INTEGER PRIMARY KEY, " + columns);
     const std::string values =
-        "-1, '14:00  (20/11/2026)', '??', '0007', 'ABC123', '', '', '', '', 'AUTOMOVIL', '01', '??', 0, 0, "
+        "-1, '14:00  (20/11/2026)', '?\?', '0007', 'ABC123', '', '', '', '', 'AUTOMOVIL', '01', '?\?', 0, 0, "
         "1)";
     for (int slot = 1; slot <= 1000; ++slot) {
       Run("INSERT INTO Adentro VALUES (" + std::to_string(slot) + ", " + values);
