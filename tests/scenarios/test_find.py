@@ -1,5 +1,6 @@
 """Finding and showing: numbers in and out of range, the ficha inside, the new form, plates and known users."""
-from station import ESC, FIELDS, INSERT, LIGHT_YELLOW, PALE_YELLOW, ROWS, DrivenDay, inside, kinds, main, stamp, user
+from station import (DELETE, ESC, FIELDS, INSERT, LIGHT_YELLOW, PALE_YELLOW, ROWS, DrivenDay, inside, kinds, main, mixed,
+                     screen_state, stamp, user)
 
 TODAY = "20/11/2026"
 NINE = inside(9, stamp("13:00", TODAY), "ABC900", "MOTOCICLETA", Nombre="ANA", Apellido="RUIZ", Telefono="300",
@@ -239,6 +240,32 @@ class Users(DrivenDay):
         station = self.with_fichas(NINE._replace(UsuarioPuntos=50), users=[self.ANA])
         station.call_up(9)
         self.assertEqual(station.caption("LblPuntos(1)"), "4")
+
+    def test_users_out_of_reach_give_nobody_a_number(self):
+        station = self.running()
+        (self.folder.shared / "Vintoral.USR").mkdir()
+        self.ask(station, "AAA111")
+        self.assertEqual(station.state("NumeroUsuario"), 0)
+        self.assertEqual(station.focused(), "TxtCampo(2)")
+
+
+class Invoices(DrivenDay):
+    def test_each_ficha_on_display_is_ticked_anew(self):
+        self.folder.write("Recursos/Vintoral.DAT", screen_state(mixed(0, 1)))
+        station = self.with_fichas(NINE, inside(10, stamp("13:00", TODAY), "ABC901"))
+        for number in (9, 10):
+            station.call_up(number)
+            tick = station.get("ChkFactura")
+            self.assertEqual((tick["Visible"], tick["Enabled"], tick["Value"]), (True, True, 1))
+            station.key(ESC)
+
+    def test_what_the_operator_unticks_stays_so_while_the_value_is_settled(self):
+        self.folder.write("Recursos/Vintoral.DAT", screen_state(mixed(0, 1)))
+        station = self.with_fichas(NINE)
+        station.call_up(9)
+        station.do("check", control="ChkFactura", value=0)
+        station.key(DELETE)
+        self.assertEqual(station.get("ChkFactura")["Value"], 0)
 
 
 if __name__ == "__main__":

@@ -59,6 +59,16 @@ class LostAndFound(Link):
         station.advance(500)
         self.assertEqual(station.caption("LblFechaEnt"), stamp("14:00", TODAY))
 
+    def test_a_number_tried_just_before_its_return_leaves_the_clock_running(self):
+        station = self.running()
+        self.take_away()
+        station.advance(10000)
+        station.call_up(7)
+        self.assertEqual(station.get("TmrConexion")["Interval"], 100)
+        self.bring_back()
+        station.advance(100)
+        self.assertConnected(station)
+
     def test_an_absence_that_no_tick_sees_leaves_no_trace(self):
         station = self.running()
         self.take_away()
