@@ -32,8 +32,8 @@ struct RegistroMixto {
   static constexpr std::size_t kSize = 46;
   /// Texts of this length in both fields fill the record exactly.
   static constexpr std::size_t kPieza = 12;
-  /// Any bytes are legal: an unknown type is empty, a length that points past the record ends with it, and
-  /// what doesn't fit reads as 0.
+  /// Any bytes are legal: a length that points past the record ends with it, and what doesn't fit reads as 0.
+  /// An unknown type ends the record: it hides where the next field begins.
   static RegistroMixto Decode(std::span<const char, kSize> bytes);
   /// A text too long for the record is cut so that the fields behind it still fit.
   std::array<char, kSize> Encode() const;

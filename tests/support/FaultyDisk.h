@@ -23,8 +23,8 @@ struct Faults {
   bool failReserve = false;
   bool failSync = false;
   bool failLength = false;
-  std::optional<bool> existsSays;  ///< whatever is really there
-  bool openReadOnly = false;       ///< files open for reading alone, and may not be replaced
+  std::optional<bool> existsSays = {};  ///< whatever is really there
+  bool openReadOnly = false;            ///< files open for reading alone, and may not be replaced
   /// Files seem to end here.
   std::uint64_t cutAt = std::numeric_limits<std::uint64_t>::max();
   /// After this many more operations of any kind, the folder is gone: everything fails with ENOTCONN until
@@ -76,6 +76,12 @@ class FaultyDisk final : public Disk {
   Outcome Remove(std::string_view path) override { return Gone() ? Error(ENOTCONN) : disk_.Remove(path); }
   Outcome ClearReadOnly(std::string_view path) override {
     return Gone() ? Error(ENOTCONN) : disk_.ClearReadOnly(path);
+  }
+  void BeginTogether() override { disk_.BeginTogether(); }
+  Outcome EndTogether() override {
+    Outcome ended = disk_.EndTogether();
+    if (Gone()) return Error(ENOTCONN);
+    return faults_->failSync ? Error(EIO) : ended;
   }
   std::vector<String> List(std::string_view folder, std::string_view ending) const override {
     return Gone() ? std::vector<String>{} : disk_.List(folder, ending);

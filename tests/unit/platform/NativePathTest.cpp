@@ -49,9 +49,16 @@ TEST(FindIgnoringCase, ExactNameComesFirst) {
 
 TEST(FindIgnoringCase, EveryNameOfThePathMayDiffer) {
   const TempFolder folder;
-  folder.Put("multimedia/IM\xC3\x81GENES act/000001.JPG", "photo");
-  EXPECT_EQ(FindIgnoringCase(folder.Path("Multimedia/Im\xC3\xA1genes ACT/000001.jpg")),
-            folder.Path("multimedia/IM\xC3\x81GENES act/000001.JPG"));
+  folder.Put("multimedia/IM\xC3\x81GENES act/Logo.JPG", "photo");
+  EXPECT_EQ(FindIgnoringCase(folder.Path("Multimedia/Im\xC3\xA1genes ACT/logo.jpg")),
+            folder.Path("multimedia/IM\xC3\x81GENES act/Logo.JPG"));
+}
+
+TEST(FindIgnoringCase, NumberedNamesAreTakenAsWritten) {
+  const TempFolder folder;
+  folder.Put("fotos/000001.JPG", "photo");
+  EXPECT_EQ(FindIgnoringCase(folder.Path("Fotos/000001.jpg")), folder.Path("fotos/000001.jpg"));
+  EXPECT_EQ(FindIgnoringCase(folder.Path("Fotos/000001.JPG")), folder.Path("fotos/000001.JPG"));
 }
 
 TEST(FindIgnoringCase, OfSeveralTheFirstInByteOrder) {
