@@ -18,8 +18,9 @@ String StationName(std::string_view nativeName);
 
 /// `path` if it exists, else the path with the same names in other case that does. Names are compared as the
 /// station sees them, so a "?" finds the character that Windows-1252 lacks. Where nothing fits, the rest of
-/// `path` stays as it is. Of several names that differ in case alone, the first in the order of their bytes. A
-/// name that begins with a digit is a photo: it has one spelling, and its folder is too long to be searched.
+/// `path` stays as it is. Of several names that differ in case alone, the first in the order of their bytes.
+/// A name that begins with a digit is a photo: it has one spelling, and its folder is too long to be
+/// searched.
 std::string FindIgnoringCase(const std::string& path);
 
 }  // namespace vintoral
