@@ -174,6 +174,19 @@ class AtAnyMoment(Link):
         station.call_up(9)
         self.assertFalse(station.shown("PctBoton(6)"))
 
+    def test_a_look_that_an_operation_asked_for_connects_in_full(self):
+        station = self.running()
+        self.take_away()
+        station.advance(10000)
+        station.call_up(7)
+        self.assertEqual(station.get("TmrConexion")["Interval"], 100)
+        self.bring_back()
+        station.advance(100)
+        self.assertConnected(station)
+        self.assertTrue(station.get("TmrMonitor")["Enabled"])
+        station.advance(500)
+        self.assertEqual(station.caption("LblFechaEnt"), stamp("14:00", TODAY))
+
     def test_closing_while_connecting(self):
         station = self.running()
         self.folder.shared.rename(self.root / "away")

@@ -156,14 +156,14 @@ class Settling(DrivenDay):
         self.assertEqual(self.folder.history(), [])
 
     def test_a_ficha_that_went_idle_under_the_question_is_not_retired(self):
-        for button in ("yes", "no"):
+        for button, heard in (("yes", []), ("no", [CLICK])):
             with self.subTest(button=button):
                 station = self.display(1000)
                 before = self.folder.all_bytes()
                 station.key(DELETE)
                 self.assertEqual(sounds(station.advance(130000)), [CLICK, FORGOTTEN])
                 self.assertBox(station, CONFIRM_RETIRE)
-                station.answer(button)
+                self.assertEqual(sounds(station.answer(button)), heard)
                 self.assertIdle(station)
                 self.assertEqual(self.folder.all_bytes(), before)
                 station.save(8)

@@ -168,9 +168,9 @@ class Forgotten(DrivenDay):
         station = self.with_fichas(inside(9, stamp("13:00", TODAY), "ABC900"))
         before = self.folder.all_bytes()
         station.call_up(9)
-        station.advance(119500)
+        station.advance(120000)
         self.assertOnDisplay(station, 9)
-        reply = station.advance(2500)
+        reply = station.advance(1000)
         self.assertEqual(sounds(reply), [CLICK, FORGOTTEN])
         self.assertIdle(station)
         self.assertEqual(self.folder.all_bytes(), before)
@@ -179,9 +179,9 @@ class Forgotten(DrivenDay):
         station = self.with_fichas(inside(9, stamp("13:00", TODAY)))
         station.advance(50000)
         station.call_up(9)
-        station.advance(69500)
+        station.advance(70000)
         self.assertOnDisplay(station, 9)
-        station.advance(2500)
+        station.advance(1000)
         self.assertIdle(station)
 
     def test_a_ficha_without_price_is_never_forgotten(self):
