@@ -31,7 +31,7 @@ CameraPanel::CameraPanel(Stage& stage, QWidget* parent)
 void CameraPanel::BuildPictures(Stage& stage) {
   auto* const stack = new QStackedLayout(pictures_);
   stack->setStackingMode(QStackedLayout::StackAll);
-  const PictureView::Look live{QStringLiteral("camera-none"), true, true};
+  const PictureView::Look live{QStringLiteral("camera-none"), true, false};
   const auto picture = [&](PictureBox& box, const PictureView::Look& look) {
     auto* const view = new PictureView(look, pictures_);
     stack->addWidget(view);
@@ -43,7 +43,7 @@ void CameraPanel::BuildPictures(Stage& stage) {
   picture(stage.form.Picture2, PictureView::Look{});
 
   CaptionLabel::Look look;
-  look.weight = QFont::DemiBold;
+  look.weight = QFont::Bold;
   look.color = theme::kMuted;
   look.alignment = Qt::AlignCenter;
   message_ = new CaptionLabel(look, this);

@@ -50,7 +50,7 @@ QSize CaptionLabel::sizeHint() const {
 
 QSize CaptionLabel::minimumSizeHint() const {
   // A large text may give way on a small screen, down to this.
-  return {0, QFontMetrics(theme::TextFont(std::min(look_.pixels, kLargePixels), look_.weight)).height()};
+  return {0, std::min(look_.pixels, kLargePixels) * 6 / 5};
 }
 
 void CaptionLabel::paintEvent(QPaintEvent* /*event*/) {

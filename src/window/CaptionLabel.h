@@ -10,7 +10,7 @@ namespace vintoral {
 class CaptionLabel : public QWidget {
  public:
   struct Look {
-    int pixels = 14;
+    int pixels = 15;
     QFont::Weight weight = QFont::Normal;
     QRgb color = 0xFF16212E;
     Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter;

@@ -14,13 +14,11 @@ namespace vintoral {
 
 namespace {
 
-constexpr int kFieldPixels = 15, kNumberPixels = 18;
-constexpr int kLabelPixels = 12;
 constexpr int kCategoryRow = 6, kOptionsRow = 7;
 
 TextField* NewField(QWidget* parent) {
   auto* const field = new TextField(parent);
-  field->setFont(theme::TextFont(kFieldPixels));
+  field->setFont(theme::TextFont(theme::kTextPixels));
   field->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   return field;
 }
@@ -48,7 +46,7 @@ void FieldsPanel::BuildLabel(Stage& stage, std::size_t index, QGridLayout& rows)
   auto* const inside = new QHBoxLayout(panel);
   inside->setContentsMargins(0, 0, 0, 0);
   auto* const label = new TextField(panel);
-  label->setFont(theme::TextFont(kLabelPixels, QFont::DemiBold));
+  label->setFont(theme::TextFont(theme::kCaptionPixels, QFont::Bold));
   label->BePlainWhenLocked();
   inside->addWidget(label);
   rows.addWidget(panel, static_cast<int>(index), 0);
@@ -60,15 +58,15 @@ void FieldsPanel::BuildField(Stage& stage, std::size_t index, QGridLayout& rows)
   // The record's row and the entry box share one place: the box lies above.
   const bool number = index == 0;
   CaptionLabel::Look look;
-  look.pixels = number ? kNumberPixels : kFieldPixels;
-  look.weight = QFont::DemiBold;
+  look.pixels = number ? theme::kStrongPixels : theme::kTextPixels;
+  look.weight = QFont::Bold;
   look.outlined = true;
   look.padding = theme::kTextInset;
   auto* const row = new CaptionLabel(look, this);
   auto* const field = NewField(this);
   if (number) {
     constexpr int kNumberDigits = 8;
-    field->setFont(theme::TextFont(kNumberPixels, QFont::DemiBold));
+    field->setFont(theme::TextFont(theme::kStrongPixels, QFont::Bold));
     field->SetWidthFor(kNumberDigits);
     row->setFixedWidth(field->width());
   }
@@ -101,8 +99,8 @@ void FieldsPanel::BuildNumberTools(Stage& stage, QGridLayout& rows) {
 
 void FieldsPanel::BuildCategory(Stage& stage, QGridLayout& rows) {
   CaptionLabel::Look look;
-  look.pixels = kLabelPixels;
-  look.weight = QFont::DemiBold;
+  look.pixels = theme::kCaptionPixels;
+  look.weight = QFont::Bold;
   look.padding = theme::kTextInset;
   auto* const label = new CaptionLabel(look, this);
   label->setFixedWidth(theme::kLabelWidth);
@@ -110,7 +108,7 @@ void FieldsPanel::BuildCategory(Stage& stage, QGridLayout& rows) {
   Bind(stage, stage.form.LblCategoria, *label);
   for (ComboBox& list : stage.form.CboTarifa) {
     auto* const field = new ListField(false, this);
-    field->setFont(theme::TextFont(kFieldPixels));
+    field->setFont(theme::TextFont(theme::kTextPixels));
     field->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     rows.addWidget(field, kCategoryRow, 1, 1, 2);
     Bind(stage, list, *field);

@@ -19,8 +19,8 @@ constexpr int kHeadRow = 34;
 
 CaptionLabel* NewInfo(const QString& sample, QRgb color, QWidget* parent) {
   CaptionLabel::Look look;
-  look.pixels = 15;
-  look.weight = QFont::DemiBold;
+  look.pixels = theme::kTextPixels;
+  look.weight = QFont::Bold;
   look.color = color;
   look.padding = 4;
   look.sample = sample;

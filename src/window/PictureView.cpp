@@ -1,8 +1,11 @@
 #include "window/PictureView.h"
 
+#include <QCoreApplication>
 #include <QImageReader>
 #include <QPainter>
 #include <QPainterPath>
+#include <QPointer>
+#include <QThreadPool>
 #include <algorithm>
 
 #include "window/Icons.h"
@@ -10,12 +13,26 @@
 
 namespace vintoral {
 
+namespace {
+
+/// Scaled while it is decoded: the whole picture never stands in memory.
+QImage Read(const QString& file, QSize place, Qt::AspectRatioMode mode) {
+  QImageReader reader(file);
+  reader.setAutoTransform(true);
+  const QSize whole = reader.size();
+  if (whole.isValid()) reader.setScaledSize(whole.scaled(place, mode));
+  return reader.read();
+}
+
+}  // namespace
+
 PictureView::PictureView(Look look, QWidget* parent) : QWidget(parent), look_(std::move(look)) {}
 
 void PictureView::ShowPicture(const QString& file) {
   file_ = file;
-  picture_ = {};
-  stale_ = !file.isEmpty();
+  ++request_;
+  stale_ = loading_ = !file.isEmpty();
+  if (file.isEmpty() || !look_.lasts) picture_ = {};
   update();
 }
 
@@ -25,15 +42,24 @@ void PictureView::resizeEvent(QResizeEvent* /*event*/) {
 
 void PictureView::Load() {
   stale_ = false;
+  loading_ = true;
+  const int request = ++request_;
   const QSize place = (QSizeF(size()) * devicePixelRatioF()).toSize();
-  QImageReader reader(file_);
-  reader.setAutoTransform(true);
-  const QSize whole = reader.size();
   const auto mode = look_.fills ? Qt::KeepAspectRatioByExpanding : Qt::KeepAspectRatio;
-  // Scaled while it is decoded: a photo of many megapixels never stands in memory whole.
-  if (whole.isValid()) reader.setScaledSize(whole.scaled(place, mode));
-  picture_ = QPixmap::fromImageReader(&reader);
+  QThreadPool::globalInstance()->start([file = file_, place, mode, request, view = QPointer(this)] {
+    const QImage image = Read(file, place, mode);
+    const auto arrive = [image, request, view] {
+      if (view && view->request_ == request) view->Take(image);
+    };
+    QMetaObject::invokeMethod(QCoreApplication::instance(), arrive, Qt::QueuedConnection);
+  });
+}
+
+void PictureView::Take(const QImage& image) {
+  loading_ = false;
+  picture_ = QPixmap::fromImage(image);
   picture_.setDevicePixelRatio(devicePixelRatioF());
+  update();
 }
 
 void PictureView::PaintPlaceholder(QPainter& painter) const {
@@ -47,15 +73,16 @@ void PictureView::paintEvent(QPaintEvent* /*event*/) {
   if (stale_) Load();
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  if (look_.framed) {
-    QPainterPath corners;
-    corners.addRoundedRect(QRectF(rect()), theme::kRadius, theme::kRadius);
-    painter.setClipPath(corners);
-    painter.fillRect(rect(), QColor::fromRgb(theme::kPictureGround));
+  QPainterPath corners;
+  corners.addRoundedRect(QRectF(rect()), theme::kRadius, theme::kRadius);
+  painter.setClipPath(corners);
+  painter.fillRect(rect(), QColor::fromRgb(theme::kPictureGround));
+  if (!picture_.isNull()) {
+    const QSizeF shown = picture_.deviceIndependentSize();
+    painter.drawPixmap(QPointF((width() - shown.width()) / 2, (height() - shown.height()) / 2), picture_);
+  } else if (!loading_) {
+    PaintPlaceholder(painter);
   }
-  if (picture_.isNull()) return PaintPlaceholder(painter);
-  const QSizeF shown = picture_.deviceIndependentSize();
-  painter.drawPixmap(QPointF((width() - shown.width()) / 2, (height() - shown.height()) / 2), picture_);
 }
 
 }  // namespace vintoral

@@ -26,7 +26,7 @@ StatusPanel::StatusPanel(Stage& stage, QWidget* parent) : QWidget(parent) {
 QHBoxLayout* StatusPanel::BuildAlert(Stage& stage) {
   auto* const row = new QHBoxLayout;
   CaptionLabel::Look look;
-  look.pixels = 13;
+  look.pixels = theme::kCaptionPixels;
   look.weight = QFont::Bold;
   look.alignment = Qt::AlignRight | Qt::AlignVCenter;
   look.sample = QStringLiteral("IMPOSIBLE ENVIAR");

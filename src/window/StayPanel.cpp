@@ -10,8 +10,6 @@ namespace vintoral {
 
 namespace {
 
-constexpr int kSignPixels = 13;
-constexpr int kStampPixels = 17;
 constexpr std::size_t kExit = 0, kEntry = 1;  // of LblIndicador
 
 }  // namespace
@@ -29,7 +27,7 @@ StayPanel::StayPanel(Stage& stage, QWidget* parent) : Card(theme::kCard, theme::
 
 void StayPanel::BuildStamp(Stage& stage, std::size_t sign, std::size_t row, QGridLayout& rows) {
   CaptionLabel::Look look;
-  look.pixels = kSignPixels;
+  look.pixels = theme::kCaptionPixels;
   look.weight = QFont::Bold;
   look.color = theme::kAccent;
   look.padding = theme::kTextInset;
@@ -38,8 +36,8 @@ void StayPanel::BuildStamp(Stage& stage, std::size_t sign, std::size_t row, QGri
   rows.addWidget(indicator, static_cast<int>(row), 0);
   Bind(stage, stage.form.LblIndicador[sign], *indicator);
 
-  look.pixels = kStampPixels;
-  look.weight = QFont::DemiBold;
+  look.pixels = theme::kStrongPixels;
+  look.weight = QFont::Bold;
   look.color = theme::kText;
   look.sample = QStringLiteral("00:00  (00/00/0000)");
   auto* const stamp = new CaptionLabel(look, this);
@@ -49,15 +47,15 @@ void StayPanel::BuildStamp(Stage& stage, std::size_t sign, std::size_t row, QGri
 
 void StayPanel::BuildStay(Stage& stage, QGridLayout& rows) {
   CaptionLabel::Look look;
-  look.pixels = kStampPixels;
-  look.weight = QFont::DemiBold;
+  look.pixels = theme::kStrongPixels;
+  look.weight = QFont::Bold;
   look.padding = theme::kTextInset;
   look.sample = QStringLiteral("000D 00H 00M");
   auto* const stay = new CaptionLabel(look, this);
   rows.addWidget(stay, 2, 1);
   Bind(stage, stage.form.LblInfo[1], *stay);
 
-  look.pixels = kSignPixels;
+  look.pixels = theme::kCaptionPixels;
   look.weight = QFont::Bold;
   look.color = theme::kMuted;
   look.sample = QStringLiteral("TIEMPO");

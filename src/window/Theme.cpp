@@ -63,7 +63,7 @@ QPalette StationPalette() {
 void Apply(QApplication& application) {
   application.setStyle(new Style);  // the application owns it
   application.setPalette(StationPalette());
-  application.setFont(TextFont(14));
+  application.setFont(TextFont(kTextPixels));
 }
 
 }  // namespace vintoral::theme

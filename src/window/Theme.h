@@ -36,6 +36,12 @@ inline constexpr int kRowMinimum = 26;   ///< of a field on a small screen
 inline constexpr int kTextInset = 9;     ///< from the edge of a field to its text
 inline constexpr int kToolButton = 44;   ///< edge of a tool button
 inline constexpr int kLabelWidth = 156;  ///< of the labels beside the fields
+// The sizes of type. Few, since each costs time when the station starts.
+inline constexpr int kCaptionPixels = 12;
+inline constexpr int kTextPixels = 15;
+inline constexpr int kStrongPixels = 18;
+inline constexpr int kAmountPixels = 26;
+inline constexpr int kValuePixels = 54;
 inline constexpr double kRadius = 5;
 
 /// The system's own family at `pixels` height.

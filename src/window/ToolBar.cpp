@@ -65,7 +65,7 @@ void ToolBar::BuildLights(Stage& stage, QHBoxLayout& row) {
 
 void ToolBar::BuildLink(Stage& stage, QHBoxLayout& row) {
   CaptionLabel::Look look;
-  look.pixels = 20;
+  look.pixels = theme::kStrongPixels;
   look.weight = QFont::Bold;
   look.alignment = Qt::AlignRight | Qt::AlignVCenter;
   look.sample = QStringLiteral("P00");

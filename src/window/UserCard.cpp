@@ -14,7 +14,6 @@ namespace vintoral {
 namespace {
 
 constexpr int kPhotoEdge = 112;
-constexpr int kCaptionPixels = 12, kKeptPixels = 15, kSumPixels = 26;
 
 CaptionLabel* NewLabel(int pixels, QRgb color, QWidget* parent) {
   CaptionLabel::Look look;
@@ -41,7 +40,7 @@ QWidget* UserCard::BuildPhoto(Stage& stage) {
   place->setFixedSize(kPhotoEdge, kPhotoEdge);
   auto* const stack = new QStackedLayout(place);
   stack->setStackingMode(QStackedLayout::StackAll);
-  const PictureView::Look look{QStringLiteral("person"), true, true};
+  const PictureView::Look look{QStringLiteral("person"), true, false};
   stack->addWidget(new PictureView(look, place));  // the calm sign while no user is known
   for (PictureBox& box : stage.form.PctUsuario) {
     auto* const view = new PictureView(look, place);
@@ -60,7 +59,7 @@ QWidget* UserCard::BuildPoints(Stage& stage) {
   auto* const grid = new QGridLayout(place);
   grid->setContentsMargins(0, 0, 0, 0);
   grid->setColumnStretch(2, 1);
-  auto* const caption = NewLabel(kCaptionPixels, theme::kMuted, place);
+  auto* const caption = NewLabel(theme::kCaptionPixels, theme::kMuted, place);
   caption->ShowCaption(QStringLiteral("PUNTOS"));
   grid->addWidget(caption, 0, 0, 1, 2);
   auto* const star =
@@ -73,10 +72,10 @@ QWidget* UserCard::BuildPoints(Stage& stage) {
     grid->addWidget(face, row, column, 1, columns);
     Bind(stage, stage.form.LblPuntos[index], *face);
   };
-  label(0, kCaptionPixels, theme::kMuted, 0, 2, 1);
-  label(1, kSumPixels, theme::kText, 1, 1, 2);
-  label(2, kCaptionPixels, theme::kMuted, 2, 0, 1);
-  label(3, kKeptPixels, theme::kMuted, 2, 1, 2);
+  label(0, theme::kCaptionPixels, theme::kMuted, 0, 2, 1);
+  label(1, theme::kAmountPixels, theme::kText, 1, 1, 2);
+  label(2, theme::kCaptionPixels, theme::kMuted, 2, 0, 1);
+  label(3, theme::kTextPixels, theme::kMuted, 2, 1, 2);
   return place;
 }
 

@@ -11,13 +11,9 @@ namespace vintoral {
 
 namespace {
 
-constexpr int kValuePixels = 54;
-constexpr int kCashPixels = 26;
-constexpr int kCaptionPixels = 12;
-
 CaptionLabel* NewCaption(const QString& text, QWidget* parent) {
   CaptionLabel::Look look;
-  look.pixels = kCaptionPixels;
+  look.pixels = theme::kCaptionPixels;
   look.weight = QFont::Bold;
   look.color = theme::kDisplayMuted;
   look.padding = 2;
@@ -54,7 +50,7 @@ ValuePanel::ValuePanel(Stage& stage, QWidget* parent) : Card(theme::kDisplay, th
 }
 
 void ValuePanel::BuildValue(Stage& stage, QGridLayout& rows) {
-  auto* const value = NewAmount(kValuePixels, this);
+  auto* const value = NewAmount(theme::kValuePixels, this);
   rows.addWidget(NewCaption(QStringLiteral("VALOR"), this), 0, 0, 1, 2);
   rows.addWidget(value, 1, 0, 1, 2);
   Bind(stage, stage.form.LblValor, *value);
@@ -62,7 +58,7 @@ void ValuePanel::BuildValue(Stage& stage, QGridLayout& rows) {
 
 void ValuePanel::BuildCash(Stage& stage, QGridLayout& rows) {
   auto* const cash = new TextField(this);
-  cash->setFont(theme::TextFont(kCashPixels, QFont::DemiBold));
+  cash->setFont(theme::TextFont(theme::kAmountPixels, QFont::Bold));
   cash->setAlignment(Qt::AlignRight);
   cash->setMinimumHeight(40);
   theme::CoverGround(*cash, theme::kDisplay);
@@ -72,7 +68,7 @@ void ValuePanel::BuildCash(Stage& stage, QGridLayout& rows) {
 }
 
 void ValuePanel::BuildChange(Stage& stage, QGridLayout& rows) {
-  auto* const change = NewAmount(kCashPixels, this);
+  auto* const change = NewAmount(theme::kAmountPixels, this);
   rows.addWidget(NewCaption(QStringLiteral("CAMBIO"), this), 2, 1);
   rows.addWidget(change, 3, 1);
   Bind(stage, stage.form.LblCambio, *change);

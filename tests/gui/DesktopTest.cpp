@@ -141,6 +141,7 @@ TEST_F(Desktop, NoSoundDeviceDelaysAKey) {
   {
     DesktopPlatform platform(folder_.Path());
     platform.Sound.UseSink("nosuchsink");
+    platform.Sound.Begin();
     for (int i = 0; i < 1000; ++i)
       platform.Sound.Play("Sonidos\\Vintoral-5.wav", true);
     constexpr std::chrono::milliseconds kAThousandKeys{500};

@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QPainter>
 #include <QSet>
+#include <QTest>
 
 #include "gui/Gate.h"
 #include "window/PictureView.h"
@@ -30,6 +31,11 @@ class Mirrored : public Gate {
     Start();
     QCoreApplication::processEvents();
   }
+  /// Pictures are read beside the event loop.
+  void AwaitPicture(const QString& name) {
+    auto& view = Face<PictureView>(name);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !view.Loading(); }));
+  }
 };
 
 TEST_F(Mirrored, UnchangedModelPaintsNothing) {
@@ -55,6 +61,7 @@ TEST_F(Mirrored, PicturesComeFromTheStationsFolder) {
   ASSERT_TRUE(red.save(QString::fromStdString(folder_.Path("Fondos/Rojo.jpg"))));
   form_->ImgFondo.Picture = "FONDOS\\ROJO.JPG"_w;
   window_->Refresh();
+  AwaitPicture("ImgFondo");
   const QColor shown = Picture(Face("ImgFondo")).pixelColor(20, 20);
   EXPECT_GT(shown.red(), 240);
   EXPECT_LT(shown.green(), 20);
@@ -66,6 +73,7 @@ TEST_F(Mirrored, ADamagedPictureIsBlank) {
   form_->Picture2.Picture = "mala.jpg"_w;
   form_->Picture2.Visible = true;
   window_->Refresh();
+  AwaitPicture("Picture2");
   EXPECT_EQ(Picture(Face("Picture2")), blank);
 }
 
@@ -77,6 +85,7 @@ TEST_F(Mirrored, ANewPhotoUnderTheSameNameIsShown) {
   form_->Picture2.Picture = "foto.png"_w;
   form_->Picture2.Visible = true;
   window_->Refresh();
+  AwaitPicture("Picture2");
   const QImage before = Picture(Face("Picture2"));
   photo.fill(Qt::blue);
   ASSERT_TRUE(photo.save(file));
@@ -84,6 +93,7 @@ TEST_F(Mirrored, ANewPhotoUnderTheSameNameIsShown) {
   window_->Refresh();
   form_->Picture2.Visible = true;
   window_->Refresh();
+  AwaitPicture("Picture2");
   EXPECT_NE(Picture(Face("Picture2")), before);
 }
 

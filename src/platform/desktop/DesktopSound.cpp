@@ -24,10 +24,12 @@ using Element = std::unique_ptr<GstElement, Unref>;
 class DesktopSound::Player : public std::enable_shared_from_this<Player> {
  public:
   void Ask(std::string file);
+  void Begin();
   void UseSink(const std::string& sink);
   void Stop();
 
  private:
+  void StartThread();
   void Run();
   void Start(const std::string& file);
   void End();
@@ -40,6 +42,7 @@ class DesktopSound::Player : public std::enable_shared_from_this<Player> {
   std::string asked_;  ///< the newest request alone: an older one is stale
   bool over_ = false;  ///< the sound has come to its end, or failed
   bool stop_ = false;
+  bool begun_ = false;
   bool started_ = false;
   bool stopped_ = false;
   std::string sink_ = "autoaudiosink";
@@ -50,8 +53,18 @@ class DesktopSound::Player : public std::enable_shared_from_this<Player> {
 void DesktopSound::Player::Ask(std::string file) {
   const std::lock_guard lock(mutex_);
   asked_ = std::move(file);
+  StartThread();
+}
+
+void DesktopSound::Player::Begin() {
+  const std::lock_guard lock(mutex_);
+  begun_ = true;
+  StartThread();
+}
+
+void DesktopSound::Player::StartThread() {
   news_.notify_all();
-  if (started_) return;
+  if (started_ || !begun_ || asked_.empty()) return;
   started_ = true;
   std::thread([self = shared_from_this()] { self->Run(); }).detach();
 }
@@ -76,13 +89,15 @@ void DesktopSound::Player::Run() {
     news_.wait(lock, [this] { return stop_ || over_ || !asked_.empty(); });
     const std::string file = std::exchange(asked_, {});
     over_ = false;
-    const bool stop = stop_;
     // The device may take its time: whoever asks meanwhile does not wait.
     lock.unlock();
     End();
-    if (!stop && !file.empty()) Start(file);
+    if (!file.empty()) Start(file);
     lock.lock();
   }
+  lock.unlock();
+  End();
+  lock.lock();
   stopped_ = true;
   news_.notify_all();
 }
@@ -155,6 +170,10 @@ DesktopSound::~DesktopSound() {
 
 void DesktopSound::Play(std::string_view file, bool found) {
   if (found) player_->Ask(fileOf_(file));
+}
+
+void DesktopSound::Begin() {
+  player_->Begin();
 }
 
 void DesktopSound::UseSink(const std::string& sink) {

@@ -12,8 +12,7 @@ namespace vintoral {
 class DesktopSound : public Sound {
  public:
   using FileOf = std::function<std::string(std::string_view)>;
-  /// `fileOf` turns a station path into a path of this system (UTF-8). Nothing is loaded before the first
-  /// sound.
+  /// `fileOf` turns a station path into a path of this system (UTF-8). Silent until Begin.
   explicit DesktopSound(FileOf fileOf);
   DesktopSound(const DesktopSound&) = delete;
   DesktopSound& operator=(const DesktopSound&) = delete;
@@ -22,6 +21,9 @@ class DesktopSound : public Sound {
 
   void Play(std::string_view file, bool found) override;
 
+  /// From here on sounds play; the newest of those asked for before plays now. Until then nothing is loaded,
+  /// so that a start is not slowed down.
+  void Begin();
   /// The device of the next sounds, as GStreamer names it. Of the tests.
   void UseSink(const std::string& sink);
 

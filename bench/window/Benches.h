@@ -1,0 +1,21 @@
+// The measurements of the window, each of which prints its line.
+#pragma once
+
+#include <string>
+
+namespace vintoral::bench {
+
+/// Monotonic nanoseconds since the machine's start, the same in every process.
+long long Nanoseconds();
+
+/// A child of the start bench: shows an empty window or the station of `folder`, and prints when it was idle.
+int ShowEmpty(int argc, char** argv);
+int ShowStation(int argc, char** argv, const std::string& folder);
+
+/// Start to idle, the station's against an empty window's, medians of many.
+void CompareStarts(const std::string& self, const std::string& folder);
+
+/// A key in a field to its repaint, with 1000 fichas inside.
+void MeasureKeys(int argc, char** argv, const std::string& folder);
+
+}  // namespace vintoral::bench

@@ -1,0 +1,92 @@
+#include <QApplication>
+#include <QEvent>
+#include <QTest>
+#include <algorithm>
+#include <cstdio>
+#include <utility>
+#include <vector>
+
+#include "Benches.h"
+#include "app/Station.h"
+#include "common/Numbers.h"
+#include "records/Registro.h"
+#include "window/Theme.h"
+
+namespace vintoral::bench {
+
+namespace {
+
+constexpr int kFichas = 1000;
+
+/// Takes the moment at which a widget has been painted last.
+class PaintWatch : public QObject {
+ public:
+  explicit PaintWatch(QWidget& widget) { widget.installEventFilter(this); }
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (event->type() == QEvent::Paint) painted_ = true;
+    return false;
+  }
+  bool Take() { return std::exchange(painted_, false); }
+
+ private:
+  bool painted_ = false;
+};
+
+/// A full house, as it stands in the register.
+void FillHouse(Station& station) {
+  RegistroFicha ficha;
+  ficha.EnUso = true;
+  ficha.MarcaEntrada = StampOf(station.Devices.Clock.Now());
+  ficha.MarcaSalida = "??";
+  ficha.Categoria = station.Form.CboTarifa[1].Text();
+  ficha.PorteriaEntrada = "01";
+  ficha.PorteriaSalida = "??";
+  Registro<RegistroFicha> act(station.Devices.Disk, "Multimedia\\Vintoral.ACT", OpenMode::kReadWrite);
+  for (int i = 1; i < kFichas; ++i) {
+    ficha.Posicion = i;
+    ficha.NumeroFicha = Digits(i, 4);
+    ficha.Placa = "AAA"_w + Digits(i, 3);
+    act.Write(i, ficha, false).PassOver();
+  }
+}
+
+void Type(QWidget& window, int key, const QString& text) {
+  QTest::simulateEvent(window.windowHandle(), true, key, Qt::NoModifier, text, false);
+}
+
+}  // namespace
+
+void MeasureKeys(int argc, char** argv, const std::string& folder) {
+  Station::PrepareToolkit();
+  QApplication application(argc, argv);
+  theme::Apply(application);
+  Station station(folder);
+  if (!station.Start()) return;
+  FillHouse(station);
+  station.Form.CargarArchivoACT();
+  station.Form.ImprimirIndice();
+  station.Form.TxtCampo[0].SetText(Digits(kFichas));  // the one slot that is free
+  Type(station.Window, Qt::Key_Return, QStringLiteral("\r"));
+
+  QWidget& field = *station.Window.Shown().WidgetOf(station.Form.TxtCampo[1]);
+  PaintWatch watch(field);
+  std::vector<double> times;
+  constexpr int kKeys = 4000;
+  int unpainted = 0;
+  for (int i = 0; i < kKeys; ++i) {
+    const bool erase = i % 20 >= 10;
+    const long long begun = Nanoseconds();
+    Type(station.Window, erase ? Qt::Key_Backspace : Qt::Key_A + i % 20,
+         erase ? QString() : QStringLiteral("x"));
+    QCoreApplication::processEvents();
+    times.push_back(static_cast<double>(Nanoseconds() - begun) / 1e6);
+    if (!watch.Take()) ++unpainted;
+  }
+  std::sort(times.begin(), times.end());
+  std::printf(
+      "key to repaint, %d fichas inside: median %.2f ms, 99th percentile %.2f ms (at most 16), longest "
+      "%.2f ms, %d of %d without a painting\n",
+      station.Form.TotalVista(), times[kKeys / 2], times[kKeys * 99 / 100], times.back(), unpainted, kKeys);
+}
+
+}  // namespace vintoral::bench

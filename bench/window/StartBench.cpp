@@ -1,0 +1,81 @@
+#include <QApplication>
+#include <QMainWindow>
+#include <QProcess>
+#include <algorithm>
+#include <cstdio>
+#include <ctime>
+#include <vector>
+
+#include "Benches.h"
+#include "app/Station.h"
+#include "window/Theme.h"
+
+namespace vintoral::bench {
+
+namespace {
+
+void PrintIdle() {
+  QCoreApplication::processEvents();  // the first painting, and all that follows it
+  std::printf("%lld\n", Nanoseconds());
+}
+
+double StartToIdle(const std::string& self, const QStringList& arguments) {
+  QProcess child;
+  child.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+  const long long begun = Nanoseconds();
+  child.start(QString::fromStdString(self), arguments);
+  child.waitForFinished();
+  constexpr double kMillisecond = 1e6;
+  return static_cast<double>(child.readAllStandardOutput().trimmed().toLongLong() - begun) / kMillisecond;
+}
+
+double Median(std::vector<double> values) {
+  std::sort(values.begin(), values.end());
+  return values[values.size() / 2];
+}
+
+}  // namespace
+
+long long Nanoseconds() {
+  timespec time{};
+  clock_gettime(CLOCK_MONOTONIC, &time);
+  return time.tv_sec * 1'000'000'000LL + time.tv_nsec;
+}
+
+int ShowEmpty(int argc, char** argv) {
+  QApplication application(argc, argv);
+  QMainWindow window;
+  window.showMaximized();
+  PrintIdle();
+  return 0;
+}
+
+int ShowStation(int argc, char** argv, const std::string& folder) {
+  Station::PrepareToolkit();
+  QApplication application(argc, argv);
+  theme::Apply(application);
+  Station station(folder);
+  if (!station.Start()) return 1;
+  PrintIdle();
+  return 0;
+}
+
+void CompareStarts(const std::string& self, const std::string& folder) {
+  constexpr int kRounds = 21;
+  const QStringList empty{QStringLiteral("--empty")};
+  const QStringList station{QStringLiteral("--station"), QString::fromStdString(folder)};
+  // The first start makes the folder, and fills the system's caches.
+  for (int i = 0; i < 2; ++i) {
+    StartToIdle(self, empty);
+    StartToIdle(self, station);
+  }
+  std::vector<double> emptyTimes, stationTimes;
+  for (int i = 0; i < kRounds; ++i) {
+    emptyTimes.push_back(StartToIdle(self, empty));
+    stationTimes.push_back(StartToIdle(self, station));
+  }
+  std::printf("start to idle: station %.1f ms, empty window %.1f ms, ratio %.2f (at most 2.5)\n",
+              Median(stationTimes), Median(emptyTimes), Median(stationTimes) / Median(emptyTimes));
+}
+
+}  // namespace vintoral::bench

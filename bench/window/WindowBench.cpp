@@ -1,0 +1,37 @@
+// Measures the window on the offscreen platform; no arguments needed.
+#include <QFile>
+#include <QString>
+#include <cstdlib>
+#include <string_view>
+
+#include "Benches.h"
+#include "support/TempFolder.h"
+
+namespace {
+
+/// A station that is installed and has been started before, with a home and a desktop of its own.
+void Install(const vintoral::test::TempFolder& folder) {
+  folder.Put("home/Desktop/Vintoral.desktop", "[Desktop Entry]\n");
+  folder.Put("run/.keep", "");
+  qputenv("HOME", folder.Path("home").c_str());
+  qputenv("XDG_RUNTIME_DIR", folder.Path("run").c_str());
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  qputenv("QT_LOGGING_RULES", "*.warning=false");  // of the offscreen platform about what it can't do
+  std::filesystem::permissions(folder.Path("run"), std::filesystem::perms::owner_all);
+  const std::string install = VINTORAL_SOURCE "/scripts/install-data '" + folder.Path("station") + "'";
+  if (std::system(install.c_str()) != 0) std::exit(1);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  using namespace vintoral::bench;
+  const std::string_view mode = argc > 1 ? argv[1] : "";
+  if (mode == "--empty") return ShowEmpty(argc, argv);
+  if (mode == "--station" && argc > 2) return ShowStation(argc, argv, argv[2]);
+  const vintoral::test::TempFolder folder;
+  Install(folder);
+  CompareStarts(QFile::symLinkTarget(QStringLiteral("/proc/self/exe")).toStdString(), folder.Path("station"));
+  MeasureKeys(argc, argv, folder.Path("station"));
+  return 0;
+}
