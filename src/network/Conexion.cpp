@@ -56,6 +56,7 @@ void Form1::TmrConexion_Timer() {
     if (connects) {
       TmrHoraFecha.SetEnabled(true);
       TmrMonitor.SetEnabled(true);
+      if (!etiquetasLeidas_) CargarEtiquetas();
       Form_KeyDown('W', 4);
     }
     if (bar == kLightRed) EstadoConexion(true);

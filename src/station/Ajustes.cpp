@@ -39,6 +39,7 @@ void Form1::CargarMoneda() {
 
 void Form1::CargarEtiquetas() {
   const String path = RutaCompartida("Vintoral.LBL");
+  etiquetasLeidas_ = platform_.disk.Exists(RutaCompartida("Vintoral.ACT"));
   if (platform_.disk.Exists(path)) {
     const Registro<RegistroEtiquetas> lbl(platform_.disk, path, OpenMode::kRead);
     const std::optional<RegistroEtiquetas> record = lbl ? lbl.Read(1) : std::nullopt;
@@ -56,6 +57,7 @@ void Form1::CargarEtiquetas() {
 }
 
 void Form1::GuardarEtiquetas() {
+  if (!etiquetasLeidas_) return;  // the folder was away all along: what stands here are not the site's labels
   const String path = RutaCompartida("Vintoral.LBL");
   platform_.disk.ClearReadOnly(path).PassOver();
   Registro<RegistroEtiquetas> lbl(platform_.disk, path, OpenMode::kCreate);

@@ -73,6 +73,28 @@ class StoredLabels(DrivenDay):
         self.assertEqual(station.text("TxtEtiqueta(1)"), "PLACA/DOCUMENTO ")
 
 
+    def test_a_gate_that_never_saw_the_folder_leaves_its_labels_alone(self):
+        self.write("CARNET", "B", "C", "D", "E", "F")
+        before = (self.folder.shared / "Vintoral.LBL").read_bytes()
+        self.folder.write("Objetos/Servidor.INI", b"share\r\n")
+        away = self.folder / "share"
+        station = self.running()
+        self.folder.shared.rename(away)
+        station.close()
+        self.assertEqual((away / "Vintoral.LBL").read_bytes(), before)
+
+    def test_labels_are_read_when_the_folder_is_found_at_last(self):
+        self.write("CARNET", "B", "C", "D", "E", "F")
+        self.folder.write("Objetos/Servidor.INI", b"share\r\n")
+        station = self.running()
+        self.assertEqual(station.text("TxtEtiqueta(0)"), "NUMERO FICHA ")
+        (self.folder / "share").mkdir()
+        for name in ("Vintoral.ACT", "Vintoral.LBL"):
+            (self.folder.shared / name).rename(self.folder / "share" / name)
+        station.advance(3000)
+        self.assertEqual(station.text("TxtEtiqueta(0)"), "CARNET ")
+
+
 class ScreenState(DrivenDay):
     def stored(self):
         data = (self.folder / "Recursos/Vintoral.DAT").read_bytes()

@@ -209,6 +209,8 @@ class Form1 : public ScreenModel {
 
   Platform platform_;
   bool terminado_ = false;
+  /// The labels of the data folder have been seen: only then may this gate write its own over them.
+  bool etiquetasLeidas_ = false;
 };
 
 }  // namespace vintoral
