@@ -22,12 +22,16 @@ void Form1::RetirarFicha() {
   }
   TmrHoraFecha.SetEnabled(false);
   SyncTogether onDisk(platform_.disk);
-  if (LiberarPuesto(NumeroDeFicha())) {
-    RegistrarHistorial();
-    onDisk.Finish().PassOver();
-    RefrescarVista();
-    LimpiarCampos();
-    MidiWav("Sonidos\\Vintoral-4.wav");
+  const std::int64_t numero = NumeroDeFicha();
+  if (const std::optional<RegistroFicha> puesto = LiberarPuesto(numero)) {
+    if (RegistrarHistorial()) {
+      onDisk.Finish().PassOver();
+      RefrescarVista();
+      LimpiarCampos();
+      MidiWav("Sonidos\\Vintoral-4.wav");
+    } else {
+      DevolverPuesto(numero, *puesto);
+    }
   }
   TmrHoraFecha.SetEnabled(true);
 }
@@ -56,7 +60,7 @@ bool Form1::ConfirmacionVencida() const {
   return !shown || std::abs(now.Milliseconds() - shown->Milliseconds()) > kStillCounts;
 }
 
-bool Form1::LiberarPuesto(std::int64_t numero) {
+std::optional<RegistroFicha> Form1::LiberarPuesto(std::int64_t numero) {
   Registro<RegistroFicha> act(platform_.disk, RutaCompartida("Vintoral.ACT"), OpenMode::kReadWrite);
   const std::optional<RegistroFicha> puesto = act ? act.Read(numero) : std::nullopt;
   // Without the slot, or without room for the history row, the ficha stays inside and on display: to free it
@@ -64,10 +68,11 @@ bool Form1::LiberarPuesto(std::int64_t numero) {
   if (!puesto || !ReservarHistorial()) {
     act.Opened().PassOver();
     TmrConexion.SetInterval(100);
-    return false;
+    return std::nullopt;
   }
   FichaActual = *puesto;
-  if (!FichaActual.EnUso) return true;  // another gate retired it meanwhile; the row is written all the same
+  if (!FichaActual.EnUso)
+    return puesto;  // another gate retired it meanwhile; the row is written all the same
   TextoSalida = LblFechaSal.Caption;
   FichaActual.EnUso = false;
   FichaActual.NumeroFicha = Digits(numero, 4);
@@ -75,7 +80,17 @@ bool Form1::LiberarPuesto(std::int64_t numero) {
   FichaActual.PorteriaSalida = NumeroPorteria;
   FichaActual.Posicion = static_cast<std::int32_t>(numero);
   act.Write(numero, FichaActual, true).PassOver();
-  return true;
+  return puesto;
+}
+
+void Form1::DevolverPuesto(std::int64_t numero, const RegistroFicha& puesto) {
+  TmrConexion.SetInterval(100);
+  FichaActual = puesto;
+  Registro<RegistroFicha> act(platform_.disk, RutaCompartida("Vintoral.ACT"), OpenMode::kReadWrite);
+  const std::optional<RegistroFicha> ahora = act ? act.Read(numero) : std::nullopt;
+  if (!ahora) return act.Opened().PassOver();
+  // Nothing to give back where another gate freed the slot, or has filled it since.
+  if (puesto.EnUso && !ahora->EnUso) act.Write(numero, puesto, true).PassOver();
 }
 
 bool Form1::ReservarHistorial() {
@@ -87,20 +102,24 @@ bool Form1::ReservarHistorial() {
   return static_cast<bool>(reserved);
 }
 
-void Form1::RegistrarHistorial() {
+bool Form1::RegistrarHistorial() {
   const String path = RutaCompartida("Vintoral.HST");
-  if (!platform_.disk.Exists(path)) return TmrConexion.SetInterval(100);
+  if (!platform_.disk.Exists(path)) {
+    TmrConexion.SetInterval(100);
+    return true;
+  }
   Registro<RegistroFicha> hst(platform_.disk, path, OpenMode::kReadWrite);
-  if (!hst) return hst.Opened().PassOver();
-  hst.Append([this](std::int64_t row) {
-       FichaActual.EnUso = true;
-       FichaActual.Posicion = static_cast<std::int32_t>(row);
-       FichaActual.ValorCobrado = ValorEstadia;
-       // The row holds the user's points, no longer the user's number.
-       FichaActual.UsuarioPuntos = static_cast<std::int32_t>(LeerPuntosUsuario(FichaActual.UsuarioPuntos));
-       return FichaActual;
-     })
-      .PassOver();
+  const auto row = [this](std::int64_t number) {
+    FichaActual.EnUso = true;
+    FichaActual.Posicion = static_cast<std::int32_t>(number);
+    FichaActual.ValorCobrado = ValorEstadia;
+    // The row holds the user's points, no longer the user's number.
+    FichaActual.UsuarioPuntos = static_cast<std::int32_t>(LeerPuntosUsuario(FichaActual.UsuarioPuntos));
+    return FichaActual;
+  };
+  const Outcome written = hst ? hst.Append(row) : hst.Opened();
+  written.PassOver();
+  return static_cast<bool>(written);
 }
 
 }  // namespace vintoral

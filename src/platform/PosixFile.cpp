@@ -130,7 +130,8 @@ Outcome PosixFile::Reserve(std::uint64_t length) {
 Outcome PosixFile::MakeRoom(std::uint64_t offset, std::uint64_t size) {
   int result = 0;
   do
-    result = fallocate(descriptor_, FALLOC_FL_KEEP_SIZE, static_cast<off_t>(offset), static_cast<off_t>(size));
+    result =
+        fallocate(descriptor_, FALLOC_FL_KEEP_SIZE, static_cast<off_t>(offset), static_cast<off_t>(size));
   while (result != 0 && errno == EINTR);
   if (result != 0 && !Unsupported(errno)) return Failed("make room in");
   return Outcome::Done();

@@ -152,7 +152,9 @@ class Form1 : public ScreenModel {
   // ----------------------------------------------------------------------------------------
   void GuardarFicha();
   void RetirarFicha();
-  void RegistrarHistorial();
+  /// False when the history has no room for the row or can't be written; a history that is missing is passed
+  /// over.
+  bool RegistrarHistorial();
   void LineaEfectivo();  ///< one step of the cash line
   void MostrarFicha();
   bool BuscarUsuario();
@@ -192,7 +194,10 @@ class Form1 : public ScreenModel {
   void MostrarFichaNueva();
   void MostrarFotoConfirmacion(bool confirmando);
   void AnotarEntrada(std::int64_t numero);
-  bool LiberarPuesto(std::int64_t numero);
+  /// The slot as it was before; nothing when it stays as it is, because it or the history can't be written.
+  std::optional<RegistroFicha> LiberarPuesto(std::int64_t numero);
+  /// Puts a ficha back inside whose row could not be written.
+  void DevolverPuesto(std::int64_t numero, const RegistroFicha& puesto);
   void RefrescarVista();
   void FijarValor();
   String CuentaDeSalida();
