@@ -36,7 +36,7 @@ def mount(*arguments):
 
 
 def unmount(path):
-    subprocess.run(["umount", "--lazy", str(path)], check=False)
+    subprocess.run(["umount", "--lazy", str(path)], check=False, stderr=subprocess.DEVNULL)
 
 
 class Trouble(station.DrivenDay):
