@@ -5,7 +5,7 @@
 
 namespace vintoral {
 
-bool Form1::BuscarUsuario() {
+bool Form1::BuscarUsuario(std::int32_t enPantalla) {
   NumeroUsuario = 0;
   const String placa = Trim(TxtCampo[1].Text());
   if (placa.Empty()) return false;
@@ -32,7 +32,8 @@ bool Form1::BuscarUsuario() {
   platform_.screen.Busy(true);
   const std::int64_t found = BuscarPlaca(usuarios, placa);
   const std::optional<RegistroUsuario> usuario = usuarios.Read(found);
-  if (usuario) LlenarUsuario(static_cast<std::int32_t>(found), *usuario);
+  if (usuario) TomarUsuario(static_cast<std::int32_t>(found), *usuario);
+  if (usuario && found != enPantalla) LlenarUsuario();
   platform_.screen.Busy(false);
   return usuario.has_value();
 }
@@ -46,9 +47,15 @@ bool Form1::PlacaAdentro(const String& placa) {
   return true;
 }
 
-void Form1::LlenarUsuario(std::int32_t numero, const RegistroUsuario& usuario) {
+void Form1::TomarUsuario(std::int32_t numero, const RegistroUsuario& usuario) {
   UsuarioActual = usuario;
   NumeroUsuario = numero;
+  PuntosAcumulados = usuario.Puntos;
+  LblPuntos[3].Caption = Digits(PuntosAcumulados);
+  LblPuntos[3].Visible = true;
+}
+
+void Form1::LlenarUsuario() {
   TxtCampo[2].SetText(UsuarioActual.Nombre.Trimmed());
   TxtCampo[3].SetText(UsuarioActual.Apellido.Trimmed());
   TxtCampo[4].SetText(UsuarioActual.Telefono.Trimmed());
@@ -58,14 +65,11 @@ void Form1::LlenarUsuario(std::int32_t numero, const RegistroUsuario& usuario) {
     if (EqualNoCase(Trim(items[i]), UsuarioActual.Categoria.Trimmed()))
       CboTarifa[1].Select(static_cast<int>(i));
   }
-  const String foto = RutaCompartida("Imágenes USR\\"_w + Digits(numero, 6) + ".jpg"_w);
+  const String foto = RutaCompartida("Imágenes USR\\"_w + Digits(NumeroUsuario, 6) + ".jpg"_w);
   if (platform_.disk.Exists(foto)) {
     ImgUsuario.Picture = PctUsuario[0].Picture = foto;
     ImgUsuario.Visible = PctUsuario[1].Visible = true;
   }
-  PuntosAcumulados = UsuarioActual.Puntos;
-  LblPuntos[3].Caption = Digits(PuntosAcumulados);
-  LblPuntos[3].Visible = true;
 }
 
 std::int64_t Form1::LeerPuntosUsuario(std::int32_t numero) {

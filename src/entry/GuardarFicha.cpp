@@ -20,7 +20,7 @@ std::optional<RegistroFicha> Form1::LeerPuesto(std::int64_t numero) {
 
 void Form1::GuardarFicha() {
   if (!HayConexion()) return;
-  if (!TxtCampo[1].Locked) BuscarUsuario();
+  if (!TxtCampo[1].Locked) BuscarUsuario(NumeroUsuario);
   if (!TxtCampo[0].Locked) return;
 
   const std::int64_t numero = NumeroDeFicha();

@@ -111,6 +111,20 @@ class Saving(DrivenDay):
         station.save(7, "ccc")
         self.assertEqual(self.folder.slot(7).UsuarioPuntos, 3)
 
+    def test_what_the_operator_changes_for_a_known_user_is_what_is_saved(self):
+        station = self.with_fichas(users=[user("BBB", "BRUNO", "DIAZ", category="MOTOCICLETA")])
+        station.call_up(7)
+        station.set("TxtCampo(1)", "BBB")
+        station.focus("TxtCampo(1)")
+        station.enter()
+        station.set("TxtCampo(2)", "CARLA")
+        station.do("select", control="CboTarifa(1)", text="BICICLETA")
+        station.key(INSERT)
+        station.answer("yes")
+        record = self.folder.slot(7)
+        self.assertEqual((record.Nombre, record.Apellido, record.Categoria, record.UsuarioPuntos),
+                         ("CARLA", "DIAZ", "BICICLETA", 1))
+
     def test_a_digit_field_with_leading_noughts(self):
         station = self.running()
         station.save("007")

@@ -157,7 +157,10 @@ class Form1 : public ScreenModel {
   bool RegistrarHistorial();
   void LineaEfectivo();  ///< one step of the cash line
   void MostrarFicha();
-  bool BuscarUsuario();
+  /// True when a registered user has the plate. The data of user `enPantalla` stand in the form already and
+  /// are not filled in again: what the operator changed since, the category above all, is what he wants to
+  /// save.
+  bool BuscarUsuario(std::int32_t enPantalla = 0);
   std::int64_t LeerPuntosUsuario(std::int32_t numero);
 
   // ---- Link and grid
@@ -203,7 +206,8 @@ class Form1 : public ScreenModel {
   String CuentaDeSalida();
   bool ConfirmacionVencida() const;
   bool PlacaAdentro(const String& placa);
-  void LlenarUsuario(std::int32_t numero, const RegistroUsuario& usuario);
+  void TomarUsuario(std::int32_t numero, const RegistroUsuario& usuario);
+  void LlenarUsuario();
   std::int64_t NumeroDeFicha() const;
   /// The slot as it stands on disk; nothing, and the link watch looks at once, when it can't be read.
   std::optional<RegistroFicha> LeerPuesto(std::int64_t numero);
