@@ -9,8 +9,8 @@
 namespace vintoral {
 
 // The samples of a picture taken apart by colour, a byte each: red, green and blue, or grey alone. They stay
-// RGB until they are coded: Y, Cb and Cr rounded to bytes would lose more than the quantiser does at a high
-// quality.
+// RGB until they are coded: to round Y, Cb and Cr to bytes first adds the same error as a quantiser's step
+// of 1.
 class ColourPlanes {
  public:
   ColourPlanes() = default;

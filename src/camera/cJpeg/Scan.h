@@ -12,8 +12,8 @@ namespace vintoral {
 // order of an interleaved scan: unit by unit, component by component, the blocks of a component row by row
 // (ITU-T T.81, A.2.3).
 //
-// Both passes work from the planes. To transform twice costs less than to keep the blocks between the passes,
-// which take several times the room of the picture.
+// Both passes work from the planes: to keep the blocks from one to the other, 264 bytes for every 64 samples,
+// would take more than four times the room of the picture.
 template <class Taker>
 void ForEachBlock(const ColourPlanes& planes, const Layout& layout,
                   const std::array<Quantizer, 2>& quantizers, const Kernels& kernels, Taker& taker) {
