@@ -271,7 +271,7 @@ class Damaged(trouble.Trouble):
         second = self.root / "P02"
         shared = self.fresh().shared
         text = f"{shared}/Añejo/..\r\n".encode()
-        (shared / "Añejo").mkdir()
+        (shared / "Añejo").mkdir(exist_ok=True)
         for bad in [text[:length] for length in range(len(text))] + list(self.scrambled(text)):
             with self.subTest(line=bad):
                 folder = trouble.copy_station(self.original, second)
@@ -285,7 +285,7 @@ class Damaged(trouble.Trouble):
         folder = trouble.copy_station(self.original, second)
         folder.write(SERVER, text)
         self.fresh()
-        (shared / "Añejo").mkdir()
+        (shared / "Añejo").mkdir(exist_ok=True)
         self.assertEqual(self.day(folder), (True, True))
         self.assertEqual(self.row(self.folder, "ACT", 7).PorteriaEntrada, "02")
 
