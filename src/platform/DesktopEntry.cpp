@@ -10,16 +10,27 @@
 namespace vintoral {
 namespace {
 
-/// A value of a desktop entry: backslash and line ends are escaped.
+/// A value of a desktop entry: backslashes, line ends, tabs and the blanks that would be taken for those
+/// around the equals sign are escaped.
 std::string Escaped(const std::string& value) {
   std::string result;
-  for (const char character : value) {
-    if (character == '\\') {
-      result += "\\\\";
-    } else if (character == '\n') {
-      result += "\\n";
-    } else {
-      result += character;
+  const std::size_t start = value.find_first_not_of(' ');
+  for (std::size_t i = 0; i < value.size(); ++i) {
+    switch (value[i]) {
+      case '\\':
+        result += "\\\\";
+        break;
+      case '\n':
+        result += "\\n";
+        break;
+      case '\r':
+        result += "\\r";
+        break;
+      case '\t':
+        result += "\\t";
+        break;
+      default:
+        result += i < start && value[i] == ' ' ? "\\s" : std::string(1, value[i]);
     }
   }
   return result;
