@@ -53,6 +53,13 @@ ListBox& RequireRows(Control& control) {
   throw std::runtime_error("control '" + control.Name + "' is no list");
 }
 
+/// A 0 of `shape` stands for any digit, every other character for itself.
+bool HasShape(std::string_view text, std::string_view shape) {
+  return std::equal(text.begin(), text.end(), shape.begin(), shape.end(), [](char character, char wanted) {
+    return wanted == '0' ? character >= '0' && character <= '9' : character == wanted;
+  });
+}
+
 }  // namespace
 
 Json ParseOperation(const std::string& line) {
@@ -106,13 +113,13 @@ std::string MakeFolders(const std::string& folder) {
 
 Moment ParseMoment(const std::string& text) {
   Civil civil;
-  int end = 0;
-  const int parts =
-      std::sscanf(text.c_str(), "%4d-%2d-%2d %2d:%2d:%2d%n.%3d%n", &civil.year, &civil.month, &civil.day,
-                  &civil.hour, &civil.minute, &civil.second, &end, &civil.millisecond, &end);
+  const bool time = HasShape(text, "0000-00-00 00:00:00") || HasShape(text, "0000-00-00 00:00:00.000");
+  if (time) {
+    std::sscanf(text.c_str(), "%4d-%2d-%2d %2d:%2d:%2d.%3d", &civil.year, &civil.month, &civil.day,
+                &civil.hour, &civil.minute, &civil.second, &civil.millisecond);
+  }
   const std::optional<Moment> moment = Moment::From(civil);
-  if (parts < 6 || static_cast<std::size_t>(end) != text.size() || !moment)
-    throw std::runtime_error("'" + text + "' is no time");
+  if (!time || !moment) throw std::runtime_error("'" + text + "' is no time");
   return *moment;
 }
 

@@ -1,0 +1,184 @@
+#include "driver/Operation.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "support/MemoryStation.h"
+#include "support/TempFolder.h"
+
+namespace vintoral {
+namespace {
+
+using test::MemoryStation;
+using test::TempFolder;
+
+/// What the failure says.
+template <class Step>
+std::string Failure(Step step) {
+  try {
+    step();
+  } catch (const std::exception& failure) {
+    return failure.what();
+  }
+  return "(none)";
+}
+
+TEST(ParseOperation, TakesOneObject) {
+  EXPECT_EQ(ParseOperation(R"({"op":"quit"})")["op"], "quit");
+}
+
+TEST(ParseOperation, RefusesWhatIsNoObject) {
+  for (const char* line : {"", "{", "quit", "{\"op\":}", "\"op\"x", "{} {}"})
+    EXPECT_EQ(Failure([&] { ParseOperation(line); }), "malformed line") << line;
+  for (const char* line : {"[]", "1", "null", "\"op\""})
+    EXPECT_EQ(Failure([&] { ParseOperation(line); }), "the line is no object") << line;
+}
+
+TEST(Field, NamesTheFieldThatIsMissingOrOfAnotherType) {
+  const Json operation = Json::parse(R"({"code":"13","text":7,"none":null})");
+  EXPECT_EQ(Failure([&] { Field<int>(operation, "mask"); }), "field 'mask' is missing");
+  EXPECT_EQ(Failure([&] { Field<int>(operation, "code"); }), "field 'code' has the wrong type");
+  EXPECT_EQ(Failure([&] { Field<std::string>(operation, "text"); }), "field 'text' has the wrong type");
+  EXPECT_EQ(Failure([&] { Field<std::string>(operation, "none"); }), "field 'none' has the wrong type");
+}
+
+TEST(FieldOr, StandsInForAFieldThatIsMissingOrNullAndForNoOther) {
+  const Json operation = Json::parse(R"({"instances":2,"desktop":null,"mask":"1"})");
+  EXPECT_EQ(FieldOr(operation, "instances", 1), 2);
+  EXPECT_EQ(FieldOr(operation, "seed", 5), 5);
+  EXPECT_EQ(FieldOr(operation, "desktop", std::string("d")), "d");
+  EXPECT_EQ(Failure([&] { FieldOr(operation, "mask", 0); }), "field 'mask' has the wrong type");
+}
+
+TEST(ParseMoment, ReadsSecondsAndMilliseconds) {
+  EXPECT_EQ(ParseMoment("2026-11-20 14:25:03").Parts(),
+            (Civil{.year = 2026, .month = 11, .day = 20, .hour = 14, .minute = 25, .second = 3}));
+  EXPECT_EQ(ParseMoment("2026-11-20 14:25:03.500").Parts().millisecond, 500);
+  EXPECT_EQ(ParseMoment("2028-02-29 23:59:59.999").Parts().day, 29);
+}
+
+TEST(ParseMoment, RefusesWhatIsNoTimeAndNamesIt) {
+  for (const char* text :
+       {"", "2026-11-20", "2026-11-20 14:25", "20/11/2026 14:25:03", "2026-13-01 00:00:00",
+        "2026-02-29 00:00:00", "2026-11-20 24:00:00", "2026-11-20 14:60:00", "2026-11-20 14:25:60",
+        "2026-11-20 14:25:03 ", "2026-11-20 14:25:03.5", "2026-11-20 14:25:03.", "2026-11-20 14:25:03.x",
+        "2026-11-20 14:25:03.500x", "2026-11-20 14:25:03.5000", "2026-11-20 14:25:03,500",
+        "2026-11-20 14:25:-3", "2026-11-20 14:25:03.-50", "0000-01-01 00:00:00"})
+    EXPECT_EQ(Failure([&] { ParseMoment(text); }), "'" + std::string(text) + "' is no time") << text;
+}
+
+TEST(MomentText, GivesBackWhatWasRead) {
+  EXPECT_EQ(MomentText(ParseMoment("2026-01-02 03:04:05.006")), "2026-01-02 03:04:05.006");
+  EXPECT_EQ(MomentText(ParseMoment("2026-11-20 14:25:03")), "2026-11-20 14:25:03.000");
+}
+
+TEST(AnswerNamed, KnowsTheFourButtons) {
+  EXPECT_EQ(AnswerNamed("ok"), Answer::kOk);
+  EXPECT_EQ(AnswerNamed("yes"), Answer::kYes);
+  EXPECT_EQ(AnswerNamed("no"), Answer::kNo);
+  EXPECT_EQ(AnswerNamed("cancel"), Answer::kCancel);
+  EXPECT_FALSE(AnswerNamed("Yes"));
+  EXPECT_FALSE(AnswerNamed(""));
+}
+
+TEST(RequireKnown, NamesAnOperationThatThereIsNot) {
+  EXPECT_EQ(Failure([] { RequireKnown("key"); }), "(none)");
+  EXPECT_EQ(Failure([] { RequireKnown("advance"); }), "(none)");
+  EXPECT_EQ(Failure([] { RequireKnown("jump"); }), "unknown operation 'jump'");
+}
+
+TEST(RequireUsable, NamesTheControlThatNoHandReaches) {
+  MemoryStation station;
+  TextBox& field = station.Form.TxtCampo[1];
+  EXPECT_EQ(Failure([&] { RequireUsable(field); }), "(none)");
+  field.Enabled = false;
+  EXPECT_EQ(Failure([&] { RequireUsable(field); }), "control 'TxtCampo(1)' is disabled");
+  field.Visible = false;
+  EXPECT_EQ(Failure([&] { RequireUsable(field); }), "control 'TxtCampo(1)' is hidden");
+}
+
+TEST(RequireText, OnlyBoxesAndListsHaveAText) {
+  MemoryStation station;
+  EXPECT_EQ(Failure([&] { RequireText(station.Form.TxtCampo[1]); }), "(none)");
+  EXPECT_EQ(Failure([&] { RequireText(station.Form.CboMinutos); }), "(none)");
+  EXPECT_EQ(Failure([&] { RequireText(station.Form.LblValor); }),
+            "control 'LblValor' has no property 'Text'");
+}
+
+TEST(FindNamed, TakesANameWithOrWithoutTheForm) {
+  MemoryStation station;
+  EXPECT_EQ(FindNamed(station.Form, "TxtCampo(1)"), &station.Form.TxtCampo[1]);
+  EXPECT_EQ(FindNamed(station.Form, "Form1.TxtCampo(1)"), &station.Form.TxtCampo[1]);
+  EXPECT_EQ(FindNamed(station.Form, "Form9.TxtCampo(1)"), nullptr);
+}
+
+TEST(ItemIndex, FindsByIndexOrText) {
+  ComboBox list;
+  for (const String& item : {"Auto"_w, "AUTO "_w, "CAMIÓN"_w})
+    list.AddItem(item);
+  EXPECT_EQ(ItemIndex(list, Json::parse(R"({"index":2})")), 2);
+  EXPECT_EQ(ItemIndex(list, Json::parse(R"({"text":"AUTO "})")), 1);
+  EXPECT_EQ(ItemIndex(list, Json::parse(R"({"text":"auto"})")), 0);
+  EXPECT_EQ(ItemIndex(list, Json::parse(R"({"text":" camión "})")), 2);
+  EXPECT_EQ(ItemIndex(list, Json::parse(R"({"text":"BUS"})")), -1);
+  EXPECT_EQ(ItemIndex(Label(), Json::parse(R"({"index":0})")), -1);
+  EXPECT_EQ(Failure([&] { ItemIndex(list, Json::object()); }), "field 'text' is missing");
+}
+
+TEST(TickRow, SetsOneRowOfAListWithTicks) {
+  ListBox list;
+  list.Name = "LstX";
+  list.List = {"A"_w, "B"_w};
+  list.Checked = {false, false};
+  TickRow(list, Json::parse(R"({"index":1,"value":1})"));
+  EXPECT_EQ(list.Checked, (std::vector<bool>{false, true}));
+  EXPECT_EQ(Failure([&] { TickRow(list, Json::parse(R"({"index":2,"value":1})")); }),
+            "control 'LstX' has no tick at that row");
+  EXPECT_EQ(Failure([&] { TickRow(list, Json::parse(R"({"index":-1,"value":1})")); }),
+            "control 'LstX' has no tick at that row");
+  EXPECT_EQ(Failure([&] { TickRow(list, Json::parse(R"({"index":0,"value":2})")); }),
+            "field 'value' is out of range");
+}
+
+TEST(ScrollList, SetsTheFirstVisibleRow) {
+  ListBox list;
+  list.Name = "LstX";
+  list.List = {"A"_w, "B"_w};
+  ScrollList(list, Json::parse(R"({"top":1})"));
+  EXPECT_EQ(list.TopIndex, 1);
+  EXPECT_EQ(Failure([&] { ScrollList(list, Json::parse(R"({"top":2})")); }),
+            "control 'LstX' has no such row");
+  TextBox box;
+  box.Name = "TxtX";
+  EXPECT_EQ(Failure([&] { ScrollList(box, Json::parse(R"({"top":0})")); }), "control 'TxtX' is no list");
+}
+
+TEST(MakeFolders, MakesAllAboveAndGivesTheAbsolutePath) {
+  const TempFolder folder;
+  const std::string made = MakeFolders(folder.Path("a/./b/../c"));
+  EXPECT_EQ(made, std::filesystem::canonical(folder.Path("a/c")).string());
+  folder.Put("file", "");
+  EXPECT_EQ(Failure([&] { MakeFolders(folder.Path("file/x")); }),
+            "folder '" + folder.Path("file/x") + "' can't be made");
+}
+
+TEST(BoxJson, HasAllThatTheOperatorSees) {
+  const Box box{"Título"_w, "¿Sí?"_w, Icon::kExclamation, {Answer::kYes, Answer::kNo}, Answer::kNo};
+  EXPECT_EQ(
+      BoxJson(box).dump(),
+      R"({"box":{"title":"Título","text":"¿Sí?","icon":"exclamation","buttons":["yes","no"],"default":"no"}})");
+}
+
+TEST(EventJson, TellsEachDevice) {
+  using Kind = DeviceEvent::Kind;
+  EXPECT_EQ(EventJson({Kind::kSound, "Sonidos\\a.wav"_w, true}).dump(),
+            R"({"event":"sound","file":"Sonidos\\a.wav","played":true})");
+  EXPECT_EQ(EventJson({Kind::kLaunch, "Explorer.exe Fondos"_w, false}).dump(),
+            R"({"event":"launch","command":"Explorer.exe Fondos"})");
+  EXPECT_EQ(EventJson({Kind::kBeep, {}, false}).dump(), R"({"event":"beep"})");
+  EXPECT_EQ(EventJson({Kind::kEnd, {}, false}).dump(), R"({"event":"end"})");
+}
+
+}  // namespace
+}  // namespace vintoral
