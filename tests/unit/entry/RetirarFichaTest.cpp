@@ -202,11 +202,29 @@ TEST_F(RetirarFichaTest, ASlotThatCantBeFreedStillGetsItsRow) {
   EXPECT_TRUE(InHistory());
 }
 
-TEST_F(RetirarFichaTest, AFailedSyncLosesNeitherSlotNorRow) {
+TEST_F(RetirarFichaTest, AFailedSyncKeepsTheRow) {
   station_.UnderBox = [this] { station_.Faulty.Set().failSync = true; };
   Retire();
-  EXPECT_FALSE(Inside());
   EXPECT_TRUE(InHistory());
+}
+
+TEST_F(RetirarFichaTest, ARowThatCantBeWrittenPutsTheFichaBackInsideAndOnDisplay) {
+  const std::string act = station_.Disk.Get(kAct);
+  for (const std::size_t torn : {0u, 1u, 187u}) {
+    station_.UnderBox = [&] {
+      station_.Faulty.Set().failWrite = 2;  // the slot, then the row
+      station_.Faulty.Set().tornBytes = torn;
+    };
+    Retire();
+    EXPECT_EQ(station_.Disk.Get(kAct), act) << torn;
+    EXPECT_FALSE(InHistory()) << torn;
+    EXPECT_TRUE(form_.FichaEnPantalla()) << torn;
+    station_.Faulty.Repair();
+  }
+  Retire();
+  EXPECT_FALSE(Inside());
+  ASSERT_TRUE(InHistory());
+  EXPECT_EQ(station_.History(2).ValorCobrado, Money::FromUnits(3700));
 }
 
 TEST_F(RetirarFichaTest, ARegisterThatTellsNoLengthLosesNothing) {
