@@ -15,15 +15,11 @@ namespace {
 
 constexpr int kArrowRow = 32;
 constexpr int kArrowIcon = 20;
-constexpr int kUsualWidth = 320, kLeastWidth = 240;
 
 }  // namespace
 
 CameraPanel::CameraPanel(Stage& stage, QWidget* parent)
     : QWidget(parent), pictures_(new QWidget(this)), arrows_(new QWidget(this)) {
-  QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
-  policy.setHeightForWidth(true);
-  setSizePolicy(policy);
   BuildPictures(stage);
   BuildArrows(stage);
 }
@@ -65,21 +61,12 @@ void CameraPanel::BuildArrows(Stage& stage) {
   Bind(stage, stage.form.PctFotoDetalle[1], *arrow(QStringLiteral("arrow-right")));
 }
 
-int CameraPanel::heightForWidth(int width) const {
+int CameraPanel::HeightAt(int width) {
   return width * 3 / 4 + kArrowRow;
 }
 
-QSize CameraPanel::sizeHint() const {
-  return {kUsualWidth, heightForWidth(kUsualWidth)};
-}
-
-QSize CameraPanel::minimumSizeHint() const {
-  return {kLeastWidth, heightForWidth(kLeastWidth)};
-}
-
 void CameraPanel::resizeEvent(QResizeEvent* /*event*/) {
-  // Four to three, as the cameras give it, while the column is high enough.
-  const int height = std::min(width() * 3 / 4, this->height() - kArrowRow);
+  const int height = this->height() - kArrowRow;
   pictures_->setGeometry(0, 0, width(), height);
   message_->setGeometry(0, height - kArrowRow, width(), kArrowRow);
   arrows_->setGeometry(0, height, width(), kArrowRow);

@@ -12,9 +12,8 @@ struct Stage;
 class CameraPanel : public QWidget {
  public:
   CameraPanel(Stage& stage, QWidget* parent);
-  int heightForWidth(int width) const override;
-  QSize sizeHint() const override;
-  QSize minimumSizeHint() const override;
+  /// The height at which the picture is four to three, as the cameras give it.
+  static int HeightAt(int width);
 
  protected:
   void resizeEvent(QResizeEvent* event) override;

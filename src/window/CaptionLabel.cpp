@@ -39,6 +39,7 @@ QFont CaptionLabel::FittingFont() const {
 }
 
 bool CaptionLabel::Fits() const {
+  if (caption_.isEmpty()) return true;
   const QFontMetrics metrics(FittingFont());
   return metrics.horizontalAdvance(caption_) <= width() - 2 * look_.padding && metrics.height() <= height();
 }

@@ -27,9 +27,9 @@ TextField* NewField(QWidget* parent) {
 
 FieldsPanel::FieldsPanel(Stage& stage, QWidget* parent) : Card(theme::kCard, theme::kLine, parent) {
   auto* const rows = new QGridLayout(this);
-  rows->setContentsMargins(10, 10, 10, 10);
+  rows->setContentsMargins(10, 9, 10, 9);
   rows->setHorizontalSpacing(6);
-  rows->setVerticalSpacing(5);
+  rows->setVerticalSpacing(4);
   rows->setColumnStretch(2, 1);
   for (std::size_t i = 0; i < stage.form.TxtCampo.size(); ++i) {
     BuildLabel(stage, i, *rows);
@@ -77,7 +77,7 @@ void FieldsPanel::BuildField(Stage& stage, std::size_t index, QGridLayout& rows)
 }
 
 void FieldsPanel::BuildNumberTools(Stage& stage, QGridLayout& rows) {
-  constexpr int kEdge = 32, kIcon = 24;
+  constexpr int kEdge = 28, kIcon = 22;
   auto* const place = new QWidget(this);
   auto* const tools = new QGridLayout(place);
   tools->setContentsMargins(0, 0, 0, 0);

@@ -5,15 +5,13 @@
 #include <QIcon>
 #include <QVBoxLayout>
 
-#include "window/CameraPanel.h"
 #include "window/FieldsPanel.h"
 #include "window/GridPanel.h"
 #include "window/InputFilter.h"
-#include "window/StatusPanel.h"
+#include "window/SideColumn.h"
 #include "window/StayPanel.h"
 #include "window/Theme.h"
 #include "window/ToolBar.h"
-#include "window/UserCard.h"
 #include "window/ValuePanel.h"
 #include "window/Views.h"
 
@@ -22,7 +20,6 @@ namespace vintoral {
 namespace {
 
 constexpr int kLeftLeast = 384, kLeftMost = 540;
-constexpr int kRightLeast = 264, kRightMost = 640;
 constexpr QSize kUsualSize{1366, 728};
 
 }  // namespace
@@ -51,7 +48,7 @@ void MainWindow::Build(Stage& stage) {
   areas->setSpacing(theme::kGap);
   areas->addWidget(BuildLeft(stage), 29);
   areas->addWidget(new GridPanel(stage, this), 47);
-  areas->addWidget(BuildRight(stage), 24);
+  areas->addWidget(new SideColumn(stage, this), 24);
   column->addLayout(areas, 1);
 }
 
@@ -66,20 +63,6 @@ QWidget* MainWindow::BuildLeft(Stage& stage) {
   column->addWidget(new StayPanel(stage, left));
   column->addWidget(new ValuePanel(stage, left), 1);
   return left;
-}
-
-QWidget* MainWindow::BuildRight(Stage& stage) {
-  auto* const right = new QWidget(this);
-  right->setMinimumWidth(kRightLeast);
-  right->setMaximumWidth(kRightMost);
-  auto* const column = new QVBoxLayout(right);
-  column->setContentsMargins(0, 0, 0, 0);
-  column->setSpacing(theme::kGap);
-  column->addWidget(new CameraPanel(stage, right));
-  column->addWidget(new UserCard(stage, right));
-  column->addStretch(1);
-  column->addWidget(new StatusPanel(stage, right));
-  return right;
 }
 
 void MainWindow::Refresh() {

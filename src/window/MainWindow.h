@@ -33,7 +33,6 @@ class MainWindow : public QWidget {
  private:
   void Build(Stage& stage);
   QWidget* BuildLeft(Stage& stage);
-  QWidget* BuildRight(Stage& stage);
 
   Form1& form_;
   Mirror mirror_;

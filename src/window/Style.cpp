@@ -72,7 +72,7 @@ QRect Style::subControlRect(ComplexControl control, const QStyleOptionComplex* o
   if (control == CC_ComboBox && part == SC_ComboBoxArrow)
     return option->rect.adjusted(option->rect.width() - kArrowWidth, 0, 0, 0);
   if (control == CC_ComboBox && part == SC_ComboBoxEditField)
-    return option->rect.adjusted(theme::kTextInset - 4, 2, -kArrowWidth, -2);
+    return option->rect.adjusted(theme::kTextInset - 1, 2, -kArrowWidth, -2);
   return QProxyStyle::subControlRect(control, option, part, widget);
 }
 

@@ -32,7 +32,7 @@ inline constexpr QRgb kPictureGround = 0xFFDDE3E9;  ///< where a picture may sta
 
 inline constexpr int kGap = 8;           ///< between cards
 inline constexpr int kRowHeight = 32;    ///< of a field, where there is room
-inline constexpr int kRowMinimum = 26;   ///< of a field on a small screen
+inline constexpr int kRowMinimum = 24;   ///< of a field on a small screen
 inline constexpr int kTextInset = 9;     ///< from the edge of a field to its text
 inline constexpr int kToolButton = 44;   ///< edge of a tool button
 inline constexpr int kLabelWidth = 156;  ///< of the labels beside the fields

@@ -2,6 +2,7 @@
 
 #include <QGridLayout>
 #include <QStackedLayout>
+#include <QVBoxLayout>
 
 #include "window/CaptionLabel.h"
 #include "window/IconButton.h"
@@ -13,31 +14,34 @@ namespace vintoral {
 
 namespace {
 
-constexpr int kPhotoEdge = 112;
+constexpr int kMargin = 10, kPointsRow = 40;
 
-CaptionLabel* NewLabel(int pixels, QRgb color, QWidget* parent) {
+CaptionLabel* NewLabel(int pixels, QRgb color, const QString& sample, QWidget* parent) {
   CaptionLabel::Look look;
   look.pixels = pixels;
   look.weight = QFont::Bold;
   look.color = color;
   look.padding = 4;
-  look.sample = QStringLiteral("000000");
+  look.sample = sample;
   return new CaptionLabel(look, parent);
 }
 
 }  // namespace
 
 UserCard::UserCard(Stage& stage, QWidget* parent) : Card(theme::kCard, theme::kLine, parent) {
-  auto* const row = new QHBoxLayout(this);
-  row->setContentsMargins(10, 10, 10, 10);
-  row->setSpacing(10);
-  row->addWidget(BuildPhoto(stage), 0, Qt::AlignTop);
-  row->addWidget(BuildPoints(stage), 1, Qt::AlignTop);
+  auto* const column = new QVBoxLayout(this);
+  column->setContentsMargins(kMargin, kMargin, kMargin, kMargin / 2);
+  column->setSpacing(kMargin / 2);
+  column->addWidget(BuildPhoto(stage), 1);
+  column->addWidget(BuildPoints(stage));
+}
+
+int UserCard::HeightAt(int width) {
+  return (width - 2 * kMargin) * 3 / 4 + kPointsRow + 2 * kMargin;
 }
 
 QWidget* UserCard::BuildPhoto(Stage& stage) {
   auto* const place = new QWidget(this);
-  place->setFixedSize(kPhotoEdge, kPhotoEdge);
   auto* const stack = new QStackedLayout(place);
   stack->setStackingMode(QStackedLayout::StackAll);
   const PictureView::Look look{QStringLiteral("person"), true, false};
@@ -54,28 +58,30 @@ QWidget* UserCard::BuildPhoto(Stage& stage) {
 }
 
 QWidget* UserCard::BuildPoints(Stage& stage) {
-  constexpr int kStarEdge = 36, kStarIcon = 28;
+  constexpr int kStarEdge = 36, kStarIcon = 26;
   auto* const place = new QWidget(this);
-  auto* const grid = new QGridLayout(place);
-  grid->setContentsMargins(0, 0, 0, 0);
-  grid->setColumnStretch(2, 1);
-  auto* const caption = NewLabel(theme::kCaptionPixels, theme::kMuted, place);
+  place->setFixedHeight(kPointsRow);
+  auto* const row = new QGridLayout(place);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setHorizontalSpacing(4);
+  row->setColumnStretch(2, 1);
+  auto* const caption = NewLabel(theme::kCaptionPixels, theme::kMuted, QStringLiteral("PUNTOS"), place);
   caption->ShowCaption(QStringLiteral("PUNTOS"));
-  grid->addWidget(caption, 0, 0, 1, 2);
+  row->addWidget(caption, 0, 0);
   auto* const star =
       new IconButton(QStringLiteral("ImgPuntos"), kStarEdge, kStarIcon, IconButton::Kind::kPlain, place);
-  grid->addWidget(star, 1, 0);
+  row->addWidget(star, 0, 4);
   BindPlain(stage, stage.form.ImgPuntos, *star);
-  // The sum stands beside the star; the others around it.
-  const auto label = [&](std::size_t index, int pixels, QRgb color, int row, int column, int columns) {
-    auto* const face = NewLabel(pixels, color, place);
-    grid->addWidget(face, row, column, 1, columns);
+  const auto label = [&](std::size_t index, int pixels, const QString& sample, int at) {
+    auto* const face = NewLabel(pixels, theme::kText, sample, place);
+    row->addWidget(face, 0, at);
     Bind(stage, stage.form.LblPuntos[index], *face);
   };
-  label(0, theme::kCaptionPixels, theme::kMuted, 0, 2, 1);
-  label(1, theme::kAmountPixels, theme::kText, 1, 1, 2);
-  label(2, theme::kCaptionPixels, theme::kMuted, 2, 0, 1);
-  label(3, theme::kTextPixels, theme::kMuted, 2, 1, 2);
+  label(0, theme::kCaptionPixels, QString(), 1);
+  label(2, theme::kCaptionPixels, QString(), 3);
+  // What the user brings shows while a ficha is typed, the sum when it leaves: never both.
+  label(1, theme::kAmountPixels, QStringLiteral("999999"), 5);
+  label(3, theme::kAmountPixels, QStringLiteral("999999"), 5);
   return place;
 }
 

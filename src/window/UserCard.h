@@ -10,6 +10,8 @@ struct Stage;
 class UserCard : public Card {
  public:
   UserCard(Stage& stage, QWidget* parent);
+  /// The height at which the photo is four to three.
+  static int HeightAt(int width);
 
  private:
   QWidget* BuildPhoto(Stage& stage);

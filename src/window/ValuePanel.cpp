@@ -38,7 +38,7 @@ CaptionLabel* NewAmount(int pixels, QWidget* parent) {
 
 ValuePanel::ValuePanel(Stage& stage, QWidget* parent) : Card(theme::kDisplay, theme::kDisplay, parent) {
   auto* const rows = new QGridLayout(this);
-  rows->setContentsMargins(14, 10, 14, 12);
+  rows->setContentsMargins(14, 8, 14, 10);
   rows->setHorizontalSpacing(10);
   rows->setVerticalSpacing(2);
   rows->setColumnStretch(0, 1);
@@ -60,7 +60,7 @@ void ValuePanel::BuildCash(Stage& stage, QGridLayout& rows) {
   auto* const cash = new TextField(this);
   cash->setFont(theme::TextFont(theme::kAmountPixels, QFont::Bold));
   cash->setAlignment(Qt::AlignRight);
-  cash->setMinimumHeight(40);
+  cash->setMinimumHeight(34);
   theme::CoverGround(*cash, theme::kDisplay);
   rows.addWidget(NewCaption(QStringLiteral("EFECTIVO"), this), 2, 0);
   rows.addWidget(cash, 3, 0);

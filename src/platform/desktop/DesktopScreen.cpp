@@ -3,12 +3,15 @@
 #include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QSize>
 #include <QTimer>
 #include <algorithm>
 
 namespace vintoral {
 
 namespace {
+
+constexpr QSize kButtonSize{104, 36};  // to be hit without aiming
 
 QString Caption(Answer answer) {
   switch (answer) {
@@ -65,6 +68,7 @@ Answer DesktopScreen::Show(const Box& box) {
   for (const Answer answer : box.buttons) {
     // Buttons of one role stand in the order in which they are added.
     QPushButton* const button = dialog.addButton(Caption(answer), QMessageBox::ActionRole);
+    button->setMinimumSize(kButtonSize);
     buttons.emplace_back(button, answer);
     if (answer == box.preselected) dialog.setDefaultButton(button);
     if (answer == Harmless(box)) dialog.setEscapeButton(button);
