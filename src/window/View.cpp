@@ -27,7 +27,7 @@ void View::ShowToolTip() {
   // "<F4> Imprimir" would pass for rich text.
   widget_.setToolTip(text.isEmpty() ? QString()
                                     : QStringLiteral("<nobr>%1</nobr>").arg(text.toHtmlEscaped()));
-  widget_.setAccessibleName(text);
+  if (!text.isEmpty()) widget_.setAccessibleName(text);
 }
 
 }  // namespace vintoral
