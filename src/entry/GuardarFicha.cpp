@@ -35,9 +35,11 @@ void Form1::GuardarFicha() {
       return SetFocus(&TxtCampo[2]);
     }
     FichaActual = *puesto;
-    AnotarEntrada(numero);
   }
+  SyncTogether onDisk(platform_.disk);
+  if (!puesto->EnUso) AnotarEntrada(numero);
   RefrescarVista();
+  onDisk.Finish().PassOver();
   ImgIndicador[3].Visible = false;
   LimpiarCampos();
 }

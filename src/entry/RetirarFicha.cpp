@@ -25,8 +25,8 @@ void Form1::RetirarFicha() {
   const std::int64_t numero = NumeroDeFicha();
   if (const std::optional<RegistroFicha> puesto = LiberarPuesto(numero)) {
     if (RegistrarHistorial()) {
-      onDisk.Finish().PassOver();
       RefrescarVista();
+      onDisk.Finish().PassOver();
       LimpiarCampos();
       MidiWav("Sonidos\\Vintoral-4.wav");
     } else {

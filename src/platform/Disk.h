@@ -68,17 +68,16 @@ class Disk {
   virtual Outcome Remove(std::string_view path) = 0;
   /// Lets the owner write the file again; done when it is missing.
   virtual Outcome ClearReadOnly(std::string_view path) = 0;
-  /// Until EndTogether, Sync of a file opened here only notes that the file is to be synced: EndTogether
-  /// syncs all of them at once and returns when the last is done. A disk that has no such way syncs each when
-  /// it is asked.
+  /// Until EndTogether, Sync of a file opened here only begins to sync it, and EndTogether returns when all
+  /// are on disk. A disk that has no such way syncs each when it is asked.
   virtual void BeginTogether() {}
   virtual Outcome EndTogether() { return Outcome::Done(); }
   /// Names of the files in `folder` that end in `ending` (case ignored), in alphabetical order.
   virtual std::vector<String> List(std::string_view folder, std::string_view ending) const = 0;
 };
 
-/// The files that belong to one fact (a slot freed, its row in the history) wait for the disk once instead of
-/// one after the other.
+/// The files that belong to one fact (a slot freed, its row in the history) are waited for once instead of
+/// one after the other, and what needs no disk is done meanwhile.
 class SyncTogether {
  public:
   explicit SyncTogether(Disk& disk) : disk_(&disk) { disk.BeginTogether(); }

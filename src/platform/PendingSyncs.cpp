@@ -5,45 +5,33 @@
 
 #include <cerrno>
 #include <system_error>
-#include <thread>
-#include <utility>
 
 namespace vintoral {
-
-PendingSyncs::~PendingSyncs() {
-  for (const File& file : files_)
-    close(file.descriptor);
-}
 
 bool PendingSyncs::Add(int descriptor, const std::string& path) {
   const int own = fcntl(descriptor, F_DUPFD_CLOEXEC, 0);
   if (own < 0) return false;
-  files_.push_back({own, path});
+  Running& sync = running_.emplace_back(Running{own, Outcome::Done(), {}});
+  try {
+    sync.thread = std::thread([&sync, path] { sync.outcome = SyncData(sync.descriptor, path); });
+  } catch (const std::system_error&) {
+    sync.outcome = SyncData(own, path);  // no thread to be had: waiting here is as safe
+  }
   return true;
 }
 
 Outcome PendingSyncs::End() {
-  if (depth_ == 0 || --depth_ > 0) return Outcome::Done();
-  const std::vector<File> files = std::exchange(files_, {});
-  std::vector<Outcome> outcomes(files.size(), Outcome::Done());
-  std::vector<std::thread> others;
-  for (std::size_t i = 0; i < files.size(); ++i) {
-    const auto sync = [&outcomes, &files, i] { outcomes[i] = SyncData(files[i].descriptor, files[i].path); };
-    const bool last = i + 1 == files.size();
-    try {
-      if (!last) others.emplace_back(sync);
-    } catch (const std::system_error&) {
-      sync();  // no thread to be had: one after the other is as safe
-    }
-    if (last) sync();
-  }
-  for (std::thread& other : others)
-    other.join();
+  return depth_ == 0 || --depth_ > 0 ? Outcome::Done() : Wait();
+}
+
+Outcome PendingSyncs::Wait() {
   Outcome first = Outcome::Done();
-  for (std::size_t i = 0; i < files.size(); ++i) {
-    close(files[i].descriptor);
-    if (first && !outcomes[i]) first = outcomes[i];
+  for (Running& sync : running_) {
+    if (sync.thread.joinable()) sync.thread.join();
+    close(sync.descriptor);
+    if (first && !sync.outcome) first = sync.outcome;
   }
+  running_.clear();
   return first;
 }
 

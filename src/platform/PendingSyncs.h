@@ -1,8 +1,10 @@
-// Files whose syncs wait to be done at once.
+// Syncs that run side by side, beside the event loop. A thread does nothing but wait for the disk: the
+// station itself stays on one.
 #pragma once
 
+#include <list>
 #include <string>
-#include <vector>
+#include <thread>
 
 #include "common/Outcome.h"
 
@@ -13,22 +15,26 @@ class PendingSyncs {
   PendingSyncs() = default;
   PendingSyncs(const PendingSyncs&) = delete;
   PendingSyncs& operator=(const PendingSyncs&) = delete;
-  ~PendingSyncs();
+  ~PendingSyncs() { Wait().PassOver(); }
 
   void Begin() { ++depth_; }
   bool Waiting() const { return depth_ > 0; }
-  /// Notes the file behind `descriptor`, which may be closed afterwards. False when it must be synced at
-  /// once.
+  /// Begins to sync the file behind `descriptor`, which may be closed afterwards. False when it must be
+  /// synced at once.
   bool Add(int descriptor, const std::string& path);
-  /// Syncs all that were noted since the outermost Begin, side by side; the first failure where there is one.
+  /// Returns when all that were added since the outermost Begin are on disk; the first failure where there is
+  /// one.
   Outcome End();
 
  private:
-  struct File {
+  struct Running {
     int descriptor;
-    std::string path;
+    Outcome outcome;
+    std::thread thread;
   };
-  std::vector<File> files_;
+  Outcome Wait();
+
+  std::list<Running> running_;  // threads hold on to their element
   int depth_ = 0;
 };
 
