@@ -1,10 +1,8 @@
-// Syncs that run side by side, beside the event loop. A thread does nothing but wait for the disk: the
-// station itself stays on one.
+// Syncs that are waited for together.
 #pragma once
 
-#include <list>
 #include <string>
-#include <thread>
+#include <vector>
 
 #include "common/Outcome.h"
 
@@ -19,22 +17,21 @@ class PendingSyncs {
 
   void Begin() { ++depth_; }
   bool Waiting() const { return depth_ > 0; }
-  /// Begins to sync the file behind `descriptor`, which may be closed afterwards. False when it must be
-  /// synced at once.
+  /// Sends what was written to the file behind `descriptor` on its way to the disk without waiting for it.
+  /// The descriptor may be closed afterwards. False when the file must be synced at once.
   bool Add(int descriptor, const std::string& path);
   /// Returns when all that were added since the outermost Begin are on disk; the first failure where there is
   /// one.
   Outcome End();
 
  private:
-  struct Running {
+  struct File {
     int descriptor;
-    Outcome outcome;
-    std::thread thread;
+    std::string path;
   };
   Outcome Wait();
 
-  std::list<Running> running_;  // threads hold on to their element
+  std::vector<File> files_;
   int depth_ = 0;
 };
 
