@@ -9,8 +9,9 @@ namespace vintoral::bench {
 long long Nanoseconds();
 
 /// A child of the start bench: shows an empty window or the station of `folder`, and prints when it was idle.
+/// The first start of all stays until the sound library has taken stock of its plugins, once for this home.
 int ShowEmpty(int argc, char** argv);
-int ShowStation(int argc, char** argv, const std::string& folder);
+int ShowStation(int argc, char** argv, const std::string& folder, bool first);
 
 /// Start to idle, the station's against an empty window's, medians of many.
 void CompareStarts(const std::string& self, const std::string& folder);

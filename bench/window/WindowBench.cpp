@@ -28,7 +28,8 @@ int main(int argc, char** argv) {
   using namespace vintoral::bench;
   const std::string_view mode = argc > 1 ? argv[1] : "";
   if (mode == "--empty") return ShowEmpty(argc, argv);
-  if (mode == "--station" && argc > 2) return ShowStation(argc, argv, argv[2]);
+  const bool first = mode == "--first";
+  if ((first || mode == "--station") && argc > 2) return ShowStation(argc, argv, argv[2], first);
   const vintoral::test::TempFolder folder;
   Install(folder);
   CompareStarts(QFile::symLinkTarget(QStringLiteral("/proc/self/exe")).toStdString(), folder.Path("station"));

@@ -24,8 +24,9 @@ bool Station::Start() {
   Form.Form_Load();
   if (Form.Terminado()) return false;
   Window.Appear();
-  // Once the window has been painted.
-  QTimer::singleShot(0, &Window, [this] { Devices.Sound.Begin(); });
+  // Loading the sound library beside the first painting would hold that up.
+  constexpr int kUntilPainted = 100;
+  QTimer::singleShot(kUntilPainted, &Window, [this] { Devices.Sound.Begin(); });
   return true;
 }
 

@@ -44,9 +44,10 @@ bool CaptionLabel::Fits() const {
   return metrics.horizontalAdvance(caption_) <= width() - 2 * look_.padding && metrics.height() <= height();
 }
 
+// Reckoned, not measured: a font is loaded only when something is written in it.
 QSize CaptionLabel::sizeHint() const {
-  const QFontMetrics metrics(theme::TextFont(look_.pixels, look_.weight));
-  return {metrics.horizontalAdvance(look_.sample) + 2 * look_.padding, metrics.height() + 6};
+  const int width = static_cast<int>(look_.sample.size()) * look_.pixels * 5 / 6;
+  return {width + 2 * look_.padding, look_.pixels * 6 / 5 + 6};
 }
 
 QSize CaptionLabel::minimumSizeHint() const {

@@ -16,6 +16,7 @@ namespace {
 
 constexpr int kColumns = 10, kRows = 5;
 constexpr int kHeadRow = 34;
+constexpr int kCounterWidth = 56, kMinutesWidth = 156;
 
 CaptionLabel* NewInfo(const QString& sample, QRgb color, QWidget* parent) {
   CaptionLabel::Look look;
@@ -91,16 +92,17 @@ QWidget* GridPanel::BuildHead(Stage& stage) {
     row->addWidget(button);
     BindPlain(stage, image, *button);
   };
-  auto* const count = NewInfo(QStringLiteral("1000 ( 10/20 )"), theme::kText, head);
+  auto* const count = NewInfo(QStringLiteral("1000 (1/20)"), theme::kText, head);
   row->addWidget(count);
   Bind(stage, stage.form.LblInfo[0], *count);
   icon(stage.form.ImgContador, QStringLiteral("ImgContador"));
   auto* const counter = NewInfo(QStringLiteral("0000"), theme::kAccent, head);
+  counter->setFixedWidth(kCounterWidth);
   row->addWidget(counter);
   Bind(stage, stage.form.LblInfo[4], *counter);
   row->addStretch(1);
   auto* const minutes = new ListField(true, head);
-  minutes->setFixedWidth(164);
+  minutes->setFixedWidth(kMinutesWidth);
   row->addWidget(minutes);
   Bind(stage, stage.form.CboMinutos, *minutes);
   icon(stage.form.ImgCambiarFondo, QStringLiteral("ImgCambiarFondo"));

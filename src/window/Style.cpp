@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <QStyleOption>
+#include <algorithm>
 
 #include "window/Theme.h"
 
@@ -11,6 +12,7 @@ namespace {
 
 constexpr int kToolkitInset = 2;  // what an entry box adds by itself before its text
 constexpr int kPadding = theme::kTextInset - kToolkitInset;
+constexpr int kListRow = 30;     // of an open list: to be hit without aiming
 constexpr int kArrowWidth = 28;  // of the part of a list that opens it
 
 /// An outline with its ground; the ring takes the outline's place when the keyboard is here.
@@ -74,6 +76,13 @@ QRect Style::subControlRect(ComplexControl control, const QStyleOptionComplex* o
   if (control == CC_ComboBox && part == SC_ComboBoxEditField)
     return option->rect.adjusted(theme::kTextInset - 1, 2, -kArrowWidth, -2);
   return QProxyStyle::subControlRect(control, option, part, widget);
+}
+
+QSize Style::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                              const QWidget* widget) const {
+  QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+  if (type == CT_ItemViewItem) size.setHeight(std::max(size.height(), kListRow));
+  return size;
 }
 
 int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,

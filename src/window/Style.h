@@ -15,6 +15,8 @@ class Style : public QProxyStyle {
   QRect subElementRect(SubElement element, const QStyleOption* option, const QWidget* widget) const override;
   QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
                        const QWidget* widget) const override;
+  QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                         const QWidget* widget) const override;
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                 QStyleHintReturn* result) const override;
 };

@@ -39,11 +39,12 @@ void TextField::ShowCaret(int start, int length) {
 
 void TextField::SetWidthFor(int characters) {
   constexpr int kPaddings = 20;
-  setFixedWidth(fontMetrics().horizontalAdvance(u'0') * characters + kPaddings);
+  setFixedWidth(font().pixelSize() * 3 / 4 * characters + kPaddings);
 }
 
 QSize TextField::sizeHint() const {
-  return {QLineEdit::sizeHint().width(), std::max(theme::kRowHeight, fontMetrics().height() + 8)};
+  constexpr int kUsualWidth = 140;
+  return {kUsualWidth, std::max(theme::kRowHeight, font().pixelSize() * 3 / 2)};
 }
 
 QSize TextField::minimumSizeHint() const {

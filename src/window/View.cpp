@@ -16,17 +16,20 @@ View::View(Control& control, QWidget& widget) : control_(control), widget_(widge
 }
 
 void View::Sync() {
-  ShowOwn();
+  // What is hidden is brought up to date when it appears, and costs nothing until then.
+  appears_ = visible_.Changed(control_.Visible) && control_.Visible;
+  if (control_.Visible) ShowOwn();
   if (enabled_.Changed(control_.Enabled)) widget_.setEnabled(control_.Enabled);
-  if (visible_.Changed(control_.Visible)) widget_.setVisible(control_.Visible);
+  if (widget_.isHidden() == control_.Visible) widget_.setVisible(control_.Visible);
   if (toolTip_.Changed(control_.ToolTipText)) ShowToolTip();
 }
 
 void View::ShowToolTip() {
   const QString text = ToQString(TrimView(control_.ToolTipText));
   // "<F4> Imprimir" would pass for rich text.
-  widget_.setToolTip(text.isEmpty() ? QString()
-                                    : QStringLiteral("<nobr>%1</nobr>").arg(text.toHtmlEscaped()));
+  widget_.setToolTip(text.isEmpty()
+                         ? QString()
+                         : QStringLiteral("<p style='white-space:pre'>%1</p>").arg(text.toHtmlEscaped()));
   if (!text.isEmpty()) widget_.setAccessibleName(text);
 }
 

@@ -21,14 +21,17 @@ class View {
   QWidget& Widget() const { return widget_; }
 
  protected:
-  /// The properties of this kind of control.
+  /// The properties of this kind of control, while it is visible.
   virtual void ShowOwn() {}
+  /// Is it becoming visible with this round?
+  bool Appears() const { return appears_; }
 
  private:
   void ShowToolTip();
   Control& control_;
   QWidget& widget_;
   Seen<bool> visible_;
+  bool appears_ = false;
   Seen<bool> enabled_;
   Seen<String> toolTip_;
 };

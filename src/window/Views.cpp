@@ -166,8 +166,7 @@ class PictureFileView : public TypedView<C, PictureView> {
  protected:
   void ShowOwn() override {
     // A picture that comes back is read again: another photo may stand under the same name.
-    const bool appears = visible_.Changed(this->model.Visible) && this->model.Visible;
-    if (!(picture_.Changed(this->model.Picture) | appears)) return;
+    if (!(picture_.Changed(this->model.Picture) | this->Appears())) return;
     const String& path = this->model.Picture;
     this->face.ShowPicture(path.Empty() ? QString() : fileOf_(path));
   }
@@ -175,7 +174,6 @@ class PictureFileView : public TypedView<C, PictureView> {
  private:
   std::function<QString(std::string_view)> fileOf_;
   Seen<String> picture_;
-  Seen<bool> visible_;
 };
 
 }  // namespace
