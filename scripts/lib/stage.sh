@@ -31,7 +31,7 @@ XML
   export XAUTHORITY="$stage/cookie" HOME="$stage/home" XDG_RUNTIME_DIR="$stage/run" QT_SCALE_FACTOR="$2"
   touch "$XAUTHORITY"
   xauth -q add :0 . "$(od -An -N16 -tx1 /dev/urandom | tr -d ' \n')" 2>/dev/null
-  Xvfb -displayfd 3 -auth "$XAUTHORITY" -screen 0 "$1x24" -nolisten tcp 3>"$stage/display" 2>/dev/null &
+  Xvfb -displayfd 3 -auth "$XAUTHORITY" -screen 0 "$1x24" -nolisten tcp -noreset 3>"$stage/display" 2>/dev/null &
   stage_started+=($!)
   stage_wait test -s "$stage/display"
   DISPLAY=":$(<"$stage/display")"
@@ -39,6 +39,8 @@ XML
   xauth -q add "$DISPLAY" . "$(xauth list | awk 'NR == 1 { print $3 }')" 2>/dev/null
   openbox 2>/dev/null &
   stage_started+=($!)
+  # A window that comes while the window manager is starting is lost.
+  stage_wait sh -c 'xprop -root _NET_SUPPORTING_WM_CHECK | grep -q "window id"'
 }
 
 # stage_wait COMMAND...: until it is true, fifteen seconds at most.
