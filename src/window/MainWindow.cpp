@@ -20,6 +20,7 @@ namespace vintoral {
 namespace {
 
 constexpr int kLeftLeast = 384, kLeftMost = 540;
+constexpr int kValueMost = 300;
 constexpr QSize kUsualSize{1366, 728};
 
 }  // namespace
@@ -61,7 +62,12 @@ QWidget* MainWindow::BuildLeft(Stage& stage) {
   column->setSpacing(theme::kGap);
   column->addWidget(new FieldsPanel(stage, left));
   column->addWidget(new StayPanel(stage, left));
-  column->addWidget(new ValuePanel(stage, left), 1);
+  // The amount takes what is left, but stays one piece with the cash on a high screen.
+  auto* const value = new ValuePanel(stage, left);
+  value->setMaximumHeight(kValueMost);
+  constexpr int kFirst = 100;
+  column->addWidget(value, kFirst);
+  column->addStretch(1);
   return left;
 }
 

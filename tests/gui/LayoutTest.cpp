@@ -51,6 +51,8 @@ TEST_F(Layout, FillsAWideScreen) {
   QCoreApplication::processEvents();
   ExpectAllInside();
   EXPECT_GT(Face("FraFicha").width(), 2000);
+  // Amount and cash are seen in one look.
+  EXPECT_LT(Places()["TxtEfectivo"].bottom() - Places()["LblFechaSal"].top(), 400);
 }
 
 TEST_F(Layout, CaptionsCanBeReadWhole) {
