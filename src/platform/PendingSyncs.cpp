@@ -11,9 +11,10 @@ namespace vintoral {
 bool PendingSyncs::Add(int descriptor, const std::string& path) {
   const int own = fcntl(descriptor, F_DUPFD_CLOEXEC, 0);
   if (own < 0) return false;
+  // No promise, only a head start for the file before this one: the promise is the sync in Wait. The last
+  // file needs none, and a file system without head starts begins there.
+  if (!files_.empty()) std::ignore = sync_file_range(files_.back().descriptor, 0, 0, SYNC_FILE_RANGE_WRITE);
   files_.push_back({own, path});
-  // No promise, only a head start: the promise is the sync in Wait. A file system without it starts there.
-  std::ignore = sync_file_range(own, 0, 0, SYNC_FILE_RANGE_WRITE);
   return true;
 }
 

@@ -17,8 +17,8 @@ class PendingSyncs {
 
   void Begin() { ++depth_; }
   bool Waiting() const { return depth_ > 0; }
-  /// Sends what was written to the file behind `descriptor` on its way to the disk without waiting for it.
-  /// The descriptor may be closed afterwards. False when the file must be synced at once.
+  /// Notes the file behind `descriptor`, which may be closed afterwards; the one noted before is sent on its
+  /// way to the disk. False when the file must be synced at once.
   bool Add(int descriptor, const std::string& path);
   /// Returns when all that were added since the outermost Begin are on disk; the first failure where there is
   /// one.
