@@ -139,10 +139,10 @@ void Driver::Drive(const std::string& name, const Json& operation) {
   if (name == "click") return input.Click(control);
   if (name == "dblclick") return input.DoubleClick(control);
   if (name == "hover") return input.Hover(control);
-  SetList(name, control, operation);
+  DriveControl(name, control, operation);
 }
 
-void Driver::SetList(const std::string& name, Control& control, const Json& operation) {
+void Driver::DriveControl(const std::string& name, Control& control, const Json& operation) {
   Input& input = station_->input;
   RequireUsable(control);
   if (name == "focus") {

@@ -47,7 +47,7 @@ class Driver {
   void Look(const std::string& name, const Json& operation);
   void AnswerBox(const Json& operation);
   void Advance(const Json& operation);
-  void SetList(const std::string& name, Control& control, const Json& operation);
+  void DriveControl(const std::string& name, Control& control, const Json& operation);
   void Fare(const Json& operation);
   Control& FindControl(const Json& operation) const;
   void RequireIdle() const;

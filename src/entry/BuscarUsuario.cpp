@@ -65,11 +65,7 @@ void Form1::LlenarUsuario() {
     if (EqualNoCase(Trim(items[i]), UsuarioActual.Categoria.Trimmed()))
       CboTarifa[1].Select(static_cast<int>(i));
   }
-  const String foto = RutaCompartida("Imágenes USR\\"_w + Digits(NumeroUsuario, 6) + ".jpg"_w);
-  if (platform_.disk.Exists(foto)) {
-    ImgUsuario.Picture = PctUsuario[0].Picture = foto;
-    ImgUsuario.Visible = PctUsuario[1].Visible = true;
-  }
+  MostrarFotoUsuario(NumeroUsuario);
 }
 
 std::int64_t Form1::LeerPuntosUsuario(std::int32_t numero) {

@@ -50,23 +50,30 @@ void Form1::MostrarFichaAdentro() {
   MostrarCelda();
   SetFocus(nullptr);  // the cash line takes the focus with its first step
 
-  const String foto = RutaCompartida("Imágenes ACT\\"_w + Digits(NumeroDeFicha(), 6) + ".jpg"_w);
-  const bool hayFoto = platform_.disk.Exists(foto);
-  Picture2.Picture = hayFoto ? foto : String();
-  Picture2.Visible = hayFoto;
-  Picture1.Visible = !hayFoto;
-  LblWebCamMsg.Visible = false;
-  const String usuario = RutaCompartida("Imágenes USR\\"_w + Digits(ficha.UsuarioPuntos, 6) + ".jpg"_w);
-  if (platform_.disk.Exists(usuario)) {
-    ImgUsuario.Picture = PctUsuario[0].Picture = usuario;
-    ImgUsuario.Visible = PctUsuario[1].Visible = true;
-  }
+  MostrarFotoEntrada();
+  MostrarFotoUsuario(ficha.UsuarioPuntos);
   ImgPuntos.Tag = "0"_w;
   ImgPuntos.Visible = true;
   PuntosAcumulados = LeerPuntosUsuario(ficha.UsuarioPuntos);
   PuntosEstadia = 0;
   LblValor.Visible = false;
   TmrHoraFecha_Timer();
+}
+
+void Form1::MostrarFotoEntrada() {
+  const String foto = RutaCompartida("Imágenes ACT\\"_w + Digits(NumeroDeFicha(), 6) + ".jpg"_w);
+  const bool hayFoto = platform_.disk.Exists(foto);
+  Picture2.Picture = hayFoto ? foto : String();
+  Picture2.Visible = hayFoto;
+  Picture1.Visible = !hayFoto;
+  LblWebCamMsg.Visible = false;
+}
+
+void Form1::MostrarFotoUsuario(std::int32_t numero) {
+  const String foto = RutaCompartida("Imágenes USR\\"_w + Digits(numero, 6) + ".jpg"_w);
+  if (!platform_.disk.Exists(foto)) return;
+  ImgUsuario.Picture = PctUsuario[0].Picture = foto;
+  ImgUsuario.Visible = PctUsuario[1].Visible = true;
 }
 
 void Form1::MostrarFichaNueva() {

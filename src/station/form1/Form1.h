@@ -195,6 +195,8 @@ class Form1 : public ScreenModel {
   void MostrarFichaAdentro();
   void MostrarCelda();
   void MostrarFichaNueva();
+  void MostrarFotoEntrada();
+  void MostrarFotoUsuario(std::int32_t numero);
   void MostrarFotoConfirmacion(bool confirmando);
   void AnotarEntrada(std::int64_t numero);
   /// The slot as it was before; nothing when it stays as it is, because it or the history can't be written.
