@@ -1,11 +1,11 @@
 #include "platform/NativePath.h"
 
 #include <dirent.h>
-#include <sys/stat.h>
 
 #include <algorithm>
 #include <memory>
 
+#include "platform/FileStatus.h"
 #include "records/TextoUtf8.h"
 
 namespace vintoral {
@@ -16,8 +16,7 @@ struct CloseFolder {
 };
 
 bool Present(const std::string& path) {
-  struct stat status {};
-  return stat(path.c_str(), &status) == 0;
+  return StatusOf(path).has_value();
 }
 
 /// The photos are numbered, and their folders hold many thousands: a missing one is not looked for in all of
@@ -27,17 +26,21 @@ bool OneSpelling(std::string_view name) {
 }
 
 /// The name in `folder` that is `wanted` but for its case; "" when there is none.
-std::string NameIn(const std::string& folder, std::string_view wanted) {
-  const std::unique_ptr<DIR, CloseFolder> open(opendir(folder.empty() ? "/" : folder.c_str()));
-  if (!open) return {};
+std::string NameIn(DIR& folder, std::string_view wanted) {
   const String wantedName = StationName(wanted);
   std::string best;
-  while (const dirent* entry = readdir(open.get())) {
+  while (const dirent* entry = readdir(&folder)) {
     const std::string_view name(entry->d_name);
     const bool fits = EqualNoCase(StationName(name), wantedName);
     if (fits && (best.empty() || name < best)) best = name;
   }
   return best;
+}
+
+using Folder = std::unique_ptr<DIR, CloseFolder>;
+
+Folder OpenFolder(const std::string& path) {
+  return Folder(opendir(path.empty() ? "/" : path.c_str()));
 }
 
 }  // namespace
@@ -58,14 +61,23 @@ String StationName(std::string_view nativeName) {
 }
 
 std::string FindIgnoringCase(const std::string& path) {
-  if (Present(path)) return path;
+  return Present(path) ? path : FindOtherCase(path);
+}
+
+std::string FindOtherCase(const std::string& path) {
   const std::size_t slash = path.rfind('/');
   if (slash == std::string::npos || slash + 1 == path.size()) return path;
-  // From the end: the folder is nearly always there as written, and a missing file costs two looks.
-  const std::string folder = FindIgnoringCase(path.substr(0, slash));
   const std::string_view name = std::string_view(path).substr(slash + 1);
-  const std::string other = OneSpelling(name) ? std::string() : NameIn(folder, name);
-  return folder + "/" + (other.empty() ? std::string(name) : other);
+  // From the end: the folder is nearly always there as written, so a missing file costs one look into it.
+  std::string folder = path.substr(0, slash);
+  if (OneSpelling(name)) return FindIgnoringCase(folder).append("/").append(name);
+  Folder open = OpenFolder(folder);
+  if (!open) {
+    folder = FindIgnoringCase(folder);
+    open = OpenFolder(folder);
+  }
+  const std::string other = open ? NameIn(*open, name) : std::string();
+  return folder.append("/").append(other.empty() ? name : std::string_view(other));
 }
 
 }  // namespace vintoral

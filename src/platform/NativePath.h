@@ -22,5 +22,7 @@ String StationName(std::string_view nativeName);
 /// A name that begins with a digit is a photo: it has one spelling, and its folder is too long to be
 /// searched.
 std::string FindIgnoringCase(const std::string& path);
+/// The same for a path that is known to be missing as written.
+std::string FindOtherCase(const std::string& path);
 
 }  // namespace vintoral

@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <tuple>
 
+#include "platform/FileStatus.h"
 #include "platform/NativePath.h"
 #include "platform/PosixFile.h"
 
@@ -35,8 +36,8 @@ std::string FolderOf(const std::string& path) {
 }
 
 bool IsFile(const std::string& path) {
-  struct stat status {};
-  return stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+  const std::optional<FileStatus> status = StatusOf(path);
+  return status && status->IsFile();
 }
 
 /// A descriptor of the regular file at `path`, or -1 with errno set. O_NONBLOCK: opening a pipe would wait.
@@ -45,10 +46,11 @@ int OpenRegular(const std::string& path, int flags) {
   do
     descriptor = open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, 0666);
   while (descriptor < 0 && errno == EINTR);
-  struct stat status {};
-  if (descriptor < 0 || (fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode))) return descriptor;
+  if (descriptor < 0) return -1;
+  const std::optional<FileStatus> status = StatusOf(descriptor);
+  if (status && status->IsFile()) return descriptor;
   close(descriptor);
-  errno = S_ISDIR(status.st_mode) ? EISDIR : EINVAL;
+  errno = status && status->IsFolder() ? EISDIR : EINVAL;
   return -1;
 }
 
@@ -66,9 +68,9 @@ bool GiveName(int descriptor, const std::string& path) {
 
 /// Fills the file behind `descriptor`, on disk when this returns. `path` is the file that it will replace.
 Outcome Fill(PosixFile& file, int descriptor, const std::string& path, std::string_view bytes) {
-  struct stat old {};
+  const std::optional<FileStatus> old = StatusOf(path);
   // A file system without permissions refuses; then there is nothing to keep.
-  if (stat(path.c_str(), &old) == 0) std::ignore = fchmod(descriptor, old.st_mode & 07777);
+  if (old) std::ignore = fchmod(descriptor, old->mode & 07777);
   Outcome written = file.WriteAt(0, {bytes.data(), bytes.size()});
   return written ? file.Sync() : written;
 }
@@ -97,21 +99,22 @@ PosixDisk::PosixDisk(std::string folder) : folder_(std::move(folder)) {
   if (!folder_.starts_with('/')) folder_ = RealPath(folder_.empty() ? "." : folder_);
   while (folder_.size() > 1 && folder_.ends_with('/'))
     folder_.pop_back();
+  currentFolder_ = StationName(folder_);
 }
 
 String PosixDisk::CurrentFolder() const {
-  return StationName(folder_);
+  return currentFolder_;
 }
 
 std::string PosixDisk::PathOf(std::string_view path) const {
   // A text with a zero byte in it would name another file than it says.
   if (path.find('\0') != std::string_view::npos) return {};
   const std::string base = folder_ == "/" ? "" : folder_;
-  const String current = CurrentFolder();
+  const std::string_view current = currentFolder_;
   std::string_view below = path;
   bool inside = !path.starts_with('/') && !path.starts_with('\\');
   if (path.starts_with(current)) {
-    below.remove_prefix(current.Size());
+    below.remove_prefix(current.size());
     inside = inside || below.empty() || below.front() == '/' || below.front() == '\\';
   }
   std::string native = NativePath(inside ? below : path);
@@ -120,7 +123,10 @@ std::string PosixDisk::PathOf(std::string_view path) const {
 }
 
 bool PosixDisk::Exists(std::string_view path) const {
-  return IsFile(FindIgnoringCase(PathOf(path)));
+  const std::string native = PathOf(path);
+  if (const std::optional<FileStatus> status = StatusOf(native)) return status->IsFile();
+  const std::string found = FindOtherCase(native);
+  return found != native && IsFile(found);
 }
 
 std::unique_ptr<DiskFile> PosixDisk::Open(std::string_view path, OpenMode mode, Outcome* outcome) {
@@ -129,8 +135,11 @@ std::unique_ptr<DiskFile> PosixDisk::Open(std::string_view path, OpenMode mode, 
   std::string newIn;
   int descriptor = OpenRegular(native, flags);
   if (descriptor < 0 && errno == ENOENT) {
-    native = FindIgnoringCase(native);
-    descriptor = OpenRegular(native, flags);
+    const std::string found = FindOtherCase(native);
+    const bool other = found != native;
+    native = found;
+    errno = ENOENT;
+    if (other) descriptor = OpenRegular(native, flags);
     if (descriptor < 0 && errno == ENOENT && mode == OpenMode::kCreate) {
       descriptor = OpenRegular(native, flags | O_CREAT);
       newIn = FolderOf(native);
@@ -187,9 +196,8 @@ Outcome PosixDisk::CreateFolder(std::string_view path) {
     return Outcome::Done();
   }
   const int error = errno;
-  struct stat status {};
-  if (error == EEXIST && stat(native.c_str(), &status) == 0 && S_ISDIR(status.st_mode))
-    return Outcome::Done();
+  const std::optional<FileStatus> there = error == EEXIST ? StatusOf(native) : std::nullopt;
+  if (there && there->IsFolder()) return Outcome::Done();
   return Outcome::Failed("make folder", native, error);
 }
 
@@ -200,12 +208,10 @@ Outcome PosixDisk::Remove(std::string_view path) {
 
 Outcome PosixDisk::ClearReadOnly(std::string_view path) {
   const std::string native = FindIgnoringCase(PathOf(path));
-  struct stat status {};
-  if (stat(native.c_str(), &status) != 0) {
-    return errno == ENOENT ? Outcome::Done() : Outcome::Failed("look at", native, errno);
-  }
-  if ((status.st_mode & S_IWUSR) != 0) return Outcome::Done();
-  const bool cleared = chmod(native.c_str(), (status.st_mode & 07777) | S_IWUSR) == 0;
+  const std::optional<FileStatus> status = StatusOf(native);
+  if (!status) return errno == ENOENT ? Outcome::Done() : Outcome::Failed("look at", native, errno);
+  if ((status->mode & S_IWUSR) != 0) return Outcome::Done();
+  const bool cleared = chmod(native.c_str(), (status->mode & 07777) | S_IWUSR) == 0;
   return cleared ? Outcome::Done() : Outcome::Failed("clear the read-only mark of", native, errno);
 }
 

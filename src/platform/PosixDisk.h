@@ -39,6 +39,7 @@ class PosixDisk final : public Disk {
 
  private:
   std::string folder_;
+  String currentFolder_;  ///< folder_ as station text
   PendingSyncs pending_;
 };
 

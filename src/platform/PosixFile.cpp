@@ -1,7 +1,6 @@
 #include "platform/PosixFile.h"
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -9,6 +8,8 @@
 #include <cerrno>
 #include <chrono>
 #include <thread>
+
+#include "platform/FileStatus.h"
 
 namespace vintoral {
 namespace {
@@ -109,16 +110,16 @@ Outcome PosixFile::WriteAt(std::uint64_t offset, std::span<const char> bytes) {
 }
 
 std::optional<std::uint64_t> PosixFile::Length() {
-  struct stat status {};
-  if (fstat(descriptor_, &status) != 0) return std::nullopt;
-  return static_cast<std::uint64_t>(status.st_size);
+  const std::optional<FileStatus> status = StatusOf(descriptor_);
+  if (!status) return std::nullopt;
+  return status->length;
 }
 
 Outcome PosixFile::Sync() {
   if (!newIn_.empty()) SyncFolder(newIn_);
   newIn_.clear();
   if (pending_.Waiting() && pending_.Add(descriptor_, path_)) return Outcome::Done();
-  return SyncData(descriptor_, path_);
+  return pending_.SyncNow(descriptor_, path_);
 }
 
 Outcome PosixFile::Reserve(std::uint64_t length) {

@@ -1,0 +1,38 @@
+#include "platform/FileStatus.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+namespace vintoral {
+namespace {
+
+std::optional<FileStatus> Ask(int descriptor, const char* path, int flags) {
+  constexpr unsigned kAsked = STATX_TYPE | STATX_MODE | STATX_INO | STATX_SIZE | STATX_BLOCKS;
+  struct statx answer {};
+  if (statx(descriptor, path, flags, kAsked, &answer) != 0) return std::nullopt;
+  return FileStatus{.mode = answer.stx_mode,
+                    .inode = answer.stx_ino,
+                    .device = std::uint64_t{answer.stx_dev_major} << 32 | answer.stx_dev_minor,
+                    .length = answer.stx_size,
+                    .blocks = answer.stx_blocks};
+}
+
+}  // namespace
+
+bool FileStatus::IsFile() const {
+  return S_ISREG(mode);
+}
+
+bool FileStatus::IsFolder() const {
+  return S_ISDIR(mode);
+}
+
+std::optional<FileStatus> StatusOf(const std::string& path) {
+  return Ask(AT_FDCWD, path.c_str(), 0);
+}
+
+std::optional<FileStatus> StatusOf(int descriptor) {
+  return Ask(descriptor, "", AT_EMPTY_PATH);
+}
+
+}  // namespace vintoral
