@@ -39,9 +39,9 @@ void Form1::GuardarFicha() {
   SyncTogether onDisk(platform_.disk);
   if (!puesto->EnUso) AnotarEntrada(numero);
   RefrescarVista();
-  onDisk.Finish().PassOver();
   ImgIndicador[3].Visible = false;
   LimpiarCampos();
+  onDisk.Finish().PassOver();
 }
 
 void Form1::AnotarEntrada(std::int64_t numero) {

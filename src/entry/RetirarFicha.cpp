@@ -26,8 +26,8 @@ void Form1::RetirarFicha() {
   if (const std::optional<RegistroFicha> puesto = LiberarPuesto(numero)) {
     if (RegistrarHistorial()) {
       RefrescarVista();
-      onDisk.Finish().PassOver();
       LimpiarCampos();
+      onDisk.Finish().PassOver();
       MidiWav("Sonidos\\Vintoral-4.wav");
     } else {
       DevolverPuesto(numero, *puesto);
@@ -95,8 +95,8 @@ void Form1::DevolverPuesto(std::int64_t numero, const RegistroFicha& puesto) {
 
 bool Form1::ReservarHistorial() {
   const String path = RutaCompartida("Vintoral.HST");
-  if (!platform_.disk.Exists(path)) return true;  // told by RegistrarHistorial
   Registro<RegistroFicha> hst(platform_.disk, path, OpenMode::kReadWrite);
+  if (hst.Missing()) return true;  // told by RegistrarHistorial
   const Outcome reserved = hst ? hst.ReserveRow() : hst.Opened();
   reserved.PassOver();
   return static_cast<bool>(reserved);
@@ -104,11 +104,11 @@ bool Form1::ReservarHistorial() {
 
 bool Form1::RegistrarHistorial() {
   const String path = RutaCompartida("Vintoral.HST");
-  if (!platform_.disk.Exists(path)) {
+  Registro<RegistroFicha> hst(platform_.disk, path, OpenMode::kReadWrite);
+  if (hst.Missing()) {
     TmrConexion.SetInterval(100);
     return true;
   }
-  Registro<RegistroFicha> hst(platform_.disk, path, OpenMode::kReadWrite);
   const auto row = [this](std::int64_t number) {
     FichaActual.EnUso = true;
     FichaActual.Posicion = static_cast<std::int32_t>(number);

@@ -7,6 +7,8 @@
 namespace vintoral {
 namespace {
 
+constexpr std::string_view kNoExit = "??";
+constexpr std::size_t kExitGateOffset = 168;
 constexpr std::int64_t kSecond = 1000;
 constexpr std::int64_t kMinute = 60 * kSecond;
 constexpr std::int64_t kDay = kMinute * 60 * 24;
@@ -35,7 +37,11 @@ bool ElapsedToday(std::string_view stamp, Moment now, int minutes) {
 }  // namespace
 
 bool EstaDentro(const RegistroFicha& ficha) {
-  return TrimView(ficha.PorteriaSalida.View()) == "??";
+  return TrimView(ficha.PorteriaSalida.View()) == kNoExit;
+}
+
+bool EstaDentro(std::span<const char, RegistroFicha::kSize> bytes) {
+  return std::string_view(bytes.data() + kExitGateOffset, kNoExit.size()) == kNoExit;
 }
 
 bool EntroHace(const RegistroFicha& ficha, Moment now, int minutos) {

@@ -2,6 +2,8 @@
 // window reaches back over midnight. A stamp that holds no moment is in none.
 #pragma once
 
+#include <span>
+
 #include "common/Moment.h"
 #include "records/RegistroFicha.h"
 
@@ -9,6 +11,8 @@ namespace vintoral {
 
 /// The ficha stands in ACT with no exit yet: its exit gate is "??".
 bool EstaDentro(const RegistroFicha& ficha);
+/// The same of a record as it stands on disk: the view looks at a thousand slots for the few that it shows.
+bool EstaDentro(std::span<const char, RegistroFicha::kSize> bytes);
 
 /// "ULTIMOS EN INGRESAR": came in today, and not before the time of day that was `minutos` ago. Shortly after
 /// midnight that is a late hour, which no entry of today has reached.

@@ -1,5 +1,6 @@
 // The view of the grid, rebuilt from the registers.
 #include <algorithm>
+#include <span>
 
 #include "common/Numbers.h"
 #include "records/Monitores.h"
@@ -30,11 +31,13 @@ void Form1::CargarArchivoACT() {
   const bool permanencia = PctBoton[8].BorderStyle == 1;
   LiberarMemoria();
   VistaFichas.reserve(static_cast<std::size_t>(TotalFichas));
-  act.Walk(1, TotalFichas, [&](std::int64_t, const RegistroFicha& record) {
+  act.WalkBytes(1, TotalFichas, [&](std::int64_t, std::span<const char, RegistroFicha::kSize> bytes) {
+    if (!EstaDentro(bytes)) return true;
+    const RegistroFicha record = RegistroFicha::Decode(bytes);
     const bool shown = ingresos      ? EntroHace(record, now, minutes)
                        : permanencia ? PermaneceDesde(record, now, minutes)
                                      : true;
-    if (EstaDentro(record) && shown) VistaFichas.push_back(record);
+    if (shown) VistaFichas.push_back(record);
     return true;
   });
 }

@@ -28,13 +28,13 @@ TEST(Monitores, InsideIsToldByTheExitGateAlone) {
   RegistroFicha ficha = Entered("08:00  (15/06/2024)");
   ficha.EnUso = false;
   EXPECT_TRUE(EstaDentro(ficha));
+  EXPECT_TRUE(EstaDentro(ficha.Encode()));
   ficha.EnUso = true;
-  ficha.PorteriaSalida = "02";
-  EXPECT_FALSE(EstaDentro(ficha));
-  ficha.PorteriaSalida = "";
-  EXPECT_FALSE(EstaDentro(ficha));
-  ficha.PorteriaSalida = "?";
-  EXPECT_FALSE(EstaDentro(ficha));
+  for (const char* gate : {"02", "", "?", "? ", " ?"}) {
+    ficha.PorteriaSalida = gate;
+    EXPECT_FALSE(EstaDentro(ficha)) << gate;
+    EXPECT_FALSE(EstaDentro(ficha.Encode())) << gate;
+  }
 }
 
 TEST(EntroHace, ReachesBackToTheMinute) {
