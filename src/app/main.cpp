@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QDir>
 
+#include "app/EndSignals.h"
 #include "app/Station.h"
 #include "window/Theme.h"
 
@@ -10,5 +11,6 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   vintoral::theme::Apply(application);
   vintoral::Station station(QDir::currentPath().toStdString());
+  const vintoral::EndSignals signals([&station] { station.Form.CerrarSinPreguntar(); });
   return station.Start() ? QApplication::exec() : 0;
 }

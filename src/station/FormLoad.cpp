@@ -11,6 +11,7 @@ void Form1::Form_Load() {
   EscribirAyuda();
   if (terminado_) return;
   CrearAccesoDirecto();
+  if (terminado_) return;
   MostrarPorteria();
   TotalFichas = 1000;
   LimiteFilas = 10946;
@@ -32,6 +33,7 @@ void Form1::Form_Load() {
   BaseReloj = platform_.clock.Now();
   MinutoBase = BaseReloj.Parts().minute;
   TmrHorario.SetEnabled(true);
+  iniciado_ = true;
 }
 
 void Form1::CrearCarpetas() {

@@ -8,6 +8,13 @@ void Form1::CerrarVentana() {
   Terminar();
 }
 
+void Form1::CerrarSinPreguntar() {
+  if (terminado_) return;
+  TotalFichas = 0;
+  if (iniciado_) Form_Unload();
+  Terminar();
+}
+
 bool Form1::Form_QueryUnload() {
   if (TotalFichas <= 0) return true;
   if (!Preguntar("Vintoral - Cerrar Aplicación"_w, "¿Desea realmente salir del programa?"_w, Answer::kNo))

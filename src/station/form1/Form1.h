@@ -74,6 +74,9 @@ class Form1 : public ScreenModel {
   void Form_Load();
   /// The operator closes the window: asks, and on yes unloads and ends the program.
   void CerrarVentana();
+  /// The session ends, and nobody is there to be asked: stores what closing stores and ends the program. A
+  /// station that is still starting has nothing to store yet. A box that is up answers the harmless way.
+  void CerrarSinPreguntar();
   /// Asks whether to close; false keeps the station open. Asks nothing when the station has been stopped
   /// already.
   bool Form_QueryUnload();
@@ -220,6 +223,8 @@ class Form1 : public ScreenModel {
 
   Platform platform_;
   bool terminado_ = false;
+  /// The start sequence is through: only then are the screen's state and the labels this station's own.
+  bool iniciado_ = false;
   /// The labels of the data folder have been seen: only then may this gate write its own over them.
   bool etiquetasLeidas_ = false;
 };
