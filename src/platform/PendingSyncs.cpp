@@ -1,16 +1,11 @@
 #include "platform/PendingSyncs.h"
 
 #include <fcntl.h>
-#include <linux/magic.h>
-#include <sys/statfs.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
-#include <tuple>
 #include <utility>
-
-#include "platform/FileStatus.h"
 
 namespace vintoral {
 namespace {
@@ -18,67 +13,17 @@ namespace {
 /// More files than one operation writes.
 constexpr std::size_t kMostSettled = 8;
 
-class LinuxCalls final : public SyncCalls {
- public:
-  int Sync(int descriptor) override {
-    int result = 0;
-    do
-      result = fdatasync(descriptor);
-    while (result != 0 && errno == EINTR);
-    return result == 0 ? 0 : errno;
-  }
-  void Start(int descriptor) override {
-    std::ignore = sync_file_range(descriptor, 0, 0, SYNC_FILE_RANGE_WRITE);
-  }
-  int AwaitData(int descriptor) override {
-    constexpr unsigned kAll =
-        SYNC_FILE_RANGE_WAIT_BEFORE | SYNC_FILE_RANGE_WRITE | SYNC_FILE_RANGE_WAIT_AFTER;
-    return sync_file_range(descriptor, 0, 0, kAll) == 0 ? 0 : errno;
-  }
-  // By way of the folder: it has next to never anything of its own to write, while a sync of the file would
-  // write its time stamps as well.
-  int Flush(const std::string& path, std::uint64_t device) override {
-    const std::string folder = path.substr(0, path.rfind('/') + 1);
-    const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor < 0) return errno;
-    const std::optional<FileStatus> status = StatusOf(descriptor);
-    const int error = status && status->device == device ? Sync(descriptor) : ENOSYS;
-    close(descriptor);
-    return error;
-  }
-  FileFacts Facts(int descriptor) override {
-    const std::optional<FileStatus> file = StatusOf(descriptor);
-    struct statfs system {};
-    if (!file || fstatfs(descriptor, &system) != 0) return {};
-    return {.device = file->device,
-            .inode = file->inode,
-            .length = file->length,
-            .blocks = file->blocks,
-            .inPlace = system.f_type == EXT4_SUPER_MAGIC};
-  }
-};
-
-/// What a system answers that doesn't know the request, as opposed to one that failed in it.
-bool Unknown(int error) {
-  return error == EOPNOTSUPP || error == ENOSYS || error == EINVAL;
-}
-
 bool SameFile(const FileFacts& one, const FileFacts& other) {
   return one.device == other.device && one.inode == other.inode;
 }
 
 }  // namespace
 
-SyncCalls& SyncCalls::System() {
-  static LinuxCalls calls;
-  return calls;
-}
-
 bool PendingSyncs::Add(int descriptor, const std::string& path) {
   const int own = fcntl(descriptor, F_DUPFD_CLOEXEC, 0);
   if (own < 0) return false;
-  calls_.Start(own);
-  files_.push_back({own, path, calls_.Facts(own)});
+  const int started = calls_.Start(own);
+  files_.push_back({own, path, calls_.Facts(own), started});
   return true;
 }
 
@@ -87,7 +32,7 @@ Outcome PendingSyncs::End() {
 }
 
 Outcome PendingSyncs::SyncNow(int descriptor, const std::string& path) {
-  return Sync({descriptor, path, calls_.Facts(descriptor)});
+  return Sync({descriptor, path, calls_.Facts(descriptor), 0});
 }
 
 Outcome PendingSyncs::Wait() {
@@ -99,10 +44,10 @@ Outcome PendingSyncs::Wait() {
   };
   std::vector<const File*> arrived, whole;
   for (const File& file : files) {
-    const int error = WrittenInPlace(file) ? calls_.AwaitData(file.descriptor) : ENOSYS;
+    const int error = Arrive(file);
     (error == 0 ? arrived : whole).push_back(&file);
     // A failed write is told once, and the next sync would call it done.
-    if (error != 0 && !Unknown(error)) note(Outcome::Failed("sync", file.path, error));
+    if (error != 0 && !UnknownRequest(error)) note(Outcome::Failed("sync", file.path, error));
   }
   std::vector<std::uint64_t> flushed;
   // The last one first: by then the others have reached the disk, and its flush leaves little to do for them.
@@ -111,28 +56,48 @@ Outcome PendingSyncs::Wait() {
   for (const File* file : arrived) {
     const std::uint64_t disk = file->facts.device;
     if (std::find(flushed.begin(), flushed.end(), disk) != flushed.end()) continue;
-    if (calls_.Flush(file->path, disk) == 0 || note(Sync(*file))) flushed.push_back(disk);
+    const int error = calls_.Flush(file->path, disk);
+    const Outcome outcome = UnknownRequest(error) ? Sync(*file)
+                            : error == 0          ? Outcome::Done()
+                                                  : Outcome::Failed("flush the disk of", file->path, error);
+    if (note(outcome)) flushed.push_back(disk);
   }
   for (const File& file : files)
     close(file.descriptor);
   return first;
 }
 
+int PendingSyncs::Arrive(const File& file) {
+  if (file.started != 0 && !UnknownRequest(file.started)) return file.started;
+  return WrittenInPlace(file) ? calls_.AwaitData(file.descriptor) : ENOSYS;
+}
+
 // Writing over bytes that lie on the disk already changes nothing else there that matters, so once they have
-// arrived only the disk's own memory stands between them and a power cut. That they lie there is known of a
-// file that was synced whole as long and as large as it is now.
+// arrived only the disk's own memory stands between them and a power cut.
 bool PendingSyncs::WrittenInPlace(const File& file) const {
-  return file.facts.inPlace && std::find(settled_.begin(), settled_.end(), file.facts) != settled_.end();
+  return file.facts.inPlace && std::any_of(settled_.begin(), settled_.end(), [&](const Settled& known) {
+           return known.facts == file.facts && known.written;
+         });
 }
 
 Outcome PendingSyncs::Sync(const File& file) {
   const int error = calls_.Sync(file.descriptor);
   // A file system that doesn't know the request has nothing that it could lose.
-  if (error != 0 && !Unknown(error)) return Outcome::Failed("sync", file.path, error);
-  std::erase_if(settled_, [&](const FileFacts& known) { return SameFile(known, file.facts); });
-  settled_.push_back(file.facts);
-  if (settled_.size() > kMostSettled) settled_.erase(settled_.begin());
+  if (error != 0 && !UnknownRequest(error)) return Outcome::Failed("sync", file.path, error);
+  Settle(file);
   return Outcome::Done();
+}
+
+void PendingSyncs::Settle(const File& file) {
+  const auto known = std::find_if(settled_.begin(), settled_.end(),
+                                  [&](const Settled& other) { return SameFile(other.facts, file.facts); });
+  const bool unchanged = known != settled_.end() && known->facts == file.facts;
+  if (known != settled_.end()) settled_.erase(known);
+  // Where its bytes lie is asked of a file that stays as long as it was: the history grows with each row.
+  const bool written =
+      unchanged && file.facts.inPlace && calls_.LiesWritten(file.descriptor, file.facts.length);
+  settled_.push_back({file.facts, written});
+  if (settled_.size() > kMostSettled) settled_.erase(settled_.begin());
 }
 
 }  // namespace vintoral

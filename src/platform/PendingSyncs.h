@@ -1,45 +1,13 @@
 // Syncs that are waited for together.
 #pragma once
 
-#include <cstdint>
 #include <string>
 #include <vector>
 
 #include "common/Outcome.h"
+#include "platform/SyncCalls.h"
 
 namespace vintoral {
-
-/// What tells whether a write changed more than bytes that the disk holds already.
-struct FileFacts {
-  std::uint64_t device = 0;
-  std::uint64_t inode = 0;
-  std::uint64_t length = 0;  ///< bytes
-  std::uint64_t blocks = 0;  ///< of 512 bytes on the disk
-  /// The file system writes over a file's bytes where they lie, and a sync of any of its files flushes the
-  /// disk's own memory.
-  bool inPlace = false;
-
-  friend bool operator==(const FileFacts&, const FileFacts&) = default;
-};
-
-/// The calls of the system that syncing is made of. Each answers 0 or the system's errno.
-class SyncCalls {
- public:
-  virtual ~SyncCalls() = default;
-  /// Data and length are on disk when this returns.
-  virtual int Sync(int descriptor) = 0;
-  /// Sends the data on their way without waiting: no promise, only a head start.
-  virtual void Start(int descriptor) = 0;
-  /// Returns when the data have reached the disk, though perhaps only its memory.
-  virtual int AwaitData(int descriptor) = 0;
-  /// Flushes the memory of the disk `device`, on which the file at `path` lies.
-  virtual int Flush(const std::string& path, std::uint64_t device) = 0;
-  /// All zero where the system can't say.
-  virtual FileFacts Facts(int descriptor) = 0;
-
-  /// This system's own.
-  static SyncCalls& System();
-};
 
 /// Syncs that are waited for together, and no more of each than the disk lacks: a slot that is written over
 /// and the row that is appended with it cost one sync.
@@ -66,15 +34,22 @@ class PendingSyncs {
     int descriptor;
     std::string path;
     FileFacts facts;
+    int started;  ///< what the head start answered
+  };
+  struct Settled {
+    FileFacts facts;
+    bool written;  ///< all its bytes have their place
   };
   Outcome Wait();
-  /// Once its data have arrived, only a flush stands between `file` and the disk.
+  /// 0 when only a flush stands between `file` and the disk; ENOSYS when it takes a whole sync.
+  int Arrive(const File& file);
   bool WrittenInPlace(const File& file) const;
   Outcome Sync(const File& file);
+  void Settle(const File& file);
 
   SyncCalls& calls_;
   std::vector<File> files_;
-  std::vector<FileFacts> settled_;  ///< files that a whole sync has put on disk, the latest last
+  std::vector<Settled> settled_;  ///< files that a whole sync has put on disk, the latest last
   int depth_ = 0;
 };
 
