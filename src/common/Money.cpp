@@ -22,6 +22,34 @@ String Assemble(bool negative, std::uint64_t whole, std::uint64_t fraction, int 
   return String(std::move(text));
 }
 
+/// A number as typed, cut after the fourth decimal.
+struct TypedNumber {
+  decltype(Decimal::digits) digits;  ///< ten-thousandths, without sign
+  bool negative;
+  unsigned dropped;  ///< the fifth decimal
+  bool beyond;       ///< something other than zeros follows it
+
+  Money AsMoney() const {
+    if (digits > static_cast<std::uint64_t>(kLargest)) return Money::FromRaw(negative ? kSmallest : kLargest);
+    const auto raw = static_cast<std::int64_t>(digits);
+    return Money::FromRaw(negative ? -raw : raw);
+  }
+};
+
+TypedNumber Typed(std::string_view text) {
+  Decimal number = LeadingDecimal(ReplaceAll(text, ",", "."));
+  for (; number.decimals < 4; ++number.decimals)
+    number.digits *= 10;
+  unsigned dropped = 0;
+  bool beyond = false;
+  for (; number.decimals > 4; --number.decimals) {
+    beyond = beyond || dropped != 0;
+    dropped = static_cast<unsigned>(number.digits % 10);
+    number.digits /= 10;
+  }
+  return {number.digits, number.negative, dropped, beyond};
+}
+
 }  // namespace
 
 Money operator+(Money left, Money right) {
@@ -68,22 +96,22 @@ String Money::Full() const {
 }
 
 Money MoneyFromText(std::string_view text) {
-  Decimal number = LeadingDecimal(ReplaceAll(text, ",", "."));
-  for (; number.decimals < 4; ++number.decimals)
-    number.digits *= 10;
-  unsigned dropped = 0;
-  bool beyond = false;
-  for (; number.decimals > 4; --number.decimals) {
-    beyond = beyond || dropped != 0;
-    dropped = static_cast<unsigned>(number.digits % 10);
-    number.digits /= 10;
-  }
-  const bool half = dropped == 5 && !beyond;
-  if (dropped > 5 || (dropped == 5 && beyond) || (half && number.digits % 2 == 1)) ++number.digits;
-  if (number.digits > static_cast<std::uint64_t>(kLargest))
-    return Money::FromRaw(number.negative ? kSmallest : kLargest);
-  const auto raw = static_cast<std::int64_t>(number.digits);
-  return Money::FromRaw(number.negative ? -raw : raw);
+  TypedNumber number = Typed(text);
+  const bool half = number.dropped == 5 && !number.beyond;
+  const bool up = number.dropped > 5 || (number.dropped == 5 && number.beyond);
+  if (up || (half && number.digits % 2 == 1)) ++number.digits;
+  return number.AsMoney();
+}
+
+Money DifferenceInCents(std::string_view text, Money value) {
+  const TypedNumber number = Typed(text);
+  const Money difference = number.AsMoney() - value;
+  // Dropped decimals lie away from zero where the number does. They only matter where they bring the
+  // difference nearer to zero: then it has not quite reached what its fourth decimal says.
+  const bool more = number.dropped != 0 || number.beyond;
+  const Money step = Money::FromRaw(number.negative ? -1 : 1);
+  const bool nearer = number.negative ? difference > Money() : difference < Money();
+  return (more && nearer ? difference + step : difference).RoundedToCents();
 }
 
 }  // namespace vintoral

@@ -46,4 +46,8 @@ class Money {
 /// the end.
 Money MoneyFromText(std::string_view text);
 
+/// What the operator typed, read as above with all its decimals, less `value`, to the cent: rounded once,
+/// halves away from zero.
+Money DifferenceInCents(std::string_view text, Money value);
+
 }  // namespace vintoral

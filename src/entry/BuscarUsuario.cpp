@@ -7,6 +7,7 @@ namespace vintoral {
 
 bool Form1::BuscarUsuario(std::int32_t enPantalla) {
   NumeroUsuario = 0;
+  usuarioEnPantalla_ = 0;
   const String placa = Trim(TxtCampo[1].Text());
   if (placa.Empty()) return false;
   TxtCampo[1].SetText(placa);
@@ -34,6 +35,7 @@ bool Form1::BuscarUsuario(std::int32_t enPantalla) {
   const std::optional<RegistroUsuario> usuario = usuarios.Read(found);
   if (usuario) TomarUsuario(static_cast<std::int32_t>(found), *usuario);
   if (usuario && found != enPantalla) LlenarUsuario();
+  if (usuario) usuarioEnPantalla_ = NumeroUsuario;
   platform_.screen.Busy(false);
   return usuario.has_value();
 }

@@ -20,10 +20,12 @@ std::optional<RegistroFicha> Form1::LeerPuesto(std::int64_t numero) {
 
 void Form1::GuardarFicha() {
   if (!HayConexion()) return;
-  if (!TxtCampo[1].Locked) BuscarUsuario(NumeroUsuario);
+  if (!TxtCampo[1].Locked) BuscarUsuario(usuarioEnPantalla_);
   if (!TxtCampo[0].Locked) return;
 
   const std::int64_t numero = NumeroDeFicha();
+  // A path corrected under the box leads to another folder, where nobody looked whether the slot is free.
+  const String registro = RutaCompartida("Vintoral.ACT");
   const std::optional<RegistroFicha> puesto = LeerPuesto(numero);
   if (!puesto) return;
 
@@ -37,14 +39,14 @@ void Form1::GuardarFicha() {
     FichaActual = *puesto;
   }
   SyncTogether onDisk(platform_.disk);
-  if (!puesto->EnUso) AnotarEntrada(numero);
+  if (!puesto->EnUso) AnotarEntrada(registro, numero);
   RefrescarVista();
   ImgIndicador[3].Visible = false;
   LimpiarCampos();
   onDisk.Finish().PassOver();
 }
 
-void Form1::AnotarEntrada(std::int64_t numero) {
+void Form1::AnotarEntrada(const String& registro, std::int64_t numero) {
   RegistroFicha& ficha = FichaActual;
   const auto campo = [this](std::size_t i) { return Upper(Trim(TxtCampo[i].Text())); };
   MarcaTiquete = StampOf(platform_.clock.Now());
@@ -62,7 +64,7 @@ void Form1::AnotarEntrada(std::int64_t numero) {
   ficha.PorteriaSalida = "??";
   ficha.Posicion = static_cast<std::int32_t>(numero);
   ficha.UsuarioPuntos = NumeroUsuario;
-  Registro<RegistroFicha> act(platform_.disk, RutaCompartida("Vintoral.ACT"), OpenMode::kReadWrite);
+  Registro<RegistroFicha> act(platform_.disk, registro, OpenMode::kReadWrite);
   (act ? act.Write(numero, ficha, true) : act.Opened()).PassOver();
 }
 

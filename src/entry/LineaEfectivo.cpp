@@ -9,7 +9,7 @@ void Form1::LineaEfectivo() {
     TxtEfectivo.SelStart = 0;
     TxtEfectivo.SelLength = 1;
   }
-  const Money cambio = (MoneyFromText(TxtEfectivo.Text()) - ValorEstadia).RoundedToCents();
+  const Money cambio = DifferenceInCents(TxtEfectivo.Text(), ValorEstadia);
   LblCambio.Caption = cambio < Money() ? String() : cambio.Plain();
   SetFocus(&TxtEfectivo);
 }

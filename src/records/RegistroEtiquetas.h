@@ -12,7 +12,7 @@ namespace vintoral {
 
 struct RegistroEtiquetas {
   std::array<FixedText<20>, 6> Etiqueta;
-  bool MemoriaRostros = false;                                      ///< ImgIndicador(2) was shown
+  std::int16_t MemoriaRostros = 0;                                  ///< -1 when ImgIndicador(2) was shown
   std::array<bool, 5> ImprimirCampo{true, true, true, true, true};  ///< fields 1 to 5 on ticket and invoice
 
   static constexpr std::size_t kSize = 132;

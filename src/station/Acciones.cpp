@@ -4,6 +4,7 @@
 namespace vintoral {
 
 void Form1::ImgCambiarFondo_Click() {
+  FilFondos.List = platform_.disk.List("Fondos", ".jpg");  // pictures come and go while the station runs
   const auto files = static_cast<int>(FilFondos.List.size());
   if (files == 0) return;
   FilFondos.ListIndex = (FilFondos.ListIndex + 1) % files;

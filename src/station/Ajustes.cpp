@@ -1,4 +1,6 @@
 // The small settings files: currency, labels, screen state.
+#include <algorithm>
+
 #include "common/Numbers.h"
 #include "records/LineaTexto.h"
 #include "records/Piezas.h"
@@ -17,6 +19,9 @@ std::int16_t Short(std::int64_t value) {
   constexpr std::int64_t kLargest = 32767;
   return static_cast<std::int16_t>(value > kLargest ? kLargest : value < -kLargest ? -kLargest : value);
 }
+
+/// The largest number that money holds.
+constexpr std::int64_t kMostUnits = 922'337'203'685'477;
 
 /// Writes one record of DAT, whole on disk when this returns.
 void WriteDat(Disk& disk, std::int64_t number, const RegistroMixto& record) {
@@ -39,8 +44,9 @@ void Form1::CargarMoneda() {
 
 void Form1::CargarEtiquetas() {
   const String path = RutaCompartida("Vintoral.LBL");
-  etiquetasLeidas_ = platform_.disk.Exists(RutaCompartida("Vintoral.ACT"));
-  if (platform_.disk.Exists(path)) {
+  const bool stored = platform_.disk.Exists(path);
+  etiquetasLeidas_ = stored || platform_.disk.Exists(RutaCompartida("Vintoral.ACT"));
+  if (stored) {
     const Registro<RegistroEtiquetas> lbl(platform_.disk, path, OpenMode::kRead);
     const std::optional<RegistroEtiquetas> record = lbl ? lbl.Read(1) : std::nullopt;
     lbl.Opened().PassOver();
@@ -50,10 +56,10 @@ void Form1::CargarEtiquetas() {
       TxtEtiqueta[i].SetText(EtiquetasActuales.Etiqueta[i].Trimmed() + " "_w);
     }
   } else {
-    EtiquetasActuales.MemoriaRostros = false;
+    EtiquetasActuales.MemoriaRostros = 0;
     EtiquetasActuales.ImprimirCampo.fill(true);
   }
-  ImgIndicador[2].Visible = EtiquetasActuales.MemoriaRostros;
+  ImgIndicador[2].Visible = EtiquetasActuales.MemoriaRostros == -1;
 }
 
 void Form1::GuardarEtiquetas() {
@@ -63,14 +69,14 @@ void Form1::GuardarEtiquetas() {
   Registro<RegistroEtiquetas> lbl(platform_.disk, path, OpenMode::kCreate);
   for (std::size_t i = 0; i < TxtEtiqueta.size(); ++i)
     EtiquetasActuales.Etiqueta[i] = Trim(TxtEtiqueta[i].Text());
-  EtiquetasActuales.MemoriaRostros = ImgIndicador[2].Visible;
+  EtiquetasActuales.MemoriaRostros = ImgIndicador[2].Visible ? -1 : 0;
   (lbl ? lbl.Write(1, EtiquetasActuales, true) : lbl.Opened()).PassOver();
 }
 
 void Form1::CargarEstadoPantalla() {
   const Registro<RegistroMixto> dat(platform_.disk, kDat, OpenMode::kRead);
   if (!dat.Missing()) dat.Opened().PassOver();
-  const std::optional<RegistroMixto> record = dat ? dat.Read(kEstado) : std::nullopt;
+  const std::optional<RegistroMixto> record = dat.Count() >= kEstado ? dat.Read(kEstado) : std::nullopt;
   if (!record) return;
   PctBoton[7].Tag = Digits(record->Numero1);
   PctBoton[8].Tag = Digits(record->Numero2);
@@ -91,7 +97,7 @@ void Form1::GuardarEstadoPantalla() {
   record.CampoB = Short(PctBoton[14].BorderStyle);
   record.Numero1 = Short(PctBoton[7].TagNumber());
   record.Numero2 = Short(PctBoton[8].TagNumber());
-  record.Importe = Money::FromUnits(Short(PctBoton[9].TagNumber()));
+  record.Importe = Money::FromUnits(std::clamp(PctBoton[9].TagNumber(), -kMostUnits, kMostUnits));
   record.Marca = PctBoton[10].BorderStyle == 1;
   WriteDat(platform_.disk, kEstado, record);
 }
@@ -109,7 +115,7 @@ void Form1::CargarDatosCall() {
 
 void Form1::CargarMarcas() {
   const Registro<RegistroMixto> dat(platform_.disk, kDat, OpenMode::kRead);
-  const std::optional<RegistroMixto> record = dat ? dat.Read(kMarcas) : std::nullopt;
+  const std::optional<RegistroMixto> record = dat.Count() >= kMarcas ? dat.Read(kMarcas) : std::nullopt;
   if (!record) return;
   if (record->Marca) CambiarModoFicha();
   if (record->Numero1 == 1) ImgPanico.Visible = true;

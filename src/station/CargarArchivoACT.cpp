@@ -29,6 +29,7 @@ void Form1::CargarArchivoACT() {
   const int minutes = MinutesIn(CboMinutos.Text());
   const bool ingresos = PctBoton[7].BorderStyle == 1;
   const bool permanencia = PctBoton[8].BorderStyle == 1;
+  const bool salidas = PctBoton[9].BorderStyle == 1;  // lists who has left: nobody of these
   LiberarMemoria();
   VistaFichas.reserve(static_cast<std::size_t>(TotalFichas));
   act.WalkBytes(1, TotalFichas, [&](std::int64_t, std::span<const char, RegistroFicha::kSize> bytes) {
@@ -36,7 +37,7 @@ void Form1::CargarArchivoACT() {
     const RegistroFicha record = RegistroFicha::Decode(bytes);
     const bool shown = ingresos      ? EntroHace(record, now, minutes)
                        : permanencia ? PermaneceDesde(record, now, minutes)
-                                     : true;
+                                     : !salidas;
     if (shown) VistaFichas.push_back(record);
     return true;
   });

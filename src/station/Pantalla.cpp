@@ -17,14 +17,12 @@ void Form1::LimpiarCampos() {
   const bool conectado = LblConexion[0].BackColor == kLightGreen;
   const bool modoBarras = CmdBarCode.Visible;
 
+  usuarioEnPantalla_ = 0;
   ShpCelda.Cell = -1;
   ShpCelda.Visible = false;
   PctFicha.Picture = {};
   ChkFactura.Value = 0;
-  for (Control* control :
-       std::initializer_list<Control*>{&ImgIndicador[5], &ChkFactura, &PctBoton[5], &PctBoton[6]}) {
-    control->Visible = false;
-  }
+  ImgIndicador[5].Visible = PctBoton[5].Visible = PctBoton[6].Visible = false;
 
   LblFechaEnt.Caption = conectado ? String() : "CONECTANDO... "_w;
   LblFechaSal.Caption = {};

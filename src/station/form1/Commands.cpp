@@ -94,16 +94,24 @@ constexpr std::array kKeys = {
 
 constexpr std::array kButtons = {
     ButtonCommand{"<CTRL+W> Conectar/Cambiar Cámara Web", "<CTRL+W> Conectar/Cambiar Cámara Web", Answering::kClick,
-                  nullptr, 0, nullptr},
-    ButtonCommand{"<REPAG> Retroceder Página", "<REPAG> Retroceder Página", Answering::kClick, nullptr, 0, nullptr},
-    ButtonCommand{"<AVPAG> Avanzar Página", "<AVPAG> Avanzar Página", Answering::kClick, nullptr, 0, nullptr},
+                  nullptr, 0, 0,
+                  [](Form1& form) {
+                    if (form.ImgIndicador[4].Visible) {
+                      form.Devices().screen.Beep();
+                    } else {
+                      form.Form_KeyDown('W', kControl);
+                    }
+                    form.FocoPrimerCampo();
+                  }},
+    ButtonCommand{"<REPAG> Retroceder Página", "<REPAG> Retroceder Página", Answering::kClick, nullptr, 0, 0, nullptr},
+    ButtonCommand{"<AVPAG> Avanzar Página", "<AVPAG> Avanzar Página", Answering::kClick, nullptr, 0, 0, nullptr},
     ButtonCommand{"<F4> Imprimir Estado/Búsqueda/Ficha", "<F4> Imprimir Estado/Búsqueda/Ficha", Answering::kSilent,
-                  nullptr, 6, nullptr},
+                  nullptr, 6, 0, nullptr},
     ButtonCommand{"<F5> Activar Búsqueda de Registros", "<F5> Desactivar Búsqueda de Registros", Answering::kSilent,
-                  nullptr, 7, nullptr},
-    ButtonCommand{"<INSERT> Guardar Ficha", "<INSERT> Guardar Ficha", Answering::kSilent, nullptr, 0,
+                  nullptr, 7, 0, nullptr},
+    ButtonCommand{"<INSERT> Guardar Ficha", "<INSERT> Guardar Ficha", Answering::kSilent, nullptr, 0, 0,
                   [](Form1& form) { form.GuardarFicha(); }},
-    ButtonCommand{"<SUPR> Retirar Ficha", "<SUPR> Retirar Ficha", Answering::kSilent, nullptr, 0,
+    ButtonCommand{"<SUPR> Retirar Ficha", "<SUPR> Retirar Ficha", Answering::kSilent, nullptr, 0, 0,
                   [](Form1& form) {
                     if (form.ShpCelda.Visible) {
                       form.RetirarFicha();
@@ -113,20 +121,19 @@ constexpr std::array kButtons = {
                     form.FocoDondeSeEscribe();
                   }},
     ButtonCommand{"<F1> Activar Monitor \"ULTIMOS EN INGRESAR\"", "<F1> Desactivar Monitor \"ULTIMOS EN INGRESAR\"",
-                  Answering::kVoice, nullptr, 0, nullptr},
+                  Answering::kVoice, nullptr, 0, 0, nullptr},
     ButtonCommand{"<F2> Activar Monitor \"TIEMPO DE PERMANENCIA\"",
-                  "<F2> Desactivar Monitor \"TIEMPO DE PERMANENCIA\"", Answering::kVoice, nullptr, 0, nullptr},
+                  "<F2> Desactivar Monitor \"TIEMPO DE PERMANENCIA\"", Answering::kVoice, nullptr, 0, 0, nullptr},
     ButtonCommand{"<F3> Activar Monitor \"ULTIMOS EN SALIR\"", "<F3> Desactivar Monitor \"ULTIMOS EN SALIR\"",
-                  Answering::kVoice, nullptr, 0, nullptr},
-    // Switching tickets off is locked a second time, at position 14.
-    ButtonCommand{"Activar Impresión de Tiquetes", "Desactivar Impresión de Tiquetes", Answering::kSilent, "7", 8,
+                  Answering::kVoice, nullptr, 0, 0, nullptr},
+    ButtonCommand{"Activar Impresión de Tiquetes", "Desactivar Impresión de Tiquetes", Answering::kSilent, "7", 8, 14,
                   nullptr},
-    ButtonCommand{"<ESC> Cancelar/Limpiar Campos", "<ESC> Cancelar/Limpiar Campos", Answering::kSilent, nullptr, 0,
+    ButtonCommand{"<ESC> Cancelar/Limpiar Campos", "<ESC> Cancelar/Limpiar Campos", Answering::kSilent, nullptr, 0, 0,
                   [](Form1& form) { form.Form_KeyDown(27, 0); }},
-    ButtonCommand{"<F7> Registrar Extras", "<F7> Registrar Extras", Answering::kSilent, nullptr, 10, nullptr},
-    ButtonCommand{"<F8> Abrir Menú de Funciones", "<F8> Abrir Menú de Funciones", Answering::kClick, nullptr, 0,
+    ButtonCommand{"<F7> Registrar Extras", "<F7> Registrar Extras", Answering::kSilent, nullptr, 10, 0, nullptr},
+    ButtonCommand{"<F8> Abrir Menú de Funciones", "<F8> Abrir Menú de Funciones", Answering::kClick, nullptr, 0, 0,
                   nullptr},
-    ButtonCommand{"Activar Impresión de Facturas", "Desactivar Impresión de Facturas", Answering::kSilent, "8", 9,
+    ButtonCommand{"Activar Impresión de Facturas", "Desactivar Impresión de Facturas", Answering::kSilent, "8", 9, 0,
                   nullptr},
 };
 // clang-format on

@@ -34,6 +34,7 @@ struct ButtonCommand {
   Answering answering;         ///< what is heard before the action
   const char* log;
   int lock;
+  int lockToSwitchOff;     ///< a second position, asked when the pressed button is to be released; 0 for none
   void (*action)(Form1&);  ///< null: nothing happens
 };
 

@@ -37,6 +37,10 @@ bool Form1::FichaEnPantalla() const {
 void Form1::FocoDondeSeEscribe() {
   if (TxtBarCode.TakesFocus()) return SetFocus(&TxtBarCode);
   if (TxtEfectivo.TakesFocus()) return SetFocus(&TxtEfectivo);
+  FocoPrimerCampo();
+}
+
+void Form1::FocoPrimerCampo() {
   const auto open = std::find_if(TxtCampo.begin(), TxtCampo.end(),
                                  [](const TextBox& field) { return field.TakesFocus() && !field.Locked; });
   SetFocus(open == TxtCampo.end() ? nullptr : &*open);

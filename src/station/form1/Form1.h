@@ -109,6 +109,7 @@ class Form1 : public ScreenModel {
   void EtiquetaMonitor();
   void AbrirEtiqueta(std::size_t index);
   void CerrarEtiqueta(std::size_t index);
+  void FocoPrimerCampo();     ///< to the first field that takes typing, to the tool bar where none does
   void FocoDondeSeEscribe();  ///< the keyboard goes back to where typing continues
   /// All six fields are locked: a ficha is on display.
   bool FichaEnPantalla() const;
@@ -201,7 +202,7 @@ class Form1 : public ScreenModel {
   void MostrarFotoEntrada();
   void MostrarFotoUsuario(std::int32_t numero);
   void MostrarFotoConfirmacion(bool confirmando);
-  void AnotarEntrada(std::int64_t numero);
+  void AnotarEntrada(const String& registro, std::int64_t numero);
   /// The slot as it was before; nothing when it stays as it is, because it or the history can't be written.
   std::optional<RegistroFicha> LiberarPuesto(std::int64_t numero);
   /// Puts a ficha back inside whose row could not be written.
@@ -223,6 +224,8 @@ class Form1 : public ScreenModel {
 
   Platform platform_;
   bool terminado_ = false;
+  /// The user whose data BuscarUsuario found for the plate that stands there; 0 for none.
+  std::int32_t usuarioEnPantalla_ = 0;
   /// The start sequence is through: only then are the screen's state and the labels this station's own.
   bool iniciado_ = false;
   /// The labels of the data folder have been seen: only then may this gate write its own over them.

@@ -211,7 +211,7 @@ void Input::Click(Control& control) {
   if (!control.Enabled || form_.Terminado()) return;
   Focus(control);
   if (const std::size_t i = IndexIn(form_.PctBoton, control); i < form_.PctBoton.size()) {
-    return form_.PctBoton_Click(static_cast<int>(i));
+    return ClickButton(static_cast<int>(i));
   }
   if (const std::size_t i = IndexIn(form_.PctEtiqueta, control); i < form_.PctEtiqueta.size()) {
     return form_.AbrirEtiqueta(i);
@@ -224,6 +224,15 @@ void Input::Click(Control& control) {
   if (&control == &form_.ImgCambiarFondo) return form_.ImgCambiarFondo_Click();
   if (&control == &form_.ImgPuntos) form_.Form_KeyDown('R', keys::kShift | keys::kControl);
   if (&control == &form_.ChkFactura) Check(control, 1 - form_.ChkFactura.Value);
+}
+
+void Input::ClickButton(int index) {
+  // The fields keep the focus when a button is clicked, but a label that was being renamed is left.
+  const Control* const focus = form_.Focus();
+  const bool renaming = focus != nullptr && IndexIn(form_.TxtEtiqueta, *focus) < form_.TxtEtiqueta.size();
+  if (renaming) form_.SetFocus(nullptr);
+  form_.PctBoton_Click(index);
+  if (renaming && form_.Focus() == nullptr) form_.FocoDondeSeEscribe();
 }
 
 void Input::DoubleClick(Control& control) {

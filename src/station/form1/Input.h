@@ -51,6 +51,7 @@ class Input {
  private:
   void EnterKey(Control& control);
   void FieldEnter(std::size_t index);
+  void ClickButton(int index);
   void TypeInText(TextBox& box, char character);
   void TypeInList(ComboBox& list, char character);
   void TypeInMinutes(char character);

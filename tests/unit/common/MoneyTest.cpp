@@ -94,5 +94,25 @@ TEST(MoneyFromText, StopsAtTheEndsOfTheRange) {
   EXPECT_EQ(MoneyFromText("99999999999999999999999999999999999999999").Raw(), kLargest);
 }
 
+TEST(DifferenceInCents, IsRoundedOnce) {
+  const auto change = [](const char* cash, std::int64_t raw) {
+    return DifferenceInCents(cash, Money::FromRaw(raw)).Raw();
+  };
+  EXPECT_EQ(change("12,5", 100'000), 25'000);
+  EXPECT_EQ(change("0.00499", 0), 0);
+  EXPECT_EQ(change("0,00495", 0), 0);
+  EXPECT_EQ(change("0.005", 0), 100);
+  EXPECT_EQ(change("0.00500001", 0), 100);
+  EXPECT_EQ(change("0.01499999", 0), 100);
+  // 0.99501 less 1 is -0.00499, and 0.995 less 1 is half a cent.
+  EXPECT_EQ(change("0.99501", 10'000), 0);
+  EXPECT_EQ(change("0.995", 10'000), -100);
+  EXPECT_EQ(change("0.98500001", 10'000), -100);
+  EXPECT_EQ(change("0.98499", 10'000), -200);
+  EXPECT_EQ(change("-0.00499", 0), 0);
+  EXPECT_EQ(change("-0.99501", -10'000), 0);
+  EXPECT_EQ(change("", 15'000), -15'000);
+}
+
 }  // namespace
 }  // namespace vintoral

@@ -177,5 +177,56 @@ TEST_F(GuardarFichaTest, AFolderThatGoesAwayAtAnyStepHarmsNoOtherSlot) {
   }
 }
 
+TEST_F(GuardarFichaTest, APathCorrectedUnderTheBoxLeadsToNobodysSlot) {
+  RegistroFicha theirs;
+  theirs.EnUso = true;
+  theirs.Placa = "THEIRS";
+  std::string act = ActNuevo().Bytes();
+  const auto slot = theirs.Encode();
+  act.replace(6 * RegistroFicha::kSize, RegistroFicha::kSize, slot.data(), slot.size());
+  station_.Disk.Put("/otra/Vintoral.ACT", act);
+  station_.UnderBox = [this] {
+    form_.CarpetaCompartida = "/otra"_w;
+    form_.EsCliente = -1;
+  };
+  Save(Answer::kYes);
+  EXPECT_EQ(station_.Disk.Get("/otra/Vintoral.ACT"), act);
+  EXPECT_EQ(station_.Slot(7).Placa.Trimmed(), "ABC123"_w);
+}
+
+TEST_F(GuardarFichaTest, AUserWhoCameMeanwhileFillsTheForm) {
+  RegistroUsuario first, second;
+  first.Placa = "AAA";
+  second.Placa = "BBB";
+  second.Nombre = "BRUNO";
+  second.Categoria = "MOTOCICLETA";
+  const auto one = first.Encode(), two = second.Encode();
+  const std::string users(one.data(), one.size());
+  station_.Disk.Put("Multimedia\\Vintoral.USR", users);
+  station_.TypeNew("7", "bbb");
+  ASSERT_EQ(form_.NumeroUsuario, 2);  // the number that a new user would get
+  station_.Disk.Put("Multimedia\\Vintoral.USR", users + std::string(two.data(), two.size()));
+  station_.Answers.push_back(Answer::kYes);
+  station_.Hands.Key(keys::kInsert, 0);
+  EXPECT_EQ(station_.Slot(7).Nombre.Trimmed(), "BRUNO"_w);
+  EXPECT_EQ(station_.Slot(7).Categoria.Trimmed(), "MOTOCICLETA"_w);
+  EXPECT_EQ(station_.Slot(7).UsuarioPuntos, 2);
+}
+
+TEST_F(GuardarFichaTest, AUserWhoStoodThereBeforeTheScreenWasClearedIsFilledInAgain) {
+  RegistroUsuario user;
+  user.Placa = "AAA";
+  user.Nombre = "ANA";
+  const auto bytes = user.Encode();
+  station_.Disk.Put("Multimedia\\Vintoral.USR", std::string(bytes.data(), bytes.size()));
+  station_.TypeNew("7", "aaa");
+  station_.Hands.Key(keys::kEscape, 0);
+  station_.TypeAndEnter("7");
+  station_.Type("aaa");
+  station_.Answers.push_back(Answer::kYes);
+  station_.Hands.Key(keys::kInsert, 0);
+  EXPECT_EQ(station_.Slot(7).Nombre.Trimmed(), "ANA"_w);
+}
+
 }  // namespace
 }  // namespace vintoral

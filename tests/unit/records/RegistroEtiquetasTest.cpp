@@ -22,7 +22,7 @@ TEST(RegistroEtiquetas, StandsInLblAsWrittenByHand) {
       "TEL\xC9"
       "FONO";
   labels.Etiqueta[5] = "OBSERVACIONES";
-  labels.MemoriaRostros = true;
+  labels.MemoriaRostros = -1;
   labels.ImprimirCampo = {true, false, true, false, false};
   const std::string bytes =
       "FICHA               "
@@ -42,9 +42,9 @@ TEST(RegistroEtiquetas, WithoutFileTheFacesAreOffAndAllFieldsPrint) {
   EXPECT_EQ(Encoded(RegistroEtiquetas{}), Blanks(120) + Hex("00 00 FF FF FF FF FF FF FF FF FF FF"));
 }
 
-TEST(RegistroEtiquetas, AnyNumberButZeroIsTrue) {
+TEST(RegistroEtiquetas, AnyPrintFlagButZeroIsTrue) {
   const auto labels = Decoded<RegistroEtiquetas>(Blanks(120) + Hex("01 00 00 00 00 80 02 00 00 00 00 01"));
-  EXPECT_TRUE(labels.MemoriaRostros);
+  EXPECT_EQ(labels.MemoriaRostros, 1);
   EXPECT_EQ(labels.ImprimirCampo, (std::array{false, true, true, false, true}));
 }
 

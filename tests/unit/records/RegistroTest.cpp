@@ -97,7 +97,7 @@ TEST(Registro, TornLabelsHaveTheFlagsOfAMissingFile) {
   MemoryDisk disk;
   disk.Put("Vintoral.LBL", "FICHA" + Blanks(115) + Hex("FF FF 00 00"));
   const Registro<RegistroEtiquetas> labels(disk, "Vintoral.LBL", OpenMode::kRead);
-  EXPECT_TRUE(labels.Read(1)->MemoriaRostros);
+  EXPECT_EQ(labels.Read(1)->MemoriaRostros, -1);
   EXPECT_EQ(labels.Read(1)->ImprimirCampo, (std::array{false, true, true, true, true}));
 }
 

@@ -390,6 +390,24 @@ TEST(KeyCommands, TheWallpaperMovesToTheNextFileAndWraps) {
   EXPECT_EQ(station.Form.ImgFondo.Picture, "Fondos\\a.jpg"_w);
 }
 
+TEST(KeyCommands, WallpapersThatComeAndGoCount) {
+  MemoryStation station;
+  station.Start();
+  station.Disk.Put("Fondos\\a.jpg", "");
+  station.Form.Form_KeyDown('I', kControl);
+  EXPECT_EQ(station.Form.ImgFondo.Picture, "Fondos\\a.jpg"_w);
+  station.Disk.Put("Fondos\\b.jpg", "");
+  station.Disk.Put("Fondos\\c.jpg", "");
+  station.Form.Form_KeyDown('I', kControl);
+  station.Form.Form_KeyDown('I', kControl);
+  ASSERT_EQ(station.Form.ImgFondo.Picture, "Fondos\\c.jpg"_w);
+  ASSERT_TRUE(station.Disk.Remove("Fondos\\b.jpg"));
+  ASSERT_TRUE(station.Disk.Remove("Fondos\\c.jpg"));
+  station.Form.Form_KeyDown('I', kControl);
+  EXPECT_EQ(station.Form.ImgFondo.Picture, "Fondos\\a.jpg"_w);
+  EXPECT_EQ(station.Form.ImgFondo.Tag, "0"_w);
+}
+
 TEST_F(KeyTest, WithoutWallpapersNothingChanges) {
   form_.Form_KeyDown('I', kControl);
   EXPECT_TRUE(form_.ImgFondo.Picture.Empty());
@@ -439,6 +457,8 @@ TEST(ButtonCommands, StandRowByRow) {
     EXPECT_EQ(rows[i].answering, kButtons[i].answering);
     EXPECT_STREQ(rows[i].log == nullptr ? "" : rows[i].log, kButtons[i].log);
     EXPECT_EQ(rows[i].lock, kButtons[i].lock);
+    constexpr std::size_t kTickets = 10;
+    EXPECT_EQ(rows[i].lockToSwitchOff, i == kTickets ? 14 : 0);
   }
 }
 
@@ -500,6 +520,28 @@ TEST(KeyCommands, AnEndedProgramHandlesNothing) {
   EXPECT_FALSE(station.Form.Form_KeyDown(27, kNone));
   station.Form.PctBoton_Click(11);
   EXPECT_TRUE(station.Events.Take().empty());
+}
+
+TEST_F(KeyTest, TheCameraButtonIsTheKeyAndGivesTheFocusToAField) {
+  form_.SetFocus(nullptr);
+  form_.PctBoton_Click(0);
+  // The button's click, and the key's own.
+  EXPECT_EQ(station_.Heard(),
+            (std::vector<String>{"Sonidos\\Vintoral-5.wav"_w, "Sonidos\\Vintoral-5.wav"_w}));
+  EXPECT_EQ(form_.Focus(), &form_.TxtCampo[0]);
+}
+
+TEST_F(KeyTest, TheCameraButtonBeepsWithoutCamera) {
+  form_.ImgIndicador[4].Visible = true;
+  station_.TypeAndEnter("7");
+  station_.Events.Take();
+  form_.SetFocus(nullptr);
+  form_.PctBoton_Click(0);
+  const auto events = station_.Events.Take();
+  ASSERT_EQ(events.size(), 2u);
+  EXPECT_EQ(events[0].text, "Sonidos\\Vintoral-5.wav"_w);
+  EXPECT_EQ(events[1].kind, DeviceEvent::Kind::kBeep);
+  EXPECT_EQ(form_.Focus(), &form_.TxtCampo[1]);
 }
 
 }  // namespace

@@ -618,6 +618,15 @@ TEST_F(LabelTest, LeavingItEndsAndStoresIt) {
   EXPECT_EQ(form_.Focus(), &form_.TxtCampo[1]);
 }
 
+TEST_F(LabelTest, AClickOnTheToolBarEndsAndStoresIt) {
+  hands_.Click(panel_);
+  station_.Type("socio");
+  hands_.Click(form_.PctBoton[5]);
+  EXPECT_TRUE(label_.Locked);
+  EXPECT_EQ(Stored(), "SOCIO               ");
+  EXPECT_EQ(form_.Focus(), &number_);
+}
+
 TEST_F(LabelTest, BlanksAroundItAreNotStored) {
   hands_.Click(panel_);
   station_.TypeAndEnter("  socio  ");
