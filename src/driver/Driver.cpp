@@ -87,11 +87,12 @@ void Driver::Start(const Json& operation) {
   if (station_ && !station_->form.Terminado()) RequireIdle();
   const std::string folder = Field<std::string>(operation, "dir");
   const Moment before = station_ ? station_->platform.Clock.Now() : DefaultMoment();
-  const Moment now = operation.contains("now") ? ParseMoment(Field<std::string>(operation, "now")) : before;
+  const Moment now = Has(operation, "now") ? ParseMoment(Field<std::string>(operation, "now")) : before;
   auto station = std::make_unique<Station>(MakeFolders(folder));
   station->platform.Clock.Set(now);
   station->platform.System.Instances = FieldOr(operation, "instances", 1);
   station->platform.System.Desktop = FieldOr(operation, "desktop", std::string());
+  RequirePath(station->platform.System.Desktop);
   station->platform.Screen.OnWait = [this] { Step(); };
   station_ = std::move(station);
   station_->form.Form_Load();
@@ -131,7 +132,8 @@ void Driver::Drive(const std::string& name, const Json& operation) {
   }
   if (name == "close") return station_->form.CerrarVentana();
   if (name == "unload") {
-    throw std::runtime_error("form '" + Field<std::string>(operation, "form") + "' is not loaded");
+    const auto form = Field<std::string>(operation, "form");
+    throw std::runtime_error("form '" + form + (form == "Form1" ? "' is no dialog" : "' is not loaded"));
   }
   if (name == "hover" && IsFormName(Field<std::string>(operation, "control"))) return;
   Control& control = FindControl(operation);

@@ -101,7 +101,13 @@ void RequireText(const Control& control) {
   }
 }
 
+void RequirePath(const std::string& path) {
+  // The system would take the path up to there, which is another one.
+  if (path.find('\0') != std::string::npos) throw std::runtime_error("a path holds a zero byte");
+}
+
 std::string MakeFolders(const std::string& folder) {
+  RequirePath(folder);
   std::error_code error;
   std::filesystem::create_directories(folder, error);
   const std::filesystem::path canonical = std::filesystem::canonical(folder, error);
@@ -154,7 +160,7 @@ bool IsFormName(const std::string& name) {
 int ItemIndex(const Control& control, const Json& operation) {
   const std::vector<String>* const items = ItemsOf(control);
   if (items == nullptr) return -1;
-  if (operation.contains("index")) return Field<int>(operation, "index");
+  if (Has(operation, "index")) return Field<int>(operation, "index");
   const String wanted = String::FromUtf8(Field<std::string>(operation, "text"));
   const auto found =
       std::find_if(items->begin(), items->end(), [&](const String& item) { return item == wanted; });

@@ -43,14 +43,21 @@ T Field(const Json& operation, const char* name) {
   }
 }
 
+/// A null stands for a field that was left out.
+inline bool Has(const Json& operation, const char* name) {
+  return operation.contains(name) && !operation[name].is_null();
+}
+
 template <class T>
 T FieldOr(const Json& operation, const char* name, const T& otherwise) {
-  return operation.contains(name) && !operation[name].is_null() ? Field<T>(operation, name) : otherwise;
+  return Has(operation, name) ? Field<T>(operation, name) : otherwise;
 }
 
 void RequireKnown(const std::string& name);
 void RequireUsable(const Control& control);
 void RequireText(const Control& control);
+/// Refuses what can't be a path.
+void RequirePath(const std::string& path);
 /// Makes the station's folder with all above it; returns its absolute path.
 std::string MakeFolders(const std::string& folder);
 

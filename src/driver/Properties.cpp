@@ -91,10 +91,12 @@ void AddMarks(Json& state, const Form1& form) {
 
 Json PropertiesOf(Control& control) {
   Json properties;
-  properties["Visible"] = control.Visible;
   properties["Enabled"] = control.Enabled;
   properties["Tag"] = control.Tag.ToUtf8();
-  properties["ToolTipText"] = control.ToolTipText.ToUtf8();
+  if (dynamic_cast<const Timer*>(&control) == nullptr) {  // which nobody ever sees
+    properties["Visible"] = control.Visible;
+    properties["ToolTipText"] = control.ToolTipText.ToUtf8();
+  }
   PropertyWriter writer(properties);
   control.Accept(writer);
   return properties;

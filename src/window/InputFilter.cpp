@@ -45,6 +45,7 @@ bool InputFilter::eventFilter(QObject* watched, QEvent* event) {
         hands_.DoubleClick(view->Model());
       return false;
     case QEvent::Enter:
+    case QEvent::ToolTip:  // a button that was pressed meanwhile has another text
       if (const View* view = InWindow(watched) ? mirror_.Of(watched) : nullptr) hands_.Hover(view->Model());
       return false;
     default:

@@ -256,6 +256,9 @@ class Replies(DrivenDay):
             with self.subTest(control=name):
                 self.assertLessEqual(properties, set(station.get(name)))
 
+    def test_nobody_sees_a_timer(self):
+        self.assertFalse({"Visible", "ToolTipText"} & set(self.running().get("TmrConexion")))
+
     def test_time_that_passes_is_heard_in_order(self):
         station = self.with_fichas(inside(9, stamp("13:00", TODAY)))
         station.call_up(9)

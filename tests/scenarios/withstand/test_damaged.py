@@ -335,7 +335,7 @@ class Damaged(trouble.Trouble):
                     self.assertRetired(folder, 5)
 
     def test_marked_read_only(self):
-        """As the owner who is not root: only the screen state's mark is cleared, the others are respected."""
+        """As the owner who is not root: screen state and labels lose their mark, a register keeps it and its bytes."""
         if os.getuid() == 0:
             self.become_nobody()
         for name in intact():

@@ -112,6 +112,9 @@ TEST_F(DriverTest, FailuresNameTheCulpritAndTheDriverGoesOn) {
       {R"j({"op":"select","control":"CboTarifa(1)","index":99})j", "control 'CboTarifa(1)' has no such item"},
       {R"({"op":"check","control":"LblFechaEnt","value":1})", "control 'LblFechaEnt' takes no such value"},
       {R"({"op":"unload","form":"Form4"})", "form 'Form4' is not loaded"},
+      {R"({"op":"unload","form":"Form1"})", "form 'Form1' is no dialog"},
+      {R"({"op":"start","dir":"/tmp/x\u0000y"})", "a path holds a zero byte"},
+      {R"j({"op":"select","control":"CboTarifa(1)","index":null})j", "field 'text' is missing"},
   };
   std::deque<std::string> lines = Connected({});
   for (const auto& [line, failure] : failures)
