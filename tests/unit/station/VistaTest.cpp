@@ -1,0 +1,84 @@
+// The view of the grid, from those inside and from those who left.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "records/ArchivosNuevos.h"
+#include "support/MemoryStation.h"
+
+namespace vintoral {
+namespace {
+
+using test::MemoryStation;
+
+constexpr const char* kHst = "Multimedia\\Vintoral.HST";
+
+class VistaTest : public testing::Test {
+ protected:
+  VistaTest() { station_.StartConnected(); }
+  /// A history of these exits, oldest first, behind the row that it begins with.
+  void Left(const std::vector<const char*>& exits) {
+    std::string bytes(HstNuevo().Bytes());
+    for (const char* exit : exits) {
+      RegistroFicha row;
+      row.EnUso = true;
+      row.MarcaSalida = exit;
+      row.PorteriaSalida = "01";
+      row.Placa = exit;
+      const auto encoded = row.Encode();
+      bytes.append(encoded.data(), encoded.size());
+    }
+    station_.Disk.Put(kHst, bytes);
+  }
+  std::vector<std::string> Shown() const {
+    std::vector<std::string> exits;
+    for (const RegistroFicha& row : form_.VistaFichas)
+      exits.push_back(row.MarcaSalida.Trimmed().Bytes());
+    return exits;
+  }
+  using Exits = std::vector<std::string>;
+
+  MemoryStation station_;
+  Form1& form_ = station_.Form;
+};
+
+TEST_F(VistaTest, DeparturesComeLatestFirstAndAreThoseOfSomeTimeAgo) {
+  Left({"12:00  (20/11/2026)", "13:30  (20/11/2026)", "13:50  (20/11/2026)", "13:51  (20/11/2026)"});
+  form_.CboMinutos.SetText("10"_w);
+  form_.CargarSalidasHST();  // at 14:00
+  EXPECT_EQ(Shown(), (Exits{"13:50  (20/11/2026)", "13:30  (20/11/2026)", "12:00  (20/11/2026)"}));
+}
+
+TEST_F(VistaTest, DeparturesEndAtTheFirstRowOfAnotherDay) {
+  Left({"12:00  (20/11/2026)", "23:59  (19/11/2026)", "13:00  (20/11/2026)"});
+  form_.CboMinutos.SetText("0"_w);
+  form_.CargarSalidasHST();
+  EXPECT_EQ(Shown(), (Exits{"13:00  (20/11/2026)"}));
+  EXPECT_EQ(form_.FichaAuxiliar.MarcaSalida.Trimmed(), "23:59  (19/11/2026)"_w);
+}
+
+TEST_F(VistaTest, WithoutHistoryTheLinkIsLookedAtAndTheViewStays) {
+  station_.Enter("7", "abc");
+  ASSERT_TRUE(station_.Disk.Remove(kHst));
+  form_.CargarSalidasHST();
+  EXPECT_EQ(form_.TmrConexion.Interval(), 100);
+  EXPECT_EQ(form_.VistaFichas.size(), 1u);
+}
+
+TEST_F(VistaTest, EntriesAreThoseOfTheLastMinutes) {
+  station_.Enter("7", "abc");
+  station_.Pass(10 * 60'000);
+  station_.Enter("8", "def");
+  form_.PctBoton[7].BorderStyle = 1;
+  form_.CboMinutos.SetText("9"_w);
+  form_.CargarArchivoACT();
+  ASSERT_EQ(form_.VistaFichas.size(), 1u);
+  EXPECT_EQ(form_.VistaFichas[0].Posicion, 8);
+  form_.CboMinutos.SetText("11"_w);  // the stamps hold no seconds, the clock does
+  form_.CargarArchivoACT();
+  EXPECT_EQ(form_.VistaFichas.size(), 2u);
+}
+
+}  // namespace
+}  // namespace vintoral
