@@ -101,10 +101,13 @@ String Trim(std::string_view text) {
   return String(TrimView(text));
 }
 
+std::string_view TrimBlanks(std::string_view text) {
+  text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+  return text.substr(0, text.find_last_not_of(' ') + 1);
+}
+
 String TrimRight(std::string_view text) {
-  while (!text.empty() && IsFiller(text.back()))
-    text.remove_suffix(1);
-  return String(text);
+  return String(text.substr(0, text.find_last_not_of(' ') + 1));
 }
 
 String Upper(std::string_view text) {

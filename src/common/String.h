@@ -55,7 +55,10 @@ class String {
 /// Without the blanks (and the zero bytes that a torn register may hold) at both ends.
 std::string_view TrimView(std::string_view text);
 String Trim(std::string_view text);
-/// Without the blanks at the end.
+/// Without the blanks at both ends, and nothing else: for text that was typed, where a zero byte is a
+/// character.
+std::string_view TrimBlanks(std::string_view text);
+/// Without the blanks at the end, and nothing else.
 String TrimRight(std::string_view text);
 /// Capitals, the accented letters of Windows-1252 included.
 String Upper(std::string_view text);

@@ -18,12 +18,12 @@ bool HoldsLetter(std::string_view line, char capital) {
 }
 
 std::int64_t KeyIn(std::string_view line) {
-  const std::int64_t key = LeadingInteger(TrimView(line.substr(0, line.find('='))).substr(0, kWidthOfKey));
+  const std::int64_t key = LeadingInteger(TrimBlanks(line.substr(0, line.find('='))).substr(0, kWidthOfKey));
   return key < 0 ? -key : key;
 }
 
 std::string_view ValueText(std::string_view line) {
-  return TrimView(line.substr(line.find('=') + 1));
+  return TrimBlanks(line.substr(line.find('=') + 1));
 }
 
 std::int64_t ValueIn(std::string_view line) {

@@ -21,15 +21,15 @@ std::vector<String> DecodificarLineas(std::string_view bytes) {
 }
 
 String LineaTarifa(std::string_view linea) {
-  return Upper(TrimView(linea).substr(0, kAnchoTarifa));
+  return Upper(TrimBlanks(linea).substr(0, kAnchoTarifa));
 }
 
 String LineaExtra(std::string_view linea) {
-  return Upper(TrimView(linea));
+  return Upper(TrimBlanks(linea));
 }
 
 bool EsCategoria(std::string_view linea) {
-  return !TrimView(linea).empty() && linea.find('=') == std::string_view::npos;
+  return !TrimBlanks(linea).empty() && linea.find('=') == std::string_view::npos;
 }
 
 }  // namespace vintoral

@@ -20,9 +20,9 @@ struct WorkingLists {
 };
 
 std::size_t LineOf(const std::vector<String>& tabla, std::string_view categoria) {
-  const std::string_view wanted = TrimView(categoria);
+  const std::string_view wanted = TrimBlanks(categoria);
   const auto found = std::find_if(tabla.begin(), tabla.end(), [wanted](const String& linea) {
-    return EqualNoCase(TrimView(linea), wanted);
+    return EqualNoCase(TrimBlanks(linea), wanted);
   });
   return static_cast<std::size_t>(found - tabla.begin());
 }
@@ -35,7 +35,7 @@ bool IsFirstHourMark(const ReglaTarifa& regla, const Estadia& estadia) {
 /// Takes in the rule of line `at`. A first-hour mark with a line below it is never a minute rule itself; it
 /// may raise the stay to one whole hour, which the classes that are tested after it already see.
 void SortLine(const std::vector<String>& tabla, std::size_t at, Estadia& estadia, WorkingLists& lists) {
-  const std::string_view linea = TrimView(tabla[at]);
+  const std::string_view linea = TrimBlanks(tabla[at]);
   const ReglaTarifa regla = LeerRegla(linea);
   if (regla.minutos) {
     const bool hasNext = at + 1 < tabla.size();
@@ -52,7 +52,7 @@ void SortLine(const std::vector<String>& tabla, std::size_t at, Estadia& estadia
 
 void Sort(const std::vector<String>& tabla, std::size_t head, Estadia& estadia, WorkingLists& lists) {
   for (std::size_t at = head; at < tabla.size(); ++at) {
-    const std::string_view linea = TrimView(tabla[at]);
+    const std::string_view linea = TrimBlanks(tabla[at]);
     if (linea.empty()) return;
     if (EsRegla(linea)) SortLine(tabla, at, estadia, lists);
   }

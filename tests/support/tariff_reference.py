@@ -64,7 +64,7 @@ def capitals(text):
 
 
 def trim(text):
-    return text.strip(" \0")
+    return text.strip(" ")
 
 
 # ---------------------------------------------------------------------------------------------------------
@@ -202,7 +202,7 @@ def price(table, category, days, hours, minutes):
 
 
 def moment(text):
-    parts = re.fullmatch(r"([0-9]{1,2})/([0-9]{1,2})/([0-9]{4}) ([0-9]{1,2}):([0-9]{1,2}):([0-9]{1,2})", trim(text))
+    parts = re.fullmatch(r"([0-9]{1,2})/([0-9]{1,2})/([0-9]{4}) ([0-9]{1,2}):([0-9]{1,2}):([0-9]{1,2})", text.strip(" \0"))
     if not parts:
         return None
     day, month, year, hour, minute, second = (int(p) for p in parts.groups())
@@ -371,7 +371,7 @@ def random_category(rng, table):
     else:
         name = rng.choice(HEADS + ["", " ", "NINGUNA", "1M = 100*"])
     name = rng.choice([name, name, name.lower(), capitals(name), name.title()])
-    return rng.choice(["", "", " "]) + name + rng.choice(["", "", "   ", "\0"])
+    return rng.choice(["", "", " "]) + name + rng.choice(["", "", "   "]) + ("\0" if rng.random() < 0.02 else "")
 
 
 def random_stay(rng):

@@ -99,7 +99,23 @@ TEST(String, TrimTakesBlanksAndZeroBytes) {
   EXPECT_EQ(Trim(std::string_view("\0 a\0", 4)), "a"_w);
   EXPECT_EQ(Trim(" \t "), "\t"_w);
   EXPECT_EQ(Trim("   "), ""_w);
+}
+
+TEST(String, TrimBlanksTakesBlanksAlone) {
+  EXPECT_EQ(TrimBlanks("  a b  "), "a b");
+  EXPECT_EQ(TrimBlanks("a"), "a");
+  EXPECT_EQ(TrimBlanks("   "), "");
+  EXPECT_EQ(TrimBlanks(""), "");
+  EXPECT_EQ(TrimBlanks(" \t\r\n "), "\t\r\n");
+  EXPECT_EQ(TrimBlanks(std::string_view(" \0 ", 3)), std::string_view("\0", 1));
+  EXPECT_EQ(TrimBlanks(std::string_view("\0 a \0", 5)), std::string_view("\0 a \0", 5));
+  EXPECT_EQ(TrimBlanks("\xA0"), "\xA0");  // the blank that breaks no line is a character
+}
+
+TEST(String, TrimRightTakesBlanksAlone) {
   EXPECT_EQ(TrimRight("  a  "), "  a"_w);
+  EXPECT_EQ(TrimRight("   "), ""_w);
+  EXPECT_EQ(TrimRight(std::string_view(" \0 ", 3)), String(std::string_view(" \0", 2)));
 }
 
 TEST(String, PartsStopAtTheEnd) {

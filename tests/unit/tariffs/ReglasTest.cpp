@@ -121,6 +121,12 @@ TEST(Reglas, ZeroWithTwoStarsIsReadToTheLetter) {
     EXPECT_FALSE(ValorEsCeroDosEstrellas(line)) << line;
 }
 
+TEST(Reglas, AZeroByteIsNoBlank) {
+  EXPECT_EQ(KeyOf(std::string_view("\0 5M = 7", 8)), 0);
+  EXPECT_EQ(ValueOf(std::string_view("5M = \0 7", 8)), 0);
+  EXPECT_FALSE(ValorEsCeroDosEstrellas(std::string_view("1M = 0**\0", 9)));
+}
+
 TEST(Reglas, HoursAreFoundInBothCases) {
   EXPECT_TRUE(TieneHoras("1h = 5"));
   EXPECT_TRUE(TieneHoras("HOTEL"));

@@ -59,6 +59,12 @@ TEST(LineaTarifa, LosesTheStarsOfALongLine) {
   EXPECT_EQ(LineaTarifa("1H = 30000          **"), "1H = 30000          "_w);
 }
 
+TEST(LineaTarifa, KeepsAZeroByte) {
+  const std::string_view zeros("\0 1M\0", 5);
+  EXPECT_EQ(LineaTarifa(zeros), String(zeros));
+  EXPECT_EQ(LineaExtra(zeros), String(zeros));
+}
+
 TEST(LineaExtra, KeepsItsLength) {
   EXPECT_EQ(LineaExtra(Record("  minuto celular de larga distancia = 200")),
             "MINUTO CELULAR DE LARGA DISTANCIA = 200"_w);
@@ -71,6 +77,10 @@ TEST(EsCategoria, IsALineWithTextAndNoRule) {
   EXPECT_FALSE(EsCategoria("="));
   EXPECT_FALSE(EsCategoria(""));
   EXPECT_FALSE(EsCategoria(Record("")));
+}
+
+TEST(EsCategoria, AZeroByteIsText) {
+  EXPECT_TRUE(EsCategoria(Record(std::string_view("\0", 1))));
 }
 
 TEST(EsCategoria, SeesAnEqualsSignThatTheCutTakesAway) {

@@ -24,6 +24,12 @@ TEST(Categoria, IsFoundWhateverItsCaseAndBlanks) {
   EXPECT_FALSE(CalcularValorDe(tabla, "CAMION", {0, 0, 5}).encontrada);
 }
 
+TEST(Categoria, IsAnotherWithAZeroByte) {
+  const String name(std::string_view("X\0", 2));
+  EXPECT_FALSE(CalcularValorDe(TableOf({"X"_w}), name, kTenMinutes).encontrada);
+  EXPECT_TRUE(CalcularValorDe(TableOf({name}), name, kTenMinutes).encontrada);
+}
+
 TEST(Categoria, UnknownCostsNothing) {
   const Valor valor = CalcularValorDe(TableOf({"X"_w, "1M = 5"_w}), "Y", kTenMinutes);
   EXPECT_FALSE(valor.encontrada);
@@ -63,6 +69,13 @@ TEST(Reglamento, EndsAtTheFirstBlankLine) {
   const Valor valor = CalcularValorDe(TableOf({"X"_w, "0M = 1"_w, ""_w, "0M = 2"_w}), "X", kTenMinutes);
   EXPECT_EQ(valor.reglasMinutos, 1U);
   EXPECT_EQ(valor.valor, Money::FromUnits(1));
+}
+
+TEST(Reglamento, RunsOnThroughALineOfAZeroByte) {
+  const String zero(1, '\0');
+  const Valor valor = CalcularValorDe(TableOf({"X"_w, "0M = 1"_w, zero, "9M = 2"_w}), "X", {0, 0, 5});
+  EXPECT_EQ(valor.reglasMinutos, 2U);
+  EXPECT_EQ(valor.valor, Money::FromUnits(2));
 }
 
 TEST(Reglamento, RunsOnThroughAHeadWithoutABlankLineAboveIt) {
