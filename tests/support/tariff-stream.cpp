@@ -6,6 +6,7 @@
 #include "common/Numbers.h"
 #include "tariffs/Estadia.h"
 #include "tariffs/Tablas.h"
+#include "tariffs/TextoTabla.h"
 #include "tariffs/Valor.h"
 
 namespace vintoral {
@@ -59,6 +60,15 @@ void AnswerStay(std::istream& question) {
             << estadia->minutos << ' ' << PuntosDe(*estadia);
 }
 
+void AnswerEdit(const std::string& text) {
+  const std::vector<String> lines = LineasDeTexto(FromHex(text));
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    std::cout << (i == 0 ? "" : " ") << ToHex(LineaExtraEditada(lines[i])) << ':'
+              << ToHex(LineaPrepagoEditada(lines[i]));
+  }
+  std::cout << (lines.empty() ? "-" : "");
+}
+
 void AnswerAll() {
   std::vector<String> tabla;
   for (std::string line; std::getline(std::cin, line); std::cout << '\n') {
@@ -68,6 +78,8 @@ void AnswerAll() {
     if (kind == "T" && question >> text) AnswerTable(text, tabla);
     if (kind == "V") AnswerPrice(question, tabla);
     if (kind == "E") AnswerStay(question);
+    if (kind == "I") std::cout << ToHex(TextoDeTabla(tabla));
+    if (kind == "P" && question >> text) AnswerEdit(text);
     if (kind == "X" && question >> text) std::cout << ToHex(LineaExtra(FromHex(text)));
   }
 }

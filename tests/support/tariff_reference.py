@@ -13,6 +13,8 @@ One question a line, one answer a line; texts are hexadecimal Windows-1252, "-" 
                             FOUND PRICED RAW DAYS HOURS MINUTES MINUTE_RULES HOUR_RULES DAY_RULES
     E ENTRY EXIT            the stay between two moments:  TEXT DAYS HOURS MINUTES POINTS, or ??
     X RECORD                the line of an extras record
+    I                       the text in which the tables of the last file are edited
+    P TEXT                  the lines of an edited text:  EXTRAS_LINE:PREPAID_LINE ...
 """
 
 import argparse
@@ -85,6 +87,29 @@ def extras_line(record):
 
 def is_category(record):
     return trim(record) != "" and "=" not in record
+
+
+# ---------------------------------------------------------------------------------------------------------
+# Edited texts
+
+
+def text_of(table):
+    return "\r\n".join(line.rstrip(" ") for line in table)
+
+
+def edited_lines(text):
+    if trim(text.replace("\r\n", " ")) == "":
+        return []
+    return trim(text).split("\r\n")
+
+
+def edited_extra(line):
+    line = trim(line)
+    if "=" not in line:
+        return capitals(line)[:100]
+    name, _, price = line.partition("=")
+    name = trim(trim(name.replace("\t", " "))[:15])
+    return capitals(name + " = " + trim(price)[:9])
 
 
 # ---------------------------------------------------------------------------------------------------------
@@ -260,6 +285,11 @@ class Reference:
             days, hours, minutes = spent
             points = days * 96 + hours * 4 + minutes // 15
             return f"{as_hex(stay_text(*spent))} {days} {hours} {minutes} {points}"
+        if words[0] == "I":
+            return as_hex(text_of(self.table))
+        if words[0] == "P":
+            lines = edited_lines(decode(from_hex(words[1])))
+            return " ".join(f"{as_hex(edited_extra(line))}:{as_hex(line[:100])}" for line in lines) or "-"
         return as_hex(extras_line(decode(from_hex(words[1]))))
 
 
@@ -363,6 +393,23 @@ def file_of(rng, lines):
     return bytes(raw)
 
 
+def random_edit(rng):
+    """What an operator may leave in a box: articles, loads, anything, and often next to nothing."""
+    def line():
+        kind = rng.random()
+        if kind < 0.3:
+            return random_line(rng)
+        if kind < 0.5:
+            return rng.choice(["", "", " ", "   ", "\t", "\r", "\n"])
+        name = "".join(rng.choice("abcñ É\t  ") for _ in range(rng.randrange(0, 24)))
+        price = "".join(rng.choice("0123456789,. ") for _ in range(rng.randrange(0, 14)))
+        return rng.choice(["", " "]) + name + rng.choice(EQUALS) + price + " " * rng.choice([0, 0, 2, 90])
+
+    ends = ["\r\n", "\r\n", "\r\n", "\r\n", "\r\n\r\n", "\n"]
+    text = "".join(line() + rng.choice(ends) for _ in range(rng.randrange(0, 5)))
+    return rng.choice(["", "", " ", "  \r\n"]) + text + rng.choice(["", "  ", line()])
+
+
 def random_category(rng, table):
     kind = rng.random()
     if table and kind < 0.9:
@@ -415,6 +462,8 @@ def questions(seed, cases):
             yield f"V {days} {hours} {minutes} {as_hex(random_category(rng, table))}"
             asked += 1
         yield f"E {as_hex(random_moment(rng))} {as_hex(random_moment(rng))}"
+        yield "I"
+        yield "P " + as_hex(random_edit(rng))
         yield "X " + (encode(random_line(rng))[:100].ljust(100, b" ")).hex()
 
 
