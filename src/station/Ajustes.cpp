@@ -12,6 +12,7 @@ namespace vintoral {
 namespace {
 
 constexpr std::string_view kDat = "Recursos\\Vintoral.DAT";
+constexpr std::string_view kDvs = "Recursos\\Vintoral.DVS";
 constexpr std::int64_t kEstado = 1, kMarcas = 16;
 constexpr std::size_t kMonedaWidth = 10;
 
@@ -33,13 +34,20 @@ void WriteDat(Disk& disk, std::int64_t number, const RegistroMixto& record) {
 }  // namespace
 
 void Form1::CargarMoneda() {
-  const std::string_view file = "Recursos\\Vintoral.DVS";
-  if (const std::optional<String> text = platform_.disk.ReadAll(file)) {
+  if (const std::optional<String> text = platform_.disk.ReadAll(kDvs)) {
     Moneda = Left(PrimeraLinea(*text), kMonedaWidth);
     return;
   }
   Moneda = "$"_w;
-  if (!platform_.disk.Exists(file)) platform_.disk.Replace(file, ConFinDeLinea(Moneda)).PassOver();
+  if (!platform_.disk.Exists(kDvs)) platform_.disk.Replace(kDvs, ConFinDeLinea(Moneda)).PassOver();
+}
+
+void Form1::CopiarMoneda() {
+  if (Form6.TxtMoneda.TagNumber() != 1) return;
+  const String symbol = Left(TrimBlanks(Form6.TxtMoneda.Text()), kMonedaWidth);
+  const Outcome written = platform_.disk.Replace(kDvs, ConFinDeLinea(symbol));
+  written.PassOver();
+  if (written) Moneda = symbol;
 }
 
 void Form1::CargarEtiquetas() {

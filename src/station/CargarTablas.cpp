@@ -1,5 +1,7 @@
 // The tariff files of this station: made when missing, loaded into the tables.
+#include <algorithm>
 #include <cerrno>
+#include <iterator>
 
 #include "station/form1/Form1.h"
 #include "tariffs/Tablas.h"
@@ -21,29 +23,37 @@ void Form1::CrearTablasPredeterminadas() {
   }
 }
 
+void Form1::LlenarTarifas(const std::vector<String>& lineas) {
+  CboTarifa[1].Clear();
+  TablaTarifas.clear();
+  for (const String& linea : lineas) {
+    TablaTarifas.push_back(LineaTarifa(linea));
+    if (EsCategoria(linea)) CboTarifa[1].AddItem(TablaTarifas.back());
+  }
+  CboTarifa[1].Select(0);
+}
+
 void Form1::CargarTablas() {
   Disk& disk = platform_.disk;
-  const auto load = [&](std::string_view file, auto each) {
+  const auto load = [&](std::string_view file, auto take) {
     if (!disk.Exists(file)) return true;
     const std::optional<String> bytes = disk.ReadAll(file);
     if (!bytes) {
       Outcome::Failed("read", file, EIO).PassOver();
       return false;
     }
-    for (const String& line : DecodificarLineas(*bytes))
-      each(line);
+    take(DecodificarLineas(*bytes));
     return true;
   };
-  const bool tariffs = load("Recursos\\Vintoral.EMP", [&](const String& line) {
-    TablaTarifas.push_back(LineaTarifa(line));
-    if (EsCategoria(Trim(line))) CboTarifa[1].AddItem(TablaTarifas.back());
-  });
-  CboTarifa[1].Select(0);
-  if (!tariffs) return;
-  if (!load("Recursos\\Vintoral.XTR", [&](const String& line) { TablaExtras.push_back(LineaExtra(line)); }))
+  if (!load("Recursos\\Vintoral.EMP", [&](const std::vector<String>& lines) { LlenarTarifas(lines); }))
     return;
+  const auto extras = [&](const std::vector<String>& lines) {
+    TablaExtras.clear();
+    std::transform(lines.begin(), lines.end(), std::back_inserter(TablaExtras), LineaExtra);
+  };
+  if (!load("Recursos\\Vintoral.XTR", extras)) return;
   static_cast<void>(
-      load("Recursos\\Vintoral.RJE", [&](const String& line) { TablaPrepago.push_back(line); }));
+      load("Recursos\\Vintoral.RJE", [&](std::vector<String> lines) { TablaPrepago = std::move(lines); }));
 }
 
 }  // namespace vintoral

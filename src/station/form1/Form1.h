@@ -18,6 +18,7 @@
 #include "records/RegistroEtiquetas.h"
 #include "records/RegistroFicha.h"
 #include "records/RegistroUsuario.h"
+#include "station/form1/Form6.h"
 #include "station/form1/ScreenModel.h"
 #include "tariffs/Estadia.h"
 
@@ -152,6 +153,18 @@ class Form1 : public ScreenModel {
   String CalcularTiempo(std::string_view entrada, std::string_view salida);
   Money CalcularValor();
 
+  /// The boxes of the tariff dialog. What counts below as changed is told by their tags.
+  class Form6 Form6;
+  /// The tables into their boxes.
+  void ImprimirTarifas();
+  /// Changed boxes into their tables; the categories follow the tariffs. A box that was emptied leaves its
+  /// table as it is.
+  void ActualizarTarifas();
+  /// The tables of changed boxes into their files, up to the first file that can't be written.
+  void CopiarTarifas();
+  /// A changed currency box into Moneda and its file; into neither when the file can't be written.
+  void CopiarMoneda();
+
   // ---- Entry and exit
   // ----------------------------------------------------------------------------------------
   void GuardarFicha();
@@ -192,6 +205,8 @@ class Form1 : public ScreenModel {
   void ConectarEventos();
 
   // Steps of the longer operations, each in the file of its operation.
+  /// Makes these lines the tariffs, and their heads the categories to choose from.
+  void LlenarTarifas(const std::vector<String>& lineas);
   /// Makes the register in the station's own Multimedia unless it is there; false when it can't.
   bool CrearRegistro(const String& nombre, String (*contenido)());
   /// The same; a failure is told and ends the program.
