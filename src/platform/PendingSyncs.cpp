@@ -1,8 +1,5 @@
 #include "platform/PendingSyncs.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cerrno>
 #include <utility>
@@ -19,20 +16,18 @@ bool SameFile(const FileFacts& one, const FileFacts& other) {
 
 }  // namespace
 
-bool PendingSyncs::Add(int descriptor, const std::string& path) {
-  const int own = fcntl(descriptor, F_DUPFD_CLOEXEC, 0);
-  if (own < 0) return false;
-  const int started = calls_.Start(own);
-  files_.push_back({own, path, calls_.Facts(own), started});
-  return true;
+void PendingSyncs::Add(SharedDescriptor file, const std::string& path) {
+  const int descriptor = file->Number();
+  const int started = calls_.Start(descriptor);
+  files_.push_back({std::move(file), path, calls_.Facts(descriptor), started});
 }
 
 Outcome PendingSyncs::End() {
   return depth_ == 0 || --depth_ > 0 ? Outcome::Done() : Wait();
 }
 
-Outcome PendingSyncs::SyncNow(int descriptor, const std::string& path) {
-  return Sync({descriptor, path, calls_.Facts(descriptor), 0});
+Outcome PendingSyncs::SyncNow(const Descriptor& file, const std::string& path) {
+  return Sync(file.Number(), path, calls_.Facts(file.Number()));
 }
 
 Outcome PendingSyncs::Wait() {
@@ -56,47 +51,48 @@ Outcome PendingSyncs::Wait() {
   for (const File* file : arrived) {
     const std::uint64_t disk = file->facts.device;
     if (std::find(flushed.begin(), flushed.end(), disk) != flushed.end()) continue;
-    const int error = calls_.Flush(file->path, disk);
-    const Outcome outcome = UnknownRequest(error) ? Sync(*file)
-                            : error == 0          ? Outcome::Done()
-                                                  : Outcome::Failed("flush the disk of", file->path, error);
-    if (note(outcome)) flushed.push_back(disk);
+    if (note(Flush(*file))) flushed.push_back(disk);
   }
-  for (const File& file : files)
-    close(file.descriptor);
   return first;
 }
 
 int PendingSyncs::Arrive(const File& file) {
   if (file.started != 0 && !UnknownRequest(file.started)) return file.started;
-  return WrittenInPlace(file) ? calls_.AwaitData(file.descriptor) : ENOSYS;
+  return PlaceOf(file.facts) == Place::kUnknown ? ENOSYS : calls_.AwaitData(file.open->Number());
+}
+
+// By way of the folder where that is sure to flush: it has next to never anything of its own to write, while
+// the sync of the file would write its time stamps as well.
+Outcome PendingSyncs::Flush(const File& file) {
+  if (PlaceOf(file.facts) != Place::kFixedWithoutJournal) return Sync(file);
+  const int error = calls_.SyncFolderOf(file.path, file.facts.device);
+  if (error == 0) return Outcome::Done();
+  return UnknownRequest(error) ? Sync(file) : Outcome::Failed("flush the disk of", file.path, error);
 }
 
 // Writing over bytes that lie on the disk already changes nothing else there that matters, so once they have
 // arrived only the disk's own memory stands between them and a power cut.
-bool PendingSyncs::WrittenInPlace(const File& file) const {
-  return file.facts.inPlace && std::any_of(settled_.begin(), settled_.end(), [&](const Settled& known) {
-           return known.facts == file.facts && known.written;
-         });
+Place PendingSyncs::PlaceOf(const FileFacts& facts) const {
+  const auto known = std::find_if(settled_.begin(), settled_.end(),
+                                  [&](const Settled& settled) { return settled.facts == facts; });
+  return known == settled_.end() ? Place::kUnknown : known->place;
 }
 
-Outcome PendingSyncs::Sync(const File& file) {
-  const int error = calls_.Sync(file.descriptor);
+Outcome PendingSyncs::Sync(int descriptor, const std::string& path, const FileFacts& facts) {
+  const int error = calls_.Sync(descriptor);
   // A file system that doesn't know the request has nothing that it could lose.
-  if (error != 0 && !UnknownRequest(error)) return Outcome::Failed("sync", file.path, error);
-  Settle(file);
+  if (error != 0 && !UnknownRequest(error)) return Outcome::Failed("sync", path, error);
+  Settle(descriptor, facts);
   return Outcome::Done();
 }
 
-void PendingSyncs::Settle(const File& file) {
+void PendingSyncs::Settle(int descriptor, const FileFacts& facts) {
   const auto known = std::find_if(settled_.begin(), settled_.end(),
-                                  [&](const Settled& other) { return SameFile(other.facts, file.facts); });
-  const bool unchanged = known != settled_.end() && known->facts == file.facts;
+                                  [&](const Settled& settled) { return SameFile(settled.facts, facts); });
+  const bool unchanged = known != settled_.end() && known->facts == facts;
   if (known != settled_.end()) settled_.erase(known);
   // Where its bytes lie is asked of a file that stays as long as it was: the history grows with each row.
-  const bool written =
-      unchanged && file.facts.inPlace && calls_.LiesWritten(file.descriptor, file.facts.length);
-  settled_.push_back({file.facts, written});
+  settled_.push_back({facts, unchanged ? calls_.PlaceOf(descriptor, facts) : Place::kUnknown});
   if (settled_.size() > kMostSettled) settled_.erase(settled_.begin());
 }
 

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "common/Outcome.h"
+#include "platform/Descriptor.h"
 #include "platform/SyncCalls.h"
 
 namespace vintoral {
@@ -20,32 +21,33 @@ class PendingSyncs {
 
   void Begin() { ++depth_; }
   bool Waiting() const { return depth_ > 0; }
-  /// Notes the file behind `descriptor`, which may be closed afterwards, and sends it on its way to the disk.
-  /// False when the file must be synced at once.
-  bool Add(int descriptor, const std::string& path);
+  /// Notes the file, which stays open until then, and sends it on its way to the disk.
+  void Add(SharedDescriptor file, const std::string& path);
   /// Returns when all that were added since the outermost Begin are on disk; the first failure where there is
   /// one.
   Outcome End();
   /// Syncs the data of one file, and the length that goes with it.
-  Outcome SyncNow(int descriptor, const std::string& path);
+  Outcome SyncNow(const Descriptor& file, const std::string& path);
 
  private:
   struct File {
-    int descriptor;
+    SharedDescriptor open;
     std::string path;
     FileFacts facts;
     int started;  ///< what the head start answered
   };
   struct Settled {
     FileFacts facts;
-    bool written;  ///< all its bytes have their place
+    Place place;
   };
   Outcome Wait();
   /// 0 when only a flush stands between `file` and the disk; ENOSYS when it takes a whole sync.
   int Arrive(const File& file);
-  bool WrittenInPlace(const File& file) const;
-  Outcome Sync(const File& file);
-  void Settle(const File& file);
+  Outcome Flush(const File& file);
+  Place PlaceOf(const FileFacts& facts) const;
+  Outcome Sync(int descriptor, const std::string& path, const FileFacts& facts);
+  Outcome Sync(const File& file) { return Sync(file.open->Number(), file.path, file.facts); }
+  void Settle(int descriptor, const FileFacts& facts);
 
   SyncCalls& calls_;
   std::vector<File> files_;

@@ -70,10 +70,6 @@ bool Unsupported(int error) {
 
 }  // namespace
 
-PosixFile::~PosixFile() {
-  close(descriptor_);
-}
-
 Outcome PosixFile::Failed(std::string_view what) const {
   return Outcome::Failed(what, path_, errno);
 }
@@ -82,7 +78,7 @@ std::optional<std::size_t> PosixFile::ReadAt(std::uint64_t offset, std::span<cha
   std::size_t done = 0;
   while (done < into.size()) {
     const ssize_t got =
-        pread(descriptor_, into.data() + done, into.size() - done, static_cast<off_t>(offset + done));
+        pread(open_->Number(), into.data() + done, into.size() - done, static_cast<off_t>(offset + done));
     if (got < 0 && errno == EINTR) continue;
     if (got < 0) return std::nullopt;
     if (got == 0) break;
@@ -100,7 +96,7 @@ Outcome PosixFile::WriteAt(std::uint64_t offset, std::span<const char> bytes) {
   std::size_t done = 0;
   while (done < bytes.size()) {
     const ssize_t put =
-        pwrite(descriptor_, bytes.data() + done, bytes.size() - done, static_cast<off_t>(offset + done));
+        pwrite(open_->Number(), bytes.data() + done, bytes.size() - done, static_cast<off_t>(offset + done));
     if (put < 0 && errno == EINTR) continue;
     if (put < 0) return Failed("write");
     if (put == 0) return Outcome::Failed("write", path_, EIO);
@@ -110,7 +106,7 @@ Outcome PosixFile::WriteAt(std::uint64_t offset, std::span<const char> bytes) {
 }
 
 std::optional<std::uint64_t> PosixFile::Length() {
-  const std::optional<FileStatus> status = StatusOf(descriptor_);
+  const std::optional<FileStatus> status = StatusOf(open_->Number());
   if (!status) return std::nullopt;
   return status->length;
 }
@@ -118,8 +114,9 @@ std::optional<std::uint64_t> PosixFile::Length() {
 Outcome PosixFile::Sync() {
   if (!newIn_.empty()) SyncFolder(newIn_);
   newIn_.clear();
-  if (pending_.Waiting() && pending_.Add(descriptor_, path_)) return Outcome::Done();
-  return pending_.SyncNow(descriptor_, path_);
+  if (!pending_.Waiting()) return pending_.SyncNow(*open_, path_);
+  pending_.Add(open_, path_);
+  return Outcome::Done();
 }
 
 Outcome PosixFile::Reserve(std::uint64_t length) {
@@ -134,7 +131,7 @@ Outcome PosixFile::MakeRoom(std::uint64_t offset, std::uint64_t size) {
   int result = 0;
   do
     result =
-        fallocate(descriptor_, FALLOC_FL_KEEP_SIZE, static_cast<off_t>(offset), static_cast<off_t>(size));
+        fallocate(open_->Number(), FALLOC_FL_KEEP_SIZE, static_cast<off_t>(offset), static_cast<off_t>(size));
   while (result != 0 && errno == EINTR);
   if (result != 0 && !Unsupported(errno)) return Failed("make room in");
   return Outcome::Done();
@@ -142,14 +139,14 @@ Outcome PosixFile::MakeRoom(std::uint64_t offset, std::uint64_t size) {
 
 void PosixFile::LockAppend() {
   for (const std::int64_t position : kLockPositions) {
-    const Lock lock = WaitForLock(descriptor_, position);
+    const Lock lock = WaitForLock(open_->Number(), position);
     if (lock == Lock::kHeld) lockedAt_ = position;
     if (lock != Lock::kBadPosition) return;
   }
 }
 
 void PosixFile::UnlockAppend() {
-  if (lockedAt_) SetLock(descriptor_, F_UNLCK, *lockedAt_);
+  if (lockedAt_) SetLock(open_->Number(), F_UNLCK, *lockedAt_);
   lockedAt_.reset();
 }
 

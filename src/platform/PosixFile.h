@@ -11,11 +11,14 @@ namespace vintoral {
 
 class PosixFile final : public DiskFile {
  public:
-  /// Owns `descriptor`. `path` is for messages; `newIn` is the folder that has to be synced with the file
-  /// because its name is new there, else "". `pending` takes the syncs that may wait, and outlives the file.
+  /// Owns the file `descriptor`. `path` is for messages; `newIn` is the folder that has to be synced with the
+  /// file because its name is new there, else "". `pending` takes the syncs that may wait, and outlives the
+  /// file.
   PosixFile(int descriptor, std::string path, std::string newIn, PendingSyncs& pending)
-      : descriptor_(descriptor), path_(std::move(path)), newIn_(std::move(newIn)), pending_(pending) {}
-  ~PosixFile() override;
+      : open_(std::make_shared<Descriptor>(descriptor)),
+        path_(std::move(path)),
+        newIn_(std::move(newIn)),
+        pending_(pending) {}
   PosixFile(const PosixFile&) = delete;
   PosixFile& operator=(const PosixFile&) = delete;
 
@@ -32,7 +35,7 @@ class PosixFile final : public DiskFile {
   Outcome MakeRoom(std::uint64_t offset, std::uint64_t size);
   Outcome Failed(std::string_view what) const;
 
-  int descriptor_;
+  SharedDescriptor open_;
   std::string path_;
   std::string newIn_;
   PendingSyncs& pending_;

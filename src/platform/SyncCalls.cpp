@@ -53,6 +53,22 @@ bool PlainlyWritten(const fiemap_extent& extent) {
   return (extent.fe_flags & ~kPlain) == 0;
 }
 
+/// No holes, and no room that was only set aside: filling such changes more than the data.
+bool LiesWritten(int descriptor, std::uint64_t length) {
+  // The system's structure ends in an array of any length.
+  alignas(fiemap) std::array<std::byte, sizeof(fiemap) + kExtents * sizeof(fiemap_extent)> room{};
+  fiemap& map = *new (room.data()) fiemap{};
+  map.fm_length = length;
+  map.fm_extent_count = kExtents;
+  if (length == 0 || ioctl(descriptor, FS_IOC_FIEMAP, &map) != 0) return false;
+  std::uint64_t end = 0;
+  for (const fiemap_extent& extent : std::span(map.fm_extents, std::min(map.fm_mapped_extents, kExtents))) {
+    if (extent.fe_logical > end || !PlainlyWritten(extent)) return false;
+    end = extent.fe_logical + extent.fe_length;
+  }
+  return end >= length;
+}
+
 class LinuxCalls final : public SyncCalls {
  public:
   int Sync(int descriptor) override {
@@ -73,10 +89,7 @@ class LinuxCalls final : public SyncCalls {
     return sync_file_range(descriptor, 0, 0, kAll) == 0 ? 0 : errno;
   }
 
-  // By way of the folder: it has next to never anything of its own to write, while a sync of the file would
-  // write its time stamps as well where there is no journal.
-  int Flush(const std::string& path, std::uint64_t device) override {
-    if (!HasNoJournal(device)) return ENOSYS;
+  int SyncFolderOf(const std::string& path, std::uint64_t device) override {
     const std::string folder = path.substr(0, path.rfind('/') + 1);
     const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (descriptor < 0) return ENOSYS;
@@ -88,28 +101,15 @@ class LinuxCalls final : public SyncCalls {
 
   FileFacts Facts(int descriptor) override {
     const std::optional<FileStatus> file = StatusOf(descriptor);
-    struct statfs system {};
-    if (!file || fstatfs(descriptor, &system) != 0) return {};
-    return {.device = file->device,
-            .inode = file->inode,
-            .length = file->length,
-            .blocks = file->blocks,
-            .inPlace = system.f_type == EXT4_SUPER_MAGIC};
+    if (!file) return {};
+    return {.device = file->device, .inode = file->inode, .length = file->length, .blocks = file->blocks};
   }
 
-  bool LiesWritten(int descriptor, std::uint64_t length) override {
-    // The system's structure ends in an array of any length.
-    alignas(fiemap) std::array<std::byte, sizeof(fiemap) + kExtents * sizeof(fiemap_extent)> room{};
-    fiemap& map = *new (room.data()) fiemap{};
-    map.fm_length = length;
-    map.fm_extent_count = kExtents;
-    if (length == 0 || ioctl(descriptor, FS_IOC_FIEMAP, &map) != 0) return false;
-    std::uint64_t end = 0;
-    for (const fiemap_extent& extent : std::span(map.fm_extents, std::min(map.fm_mapped_extents, kExtents))) {
-      if (extent.fe_logical > end || !PlainlyWritten(extent)) return false;
-      end = extent.fe_logical + extent.fe_length;
-    }
-    return end >= length;
+  Place PlaceOf(int descriptor, const FileFacts& facts) override {
+    struct statfs system {};
+    const bool known = fstatfs(descriptor, &system) == 0 && system.f_type == EXT4_SUPER_MAGIC;
+    if (!known || !LiesWritten(descriptor, facts.length)) return Place::kUnknown;
+    return HasNoJournal(facts.device) ? Place::kFixedWithoutJournal : Place::kFixed;
   }
 };
 

@@ -6,17 +6,24 @@
 
 namespace vintoral {
 
-/// What tells whether a write changed more than bytes that the disk holds already.
+/// What tells one file from another, and from what it was.
 struct FileFacts {
   std::uint64_t device = 0;
   std::uint64_t inode = 0;
   std::uint64_t length = 0;  ///< bytes
   std::uint64_t blocks = 0;  ///< of 512 bytes on the disk
-  /// The file system writes over a file's bytes where they lie, and the sync of a regular file flushes the
-  /// disk's own memory.
-  bool inPlace = false;
 
   friend bool operator==(const FileFacts&, const FileFacts&) = default;
+};
+
+/// Where a write over a file's bytes goes.
+enum class Place {
+  kUnknown,
+  /// To where they lie: each of them has its place on the disk and has been written there. The sync of a
+  /// regular file flushes the disk's own memory.
+  kFixed,
+  /// The same, and so does the sync of a folder.
+  kFixedWithoutJournal,
 };
 
 /// Each answers 0 or the system's errno, if not told otherwise.
@@ -30,14 +37,12 @@ class SyncCalls {
   virtual int Start(int descriptor) = 0;
   /// Returns when the data have reached the disk, though perhaps only its memory.
   virtual int AwaitData(int descriptor) = 0;
-  /// Flushes the memory of the disk `device`, on which the file at `path` lies, and writes nothing of that
-  /// file. ENOSYS where that can't be had alone.
-  virtual int Flush(const std::string& path, std::uint64_t device) = 0;
+  /// Syncs the folder that holds the file at `path`. ENOSYS when that can't be had, or isn't on the disk
+  /// `device`.
+  virtual int SyncFolderOf(const std::string& path, std::uint64_t device) = 0;
   /// All zero where the system can't say.
   virtual FileFacts Facts(int descriptor) = 0;
-  /// Every byte of the file has its place on the disk and has been written there: no holes, no room that was
-  /// only set aside. False where the system can't say.
-  virtual bool LiesWritten(int descriptor, std::uint64_t length) = 0;
+  virtual Place PlaceOf(int descriptor, const FileFacts& facts) = 0;
 
   /// This system's own.
   static SyncCalls& System();

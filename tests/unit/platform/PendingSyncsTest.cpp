@@ -3,6 +3,8 @@
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <linux/magic.h>
+#include <sys/vfs.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -20,29 +22,16 @@ namespace {
 using test::TempFolder;
 
 /// A descriptor that exists and can't be synced.
-class Unsyncable {
- public:
-  Unsyncable() : descriptor_(open("/", O_PATH | O_CLOEXEC)) {}
-  ~Unsyncable() { Close(); }
-  Unsyncable(const Unsyncable&) = delete;
-  Unsyncable& operator=(const Unsyncable&) = delete;
-  int Get() const { return descriptor_; }
-  void Close() {
-    if (descriptor_ >= 0) close(descriptor_);
-    descriptor_ = -1;
-  }
-
- private:
-  int descriptor_;
-};
+SharedDescriptor Unsyncable() {
+  return std::make_shared<Descriptor>(open("/", O_PATH | O_CLOEXEC));
+}
 
 TEST(PendingSyncs, OutermostEndSyncsAll) {
   PendingSyncs pending;
-  Unsyncable file;
   EXPECT_FALSE(pending.Waiting());
   pending.Begin();
   pending.Begin();
-  EXPECT_TRUE(pending.Add(file.Get(), "/srv/x"));
+  pending.Add(Unsyncable(), "/srv/x");
   EXPECT_TRUE(pending.End());
   EXPECT_TRUE(pending.Waiting());
   const Outcome ended = pending.End();
@@ -51,21 +40,15 @@ TEST(PendingSyncs, OutermostEndSyncsAll) {
   EXPECT_FALSE(pending.Waiting());
 }
 
-TEST(PendingSyncs, FileMayBeClosedMeanwhileAndIsSyncedOnce) {
+TEST(PendingSyncs, FileStaysOpenUntilItIsSyncedAndIsSyncedOnce) {
   PendingSyncs pending;
-  Unsyncable file;
   pending.Begin();
-  EXPECT_TRUE(pending.Add(file.Get(), "x"));
-  file.Close();
+  const SharedDescriptor file = Unsyncable();
+  pending.Add(file, "x");
+  EXPECT_EQ(file.use_count(), 2);
   EXPECT_FALSE(pending.End());
+  EXPECT_EQ(file.use_count(), 1);
   pending.Begin();
-  EXPECT_TRUE(pending.End());
-}
-
-TEST(PendingSyncs, ClosedDescriptorIsNotNoted) {
-  PendingSyncs pending;
-  pending.Begin();
-  EXPECT_FALSE(pending.Add(-1, "x"));
   EXPECT_TRUE(pending.End());
 }
 
@@ -75,23 +58,23 @@ class RecordedCalls : public SyncCalls {
   int Sync(int descriptor) override { return Note("sync", descriptor, FailSync); }
   int Start(int descriptor) override { return Note("start", descriptor, FailStart); }
   int AwaitData(int descriptor) override { return Note("await", descriptor, FailAwait); }
-  int Flush(const std::string& path, std::uint64_t device) override {
-    log_.push_back("flush " + std::to_string(device) + " at " + path);
-    return FailFlush;
+  int SyncFolderOf(const std::string& path, std::uint64_t device) override {
+    log_.push_back("folder of " + path + " on " + std::to_string(device));
+    return FailFolder;
   }
   FileFacts Facts(int descriptor) override { return Files[NameOf(descriptor)]; }
 
-  bool LiesWritten(int descriptor, std::uint64_t length) override {
-    EXPECT_EQ(length, Files[NameOf(descriptor)].length);
-    return Written;
+  Place PlaceOf(int descriptor, const FileFacts& facts) override {
+    EXPECT_EQ(facts, Files[NameOf(descriptor)]);
+    return Where;
   }
 
   std::vector<std::string> Take() { return std::exchange(log_, {}); }
 
   std::map<std::string, FileFacts> Files;
   std::map<std::string, int> FailSync, FailStart, FailAwait;
-  int FailFlush = 0;
-  bool Written = true;
+  int FailFolder = 0;
+  Place Where = Place::kFixedWithoutJournal;
 
  private:
   static std::string NameOf(int descriptor) {
@@ -114,27 +97,24 @@ class SlotAndRow : public testing::Test {
  protected:
   SlotAndRow() {
     for (const char* name : {"slot", "row"})
-      descriptors_[name] = open(folder_.Path(name).c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
-    calls_.Files["slot"] = {.device = 1, .inode = 10, .length = 188'188, .blocks = 368, .inPlace = true};
-    calls_.Files["row"] = {.device = 1, .inode = 11, .length = 376, .blocks = 8, .inPlace = true};
-  }
-  ~SlotAndRow() override {
-    for (const auto& [name, descriptor] : descriptors_)
-      close(descriptor);
+      files_[name] =
+          std::make_shared<Descriptor>(open(folder_.Path(name).c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
+    calls_.Files["slot"] = {.device = 1, .inode = 10, .length = 188'188, .blocks = 368};
+    calls_.Files["row"] = {.device = 1, .inode = 11, .length = 376, .blocks = 8};
   }
 
   /// Twice: the second time the register is known to have stayed as it was.
   void SaveSlot() {
     for (int i = 0; i < 2; ++i)
-      EXPECT_TRUE(pending_.SyncNow(descriptors_["slot"], "slot"));
+      EXPECT_TRUE(pending_.SyncNow(*files_["slot"], "slot"));
     calls_.Take();
   }
   /// What is asked of the system when both are waited for, after the start of each.
   std::vector<std::string> Retire() {
     calls_.Files["row"].length += 188;
     pending_.Begin();
-    EXPECT_TRUE(pending_.Add(descriptors_["slot"], "slot"));
-    EXPECT_TRUE(pending_.Add(descriptors_["row"], "row"));
+    pending_.Add(files_["slot"], "slot");
+    pending_.Add(files_["row"], "row");
     EXPECT_EQ(calls_.Take(), (Calls{"start slot", "start row"}));
     ended_ = pending_.End();
     return calls_.Take();
@@ -144,7 +124,7 @@ class SlotAndRow : public testing::Test {
   const TempFolder folder_;
   RecordedCalls calls_;
   PendingSyncs pending_{calls_};
-  std::map<std::string, int> descriptors_;
+  std::map<std::string, SharedDescriptor> files_;
   Outcome ended_ = Outcome::Done();
 };
 
@@ -161,10 +141,10 @@ TEST_F(SlotAndRow, SlotHasItsOwnUntilTheRegisterIsKnown) {
 }
 
 TEST_F(SlotAndRow, RegisterWithRoomThatWasOnlySetAsideIsSyncedWhole) {
-  calls_.Written = false;
+  calls_.Where = Place::kUnknown;
   SaveSlot();
   EXPECT_EQ(Retire(), (Calls{"sync row", "sync slot"}));
-  calls_.Written = true;
+  calls_.Where = Place::kFixed;
   EXPECT_EQ(Retire(), (Calls{"sync row", "sync slot"}));
   EXPECT_EQ(Retire(), (Calls{"await slot", "sync row"}));
 }
@@ -172,34 +152,34 @@ TEST_F(SlotAndRow, RegisterWithRoomThatWasOnlySetAsideIsSyncedWhole) {
 TEST_F(SlotAndRow, OnTwoDisksAreFlushedOnBoth) {
   calls_.Files["row"].device = 2;
   SaveSlot();
-  EXPECT_EQ(Retire(), (Calls{"await slot", "sync row", "flush 1 at slot"}));
+  EXPECT_EQ(Retire(), (Calls{"await slot", "sync row", "folder of slot on 1"}));
   EXPECT_TRUE(ended_);
 }
 
 TEST_F(SlotAndRow, SlotAloneTakesAFlush) {
   SaveSlot();
   pending_.Begin();
-  EXPECT_TRUE(pending_.Add(descriptors_["slot"], "slot"));
+  pending_.Add(files_["slot"], "slot");
   EXPECT_TRUE(pending_.End());
-  EXPECT_EQ(calls_.Take(), (Calls{"start slot", "await slot", "flush 1 at slot"}));
+  EXPECT_EQ(calls_.Take(), (Calls{"start slot", "await slot", "folder of slot on 1"}));
 }
 
 TEST_F(SlotAndRow, DiskThatCannotBeFlushedAloneSyncsWhole) {
   calls_.Files["row"].device = 2;
-  calls_.FailFlush = ENOSYS;
+  calls_.FailFolder = ENOSYS;
   SaveSlot();
-  EXPECT_EQ(Retire(), (Calls{"await slot", "sync row", "flush 1 at slot", "sync slot"}));
+  EXPECT_EQ(Retire(), (Calls{"await slot", "sync row", "folder of slot on 1", "sync slot"}));
   EXPECT_TRUE(ended_);
   calls_.FailSync["slot"] = EIO;
-  EXPECT_EQ(Retire(), (Calls{"await slot", "sync row", "flush 1 at slot", "sync slot"}));
+  EXPECT_EQ(Retire(), (Calls{"await slot", "sync row", "folder of slot on 1", "sync slot"}));
   EXPECT_EQ(ended_.Describe(), "sync slot: Input/output error");
 }
 
 TEST_F(SlotAndRow, FailedFlushIsNotAskedForAgain) {
   calls_.Files["row"].device = 2;
-  calls_.FailFlush = EIO;
+  calls_.FailFolder = EIO;
   SaveSlot();
-  EXPECT_EQ(Retire(), (Calls{"await slot", "sync row", "flush 1 at slot"}));
+  EXPECT_EQ(Retire(), (Calls{"await slot", "sync row", "folder of slot on 1"}));
   EXPECT_EQ(ended_.Describe(), "flush the disk of slot: Input/output error");
 }
 
@@ -216,18 +196,22 @@ TEST_F(SlotAndRow, FailedHeadStartIsAFailure) {
   EXPECT_TRUE(ended_);
 }
 
-TEST_F(SlotAndRow, WhereBytesAreNotWrittenInPlaceHaveTheirOwn) {
-  calls_.Files["slot"].inPlace = calls_.Files["row"].inPlace = false;
+TEST_F(SlotAndRow, WithAJournalTheSlotsOwnSyncFlushes) {
+  calls_.Where = Place::kFixed;
   SaveSlot();
-  EXPECT_EQ(Retire(), (Calls{"sync row", "sync slot"}));
+  EXPECT_EQ(Retire(), (Calls{"await slot", "sync row"}));
+  pending_.Begin();
+  pending_.Add(files_["slot"], "slot");
+  EXPECT_TRUE(pending_.End());
+  EXPECT_EQ(calls_.Take(), (Calls{"start slot", "await slot", "sync slot"}));
 }
 
 TEST_F(SlotAndRow, RegisterThatChangedIsSyncedWholeUntilItIsKnownAgain) {
   const FileFacts before = calls_.Files["slot"];
   SaveSlot();
-  for (const FileFacts& now : {FileFacts{1, 10, before.length + 188, 368, true},  // it grew
-                               FileFacts{1, 10, before.length, 376, true},        // a hole was filled
-                               FileFacts{1, 99, before.length, 368, true}}) {     // it was replaced
+  for (const FileFacts& now : {FileFacts{1, 10, before.length + 188, 368},  // it grew
+                               FileFacts{1, 10, before.length, 376},        // a hole was filled
+                               FileFacts{1, 99, before.length, 368}}) {     // it was replaced
     calls_.Files["slot"] = now;
     EXPECT_EQ(Retire(), (Calls{"sync row", "sync slot"}));
     EXPECT_EQ(Retire(), (Calls{"sync row", "sync slot"}));
@@ -252,7 +236,7 @@ TEST_F(SlotAndRow, SystemThatCannotAwaitSyncsWhole) {
 TEST_F(SlotAndRow, RowThatCannotBeSyncedLeavesTheFlushToTheSlot) {
   SaveSlot();
   calls_.FailSync["row"] = EIO;
-  EXPECT_EQ(Retire(), (Calls{"await slot", "sync row", "flush 1 at slot"}));
+  EXPECT_EQ(Retire(), (Calls{"await slot", "sync row", "folder of slot on 1"}));
   EXPECT_EQ(ended_.Describe(), "sync row: Input/output error");
 }
 
@@ -260,7 +244,7 @@ TEST_F(SlotAndRow, ManyFilesLaterTheSlotIsSyncedWholeAgain) {
   SaveSlot();
   for (std::uint64_t other = 20; other < 28; ++other) {
     calls_.Files["row"].inode = other;
-    EXPECT_TRUE(pending_.SyncNow(descriptors_["row"], "row"));
+    EXPECT_TRUE(pending_.SyncNow(*files_["row"], "row"));
   }
   calls_.Take();
   EXPECT_EQ(Retire(), (Calls{"sync row", "sync slot"}));
@@ -281,10 +265,9 @@ TEST(SyncCalls, ThisSystemTellsFilesApart) {
   EXPECT_EQ(calls.Start(a), 0);
   EXPECT_EQ(calls.AwaitData(a), 0);
   const std::uint64_t disk = calls.Facts(a).device;
-  // Done where there is no journal, and refused where there is one.
-  EXPECT_THAT(calls.Flush(folder.Path("a"), disk), testing::AnyOf(0, ENOSYS));
-  EXPECT_EQ(calls.Flush(folder.Path("a"), disk + 1), ENOSYS);
-  EXPECT_EQ(calls.Flush(folder.Path("missing/a"), disk), ENOSYS);
+  EXPECT_EQ(calls.SyncFolderOf(folder.Path("a"), disk), 0);
+  EXPECT_EQ(calls.SyncFolderOf(folder.Path("a"), disk + 1), ENOSYS);
+  EXPECT_EQ(calls.SyncFolderOf(folder.Path("missing/a"), disk), ENOSYS);
   close(a);
   close(b);
   EXPECT_EQ(calls.Facts(a), FileFacts{});
@@ -300,27 +283,21 @@ TEST(SyncCalls, KnowsWhatWasOnlySetAside) {
   folder.Put("aside", "");
   folder.Put("empty", "");
   SyncCalls& calls = SyncCalls::System();
-  const auto lies = [&](const char* name, auto prepare) {
-    const int descriptor = open(folder.Path(name).c_str(), O_RDWR | O_CLOEXEC);
-    prepare(descriptor);
-    EXPECT_EQ(calls.Sync(descriptor), 0);
-    const bool written = calls.LiesWritten(descriptor, calls.Facts(descriptor).length);
-    const bool inPlace = calls.Facts(descriptor).inPlace;
-    close(descriptor);
-    return written || !inPlace;  // of other file systems nobody asks
+  const auto fixed = [&](const char* name, auto prepare) {
+    const Descriptor file(open(folder.Path(name).c_str(), O_RDWR | O_CLOEXEC));
+    prepare(file.Number());
+    EXPECT_EQ(calls.Sync(file.Number()), 0);
+    return calls.PlaceOf(file.Number(), calls.Facts(file.Number())) != Place::kUnknown;
   };
-  EXPECT_TRUE(lies("full", [](int) {}));
-  const int here = open(folder.Path().c_str(), O_RDONLY | O_CLOEXEC);
-  const bool asked = calls.Facts(here).inPlace;
-  close(here);
-  if (asked) {
-    EXPECT_FALSE(lies("hole", [&](int file) {
-      EXPECT_EQ(pwrite(file, full.data(), 4096, 0), 4096);
-      EXPECT_EQ(pwrite(file, full.data(), 4096, 12288), 4096);
-    }));
-    EXPECT_FALSE(lies("aside", [](int file) { EXPECT_EQ(fallocate(file, 0, 0, 16384), 0); }));
-    EXPECT_FALSE(lies("empty", [](int) {}));
-  }
+  struct statfs system {};
+  ASSERT_EQ(statfs(folder.Path().c_str(), &system), 0);
+  EXPECT_EQ(fixed("full", [](int) {}), system.f_type == EXT4_SUPER_MAGIC);  // of others nothing is known
+  EXPECT_FALSE(fixed("hole", [&](int file) {
+    EXPECT_EQ(pwrite(file, full.data(), 4096, 0), 4096);
+    EXPECT_EQ(pwrite(file, full.data(), 4096, 12288), 4096);
+  }));
+  EXPECT_FALSE(fixed("aside", [](int file) { EXPECT_EQ(fallocate(file, 0, 0, 16384), 0); }));
+  EXPECT_FALSE(fixed("empty", [](int) {}));
 }
 
 TEST(SyncTogether, FilesAreWrittenAndSyncedByTheEnd) {
