@@ -1,5 +1,6 @@
 // The link to the shared folder.
 #include "records/LineaTexto.h"
+#include "records/Registro.h"
 #include "records/TextoUtf8.h"
 #include "station/form1/Form1.h"
 
@@ -46,6 +47,12 @@ void Form1::EstadoConexion(bool conectado) {
   if (conectado && FichaEnPantalla()) LblFechaEnt.Caption = FichaMostrada().MarcaEntrada.Trimmed();
 }
 
+void Form1::RecortarHistorial() {
+  const String path = RutaCompartida("Vintoral.HST");
+  if (!Registro<RegistroFicha>(platform_.disk, path, OpenMode::kRead).EndsInACutRow()) return;
+  Registro<RegistroFicha>(platform_.disk, path, OpenMode::kReadWrite).DropCutRow().PassOver();
+}
+
 void Form1::TmrConexion_Timer() {
   constexpr int kConnecting = 3000, kConnected = 10000;
   const Color bar = LblConexion[0].BackColor;
@@ -57,6 +64,7 @@ void Form1::TmrConexion_Timer() {
       TmrHoraFecha.SetEnabled(true);
       TmrMonitor.SetEnabled(true);
       if (!etiquetasLeidas_) CargarEtiquetas();
+      RecortarHistorial();
       Form_KeyDown('W', 4);
     }
     if (bar == kLightRed) EstadoConexion(true);

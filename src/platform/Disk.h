@@ -36,6 +36,8 @@ class DiskFile {
   /// Makes room for the file to grow to `length` bytes without changing its length; done where the file
   /// system can't say.
   virtual Outcome Reserve(std::uint64_t length) = 0;
+  /// Makes the file shorter.
+  virtual Outcome Cut(std::uint64_t length) = 0;
   /// Takes the append lock: an open-file-description lock beyond any data, waited for at most 100 ms. On a
   /// file system without locks, or when the wait runs out, the caller goes on without; nothing is reported.
   virtual void LockAppend() = 0;

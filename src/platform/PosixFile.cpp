@@ -137,6 +137,14 @@ Outcome PosixFile::MakeRoom(std::uint64_t offset, std::uint64_t size) {
   return Outcome::Done();
 }
 
+Outcome PosixFile::Cut(std::uint64_t length) {
+  int result = 0;
+  do
+    result = ftruncate(open_->Number(), static_cast<off_t>(length));
+  while (result != 0 && errno == EINTR);
+  return result == 0 ? Outcome::Done() : Failed("cut");
+}
+
 void PosixFile::LockAppend() {
   for (const std::int64_t position : kLockPositions) {
     const Lock lock = WaitForLock(open_->Number(), position);

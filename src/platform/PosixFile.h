@@ -27,6 +27,7 @@ class PosixFile final : public DiskFile {
   std::optional<std::uint64_t> Length() override;
   Outcome Sync() override;
   Outcome Reserve(std::uint64_t length) override;
+  Outcome Cut(std::uint64_t length) override;
   void LockAppend() override;
   void UnlockAppend() override;
 

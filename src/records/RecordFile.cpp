@@ -74,6 +74,20 @@ std::int64_t RecordFile::NextRow() const {
   return length ? static_cast<std::int64_t>(*length / blank_.size()) + 1 : 0;
 }
 
+bool RecordFile::EndsInACutRow() const {
+  constexpr std::uint64_t kPage = 4096;
+  const std::uint64_t length = file_.Length().value_or(0);
+  return length % kPage == 0 && length % blank_.size() != 0;
+}
+
+Outcome RecordFile::DropCutRow() {
+  // Another station may just be between its two pages.
+  const AppendLock lock(file_);
+  if (!EndsInACutRow()) return Outcome::Done();
+  const std::uint64_t length = file_.Length().value_or(0);
+  return file_.Cut(length - length % blank_.size());
+}
+
 BlockReader::BlockReader(DiskFile& file, std::span<const char> blank, std::int64_t first, std::int64_t last)
     : file_(file),
       blank_(blank),

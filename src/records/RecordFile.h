@@ -25,6 +25,11 @@ class RecordFile {
   Outcome Write(std::int64_t number, std::span<const char> record);
   /// The number that the next appended record gets, or 0 when the system failed.
   std::int64_t NextRow() const;
+  /// Whether the last record ends where a page of the file does: so a write is cut whose process was killed
+  /// between two pages, and it was never confirmed.
+  bool EndsInACutRow() const;
+  /// Takes such a record away, under the append lock. Whatever else a register ends in stays.
+  Outcome DropCutRow();
 
   /// No register is as long; what lies beyond is a damaged number.
   static constexpr std::int64_t kMostRecords = std::int64_t{1} << 40;

@@ -66,6 +66,9 @@ class Registro {
   Outcome ReserveRow() {
     return file_ ? file_->Reserve(static_cast<std::uint64_t>(Count() + 1) * R::kSize) : opened_;
   }
+  /// See RecordFile.
+  bool EndsInACutRow() const { return file_ && Bytes().EndsInACutRow(); }
+  Outcome DropCutRow() { return file_ ? Bytes().DropCutRow() : opened_; }
   /// Appends at length / size + 1 under the append lock: `fill(number)` gives the record once the row is
   /// known. A torn last record is overwritten. Synced, after the lock is given back: the row is taken as soon
   /// as it is written, and no other station waits for this one's disk.

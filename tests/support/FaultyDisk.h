@@ -124,6 +124,9 @@ class FaultyDisk final : public Disk {
       if (Gone()) return Error(ENOTCONN);
       return faults_->failSync ? Error(EIO) : file_->Sync();
     }
+    Outcome Cut(std::uint64_t length) override {
+      return faults_->failAllWrites ? Error(faults_->writeError) : file_->Cut(length);
+    }
     Outcome Reserve(std::uint64_t length) override {
       if (Gone()) return Error(ENOTCONN);
       const bool fails = faults_->failReserve || faults_->failAllWrites;

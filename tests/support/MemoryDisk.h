@@ -111,6 +111,11 @@ class MemoryDisk final : public Disk {
       return Outcome::Done();
     }
     Outcome Reserve(std::uint64_t) override { return Outcome::Done(); }
+    Outcome Cut(std::uint64_t length) override {
+      if (readOnly_) return Outcome::Failed("cut", "in memory", EBADF);
+      bytes_->resize(std::min<std::uint64_t>(length, bytes_->size()));
+      return Outcome::Done();
+    }
     void LockAppend() override {}
     void UnlockAppend() override {}
 

@@ -234,6 +234,8 @@ class Form1 : public ScreenModel {
   std::optional<RegistroFicha> LeerPuesto(std::int64_t numero);
   const RegistroFicha& FichaMostrada() const;
   void EstadoConexion(bool conectado);
+  /// Takes away what a process that was killed in the middle of a write has left at the end of the history.
+  void RecortarHistorial();
   void MostrarPorteria();
   bool ReservarHistorial();
 

@@ -355,5 +355,21 @@ TEST(RetirarFicha, ACategoryWithoutPriceHasNoCashLineAndChargesNothing) {
   EXPECT_EQ(station.History(2).ValorCobrado, Money());
 }
 
+TEST(Historial, ARowThatAKillHasCutIsGoneOnceTheStationIsConnected) {
+  MemoryStation station;
+  station.Disk.Put("Multimedia\\Vintoral.HST", std::string(4096, ' '));  // 21 rows, and a piece
+  station.Start();
+  EXPECT_EQ(station.Disk.Get("Multimedia\\Vintoral.HST").size(), 4096u);
+  station.Pass(3000);
+  EXPECT_EQ(station.Disk.Get("Multimedia\\Vintoral.HST").size(), 21 * RegistroFicha::kSize);
+}
+
+TEST(Historial, ARegisterThatSomebodyHasCutElsewhereStaysAsItIs) {
+  MemoryStation station;
+  station.Disk.Put("Multimedia\\Vintoral.HST", std::string(4000, ' '));
+  station.StartConnected();
+  EXPECT_EQ(station.Disk.Get("Multimedia\\Vintoral.HST").size(), 4000u);
+}
+
 }  // namespace
 }  // namespace vintoral

@@ -225,5 +225,15 @@ TEST(AppendLock, TwoStationsLoseNoRow) {
   EXPECT_EQ(rows.size(), 2u * kRows);
 }
 
+TEST(PosixFile, IsCut) {
+  const test::TempFolder folder;
+  folder.Put("register", "0123456789");
+  PosixDisk disk(folder.Path());
+  EXPECT_TRUE(disk.Open("register", OpenMode::kReadWrite)->Cut(4));
+  EXPECT_EQ(folder.Get("register"), "0123");
+  EXPECT_EQ(disk.Open("register", OpenMode::kRead)->Cut(2).Error(), EINVAL);
+  EXPECT_EQ(folder.Get("register"), "0123");
+}
+
 }  // namespace
 }  // namespace vintoral

@@ -316,5 +316,31 @@ TEST(Registro, WriteIsOneLookAndOneWrite) {
   EXPECT_EQ(disk.Operations() - before, 3);  // length, write, sync
 }
 
+TEST(Registro, DropsARowThatWasCutAtTheEndOfAPage) {
+  // 33 records of 124 bytes end at 4092, so the 34th lies across the pages.
+  MemoryDisk disk;
+  const std::string whole = Blanks(33 * 124);
+  disk.Put(kUsr, whole + Blanks(4));
+  Users users(disk, kUsr, OpenMode::kReadWrite);
+  EXPECT_TRUE(users.EndsInACutRow());
+  EXPECT_TRUE(users.DropCutRow());
+  EXPECT_EQ(disk.Get(kUsr), whole);
+  EXPECT_FALSE(users.EndsInACutRow());
+  EXPECT_TRUE(users.DropCutRow());
+  EXPECT_EQ(disk.Get(kUsr), whole);
+}
+
+TEST(Registro, KeepsWhateverElseARegisterEndsIn) {
+  MemoryDisk disk;
+  for (const std::size_t length :
+       {std::size_t{4097}, std::size_t{4095}, std::size_t{100}, std::size_t{0}, std::size_t{4096} * 31}) {
+    disk.Put(kUsr, Blanks(length));
+    Users users(disk, kUsr, OpenMode::kReadWrite);
+    EXPECT_FALSE(users.EndsInACutRow()) << length;
+    EXPECT_TRUE(users.DropCutRow());
+    EXPECT_EQ(disk.Get(kUsr).size(), length);
+  }
+}
+
 }  // namespace
 }  // namespace vintoral
