@@ -4,21 +4,17 @@
 #include <string>
 
 #include "records/ArchivosNuevos.h"
+#include "support/Bytes.h"
 #include "support/MemoryStation.h"
 
 namespace vintoral {
 namespace {
 
+using test::Encoded;
 using test::MemoryStation;
 
 constexpr const char* kAct = "Multimedia\\Vintoral.ACT";
 constexpr const char* kUsr = "Multimedia\\Vintoral.USR";
-
-template <class R>
-std::string BytesOf(const R& record) {
-  const auto bytes = record.Encode();
-  return {bytes.data(), bytes.size()};
-}
 
 class MostrarFichaTest : public testing::Test {
  protected:
@@ -36,14 +32,14 @@ class MostrarFichaTest : public testing::Test {
     ficha.Posicion = 7;
     ficha.UsuarioPuntos = user;
     std::string act(ActNuevo().Bytes());
-    act.replace(6 * RegistroFicha::kSize, RegistroFicha::kSize, BytesOf(ficha));
+    act.replace(6 * RegistroFicha::kSize, RegistroFicha::kSize, Encoded(ficha));
     station_.Disk.Put(kAct, act);
   }
   void User(std::int32_t points) {
     RegistroUsuario user;
     user.Placa = "AAA";
     user.Puntos = points;
-    station_.Disk.Put(kUsr, BytesOf(user));
+    station_.Disk.Put(kUsr, Encoded(user));
   }
 
   MemoryStation station_;

@@ -11,16 +11,11 @@
 namespace vintoral {
 namespace {
 
+using test::Encoded;
 using test::MemoryStation;
 
 constexpr const char* kDat = "Recursos\\Vintoral.DAT";
 constexpr const char* kLbl = "Multimedia\\Vintoral.LBL";
-
-template <class R>
-std::string BytesOf(const R& record) {
-  const auto bytes = record.Encode();
-  return {bytes.data(), bytes.size()};
-}
 
 void Close(MemoryStation& station) {
   station.Answers = {Answer::kYes};
@@ -43,7 +38,7 @@ TEST(EstadoPantalla, MinutesOfDeparturesAreAnAmount) {
   RegistroMixto screen;
   screen.Importe = Money::FromUnits(40'000);
   MemoryStation station;
-  station.Disk.Put(kDat, BytesOf(screen));
+  station.Disk.Put(kDat, Encoded(screen));
   station.Start();
   EXPECT_EQ(station.Form.PctBoton[9].Tag, "40000"_w);
   Close(station);
@@ -58,7 +53,7 @@ TEST(Etiquetas, FaceMemoryIsOnForMinusOneAlone) {
     RegistroEtiquetas labels;
     labels.MemoriaRostros = number;
     MemoryStation station;
-    station.Disk.Put(kLbl, BytesOf(labels));
+    station.Disk.Put(kLbl, Encoded(labels));
     station.Start();
     EXPECT_EQ(station.Form.ImgIndicador[2].Visible, number == -1) << number;
   }
@@ -70,7 +65,7 @@ TEST(Etiquetas, AreStoredWhereTheyWereReadThoughTheFichasAreAway) {
   labels.MemoriaRostros = -1;
   MemoryStation station;
   station.Disk.Put("Objetos\\Servidor.INI", "/mnt/porteria\r\n");
-  station.Disk.Put("/mnt/porteria/Vintoral.LBL", BytesOf(labels));
+  station.Disk.Put("/mnt/porteria/Vintoral.LBL", Encoded(labels));
   station.Start();
   ASSERT_EQ(station.Form.TxtEtiqueta[1].Text(), "PATENTE "_w);
   station.Form.AlternarMemoriaRostros();
