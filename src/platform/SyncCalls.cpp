@@ -57,12 +57,13 @@ bool PlainlyWritten(const fiemap_extent& extent) {
 bool LiesWritten(int descriptor, std::uint64_t length) {
   // The system's structure ends in an array of any length.
   alignas(fiemap) std::array<std::byte, sizeof(fiemap) + kExtents * sizeof(fiemap_extent)> room{};
-  fiemap& map = *new (room.data()) fiemap{};
+  fiemap& map = *std::launder(reinterpret_cast<fiemap*>(room.data()));
   map.fm_length = length;
   map.fm_extent_count = kExtents;
   if (length == 0 || ioctl(descriptor, FS_IOC_FIEMAP, &map) != 0) return false;
   std::uint64_t end = 0;
-  for (const fiemap_extent& extent : std::span(map.fm_extents, std::min(map.fm_mapped_extents, kExtents))) {
+  const fiemap_extent* const first = map.fm_extents;
+  for (const fiemap_extent& extent : std::span(first, std::min(map.fm_mapped_extents, kExtents))) {
     if (extent.fe_logical > end || !PlainlyWritten(extent)) return false;
     end = extent.fe_logical + extent.fe_length;
   }
