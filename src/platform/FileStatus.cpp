@@ -28,10 +28,14 @@ bool FileStatus::IsFolder() const {
 }
 
 std::optional<FileStatus> StatusOf(const std::string& path) {
-  return Ask(AT_FDCWD, path.c_str(), 0);
+  return Ask(AT_FDCWD, path.c_str(), AT_STATX_FORCE_SYNC);
 }
 
 std::optional<FileStatus> StatusOf(int descriptor) {
+  return Ask(descriptor, "", AT_EMPTY_PATH | AT_STATX_FORCE_SYNC);
+}
+
+std::optional<FileStatus> RememberedStatusOf(int descriptor) {
   return Ask(descriptor, "", AT_EMPTY_PATH);
 }
 

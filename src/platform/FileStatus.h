@@ -22,8 +22,11 @@ struct FileStatus {
   bool IsFolder() const;
 };
 
-/// Nothing, with errno set, when it is missing or the system failed. Links are followed.
+/// Nothing, with errno set, when it is missing or the system failed. Links are followed. As the server has it
+/// now: a mount may remember what another gate has changed since, or a server that is gone.
 std::optional<FileStatus> StatusOf(const std::string& path);
 std::optional<FileStatus> StatusOf(int descriptor);
+/// The same, but from the mount's memory where it has one: enough for what doesn't change.
+std::optional<FileStatus> RememberedStatusOf(int descriptor);
 
 }  // namespace vintoral

@@ -47,7 +47,7 @@ int OpenRegular(const std::string& path, int flags) {
     descriptor = open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, 0666);
   while (descriptor < 0 && errno == EINTR);
   if (descriptor < 0) return -1;
-  const std::optional<FileStatus> status = StatusOf(descriptor);
+  const std::optional<FileStatus> status = RememberedStatusOf(descriptor);
   if (status && status->IsFile()) return descriptor;
   close(descriptor);
   errno = status && status->IsFolder() ? EISDIR : EINVAL;
