@@ -63,11 +63,6 @@ Lock WaitForLock(int descriptor, std::int64_t position) {
 /// The smallest piece that file systems give room for.
 constexpr std::uint64_t kPage = 4096;
 
-/// What a file system answers that doesn't know the request, as opposed to one that failed in it.
-bool Unsupported(int error) {
-  return error == EOPNOTSUPP || error == ENOSYS || error == EINVAL;
-}
-
 }  // namespace
 
 Outcome PosixFile::Failed(std::string_view what) const {
@@ -133,7 +128,7 @@ Outcome PosixFile::MakeRoom(std::uint64_t offset, std::uint64_t size) {
     result =
         fallocate(open_->Number(), FALLOC_FL_KEEP_SIZE, static_cast<off_t>(offset), static_cast<off_t>(size));
   while (result != 0 && errno == EINTR);
-  if (result != 0 && !Unsupported(errno)) return Failed("make room in");
+  if (result != 0 && !UnknownRequest(errno)) return Failed("make room in");
   return Outcome::Done();
 }
 
