@@ -36,7 +36,7 @@ class DiskFile {
   /// Makes room for the file to grow to `length` bytes without changing its length; done where the file
   /// system can't say.
   virtual Outcome Reserve(std::uint64_t length) = 0;
-  /// Makes the file shorter.
+  /// Makes the file shorter. Refused without the append lock: another station may be in the middle of a row.
   virtual Outcome Cut(std::uint64_t length) = 0;
   /// Takes the append lock: an open-file-description lock beyond any data, waited for at most 100 ms. On a
   /// file system without locks, or when the wait runs out, the caller goes on without; nothing is reported.

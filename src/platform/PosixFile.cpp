@@ -133,6 +133,7 @@ Outcome PosixFile::MakeRoom(std::uint64_t offset, std::uint64_t size) {
 }
 
 Outcome PosixFile::Cut(std::uint64_t length) {
+  if (!lockedAt_) return Outcome::Failed("cut", path_, ENOLCK);
   int result = 0;
   do
     result = ftruncate(open_->Number(), static_cast<off_t>(length));

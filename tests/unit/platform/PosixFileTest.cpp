@@ -225,13 +225,18 @@ TEST(AppendLock, TwoStationsLoseNoRow) {
   EXPECT_EQ(rows.size(), 2u * kRows);
 }
 
-TEST(PosixFile, IsCut) {
+TEST(PosixFile, IsCutUnderTheAppendLockAlone) {
   const test::TempFolder folder;
   folder.Put("register", "0123456789");
   PosixDisk disk(folder.Path());
-  EXPECT_TRUE(disk.Open("register", OpenMode::kReadWrite)->Cut(4));
+  const auto file = disk.Open("register", OpenMode::kReadWrite);
+  EXPECT_EQ(file->Cut(4).Error(), ENOLCK);
+  EXPECT_EQ(folder.Get("register"), "0123456789");
+  file->LockAppend();
+  EXPECT_TRUE(file->Cut(4));
+  file->UnlockAppend();
   EXPECT_EQ(folder.Get("register"), "0123");
-  EXPECT_EQ(disk.Open("register", OpenMode::kRead)->Cut(2).Error(), EINVAL);
+  EXPECT_EQ(file->Cut(2).Error(), ENOLCK);
   EXPECT_EQ(folder.Get("register"), "0123");
 }
 
