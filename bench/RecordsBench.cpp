@@ -23,7 +23,7 @@ constexpr int kUsers = 100'000;
 
 void FillSlots(Disk& disk) {
   disk.Replace(kAct, ActNuevo()).PassOver();
-  Registro<RegistroFicha> act(disk, kAct, OpenMode::kReadWrite);
+  Register<RegistroFicha> act(disk, kAct, OpenMode::kReadWrite);
   for (std::int64_t number = 1; number <= kSlots; ++number) {
     RegistroFicha ficha;
     ficha.EnUso = true;
@@ -105,7 +105,7 @@ void ViewOf1000Inside(benchmark::State& state) {
   for (auto _ : state) {
     view = {};
     view.reserve(kSlots);
-    const Registro<RegistroFicha> act(disk, kAct, OpenMode::kRead);
+    const Register<RegistroFicha> act(disk, kAct, OpenMode::kRead);
     act.Walk(1, kSlots, [&](std::int64_t, const RegistroFicha& ficha) {
       if (EstaDentro(ficha)) view.push_back(ficha);
       return true;
@@ -121,7 +121,7 @@ void MonitorOf1000Inside(benchmark::State& state) {
   const Moment now = ParseDateTime("03/02/2026 10:00:00").value();
   for (auto _ : state) {
     std::vector<RegistroFicha> view;
-    const Registro<RegistroFicha> act(disk, kAct, OpenMode::kRead);
+    const Register<RegistroFicha> act(disk, kAct, OpenMode::kRead);
     act.Walk(1, kSlots, [&](std::int64_t, const RegistroFicha& ficha) {
       if (EstaDentro(ficha) && PermaneceDesde(ficha, now, 10)) view.push_back(ficha);
       return true;
@@ -159,9 +159,9 @@ BENCHMARK(OnePassOfReadOverBoth)->Unit(benchmark::kMicrosecond);
 void PlateNotAmong100000Users(benchmark::State& state) {
   PosixDisk& disk = TheHouse().disk();
   for (auto _ : state) {
-    const Registro<RegistroFicha> act(disk, kAct, OpenMode::kRead);
+    const Register<RegistroFicha> act(disk, kAct, OpenMode::kRead);
     if (BuscarPlacaDentro(act, "XBC-NONE", kSlots) != 0) state.SkipWithError("found inside");
-    const Registro<RegistroUsuario> users(disk, kUsr, OpenMode::kRead);
+    const Register<RegistroUsuario> users(disk, kUsr, OpenMode::kRead);
     if (BuscarPlaca(users, "XBC-NONE") != 0) state.SkipWithError("found among the users");
   }
 }

@@ -22,7 +22,7 @@
 
 #include "common/Numbers.h"
 #include "platform/headless/HeadlessPlatform.h"
-#include "records/Registro.h"
+#include "records/Register.h"
 #include "records/RegistroUsuario.h"
 #include "station/form1/Form1.h"
 #include "station/form1/Input.h"
@@ -69,7 +69,7 @@ class Gate {
     };
     platform_.Clock.Set(*Moment::From({.year = 2026, .month = 11, .day = 20, .hour = 14}));
     form_.Form_Load();
-    Registro<RegistroUsuario> users(platform_.Devices().disk, form_.RutaCompartida("Vintoral.USR"),
+    Register<RegistroUsuario> users(platform_.Devices().disk, form_.RutaCompartida("Vintoral.USR"),
                                     OpenMode::kReadWrite);
     for (int number = 1; number <= kUsers; ++number) {
       RegistroUsuario user;
@@ -94,7 +94,7 @@ class Gate {
   void Retire() { form_.PctBoton_Click(6); }
   /// Rows in the history, which begins with one of its own.
   std::int64_t Retired() {
-    const Registro<RegistroFicha> hst(platform_.Devices().disk, form_.RutaCompartida("Vintoral.HST"),
+    const Register<RegistroFicha> hst(platform_.Devices().disk, form_.RutaCompartida("Vintoral.HST"),
                                       OpenMode::kRead);
     return hst.Count();
   }

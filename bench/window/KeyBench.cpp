@@ -9,8 +9,8 @@
 #include "Benches.h"
 #include "app/Station.h"
 #include "common/Numbers.h"
-#include "records/Registro.h"
-#include "window/Theme.h"
+#include "records/Register.h"
+#include "window/controls/Theme.h"
 
 namespace vintoral::bench {
 
@@ -41,7 +41,7 @@ void FillHouse(Station& station) {
   ficha.Categoria = station.Form.CboTarifa[1].Text();
   ficha.PorteriaEntrada = "01";
   ficha.PorteriaSalida = "??";
-  Registro<RegistroFicha> act(station.Devices.Disk, "Multimedia\\Vintoral.ACT", OpenMode::kReadWrite);
+  Register<RegistroFicha> act(station.Devices.Disk, "Multimedia\\Vintoral.ACT", OpenMode::kReadWrite);
   for (int i = 1; i < kFichas; ++i) {
     ficha.Posicion = i;
     ficha.NumeroFicha = Digits(i, 4);

@@ -9,7 +9,7 @@
 
 #include "Benches.h"
 #include "app/Station.h"
-#include "window/Theme.h"
+#include "window/controls/Theme.h"
 
 namespace vintoral::bench {
 

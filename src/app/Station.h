@@ -5,7 +5,7 @@
 
 #include "platform/desktop/DesktopPlatform.h"
 #include "station/form1/Form1.h"
-#include "window/MainWindow.h"
+#include "window/form1/MainWindow.h"
 
 namespace vintoral {
 

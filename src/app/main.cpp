@@ -4,7 +4,7 @@
 
 #include "app/EndSignals.h"
 #include "app/Station.h"
-#include "window/Theme.h"
+#include "window/controls/Theme.h"
 
 int main(int argc, char** argv) {
   vintoral::Station::PrepareToolkit();

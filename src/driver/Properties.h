@@ -3,8 +3,8 @@
 
 #include <nlohmann/json.hpp>
 
-#include "station/form1/Controls.h"
 #include "station/form1/Form1.h"
+#include "station/forms/Controls.h"
 
 namespace vintoral {
 

@@ -1,6 +1,6 @@
 #include "common/Numbers.h"
 #include "records/BuscarPlaca.h"
-#include "records/Registro.h"
+#include "records/Register.h"
 #include "station/form1/Form1.h"
 
 namespace vintoral {
@@ -19,7 +19,7 @@ bool Form1::BuscarUsuario(std::int32_t enPantalla) {
     LimpiarCampos();
     return false;
   }
-  const Registro<RegistroUsuario> usuarios(platform_.disk, RutaCompartida("Vintoral.USR"), OpenMode::kRead);
+  const Register<RegistroUsuario> usuarios(platform_.disk, RutaCompartida("Vintoral.USR"), OpenMode::kRead);
   // With the users out of reach the next free number is unknown: a guess would be somebody else's.
   if (!usuarios && !usuarios.Missing()) {
     usuarios.Opened().PassOver();
@@ -41,7 +41,7 @@ bool Form1::BuscarUsuario(std::int32_t enPantalla) {
 }
 
 bool Form1::PlacaAdentro(const String& placa) {
-  const Registro<RegistroFicha> act(platform_.disk, RutaCompartida("Vintoral.ACT"), OpenMode::kRead);
+  const Register<RegistroFicha> act(platform_.disk, RutaCompartida("Vintoral.ACT"), OpenMode::kRead);
   act.Opened().PassOver();
   const std::int64_t slot = act ? BuscarPlacaDentro(act, placa, TotalFichas) : 0;
   if (slot == 0) return false;
@@ -72,7 +72,7 @@ void Form1::LlenarUsuario() {
 
 std::int64_t Form1::LeerPuntosUsuario(std::int32_t numero) {
   if (numero <= 0) return 0;
-  const Registro<RegistroUsuario> usuarios(platform_.disk, RutaCompartida("Vintoral.USR"), OpenMode::kRead);
+  const Register<RegistroUsuario> usuarios(platform_.disk, RutaCompartida("Vintoral.USR"), OpenMode::kRead);
   if (!usuarios.Missing()) usuarios.Opened().PassOver();
   const std::optional<RegistroUsuario> record = usuarios.Read(numero);
   if (!record) return 0;

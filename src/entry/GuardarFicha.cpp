@@ -1,5 +1,5 @@
 #include "common/Numbers.h"
-#include "records/Registro.h"
+#include "records/Register.h"
 #include "station/form1/Form1.h"
 
 namespace vintoral {
@@ -9,7 +9,7 @@ std::int64_t Form1::NumeroDeFicha() const {
 }
 
 std::optional<RegistroFicha> Form1::LeerPuesto(std::int64_t numero) {
-  const Registro<RegistroFicha> act(platform_.disk, RutaCompartida("Vintoral.ACT"), OpenMode::kRead);
+  const Register<RegistroFicha> act(platform_.disk, RutaCompartida("Vintoral.ACT"), OpenMode::kRead);
   const std::optional<RegistroFicha> puesto = act.Read(numero);
   if (!puesto) {
     act.Opened().PassOver();
@@ -64,7 +64,7 @@ void Form1::AnotarEntrada(const String& registro, std::int64_t numero) {
   ficha.PorteriaSalida = "??";
   ficha.Posicion = static_cast<std::int32_t>(numero);
   ficha.UsuarioPuntos = NumeroUsuario;
-  Registro<RegistroFicha> act(platform_.disk, registro, OpenMode::kReadWrite);
+  Register<RegistroFicha> act(platform_.disk, registro, OpenMode::kReadWrite);
   (act ? act.Write(numero, ficha, true) : act.Opened()).PassOver();
 }
 

@@ -1,7 +1,7 @@
 #include <cstdlib>
 
 #include "common/Numbers.h"
-#include "records/Registro.h"
+#include "records/Register.h"
 #include "station/form1/Form1.h"
 
 namespace vintoral {
@@ -61,7 +61,7 @@ bool Form1::ConfirmacionVencida() const {
 }
 
 std::optional<RegistroFicha> Form1::LiberarPuesto(std::int64_t numero) {
-  Registro<RegistroFicha> act(platform_.disk, RutaCompartida("Vintoral.ACT"), OpenMode::kReadWrite);
+  Register<RegistroFicha> act(platform_.disk, RutaCompartida("Vintoral.ACT"), OpenMode::kReadWrite);
   const std::optional<RegistroFicha> puesto = act ? act.Read(numero) : std::nullopt;
   // Without the slot, or without room for the history row, the ficha stays inside and on display: to free it
   // now would lose the money that goes with it.
@@ -86,7 +86,7 @@ std::optional<RegistroFicha> Form1::LiberarPuesto(std::int64_t numero) {
 void Form1::DevolverPuesto(std::int64_t numero, const RegistroFicha& puesto) {
   TmrConexion.SetInterval(100);
   FichaActual = puesto;
-  Registro<RegistroFicha> act(platform_.disk, RutaCompartida("Vintoral.ACT"), OpenMode::kReadWrite);
+  Register<RegistroFicha> act(platform_.disk, RutaCompartida("Vintoral.ACT"), OpenMode::kReadWrite);
   const std::optional<RegistroFicha> ahora = act ? act.Read(numero) : std::nullopt;
   if (!ahora) return act.Opened().PassOver();
   // Nothing to give back where another gate freed the slot, or has filled it since.
@@ -95,7 +95,7 @@ void Form1::DevolverPuesto(std::int64_t numero, const RegistroFicha& puesto) {
 
 bool Form1::ReservarHistorial() {
   const String path = RutaCompartida("Vintoral.HST");
-  Registro<RegistroFicha> hst(platform_.disk, path, OpenMode::kReadWrite);
+  Register<RegistroFicha> hst(platform_.disk, path, OpenMode::kReadWrite);
   if (hst.Missing()) return true;  // told by RegistrarHistorial
   const Outcome reserved = hst ? hst.ReserveRow() : hst.Opened();
   reserved.PassOver();
@@ -104,7 +104,7 @@ bool Form1::ReservarHistorial() {
 
 bool Form1::RegistrarHistorial() {
   const String path = RutaCompartida("Vintoral.HST");
-  Registro<RegistroFicha> hst(platform_.disk, path, OpenMode::kReadWrite);
+  Register<RegistroFicha> hst(platform_.disk, path, OpenMode::kReadWrite);
   if (hst.Missing()) {
     TmrConexion.SetInterval(100);
     return true;

@@ -1,7 +1,7 @@
 // The link to the shared folder.
+#include "common/TextoUtf8.h"
 #include "records/LineaTexto.h"
-#include "records/Registro.h"
-#include "records/TextoUtf8.h"
+#include "records/Register.h"
 #include "station/form1/Form1.h"
 
 namespace vintoral {
@@ -49,8 +49,8 @@ void Form1::EstadoConexion(bool conectado) {
 
 void Form1::RecortarHistorial() {
   const String path = RutaCompartida("Vintoral.HST");
-  if (!Registro<RegistroFicha>(platform_.disk, path, OpenMode::kRead).EndsInACutRow()) return;
-  Registro<RegistroFicha>(platform_.disk, path, OpenMode::kReadWrite).DropCutRow().PassOver();
+  if (!Register<RegistroFicha>(platform_.disk, path, OpenMode::kRead).EndsInACutRow()) return;
+  Register<RegistroFicha>(platform_.disk, path, OpenMode::kReadWrite).DropCutRow().PassOver();
 }
 
 void Form1::TmrConexion_Timer() {

@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <memory>
 
+#include "common/TextoUtf8.h"
 #include "platform/FileStatus.h"
-#include "records/TextoUtf8.h"
 
 namespace vintoral {
 namespace {

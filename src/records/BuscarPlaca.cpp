@@ -40,7 +40,7 @@ class PlateMatcher {
 
 }  // namespace
 
-std::int64_t BuscarPlaca(const Registro<RegistroUsuario>& usuarios, std::string_view plate) {
+std::int64_t BuscarPlaca(const Register<RegistroUsuario>& usuarios, std::string_view plate) {
   const PlateMatcher matcher(plate);
   std::int64_t found = 0;
   if (!matcher.Searches()) return 0;
@@ -51,7 +51,7 @@ std::int64_t BuscarPlaca(const Registro<RegistroUsuario>& usuarios, std::string_
   return usuarios.WalkBytes(1, usuarios.Count(), visit) ? found : 0;
 }
 
-std::int64_t BuscarPlacaDentro(const Registro<RegistroFicha>& fichas, std::string_view plate,
+std::int64_t BuscarPlacaDentro(const Register<RegistroFicha>& fichas, std::string_view plate,
                                std::int64_t last) {
   const PlateMatcher matcher(plate);
   std::int64_t found = 0;

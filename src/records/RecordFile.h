@@ -1,4 +1,4 @@
-// A file of fixed-length records as bytes: what Registro<R> does for every R, written once.
+// A file of fixed-length records as bytes: what Register<R> does for every R, written once.
 #pragma once
 
 #include <cstddef>

@@ -4,7 +4,7 @@
 #include "common/Numbers.h"
 #include "records/LineaTexto.h"
 #include "records/Piezas.h"
-#include "records/Registro.h"
+#include "records/Register.h"
 #include "records/RegistroMixto.h"
 #include "station/form1/Form1.h"
 
@@ -27,7 +27,7 @@ constexpr std::int64_t kMostUnits = 922'337'203'685'477;
 /// Writes one record of DAT, whole on disk when this returns.
 void WriteDat(Disk& disk, std::int64_t number, const RegistroMixto& record) {
   disk.ClearReadOnly(kDat).PassOver();
-  Registro<RegistroMixto> dat(disk, kDat, OpenMode::kCreate);
+  Register<RegistroMixto> dat(disk, kDat, OpenMode::kCreate);
   (dat ? dat.Write(number, record, true) : dat.Opened()).PassOver();
 }
 
@@ -55,7 +55,7 @@ void Form1::CargarEtiquetas() {
   const bool stored = platform_.disk.Exists(path);
   etiquetasLeidas_ = stored || platform_.disk.Exists(RutaCompartida("Vintoral.ACT"));
   if (stored) {
-    const Registro<RegistroEtiquetas> lbl(platform_.disk, path, OpenMode::kRead);
+    const Register<RegistroEtiquetas> lbl(platform_.disk, path, OpenMode::kRead);
     const std::optional<RegistroEtiquetas> record = lbl ? lbl.Read(1) : std::nullopt;
     lbl.Opened().PassOver();
     if (!record || lbl.Count() < 1) return;
@@ -74,7 +74,7 @@ void Form1::GuardarEtiquetas() {
   if (!etiquetasLeidas_) return;  // the folder was away all along: what stands here are not the site's labels
   const String path = RutaCompartida("Vintoral.LBL");
   platform_.disk.ClearReadOnly(path).PassOver();
-  Registro<RegistroEtiquetas> lbl(platform_.disk, path, OpenMode::kCreate);
+  Register<RegistroEtiquetas> lbl(platform_.disk, path, OpenMode::kCreate);
   for (std::size_t i = 0; i < TxtEtiqueta.size(); ++i)
     EtiquetasActuales.Etiqueta[i] = Trim(TxtEtiqueta[i].Text());
   EtiquetasActuales.MemoriaRostros = ImgIndicador[2].Visible ? -1 : 0;
@@ -82,7 +82,7 @@ void Form1::GuardarEtiquetas() {
 }
 
 void Form1::CargarEstadoPantalla() {
-  const Registro<RegistroMixto> dat(platform_.disk, kDat, OpenMode::kRead);
+  const Register<RegistroMixto> dat(platform_.disk, kDat, OpenMode::kRead);
   if (!dat.Missing()) dat.Opened().PassOver();
   const std::optional<RegistroMixto> record = dat.Count() >= kEstado ? dat.Read(kEstado) : std::nullopt;
   if (!record) return;
@@ -111,7 +111,7 @@ void Form1::GuardarEstadoPantalla() {
 }
 
 void Form1::CargarDatosCall() {
-  const Registro<RegistroMixto> dat(platform_.disk, kDat, OpenMode::kRead);
+  const Register<RegistroMixto> dat(platform_.disk, kDat, OpenMode::kRead);
   if (!dat) return;
   RegistrosDePiezas pieces;
   for (std::size_t i = 0; i < pieces.size(); ++i) {
@@ -122,7 +122,7 @@ void Form1::CargarDatosCall() {
 }
 
 void Form1::CargarMarcas() {
-  const Registro<RegistroMixto> dat(platform_.disk, kDat, OpenMode::kRead);
+  const Register<RegistroMixto> dat(platform_.disk, kDat, OpenMode::kRead);
   const std::optional<RegistroMixto> record = dat.Count() >= kMarcas ? dat.Read(kMarcas) : std::nullopt;
   if (!record) return;
   if (record->Marca) CambiarModoFicha();

@@ -4,7 +4,7 @@
 
 #include "common/Numbers.h"
 #include "records/Monitores.h"
-#include "records/Registro.h"
+#include "records/Register.h"
 #include "station/form1/Form1.h"
 
 namespace vintoral {
@@ -23,7 +23,7 @@ void Form1::LiberarMemoria() {
 
 // FichaActual stays what it is: the fare of a ficha on display is computed from it.
 void Form1::CargarArchivoACT() {
-  const Registro<RegistroFicha> act(platform_.disk, RutaCompartida("Vintoral.ACT"), OpenMode::kRead);
+  const Register<RegistroFicha> act(platform_.disk, RutaCompartida("Vintoral.ACT"), OpenMode::kRead);
   if (!act) return;
   const Moment now = platform_.clock.Now();
   const int minutes = MinutesIn(CboMinutos.Text());
@@ -44,7 +44,7 @@ void Form1::CargarArchivoACT() {
 }
 
 void Form1::CargarSalidasHST() {
-  const Registro<RegistroFicha> hst(platform_.disk, RutaCompartida("Vintoral.HST"), OpenMode::kRead);
+  const Register<RegistroFicha> hst(platform_.disk, RutaCompartida("Vintoral.HST"), OpenMode::kRead);
   if (!hst) return TmrConexion.SetInterval(100);
   const Moment now = platform_.clock.Now();
   const int minutes = MinutesIn(CboMinutos.Text());

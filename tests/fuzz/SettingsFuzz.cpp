@@ -1,7 +1,7 @@
 // Any bytes as a text file of one line that holds a path.
+#include "common/TextoUtf8.h"
 #include "platform/NativePath.h"
 #include "records/LineaTexto.h"
-#include "records/TextoUtf8.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
   using namespace vintoral;

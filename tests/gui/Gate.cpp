@@ -10,8 +10,8 @@
 #include <QWindow>
 
 #include "platform/NativePath.h"
-#include "window/CaptionLabel.h"
-#include "window/ListField.h"
+#include "window/controls/CaptionLabel.h"
+#include "window/controls/ListField.h"
 
 namespace vintoral::test {
 

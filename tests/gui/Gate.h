@@ -15,7 +15,7 @@
 #include "platform/headless/VirtualClock.h"
 #include "station/form1/Form1.h"
 #include "support/TempFolder.h"
-#include "window/MainWindow.h"
+#include "window/form1/MainWindow.h"
 
 inline void PrintTo(const QString& text, std::ostream* out) {
   *out << '"' << text.toStdString() << '"';

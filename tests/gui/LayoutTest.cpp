@@ -4,7 +4,7 @@
 #include <QMap>
 
 #include "gui/Gate.h"
-#include "window/CaptionLabel.h"
+#include "window/controls/CaptionLabel.h"
 
 namespace vintoral::test {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <QApplication>
 
-#include "window/Theme.h"
+#include "window/controls/Theme.h"
 
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);

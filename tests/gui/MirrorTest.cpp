@@ -6,7 +6,7 @@
 #include <QTest>
 
 #include "gui/Gate.h"
-#include "window/PictureView.h"
+#include "window/controls/PictureView.h"
 
 namespace vintoral::test {
 namespace {

@@ -6,9 +6,9 @@
 #include <QTimer>
 
 #include "gui/Gate.h"
-#include "window/CaptionLabel.h"
-#include "window/Light.h"
-#include "window/Theme.h"
+#include "window/controls/CaptionLabel.h"
+#include "window/controls/Light.h"
+#include "window/controls/Theme.h"
 
 namespace vintoral::test {
 namespace {

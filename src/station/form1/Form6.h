@@ -3,7 +3,7 @@
 
 #include <array>
 
-#include "station/form1/Controls.h"
+#include "station/forms/Controls.h"
 
 namespace vintoral {
 

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "station/form1/Controls.h"
+#include "station/forms/Controls.h"
 
 namespace vintoral {
 

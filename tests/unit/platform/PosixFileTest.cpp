@@ -13,7 +13,7 @@
 
 #include "platform/PosixDisk.h"
 #include "records/ArchivosNuevos.h"
-#include "records/Registro.h"
+#include "records/Register.h"
 #include "records/RegistroFicha.h"
 #include "support/TempFolder.h"
 
@@ -123,7 +123,7 @@ TEST_F(PosixFileTest, ReplaceThatStopsHalfwayLeavesTheOldFileAlone) {
 
 TEST_F(PosixFileTest, AppendThatStopsHalfwayIsOverwrittenByTheNext) {
   folder_.Put("file", HstNuevo().Bytes());
-  Registro<RegistroFicha> hst(disk_, "file", OpenMode::kReadWrite);
+  Register<RegistroFicha> hst(disk_, "file", OpenMode::kReadWrite);
   const auto row = [](std::int64_t number) {
     RegistroFicha ficha;
     ficha.Posicion = static_cast<std::int32_t>(number);
@@ -184,7 +184,7 @@ TEST_F(PosixFileTest, LockKeepsNobodyFromReadingAndWriting) {
 void AppendRows(const std::string& folder, const char* gate, int count) {
   PosixDisk disk(folder);
   for (int i = 1; i <= count; ++i) {
-    Registro<RegistroFicha> hst(disk, "Vintoral.HST", OpenMode::kReadWrite);
+    Register<RegistroFicha> hst(disk, "Vintoral.HST", OpenMode::kReadWrite);
     const Outcome appended = hst.Append([&](std::int64_t row) {
       RegistroFicha ficha;
       ficha.EnUso = true;
@@ -213,7 +213,7 @@ TEST(AppendLock, TwoStationsLoseNoRow) {
     EXPECT_EQ(status, 0);
   }
   PosixDisk disk(folder.Path());
-  const Registro<RegistroFicha> hst(disk, "Vintoral.HST", OpenMode::kRead);
+  const Register<RegistroFicha> hst(disk, "Vintoral.HST", OpenMode::kRead);
   EXPECT_EQ(folder.Get("Vintoral.HST").size(), (1 + 2 * kRows) * 188u);
   std::set<std::pair<String, int>> rows;
   EXPECT_TRUE(hst.Walk(2, hst.Count(), [&](std::int64_t number, const RegistroFicha& ficha) {

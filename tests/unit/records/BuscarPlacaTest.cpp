@@ -18,7 +18,7 @@ using test::Zeros;
 std::int64_t FindUser(const std::string& file, std::string_view plate) {
   MemoryDisk disk;
   disk.Put("USR", file);
-  const Registro<RegistroUsuario> users(disk, "USR", OpenMode::kRead);
+  const Register<RegistroUsuario> users(disk, "USR", OpenMode::kRead);
   return BuscarPlaca(users, plate);
 }
 
@@ -29,7 +29,7 @@ std::string UserField(const std::string& field) {
 std::int64_t FindInside(const std::string& file, std::string_view plate, std::int64_t last = 1000) {
   MemoryDisk disk;
   disk.Put("ACT", file);
-  const Registro<RegistroFicha> act(disk, "ACT", OpenMode::kRead);
+  const Register<RegistroFicha> act(disk, "ACT", OpenMode::kRead);
   return BuscarPlacaDentro(act, plate, last);
 }
 
@@ -102,11 +102,11 @@ TEST(BuscarPlaca, FailingSystemFindsNobody) {
   MemoryDisk memory;
   test::FaultyDisk disk(memory);
   memory.Put("USR", UserField("AAA111"));
-  const Registro<RegistroUsuario> users(disk, "USR", OpenMode::kRead);
+  const Register<RegistroUsuario> users(disk, "USR", OpenMode::kRead);
   disk.Set().failRead = 1;
   EXPECT_EQ(BuscarPlaca(users, "AAA111"), 0);
   EXPECT_EQ(BuscarPlaca(users, "AAA111"), 1);
-  const Registro<RegistroUsuario> missing(disk, "NO", OpenMode::kRead);
+  const Register<RegistroUsuario> missing(disk, "NO", OpenMode::kRead);
   EXPECT_EQ(BuscarPlaca(missing, "AAA111"), 0);
 }
 

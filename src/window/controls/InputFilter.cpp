@@ -1,0 +1,83 @@
+#include "window/controls/InputFilter.h"
+
+#include <QApplication>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QWidget>
+
+#include "window/controls/Hands.h"
+#include "window/controls/Mirror.h"
+
+namespace vintoral {
+
+InputFilter::InputFilter(QWidget& window, Mirror& mirror, Hands& hands)
+    : QObject(&window), window_(window), mirror_(mirror), hands_(hands) {
+  qApp->installEventFilter(this);
+}
+
+bool InputFilter::InWindow(const QObject* watched) const {
+  if (!watched->isWidgetType()) return false;
+  const auto* const widget = static_cast<const QWidget*>(watched);
+  return widget->window() == &window_ && QApplication::activePopupWidget() == nullptr;
+}
+
+bool InputFilter::eventFilter(QObject* watched, QEvent* event) {
+  switch (event->type()) {
+    case QEvent::KeyPress:
+      if (!InWindow(watched)) return false;
+      hands_.Key(*static_cast<QKeyEvent*>(event));
+      return true;
+    case QEvent::ShortcutOverride:
+      if (!InWindow(watched)) return false;
+      event->accept();  // no widget has a key of its own
+      return true;
+    case QEvent::InputMethod:
+      return InWindow(watched) && InputMethod(watched, *static_cast<QInputMethodEvent*>(event));
+    case QEvent::MouseButtonPress:
+      if (InWindow(watched)) Press(watched, *static_cast<QMouseEvent*>(event));
+      return false;
+    case QEvent::MouseButtonRelease:
+      if (InWindow(watched)) Release(watched, *static_cast<QMouseEvent*>(event));
+      return false;
+    case QEvent::MouseButtonDblClick:
+      if (const View* view = InWindow(watched) ? mirror_.Of(watched) : nullptr)
+        hands_.DoubleClick(view->Model());
+      return false;
+    case QEvent::Enter:
+    case QEvent::ToolTip:  // a button that was pressed meanwhile has another text
+      if (const View* view = InWindow(watched) ? mirror_.Of(watched) : nullptr) hands_.Hover(view->Model());
+      return false;
+    default:
+      return false;
+  }
+}
+
+bool InputFilter::InputMethod(QObject* watched, QInputMethodEvent& event) {
+  if (replaying_) return false;
+  if (!event.commitString().isEmpty()) hands_.Type(event.commitString());
+  // What is still being composed is the widget's to show; it must not take the committed characters too.
+  QInputMethodEvent composing(event.preeditString(), event.attributes());
+  replaying_ = true;
+  QCoreApplication::sendEvent(watched, &composing);
+  replaying_ = false;
+  return true;
+}
+
+void InputFilter::Press(const QObject* watched, const QMouseEvent& event) {
+  const View* const view = mirror_.Of(watched);
+  pressed_ = event.button() == Qt::LeftButton ? watched : nullptr;
+  if (view != nullptr && view->Model().TakesFocus()) hands_.Focus(view->Model());
+}
+
+void InputFilter::Release(const QObject* watched, const QMouseEvent& event) {
+  View* const view = mirror_.Of(watched);
+  if (view == nullptr || watched != pressed_ || event.button() != Qt::LeftButton) return;
+  pressed_ = nullptr;
+  if (!view->Widget().rect().contains(event.position().toPoint())) return;
+  // The widget ends its own handling of the click first: what a click does may wait in a box.
+  QMetaObject::invokeMethod(
+      this, [this, view] { hands_.Click(view->Model()); }, Qt::QueuedConnection);
+}
+
+}  // namespace vintoral

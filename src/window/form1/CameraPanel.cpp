@@ -1,0 +1,75 @@
+#include "window/form1/CameraPanel.h"
+
+#include <QHBoxLayout>
+#include <QStackedLayout>
+
+#include "window/controls/CaptionLabel.h"
+#include "window/controls/IconButton.h"
+#include "window/controls/PictureView.h"
+#include "window/controls/Theme.h"
+#include "window/controls/Views.h"
+
+namespace vintoral {
+
+namespace {
+
+constexpr int kArrowRow = 32;
+constexpr int kArrowIcon = 20;
+
+}  // namespace
+
+CameraPanel::CameraPanel(Stage& stage, QWidget* parent)
+    : QWidget(parent), pictures_(new QWidget(this)), arrows_(new QWidget(this)) {
+  BuildPictures(stage);
+  BuildArrows(stage);
+}
+
+void CameraPanel::BuildPictures(Stage& stage) {
+  auto* const stack = new QStackedLayout(pictures_);
+  stack->setStackingMode(QStackedLayout::StackAll);
+  const PictureView::Look live{QStringLiteral("camera-none"), true, false};
+  const auto picture = [&](PictureBox& box, const PictureView::Look& look) {
+    auto* const view = new PictureView(look, pictures_);
+    stack->addWidget(view);
+    Bind(stage, box, *view);
+  };
+  picture(stage.form.Picture1, live);
+  picture(stage.form.dspPreview, live);
+  picture(stage.form.PctAppCamera, live);
+  picture(stage.form.Picture2, PictureView::Look{});
+
+  CaptionLabel::Look look;
+  look.weight = QFont::Bold;
+  look.color = theme::kMuted;
+  look.alignment = Qt::AlignCenter;
+  message_ = new CaptionLabel(look, this);
+  Bind(stage, stage.form.LblWebCamMsg, *message_);
+}
+
+void CameraPanel::BuildArrows(Stage& stage) {
+  auto* const row = new QHBoxLayout(arrows_);
+  row->setContentsMargins(0, 0, 0, 0);
+  const auto arrow = [&](const QString& icon) {
+    auto* const button = new IconButton(icon, kArrowRow, kArrowIcon, IconButton::Kind::kPlain, arrows_);
+    row->addWidget(button);
+    return button;
+  };
+  Bind(stage, stage.form.PctFotoDetalle[0], *arrow(QStringLiteral("arrow-left")));
+  row->addStretch(1);
+  BindPlain(stage, stage.form.ImgFotoDetalle, *arrow(QStringLiteral("arrow-down")));
+  row->addStretch(1);
+  Bind(stage, stage.form.PctFotoDetalle[1], *arrow(QStringLiteral("arrow-right")));
+}
+
+int CameraPanel::HeightAt(int width) {
+  return width * 3 / 4 + kArrowRow;
+}
+
+void CameraPanel::resizeEvent(QResizeEvent* /*event*/) {
+  const int height = this->height() - kArrowRow;
+  pictures_->setGeometry(0, 0, width(), height);
+  message_->setGeometry(0, height - kArrowRow, width(), kArrowRow);
+  arrows_->setGeometry(0, height, width(), kArrowRow);
+}
+
+}  // namespace vintoral

@@ -1,0 +1,90 @@
+#include "window/form1/MainWindow.h"
+
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QIcon>
+#include <QVBoxLayout>
+
+#include "window/controls/InputFilter.h"
+#include "window/controls/Theme.h"
+#include "window/controls/Views.h"
+#include "window/form1/FieldsPanel.h"
+#include "window/form1/GridPanel.h"
+#include "window/form1/SideColumn.h"
+#include "window/form1/StayPanel.h"
+#include "window/form1/ToolBar.h"
+#include "window/form1/ValuePanel.h"
+
+namespace vintoral {
+
+namespace {
+
+constexpr int kLeftLeast = 384, kLeftMost = 540;
+constexpr int kValueMost = 300;
+constexpr QSize kUsualSize{1366, 728};
+
+}  // namespace
+
+MainWindow::MainWindow(Form1& form, std::function<QString(std::string_view)> fileOf)
+    : form_(form), mirror_(form), ticker_(form, [this] { Refresh(); }), hands_(form, [this] { Refresh(); }) {
+  setObjectName(QStringLiteral("Form1"));
+  setWindowTitle(QStringLiteral("Vintoral 10.25"));
+  setWindowIcon(QIcon(QStringLiteral(":/icons/vintoral.svg")));
+  Stage stage{form_, mirror_, hands_, std::move(fileOf)};
+  Build(stage);
+  new InputFilter(*this, mirror_, hands_);  // the window owns it
+  resize(kUsualSize);
+  Refresh();
+}
+
+void MainWindow::Build(Stage& stage) {
+  auto* const column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  auto* const tools = new ToolBar(stage, this);
+  mirror_.RestOn(*tools);
+  column->addWidget(tools);
+  auto* const areas = new QHBoxLayout;
+  areas->setContentsMargins(theme::kGap, theme::kGap, theme::kGap, theme::kGap);
+  areas->setSpacing(theme::kGap);
+  areas->addWidget(BuildLeft(stage), 29);
+  areas->addWidget(new GridPanel(stage, this), 47);
+  areas->addWidget(new SideColumn(stage, this), 24);
+  column->addLayout(areas, 1);
+}
+
+QWidget* MainWindow::BuildLeft(Stage& stage) {
+  auto* const left = new QWidget(this);
+  left->setMinimumWidth(kLeftLeast);
+  left->setMaximumWidth(kLeftMost);
+  auto* const column = new QVBoxLayout(left);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(theme::kGap);
+  column->addWidget(new FieldsPanel(stage, left));
+  column->addWidget(new StayPanel(stage, left));
+  // The amount takes what is left, but stays one piece with the cash on a high screen.
+  auto* const value = new ValuePanel(stage, left);
+  value->setMaximumHeight(kValueMost);
+  constexpr int kFirst = 100;
+  column->addWidget(value, kFirst);
+  column->addStretch(1);
+  return left;
+}
+
+void MainWindow::Refresh() {
+  mirror_.Sync();
+  ticker_.Arm();
+}
+
+void MainWindow::Appear() {
+  Refresh();
+  if (!isVisible()) showMaximized();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  form_.CerrarVentana();
+  Refresh();
+  event->setAccepted(form_.Terminado());
+}
+
+}  // namespace vintoral

@@ -1,0 +1,43 @@
+// The station's one window.
+#pragma once
+
+#include <QWidget>
+#include <functional>
+
+#include "window/controls/Hands.h"
+#include "window/controls/Mirror.h"
+#include "window/controls/Ticker.h"
+
+class QHBoxLayout;
+
+namespace vintoral {
+
+struct Stage;
+
+class MainWindow : public QWidget {
+ public:
+  /// `fileOf` turns a station path into a file of this system. The station outlives its window.
+  MainWindow(Form1& form, std::function<QString(std::string_view)> fileOf);
+
+  /// Brings everything up to date: after an event, and before a wait inside one.
+  void Refresh();
+  /// On screen, in front, and up to date.
+  void Appear();
+  /// Runs the timers that are due, as the event loop does by itself.
+  void Tick() { ticker_.Tick(); }
+  const Mirror& Shown() const { return mirror_; }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void Build(Stage& stage);
+  QWidget* BuildLeft(Stage& stage);
+
+  Form1& form_;
+  Mirror mirror_;
+  Ticker ticker_;
+  Hands hands_;
+};
+
+}  // namespace vintoral
