@@ -25,7 +25,7 @@
 #include "records/Register.h"
 #include "records/RegistroUsuario.h"
 #include "station/form1/Form1.h"
-#include "station/form1/Input.h"
+#include "station/forms/Input.h"
 
 namespace vintoral {
 namespace {

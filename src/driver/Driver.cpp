@@ -1,5 +1,6 @@
 #include "driver/Driver.h"
 
+#include <algorithm>
 #include <stdexcept>
 #include <utility>
 
@@ -31,6 +32,7 @@ void Driver::Run() {
 }
 
 void Driver::Step() {
+  if (until_) return PassTime();
   Reply();
   const std::optional<std::string> line = read_();
   if (!line) throw Stopped();
@@ -41,15 +43,32 @@ void Driver::Reply() {
   if (!reply_) return;
   Json reply = *std::exchange(reply_, std::nullopt);
   reply["now"] = station_ ? Json(MomentText(station_->platform.Clock.Now())) : Json(nullptr);
-  reply["waiting"] = nullptr;
-  if (const Box* box = station_ ? station_->platform.Screen.Shown() : nullptr)
-    reply["waiting"] = BoxJson(*box);
+  reply["waiting"] = station_ ? WaitingJson() : Json(nullptr);
   reply["events"] = Json::array();
   if (station_) {
     for (const DeviceEvent& event : station_->platform.Events.Take())
       reply["events"].push_back(EventJson(event));
   }
   write_(reply.dump(-1, ' ', false, Json::error_handler_t::replace));
+}
+
+Json Driver::WaitingJson() const {
+  const Waiting* const waiting = station_->platform.Screen.Innermost();
+  if (waiting == nullptr) return nullptr;
+  if (waiting->box != nullptr) return BoxJson(*waiting->box);
+  if (waiting->form != nullptr) return {{"form", waiting->form->Name()}};
+  return {{"wait", std::max<std::int64_t>(waiting->until - station_->platform.Clock.Ticks(), 0)}};
+}
+
+void Driver::PassTime() {
+  VirtualClock& clock = station_->platform.Clock;
+  // A tick that opens a box or waits is answered from in there, so nothing is left to pass for those in
+  // between.
+  const std::int64_t until = *std::exchange(until_, std::nullopt);
+  const Waiting* const waiting = station_->platform.Screen.Innermost();
+  const bool waits = waiting != nullptr && waiting->box == nullptr && waiting->form == nullptr;
+  AdvanceUntil(clock, station_->forms, waits ? std::min(until, waiting->until) : until);
+  if (clock.Ticks() < until && !station_->forms.Ended()) until_ = until;
 }
 
 void Driver::Execute(const std::string& line) {
@@ -61,10 +80,16 @@ void Driver::Execute(const std::string& line) {
   }
 }
 
-void Driver::RequireIdle() const {
+void Driver::RequireNoBox() const {
   if (const Box* box = station_->platform.Screen.Shown()) {
     throw std::runtime_error("the box '" + box->title.ToUtf8() + "' is on screen");
   }
+}
+
+void Driver::RequireReach(const Form& form) const {
+  if (!form.Shown()) throw std::runtime_error("form '" + form.Name() + "' is not on screen");
+  if (station_->forms.Reaches(form)) return;
+  throw std::runtime_error("form '" + station_->forms.Active().Name() + "' holds form '" + form.Name() + "'");
 }
 
 void Driver::Dispatch(const Json& operation) {
@@ -79,12 +104,15 @@ void Driver::Dispatch(const Json& operation) {
   if (name == "clock") return station_->platform.Clock.Set(ParseMoment(Field<std::string>(operation, "now")));
   if (name == "fare") return Fare(operation);
   if (name == "get" || name == "state" || name == "view") return Look(name, operation);
-  RequireIdle();
+  RequireNoBox();
   Drive(name, operation);
 }
 
 void Driver::Start(const Json& operation) {
-  if (station_ && !station_->form.Terminado()) RequireIdle();
+  if (station_ && station_->platform.Screen.Innermost() != nullptr) {
+    RequireNoBox();
+    throw std::runtime_error("the station is waiting");
+  }
   const std::string folder = Field<std::string>(operation, "dir");
   const Moment before = station_ ? station_->platform.Clock.Now() : DefaultMoment();
   const Moment now = Has(operation, "now") ? ParseMoment(Field<std::string>(operation, "now")) : before;
@@ -111,12 +139,16 @@ void Driver::Advance(const Json& operation) {
   constexpr std::int64_t kMonth = 31LL * 24 * 3600 * 1000;
   const auto milliseconds = Field<std::int64_t>(operation, "ms");
   if (milliseconds < 0 || milliseconds > kMonth) throw std::runtime_error("field 'ms' is out of range");
-  AdvanceTime(station_->platform.Clock, station_->form, milliseconds);
+  until_ = station_->platform.Clock.Ticks() + milliseconds;
+}
+
+Form* Driver::FindForm(const std::string& name) const {
+  return station_->forms.Find(name);
 }
 
 Control& Driver::FindControl(const Json& operation) const {
   const auto name = Field<std::string>(operation, "control");
-  if (Control* control = FindNamed(station_->form, name)) return *control;
+  if (Control* control = FindNamed(station_->forms, name)) return *control;
   throw std::runtime_error("unknown control '" + name + "'");
 }
 
@@ -130,23 +162,35 @@ void Driver::Drive(const std::string& name, const Json& operation) {
     }
     return;
   }
-  if (name == "close") return station_->form.CerrarVentana();
-  if (name == "unload") {
-    const auto form = Field<std::string>(operation, "form");
-    throw std::runtime_error("form '" + form + (form == "Form1" ? "' is no dialog" : "' is not loaded"));
+  if (name == "close") {
+    RequireReach(station_->form);
+    return station_->input.CloseBox(station_->form);
   }
-  if (name == "hover" && IsFormName(Field<std::string>(operation, "control"))) return;
+  if (name == "unload") return DriveForm(name, operation);
+  if (name == "hover" && FindForm(Field<std::string>(operation, "control")) != nullptr)
+    return DriveForm(name, operation);
   Control& control = FindControl(operation);
-  Input& input = station_->input;
-  if (name == "click") return input.Click(control);
-  if (name == "dblclick") return input.DoubleClick(control);
-  if (name == "hover") return input.Hover(control);
+  RequireReach(*control.Owner);
+  if (name == "hover") return station_->input.Hover(control);
+  RequireUsable(control);
+  if (name == "click") return station_->input.Click(control);
+  if (name == "dblclick") return station_->input.DoubleClick(control);
   DriveControl(name, control, operation);
+}
+
+void Driver::DriveForm(const std::string& name, const Json& operation) {
+  const bool hover = name == "hover";
+  const auto named = Field<std::string>(operation, hover ? "control" : "form");
+  Form* const form = FindForm(named);
+  if (form == nullptr) throw std::runtime_error("form '" + named + "' is not loaded");
+  RequireReach(*form);
+  if (hover) return station_->input.Leave(*form);
+  if (form == &station_->form) throw std::runtime_error("form '" + named + "' is no dialog");
+  station_->input.CloseBox(*form);
 }
 
 void Driver::DriveControl(const std::string& name, Control& control, const Json& operation) {
   Input& input = station_->input;
-  RequireUsable(control);
   if (name == "focus") {
     if (!control.CanFocus) throw std::runtime_error("control '" + control.Name + "' takes no focus");
     return input.Focus(control);
@@ -161,8 +205,13 @@ void Driver::DriveControl(const std::string& name, Control& control, const Json&
   if (name == "check" && !input.Check(control, Field<int>(operation, "value"))) {
     throw std::runtime_error("control '" + control.Name + "' takes no such value");
   }
-  if (name == "tick") TickRow(control, operation);
-  if (name == "scroll") ScrollList(control, operation);
+  if (name == "tick" &&
+      !input.Tick(control, Field<int>(operation, "index"), Field<int>(operation, "value"))) {
+    throw std::runtime_error("control '" + control.Name + "' has no such tick");
+  }
+  if (name == "scroll" && !input.Scroll(control, Field<int>(operation, "top"))) {
+    throw std::runtime_error("control '" + control.Name + "' has no such row");
+  }
 }
 
 void Driver::Look(const std::string& name, const Json& operation) {
@@ -186,7 +235,7 @@ void Driver::Look(const std::string& name, const Json& operation) {
 
 void Driver::Fare(const Json& operation) {
   const auto text = [&](const char* field) { return String::FromUtf8(Field<std::string>(operation, field)); };
-  (*reply_)["fare"] = FareJson(station_->form.TablaTarifas, text("category"), text("entry"), text("exit"));
+  (*reply_)["fare"] = FareJson(station_->form, text("category"), text("entry"), text("exit"));
 }
 
 }  // namespace vintoral

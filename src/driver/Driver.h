@@ -15,7 +15,7 @@
 
 #include "platform/headless/HeadlessPlatform.h"
 #include "station/form1/Form1.h"
-#include "station/form1/Input.h"
+#include "station/forms/Input.h"
 
 namespace vintoral {
 
@@ -31,31 +31,41 @@ class Driver {
 
  private:
   struct Station {
-    explicit Station(const std::string& folder) : platform(folder), form(platform.Devices()), input(form) {}
+    explicit Station(const std::string& folder)
+        : platform(folder), form(platform.Devices()), forms(form.OpenForms), input(forms) {}
     HeadlessPlatform platform;
     Form1 form;
+    Forms& forms;
     Input input;
   };
 
   /// Answers the operation before, then reads and carries out the next one.
   void Step();
   void Reply();
+  Json WaitingJson() const;
+  /// Lets time pass that was asked for, as far as the station's innermost wait.
+  void PassTime();
   void Execute(const std::string& line);
   void Dispatch(const Json& operation);
   void Start(const Json& operation);
   void Drive(const std::string& name, const Json& operation);
+  void DriveForm(const std::string& name, const Json& operation);
   void Look(const std::string& name, const Json& operation);
   void AnswerBox(const Json& operation);
   void Advance(const Json& operation);
   void DriveControl(const std::string& name, Control& control, const Json& operation);
   void Fare(const Json& operation);
   Control& FindControl(const Json& operation) const;
-  void RequireIdle() const;
+  Form* FindForm(const std::string& name) const;
+  void RequireNoBox() const;
+  /// Refuses what another form holds.
+  void RequireReach(const Form& form) const;
 
   std::function<std::optional<std::string>()> read_;
   std::function<void(const std::string&)> write_;
   std::unique_ptr<Station> station_;
-  std::optional<Json> reply_;  ///< of the operation under way; written when the station waits again
+  std::optional<std::int64_t> until_;  ///< time is to pass until this moment of Clock::Ticks
+  std::optional<Json> reply_;          ///< of the operation under way; written when the station waits again
 };
 
 }  // namespace vintoral

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <utility>
 
-#include "tariffs/Valor.h"
+#include "tariffs/Tasacion.h"
 
 namespace vintoral {
 namespace {
@@ -46,11 +46,6 @@ const std::vector<String>* ItemsOf(const Control& control) {
   if (const auto* combo = dynamic_cast<const ComboBox*>(&control)) return &combo->List();
   if (const auto* list = dynamic_cast<const ListBox*>(&control)) return &list->List;
   return nullptr;
-}
-
-ListBox& RequireRows(Control& control) {
-  if (auto* list = dynamic_cast<ListBox*>(&control)) return *list;
-  throw std::runtime_error("control '" + control.Name + "' is no list");
 }
 
 /// A 0 of `shape` stands for any digit, every other character for itself.
@@ -148,13 +143,11 @@ std::optional<Answer> AnswerNamed(const std::string& name) {
   return std::nullopt;
 }
 
-Control* FindNamed(Form1& form, const std::string& name) {
-  constexpr std::string_view kPrefix = "Form1.";
-  return form.Find(name.starts_with(kPrefix) ? std::string_view(name).substr(kPrefix.size()) : name);
-}
-
-bool IsFormName(const std::string& name) {
-  return name == "Form1";
+Control* FindNamed(const Forms& forms, const std::string& name) {
+  const std::size_t point = name.find('.');
+  if (point == std::string::npos) return forms.Main().Find(name);
+  const Form* const form = forms.Find(std::string_view(name).substr(0, point));
+  return form == nullptr ? nullptr : form->Find(std::string_view(name).substr(point + 1));
 }
 
 int ItemIndex(const Control& control, const Json& operation) {
@@ -168,26 +161,6 @@ int ItemIndex(const Control& control, const Json& operation) {
   const auto alike = std::find_if(items->begin(), items->end(),
                                   [&](const String& item) { return EqualNoCase(Trim(item), Trim(wanted)); });
   return alike == items->end() ? -1 : static_cast<int>(alike - items->begin());
-}
-
-void TickRow(Control& control, const Json& operation) {
-  ListBox& list = RequireRows(control);
-  const int row = Field<int>(operation, "index");
-  const int value = Field<int>(operation, "value");
-  if (row < 0 || static_cast<std::size_t>(row) >= list.Checked.size()) {
-    throw std::runtime_error("control '" + control.Name + "' has no tick at that row");
-  }
-  if (value != 0 && value != 1) throw std::runtime_error("field 'value' is out of range");
-  list.Checked[static_cast<std::size_t>(row)] = value == 1;
-}
-
-void ScrollList(Control& control, const Json& operation) {
-  ListBox& list = RequireRows(control);
-  const int top = Field<int>(operation, "top");
-  if (top < 0 || static_cast<std::size_t>(top) >= list.List.size()) {
-    throw std::runtime_error("control '" + control.Name + "' has no such row");
-  }
-  list.TopIndex = top;
 }
 
 Json BoxJson(const Box& box) {
@@ -216,18 +189,16 @@ Json EventJson(const DeviceEvent& event) {
   return {{"event", "beep"}};
 }
 
-Json FareJson(const std::vector<String>& table, const String& category, const String& entry,
-              const String& exit) {
-  const std::optional<Estadia> known = EstadiaEntre(entry, exit);
-  const Estadia stay = known.value_or(Estadia{});
-  const Valor fare = CalcularValorDe(table, category, stay);
-  return {{"stay", known ? TextoEstadia(stay).ToUtf8() : "??"},
-          {"days", stay.dias},
-          {"hours", stay.horas},
-          {"minutes", stay.minutos},
-          {"value", fare.valor.Format().ToUtf8()},
-          {"shown", fare.conPrecio},
-          {"points", PuntosDe(stay)}};
+Json FareJson(const Form1& station, const String& category, const String& entry, const String& exit) {
+  const Duracion stay = DuracionEntre(entry, exit);
+  const Tasacion account = Tasar(station.TablaTarifas, category, stay.estadia);
+  return {{"stay", stay.texto.ToUtf8()},
+          {"days", stay.estadia.dias},
+          {"hours", stay.estadia.horas},
+          {"minutes", stay.estadia.minutos},
+          {"value", account.valor.valor.Format().ToUtf8()},
+          {"shown", account.valor.conPrecio},
+          {"points", account.puntos}};
 }
 
 }  // namespace vintoral

@@ -69,17 +69,14 @@ Moment DefaultMoment();
 std::string MomentText(Moment moment);
 
 std::optional<Answer> AnswerNamed(const std::string& name);
-/// By screen name, with or without the form's name before it.
-Control* FindNamed(Form1& form, const std::string& name);
-bool IsFormName(const std::string& name);
+/// By screen name: "TxtCampo(0)" of the main form, "Form4.LstArticulo" of any loaded one. Null for no
+/// control.
+Control* FindNamed(const Forms& forms, const std::string& name);
 /// The item that "index" or "text" names; -1 for none.
 int ItemIndex(const Control& control, const Json& operation);
-void TickRow(Control& control, const Json& operation);
-void ScrollList(Control& control, const Json& operation);
 
 Json BoxJson(const Box& box);
 Json EventJson(const DeviceEvent& event);
-Json FareJson(const std::vector<String>& table, const String& category, const String& entry,
-              const String& exit);
+Json FareJson(const Form1& station, const String& category, const String& entry, const String& exit);
 
 }  // namespace vintoral

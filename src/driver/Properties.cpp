@@ -61,6 +61,11 @@ class PropertyWriter : public ControlVisitor {
     out_["ListIndex"] = files.ListIndex;
   }
   void Visit(Timer& timer) override { out_["Interval"] = timer.Interval(); }
+  void Visit(OptionButton& option) override {
+    out_["Caption"] = option.Caption.ToUtf8();
+    out_["Value"] = option.Value ? 1 : 0;
+  }
+  void Visit(Chart& chart) override { out_["Caption"] = chart.Caption.ToUtf8(); }
 
  private:
   Json& out_;
@@ -85,6 +90,21 @@ void AddMarks(Json& state, const Form1& form) {
   state["BaseReloj"] = (DateText(form.BaseReloj) + " "_w + TimeText(form.BaseReloj)).ToUtf8();
   state["MinutoBase"] = form.MinutoBase;
   state["TiempoEjecucion"] = form.TiempoEjecucion;
+}
+
+/// A control's name as operations give it.
+std::string FullName(const Forms& forms, const Control& control) {
+  const bool main = control.Owner == &forms.Main();
+  return main ? control.Name : control.Owner->Name() + "." + control.Name;
+}
+
+void AddForms(Json& state, const Forms& forms) {
+  const Control* const focus = forms.Active().Focus();
+  state["focus"] = focus == nullptr ? Json(nullptr) : Json(FullName(forms, *focus));
+  state["active"] = forms.Active().Name();
+  state["forms"] = Json::array();
+  for (const Form* form : forms.Loaded())
+    state["forms"].push_back(form->Name());
 }
 
 }  // namespace
@@ -121,8 +141,7 @@ Json StateOf(const Form1& form) {
   state["TablaTarifas"] = TextList(form.TablaTarifas);
   state["TablaExtras"] = TextList(form.TablaExtras);
   state["TablaPrepago"] = TextList(form.TablaPrepago);
-  state["focus"] = form.Focus() == nullptr ? Json(nullptr) : Json(form.Focus()->Name);
-  state["forms"] = Json::array({"Form1"});
+  AddForms(state, form.OpenForms);
   return state;
 }
 

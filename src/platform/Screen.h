@@ -1,6 +1,11 @@
-// What the station asks of the screen beyond the controls: boxes, the beep, the wait cursor.
+// What the station asks of the screen beyond the controls: boxes, dialogs, waits, the beep, the wait cursor.
+//
+// A box, a modal form and a wait are three reasons to stay in one nested loop: timers tick and the screen is
+// alive in each of them, and the end of the program ends them all.
 #pragma once
 
+#include <cstdint>
+#include <string>
 #include <vector>
 
 #include "common/String.h"
@@ -19,12 +24,25 @@ struct Box {
   Answer preselected = Answer::kOk;
 };
 
+/// What a screen knows of a form.
+class ScreenForm {
+ public:
+  virtual ~ScreenForm() = default;
+  virtual const std::string& Name() const = 0;
+  /// It is on the screen: neither hidden nor closed.
+  virtual bool Shown() const = 0;
+};
+
 class Screen {
  public:
   virtual ~Screen() = default;
   /// Shows the box and waits; timers go on ticking meanwhile. When the program ends under the box, the answer
   /// is the one that changes nothing: kCancel where there is such a button, else kNo, else kOk.
   virtual Answer Show(const Box& box) = 0;
+  /// Shows the form over all others and returns when it is no longer shown or the program ends.
+  virtual void ShowModal(const ScreenForm& form) = 0;
+  /// Returns when the time has passed or the program ends; what hands do meanwhile is served.
+  virtual void Wait(std::int64_t milliseconds) = 0;
   virtual void Beep() = 0;
   /// The hourglass over the main window, or the ordinary pointer again.
   virtual void Busy(bool busy) = 0;

@@ -23,8 +23,9 @@ class System {
   /// Is there a shortcut of this name on the desktop?
   virtual bool HasShortcut(std::string_view name) = 0;
   virtual Outcome CreateShortcut(const Shortcut& shortcut) = 0;
-  /// Opens a file or folder in the user's own program without waiting. `command` is the station's text,
-  /// "Notepad.exe Objetos\Servidor.INI" or "Explorer.exe Fondos"; a missing program or file is passed over.
+  /// Opens a file, a folder or a web address in the user's own program without waiting. `command` is the
+  /// station's text, "Notepad.exe Objetos\Servidor.INI", "Explorer.exe Fondos" or "Explorer.exe https://…"; a
+  /// missing program or file is passed over.
   virtual void Launch(std::string_view command) = 0;
   /// The program ends as soon as control is back in the event loop.
   virtual void End() = 0;

@@ -33,18 +33,6 @@ void Form1::AlternarCodigoBarras() {
   PctBoton[10].Tag = "0"_w;
 }
 
-void Form1::AbrirTarifas() {
-  const Disk& disk = platform_.disk;
-  if (disk.Exists("Recursos\\Vintoral.EMP") && disk.Exists("Recursos\\Vintoral.XTR") &&
-      disk.Exists("Recursos\\Vintoral.RJE")) {
-    return;
-  }
-  const String text = "No se puede encontrar el archivo generador de tarifas. La carpeta '"_w +
-                      disk.CurrentFolder() + "' está protegida contra escritura o el archivo ya no existe."_w;
-  platform_.screen.Show(
-      {"Vintoral - Imposible Abrir Archivo"_w, text, Icon::kExclamation, {Answer::kOk}, Answer::kOk});
-}
-
 void Form1::OlvidarServidor() {
   const std::string_view file = "Objetos\\Servidor.INI";
   platform_.disk.ClearReadOnly(file).PassOver();

@@ -7,6 +7,7 @@
 #include "records/Register.h"
 #include "records/RegistroMixto.h"
 #include "station/form1/Form1.h"
+#include "tariffs/form6/Form6.h"
 
 namespace vintoral {
 namespace {
@@ -43,8 +44,8 @@ void Form1::CargarMoneda() {
 }
 
 void Form1::CopiarMoneda() {
-  if (Form6.TxtMoneda.TagNumber() != 1) return;
-  const String symbol = Left(TrimBlanks(Form6.TxtMoneda.Text()), kMonedaWidth);
+  if (Form6->TxtMoneda.TagNumber() != 1) return;
+  const String symbol = Left(TrimBlanks(Form6->TxtMoneda.Text()), kMonedaWidth);
   const Outcome written = platform_.disk.Replace(kDvs, ConFinDeLinea(symbol));
   written.PassOver();
   if (written) Moneda = symbol;

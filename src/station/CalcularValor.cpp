@@ -1,27 +1,28 @@
 // Stay and value of the ficha on display.
 #include "common/Numbers.h"
 #include "station/form1/Form1.h"
-#include "tariffs/Valor.h"
+#include "tariffs/Tasacion.h"
 
 namespace vintoral {
 
 String Form1::CalcularTiempo(std::string_view entrada, std::string_view salida) {
-  const std::optional<Estadia> stay = EstadiaEntre(entrada, salida);
-  Permanencia = stay.value_or(Estadia{});
-  return stay ? TextoEstadia(*stay) : "??"_w;
+  const Duracion stay = DuracionEntre(entrada, salida);
+  Permanencia = stay.estadia;
+  return stay.texto;
 }
 
 Money Form1::CalcularValor() {
   constexpr std::int64_t kMostPoints = 999'999;
+  const Tasacion account = Tasar(TablaTarifas, CboTarifa[0].Text(), Permanencia);
   if (ImgPuntos.Visible && ImgPuntos.TagNumber() == 0) {
-    PuntosEstadia = PuntosDe(Permanencia);
+    PuntosEstadia = account.puntos;
     if (PuntosAcumulados + PuntosEstadia > kMostPoints) PuntosAcumulados = 0;
   }
   LblPuntos[1].Caption = Digits(PuntosAcumulados + PuntosEstadia);
   LblFechaSal.Caption = StampOf(platform_.clock.Now());
   MarcaSalidaPendiente = LblFechaSal.Caption;
 
-  const Valor fare = CalcularValorDe(TablaTarifas, CboTarifa[0].Text(), Permanencia);
+  const Valor& fare = account.valor;
   if (!fare.encontrada) return {};
   Permanencia = fare.contada;
   LblValor.Visible = fare.conPrecio;

@@ -9,9 +9,9 @@ void Form1::Form_Load() {
   CrearCarpetas();
   if (!CargarServidor()) return;
   EscribirAyuda();
-  if (terminado_) return;
+  if (Terminado()) return;
   CrearAccesoDirecto();
-  if (terminado_) return;
+  if (Terminado()) return;
   MostrarPorteria();
   TotalFichas = 1000;
   LimiteFilas = 10946;
@@ -20,6 +20,7 @@ void Form1::Form_Load() {
   CrearArchivoNSR();
   CrearArchivoCRD();
   if (!disk.Exists("Recursos\\Vintoral.HFC")) disk.Replace("Recursos\\Vintoral.HFC", "").PassOver();
+  static_cast<void>(DireccionWeb());
   CargarMoneda();
   CrearTablasPredeterminadas();
   CargarEtiquetas();

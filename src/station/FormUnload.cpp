@@ -3,13 +3,13 @@
 namespace vintoral {
 
 void Form1::CerrarVentana() {
-  if (terminado_ || !Form_QueryUnload() || terminado_) return;
+  if (Terminado() || !Form_QueryUnload() || Terminado()) return;
   Form_Unload();
   Terminar();
 }
 
 void Form1::CerrarSinPreguntar() {
-  if (terminado_) return;
+  if (Terminado()) return;
   TotalFichas = 0;
   if (iniciado_) Form_Unload();
   Terminar();
@@ -27,6 +27,7 @@ void Form1::Form_Unload() {
   GuardarEtiquetas();
   for (Timer* timer : {&TmrConexion, &TmrHoraFecha, &TmrMonitor, &TmrHorario, &TmrBarCode})
     timer->SetEnabled(false);
+  OpenForms.UnloadDialogs();
   GuardarEstadoPantalla();
   GuardarMarcas();
 }

@@ -19,7 +19,7 @@ bool Clicks(int code, int mask) {
 }  // namespace
 
 bool Form1::Form_KeyDown(int KeyCode, int Shift) {
-  if (terminado_) return false;
+  if (Terminado()) return false;
   if (Clicks(KeyCode, Shift)) MidiWav(kClickSound);
   const KeyCommand* const row = FindKeyCommand(*this, KeyCode, Shift);
   if (row == nullptr || row->action == nullptr) return false;
@@ -29,7 +29,7 @@ bool Form1::Form_KeyDown(int KeyCode, int Shift) {
 
 void Form1::PctBoton_Click(int Index) {
   const auto rows = ButtonCommands();
-  if (terminado_ || Index < 0 || static_cast<std::size_t>(Index) >= rows.size()) return;
+  if (Terminado() || Index < 0 || static_cast<std::size_t>(Index) >= rows.size()) return;
   const ButtonCommand& row = rows[static_cast<std::size_t>(Index)];
   if (row.action == nullptr) return;
   if (row.answering == Answering::kClick) MidiWav(kClickSound);

@@ -53,7 +53,7 @@ void Gate::Restart() {
 }
 
 void Gate::Advance(std::int64_t milliseconds) {
-  AdvanceTime(clock_, *form_, milliseconds);
+  AdvanceTime(clock_, form_->OpenForms, milliseconds);
   window_->Refresh();
   QCoreApplication::processEvents();
 }

@@ -72,7 +72,7 @@ class Gate : public testing::Test {
 
  private:
   void AnswerBox(QMessageBox& dialog, const Box& box);
-  RecordingScreen unused_{events_};
+  RecordingScreen unused_{events_, clock_};
   RecordingSound sound_{events_};
   RecordingSystem system_{events_, unused_};
   PosixDisk disk_;

@@ -1,5 +1,6 @@
 """The driver's own protocol: bad lines, unknown names, the operator held by a box, the end, and the same day twice."""
 import json
+import shutil
 
 from station import (BARS, CONFIRM_SAVE, DELETE, ESC, FIELDS, INSERT, DrivenDay, Folder, fresh_register, inside, kinds,
                      main, sounds, stamp, user)
@@ -104,11 +105,14 @@ class Refusals(DrivenDay):
     def test_a_start_without_a_folder(self):
         self.assertRefused(self.process(), self.process().attempt("start"), "dir")
 
-    def test_a_click_on_a_disabled_control_does_nothing(self):
+    def test_a_click_on_what_is_disabled_or_hidden(self):
         station = self.running()
         self.assertFalse(station.get("CboMinutos")["Enabled"])
-        reply = station.click("CboMinutos")
-        self.assertEqual((kinds(reply), station.focused()), ([], "TxtCampo(0)"))
+        self.assertRefused(station, station.attempt("click", control="CboMinutos"), "CboMinutos")
+        self.assertFalse(station.get("PctBoton(6)")["Visible"])
+        for operation in ["click", "dblclick"]:
+            self.assertRefused(station, station.attempt(operation, control="PctBoton(6)"), "PctBoton(6)")
+        self.assertEqual(station.focused(), "TxtCampo(0)")
 
 
 class HeldByABox(DrivenDay):
@@ -199,8 +203,7 @@ class TheEnd(DrivenDay):
         self.folder.write("Objetos/Servidor.INI", b"/nowhere\r\n")
         station = self.running()
         station.do("close")
-        (self.folder / "Objetos/Servidor.INI").unlink()
-        (self.folder / "Objetos").rmdir()
+        shutil.rmtree(self.folder / "Objetos")
         self.folder.write("Objetos", b"")
         station.advance(3000)
         self.assertEqual(station.box["title"], "Vintoral - Imposible Continuar")

@@ -1,4 +1,6 @@
 """The link to the shared folder: lost and found at any moment, the paths of the other gate, F10 and forgetting."""
+import shutil
+
 from station import (ALT, CONFIRM_SAVE, CONTROL, DELETE, ESC, F10, GREEN, INSERT, LOST, RED, DrivenDay, Folder,
                      fresh_register, inside, launches, main, sounds, stamp)
 
@@ -300,8 +302,7 @@ class WrongPath(Link):
 
     def test_a_server_file_that_can_not_be_made_again_stops_the_station(self):
         station = self.connecting()
-        (self.folder / "Objetos/Servidor.INI").unlink()
-        (self.folder / "Objetos").rmdir()
+        shutil.rmtree(self.folder / "Objetos")
         self.folder.write("Objetos", b"")
         station.advance(3000)
         self.assertBox(station, {"title": "Vintoral - Imposible Continuar", "icon": "critical",

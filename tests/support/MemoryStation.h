@@ -14,7 +14,7 @@
 #include "platform/headless/Recording.h"
 #include "platform/headless/VirtualClock.h"
 #include "station/form1/Form1.h"
-#include "station/form1/Input.h"
+#include "station/forms/Input.h"
 #include "support/FaultyDisk.h"
 #include "support/MemoryDisk.h"
 
@@ -30,7 +30,7 @@ class MemoryStation {
  public:
   explicit MemoryStation(Moment now = At(14, 0)) {
     Clock.Set(now);
-    Screen.OnWait = [this] { Answer(); };
+    Screen.OnWait = [this] { Serve(); };
   }
 
   /// The start sequence on whatever the disk holds; the welcome is answered.
@@ -48,7 +48,7 @@ class MemoryStation {
     Events.Take();
   }
 
-  void Pass(std::int64_t milliseconds) { AdvanceTime(Clock, Form, milliseconds); }
+  void Pass(std::int64_t milliseconds) { AdvanceTime(Clock, Form.OpenForms, milliseconds); }
   void Type(std::string_view text) {
     for (const char character : text)
       Hands.Character(character);
@@ -102,11 +102,11 @@ class MemoryStation {
   FaultyDisk Faulty{Disk};
   VirtualClock Clock;
   Recording Events;
-  RecordingScreen Screen{Events};
+  RecordingScreen Screen{Events, Clock};
   RecordingSystem System{Events, Screen};
   RecordingSound Sound{Events};
   Form1 Form{Platform{Clock, Screen, Sound, System, Faulty}};
-  Input Hands{Form};
+  Input Hands{Form.OpenForms};
 
   /// What the operator will answer, box by box.
   std::deque<vintoral::Answer> Answers;
@@ -114,9 +114,33 @@ class MemoryStation {
   std::vector<Box> Boxes;
   /// Happens once, under the next box, before it is answered.
   std::function<void()> UnderBox;
+  /// What the operator will do in a dialog that has opened, step by step.
+  std::deque<std::function<void()>> InDialog;
+  /// How long the station has waited by itself, wait by wait, in milliseconds.
+  std::vector<std::int64_t> Waits;
 
  private:
   using Answer_t = vintoral::Answer;
+
+  /// One turn of a nested loop: what stands on screen is answered or used, or time passes.
+  void Serve() {
+    const Waiting waiting = *Screen.Innermost();
+    if (waiting.box != nullptr) return Answer();
+    if (waiting.form != nullptr) return Use(*waiting.form);
+    Waits.push_back(waiting.until - Clock.Ticks());
+    Pass(Waits.back());
+  }
+
+  void Use(const ScreenForm& form) {
+    if (InDialog.empty()) {
+      ADD_FAILURE() << "nobody closes " << form.Name();
+      Screen.Close();
+      return;
+    }
+    const auto step = InDialog.front();
+    InDialog.pop_front();
+    step();
+  }
 
   void Answer() {
     Boxes.push_back(*Screen.Shown());

@@ -1,11 +1,13 @@
 #include "platform/desktop/DesktopScreen.h"
 
 #include <QApplication>
+#include <QEventLoop>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSize>
 #include <QTimer>
 #include <algorithm>
+#include <chrono>
 
 namespace vintoral {
 
@@ -82,6 +84,23 @@ Answer DesktopScreen::Show(const Box& box) {
     return button.first == dialog.clickedButton();
   });
   return pressed == buttons.end() ? Harmless(box) : pressed->second;
+}
+
+void DesktopScreen::ShowModal(const ScreenForm& form) {
+  if (BeforeWaiting) BeforeWaiting();
+  const bool busy = busy_;
+  Busy(false);
+  QEventLoop loop;
+  while (form.Shown())
+    loop.processEvents(QEventLoop::WaitForMoreEvents);
+  Busy(busy);
+}
+
+void DesktopScreen::Wait(std::int64_t milliseconds) {
+  if (BeforeWaiting) BeforeWaiting();
+  QEventLoop loop;
+  QTimer::singleShot(std::chrono::milliseconds(milliseconds), Qt::PreciseTimer, &loop, &QEventLoop::quit);
+  loop.exec();
 }
 
 void DesktopScreen::Beep() {

@@ -14,10 +14,12 @@ namespace vintoral {
 class DesktopScreen : public Screen {
  public:
   Answer Show(const Box& box) override;
+  void ShowModal(const ScreenForm& form) override;
+  void Wait(std::int64_t milliseconds) override;
   void Beep() override;
   void Busy(bool busy) override;
 
-  /// Runs before each box: shows the window that it belongs to, up to date.
+  /// Runs before each box, dialog and wait: shows the windows up to date.
   std::function<void()> BeforeWaiting;
   /// The window that boxes belong to.
   QWidget* Owner = nullptr;

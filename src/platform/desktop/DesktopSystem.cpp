@@ -28,6 +28,10 @@ std::string LockFile() {
   return "/tmp/vintoral-" + std::to_string(getuid()) + ".lock";
 }
 
+bool IsWebAddress(std::string_view path) {
+  return path.starts_with("http://") || path.starts_with("https://");
+}
+
 bool StartDetached(const std::string& program, const std::string& argument) {
   return QProcess::startDetached(QString::fromStdString(program), {QString::fromStdString(argument)});
 }
@@ -83,8 +87,9 @@ Outcome DesktopSystem::CreateShortcut(const Shortcut& shortcut) {
 void DesktopSystem::Launch(std::string_view command) {
   const std::string_view path = OpenedBy(command);
   if (path.empty()) return Outcome::Failed("launch", String(command).ToUtf8(), EINVAL).PassOver();
-  const std::string file = fileOf_(path);
-  if (access(file.c_str(), F_OK) != 0) return Outcome::Failed("launch", file, errno).PassOver();
+  const bool web = IsWebAddress(path);
+  const std::string file = web ? String(path).ToUtf8() : fileOf_(path);
+  if (!web && access(file.c_str(), F_OK) != 0) return Outcome::Failed("launch", file, errno).PassOver();
   if (!Start("xdg-open", file)) Outcome::Failed("start xdg-open for", file, ENOENT).PassOver();
 }
 

@@ -21,7 +21,7 @@ class HeadlessPlatform {
 
   Recording Events;
   VirtualClock Clock;
-  RecordingScreen Screen{Events};
+  RecordingScreen Screen{Events, Clock};
   RecordingSystem System{Events, Screen};
 
  private:

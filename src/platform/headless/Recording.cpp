@@ -8,37 +8,69 @@
 namespace vintoral {
 namespace {
 
-/// A box is up for as long as this lives: a wait that is broken off by an exception takes it down too.
+/// The station waits for as long as this lives: a wait that is broken off by an exception is over too.
 class Raised {
  public:
-  Raised(std::vector<const Box*>& boxes, const Box& box) : boxes_(boxes) { boxes_.push_back(&box); }
+  Raised(std::vector<Waiting>& waits, const Waiting& waiting) : waits_(waits) { waits_.push_back(waiting); }
   Raised(const Raised&) = delete;
   Raised& operator=(const Raised&) = delete;
-  ~Raised() { boxes_.pop_back(); }
+  ~Raised() { waits_.pop_back(); }
 
  private:
-  std::vector<const Box*>& boxes_;
+  std::vector<Waiting>& waits_;
 };
 
 }  // namespace
 
-vintoral::Answer RecordingScreen::Show(const Box& box) {
-  const Raised raised(boxes_, box);
-  answer_.reset();
-  while (!answer_ && !closed_ && OnWait)
+void RecordingScreen::Loop(const Waiting& waiting, const std::function<bool(const Waiting&)>& over) {
+  const std::size_t depth = waits_.size();
+  const Raised raised(waits_, waiting);
+  while (!over(waits_[depth]) && !closed_ && OnWait)
     OnWait();
-  if (answer_ && !closed_) return *std::exchange(answer_, std::nullopt);
+}
+
+vintoral::Answer RecordingScreen::Show(const Box& box) {
+  std::optional<vintoral::Answer> answer;
+  Loop({.box = &box}, [&answer](const Waiting& waiting) { return (answer = waiting.answer).has_value(); });
+  if (answer && !closed_) return *answer;
   for (const vintoral::Answer harmless : {vintoral::Answer::kCancel, vintoral::Answer::kNo}) {
     if (std::find(box.buttons.begin(), box.buttons.end(), harmless) != box.buttons.end()) return harmless;
   }
   return vintoral::Answer::kOk;
 }
 
+void RecordingScreen::ShowModal(const ScreenForm& form) {
+  Loop({.form = &form}, [](const Waiting& waiting) { return !waiting.form->Shown(); });
+}
+
+void RecordingScreen::Wait(std::int64_t milliseconds) {
+  Loop({.until = clock_.Ticks() + milliseconds},
+       [this](const Waiting& waiting) { return clock_.Ticks() >= waiting.until; });
+}
+
+namespace {
+
+/// The innermost that holds the operator. A wait holds nobody: what lies under it is still there to be used.
+template <class Waits>
+auto* Holding(Waits& waits) {
+  const auto found = std::find_if(waits.rbegin(), waits.rend(), [](const Waiting& waiting) {
+    return waiting.box != nullptr || waiting.form != nullptr;
+  });
+  return found == waits.rend() ? nullptr : &*found;
+}
+
+}  // namespace
+
+const Box* RecordingScreen::Shown() const {
+  const Waiting* const holding = Holding(waits_);
+  return holding == nullptr ? nullptr : holding->box;
+}
+
 bool RecordingScreen::Answer(vintoral::Answer answer) {
-  if (boxes_.empty()) return false;
-  const auto& buttons = boxes_.back()->buttons;
-  if (std::find(buttons.begin(), buttons.end(), answer) == buttons.end()) return false;
-  answer_ = answer;
+  const Box* const box = Shown();
+  if (box == nullptr) return false;
+  if (std::find(box->buttons.begin(), box->buttons.end(), answer) == box->buttons.end()) return false;
+  Holding(waits_)->answer = answer;
   return true;
 }
 

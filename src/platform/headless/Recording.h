@@ -1,12 +1,14 @@
 // Devices that do nothing but write down what the station asked of them.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "platform/Clock.h"
 #include "platform/Screen.h"
 #include "platform/Sound.h"
 #include "platform/System.h"
@@ -44,28 +46,44 @@ class RecordingSound : public Sound {
   Recording& recording_;
 };
 
-/// Boxes are answered from outside: while one is up, `OnWait` is called again and again, and may call Answer.
+/// Why the station waits: for the answer to a box, for a dialog to go, or for time to pass.
+struct Waiting {
+  const Box* box = nullptr;
+  const ScreenForm* form = nullptr;
+  std::int64_t until = 0;          ///< of a wait for time: the moment in Clock::Ticks
+  std::optional<Answer> answer{};  ///< of a box
+};
+
+/// The nested loop is outside: while the station waits, `OnWait` is called again and again, and may answer
+/// the box, use the dialog or let time pass.
 class RecordingScreen : public Screen {
  public:
-  explicit RecordingScreen(Recording& recording) : recording_(recording) {}
+  RecordingScreen(Recording& recording, const Clock& clock) : recording_(recording), clock_(clock) {}
 
   vintoral::Answer Show(const Box& box) override;
+  void ShowModal(const ScreenForm& form) override;
+  void Wait(std::int64_t milliseconds) override;
   void Beep() override { recording_.Add({DeviceEvent::Kind::kBeep, {}, false}); }
   void Busy(bool) override {}
 
-  /// The box on screen, the innermost when one opened over another; null when there is none.
-  const Box* Shown() const { return boxes_.empty() ? nullptr : boxes_.back(); }
+  /// What the innermost loop waits for; null when the station is idle.
+  const Waiting* Innermost() const { return waits_.empty() ? nullptr : &waits_.back(); }
+  /// The box that holds the operator, the innermost when one opened over another; null when there is none, or
+  /// when a dialog has opened over it.
+  const Box* Shown() const;
   /// False when no box is up or it has no such button.
   bool Answer(vintoral::Answer answer);
-  /// The program ends: every box answers the least harmful way.
+  /// The program ends: every box answers the least harmful way, and every dialog and wait is over.
   void Close() { closed_ = true; }
 
   std::function<void()> OnWait;
 
  private:
+  void Loop(const Waiting& waiting, const std::function<bool(const Waiting&)>& over);
+
   Recording& recording_;
-  std::vector<const Box*> boxes_;
-  std::optional<vintoral::Answer> answer_;
+  const Clock& clock_;
+  std::vector<Waiting> waits_;
   bool closed_ = false;
 };
 

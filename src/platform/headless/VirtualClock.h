@@ -25,18 +25,22 @@ class VirtualClock : public Clock {
   std::int64_t ticks_ = 0;
 };
 
-/// Lets `milliseconds` pass for a station: its timers tick at their moments, in order of time.
-template <class Station>
-void AdvanceTime(VirtualClock& clock, Station& station, std::int64_t milliseconds) {
-  const std::int64_t end = clock.Ticks() + milliseconds;
-  while (!station.Terminado()) {
-    const std::int64_t next = station.SiguienteTick();
+/// Lets time pass until `end` (Ticks) for whoever has timers: they tick at their moments, in order of time. A
+/// tick that waits by itself may let more time pass than that.
+template <class Timers>
+void AdvanceUntil(VirtualClock& clock, Timers& timers, std::int64_t end) {
+  while (!timers.Ended()) {
+    const std::int64_t next = timers.NextTick();
     if (next < 0 || next > end) break;
     clock.Advance(std::max<std::int64_t>(next - clock.Ticks(), 0));
-    station.EjecutarTicks();
+    timers.RunTicks();
   }
-  // A tick that waited in a box may have let more time pass than was asked for here.
   clock.Advance(std::max<std::int64_t>(end - clock.Ticks(), 0));
+}
+
+template <class Timers>
+void AdvanceTime(VirtualClock& clock, Timers& timers, std::int64_t milliseconds) {
+  AdvanceUntil(clock, timers, clock.Ticks() + milliseconds);
 }
 
 }  // namespace vintoral

@@ -2,32 +2,81 @@
 
 #include <algorithm>
 
+#include "station/forms/Input.h"
+#include "station/forms/ReglasTeclas.h"
+
 namespace vintoral {
 
-Form1::Form1(const Platform& platform) : platform_(platform) {
+Form1::Form1(const Platform& platform)
+    : OpenForms(*this, platform.screen, platform.clock), platform_(platform) {
   for (Timer* timer : Timers())
     timer->UseClock(platform_.clock);
-  ConectarEventos();
+  ConectarCampos();
+  ConectarEtiquetas();
+  ConectarBotones();
+  ConectarRelojes();
 }
 
-void Form1::ConectarEventos() {
-  for (std::size_t i = 1; i < TxtCampo.size(); ++i) {
-    TxtCampo[i].OnChange = [this, i] { TxtCampo[i].RaiseToCapitals(); };
+void Form1::ConectarCampos() {
+  for (Control* control : Controls()) {
+    if (auto* box = dynamic_cast<TextBox*>(control)) box->KeyRule = TextFieldKey;
   }
-  for (TextBox& label : TxtEtiqueta) {
-    label.OnChange = [&label] { label.RaiseToCapitals(); };
+  for (std::size_t i = 0; i < TxtCampo.size(); ++i) {
+    TxtCampo[i].OnEnter = [this, i] { AvanzarCampo(i); };
+    if (i > 0) TxtCampo[i].OnChange = [this, i] { TxtCampo[i].RaiseToCapitals(); };
   }
+  TxtCampo[0].KeyRule = NumberFieldKey;
+  TxtCampo[2].OnClick = [this] {
+    if (!TxtCampo[1].Locked) AvanzarCampo(1);
+  };
+  CboTarifa[1].OnEnter = [this] { GuardarFicha(); };
+  TxtEfectivo.KeyRule = CashFieldKey;
+  TxtEfectivo.OnEnter = [this] { RetirarFicha(); };
   TxtBarCode.OnChange = [this] { TmrBarCode.Restart(); };
+  CboMinutos.KeyRule = [this](char character) {
+    // A digit over "15 Min. ATRAS" starts a new number.
+    const bool digit = character >= '0' && character <= '9';
+    if (digit && ContainsNoCase(CboMinutos.Text(), "Min")) CboMinutos.SetText({});
+    return MinutesKey(character);
+  };
+  CboMinutos.OnEnter = CboMinutos.OnChoose = [this] { TmrMonitor_Timer(); };
+}
+
+void Form1::ConectarEtiquetas() {
+  for (std::size_t i = 0; i < TxtEtiqueta.size(); ++i) {
+    TextBox& label = TxtEtiqueta[i];
+    label.OnChange = [&label] { label.RaiseToCapitals(); };
+    label.OnEnter = label.OnLostFocus = [this, i] { CerrarEtiqueta(i); };
+    label.OnClick = PctEtiqueta[i].OnClick = [this, i] { AbrirEtiqueta(i); };
+  }
+}
+
+void Form1::ConectarBotones() {
+  for (std::size_t i = 0; i < PctBoton.size(); ++i) {
+    const int index = static_cast<int>(i);
+    PctBoton[i].OnClick = [this, index] { ClickEnBarra(index); };
+    PctBoton[i].OnHover = [this, index] { PctBoton_MouseMove(index); };
+  }
+  CmdBarCode.OnClick = CmdNumeroFicha.OnClick = [this] { GeneradorClick(); };
+  ImgCambiarFondo.OnClick = [this] { ImgCambiarFondo_Click(); };
+  ImgPuntos.OnClick = [this] { Form_KeyDown('R', keys::kShift | keys::kControl); };
+}
+
+void Form1::ConectarRelojes() {
   TmrHoraFecha.OnTick = [this] { TmrHoraFecha_Timer(); };
   TmrHorario.OnTick = [this] { TmrHorario_Timer(); };
   TmrMonitor.OnTick = [this] { TmrMonitor_Timer(); };
   TmrConexion.OnTick = [this] { TmrConexion_Timer(); };
   TmrBarCode.OnTick = [this] { TmrBarCode_Timer(); };
-  OnLostFocus = [this](Control& left) {
-    for (std::size_t i = 0; i < TxtEtiqueta.size(); ++i) {
-      if (&TxtEtiqueta[i] == &left) CerrarEtiqueta(i);
-    }
-  };
+}
+
+void Form1::ClickEnBarra(int index) {
+  // The fields keep the focus when a button is clicked, but a label that was being renamed is left.
+  const bool renaming = std::any_of(TxtEtiqueta.begin(), TxtEtiqueta.end(),
+                                    [this](const TextBox& label) { return &label == Focus(); });
+  if (renaming) SetFocus(nullptr);
+  PctBoton_Click(index);
+  if (renaming && Focus() == nullptr) FocoDondeSeEscribe();
 }
 
 bool Form1::FichaEnPantalla() const {
@@ -47,10 +96,8 @@ void Form1::FocoPrimerCampo() {
 }
 
 void Form1::Terminar() {
-  if (terminado_) return;  // a tick under the last box may have ended it already
-  terminado_ = true;
-  for (Timer* timer : Timers())
-    timer->SetEnabled(false);
+  if (Terminado()) return;  // a tick under the last box may have ended it already
+  OpenForms.End();
   platform_.system.End();
 }
 
@@ -78,28 +125,6 @@ bool Form1::HayConexion() {
   if (platform_.disk.Exists(RutaCompartida("Vintoral.ACT"))) return true;
   TmrConexion.SetInterval(100);
   return false;
-}
-
-std::int64_t Form1::SiguienteTick() {
-  std::int64_t next = -1;
-  for (const Timer* timer : Timers()) {
-    if (timer->Running() && (next < 0 || timer->Due() < next)) next = timer->Due();
-  }
-  return next;
-}
-
-void Form1::EjecutarTicks() {
-  const std::int64_t now = platform_.clock.Ticks();
-  while (!terminado_) {
-    Timer* first = nullptr;
-    for (Timer* timer : Timers()) {
-      if (timer->Running() && timer->Due() <= now && (first == nullptr || timer->Due() < first->Due()))
-        first = timer;
-    }
-    if (first == nullptr) return;
-    first->Advance();
-    first->OnTick();
-  }
 }
 
 }  // namespace vintoral

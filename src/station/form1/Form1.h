@@ -18,11 +18,13 @@
 #include "records/RegistroEtiquetas.h"
 #include "records/RegistroFicha.h"
 #include "records/RegistroUsuario.h"
-#include "station/form1/Form6.h"
 #include "station/form1/ScreenModel.h"
+#include "station/forms/Forms.h"
 #include "tariffs/Estadia.h"
 
 namespace vintoral {
+
+class Form6;
 
 class Form1 : public ScreenModel {
  public:
@@ -67,7 +69,7 @@ class Form1 : public ScreenModel {
   std::int64_t TiempoEjecucion = 0;  ///< minutes of run time counted
 
   /// True once the program is ending: nothing is handled any more.
-  bool Terminado() const { return terminado_; }
+  bool Terminado() const { return OpenForms.Ended(); }
 
   // ---- Start and end
   // -----------------------------------------------------------------------------------------
@@ -80,8 +82,9 @@ class Form1 : public ScreenModel {
   void CerrarSinPreguntar();
   /// Asks whether to close; false keeps the station open. Asks nothing when the station has been stopped
   /// already.
-  bool Form_QueryUnload();
-  void Form_Unload();
+  bool Form_QueryUnload() override;
+  void Form_Unload() override;
+  void CloseBox(Forms& /*forms*/) override { CerrarVentana(); }
   void CrearCarpetas();
   void EscribirAyuda();
   void CrearAccesoDirecto();
@@ -91,7 +94,7 @@ class Form1 : public ScreenModel {
   // ----------------------------------------------------------------------------------------------
   /// A key as the form sees it, before its controls: virtual key code and mask (1 shift, 2 control, 4 alt).
   /// True when a command was carried out.
-  bool Form_KeyDown(int KeyCode, int Shift);
+  bool Form_KeyDown(int KeyCode, int Shift) override;
   void PctBoton_Click(int Index);
   /// Sets the tooltip that goes with the button's state.
   void PctBoton_MouseMove(int Index);
@@ -122,10 +125,6 @@ class Form1 : public ScreenModel {
   void TmrMonitor_Timer();
   void TmrConexion_Timer();
   void TmrBarCode_Timer();
-  /// The earliest moment (Clock::Ticks) at which a timer is due, or -1 when none runs.
-  std::int64_t SiguienteTick();
-  /// Runs, in order of time, every tick that is due by now.
-  void EjecutarTicks();
 
   // ---- Registers and settings
   // --------------------------------------------------------------------------------
@@ -142,6 +141,9 @@ class Form1 : public ScreenModel {
   void CargarEstadoPantalla();
   void GuardarEstadoPantalla();
   void CargarDatosCall();
+  /// The product's web address, without a slash at its end, as Objetos\Web.INI has it; makes that file when
+  /// it is missing.
+  String DireccionWeb();
   void CargarMarcas();
   void GuardarMarcas();
 
@@ -153,8 +155,8 @@ class Form1 : public ScreenModel {
   String CalcularTiempo(std::string_view entrada, std::string_view salida);
   Money CalcularValor();
 
-  /// The boxes of the tariff dialog. What counts below as changed is told by their tags.
-  class Form6 Form6;
+  /// The tariff dialog, null while it is not loaded. Its boxes that have changed have the tag 1.
+  class Form6* Form6 = nullptr;
   /// The tables into their boxes.
   void ImprimirTarifas();
   /// Changed boxes into their tables; the categories follow the tariffs. A box that was emptied leaves its
@@ -167,6 +169,8 @@ class Form1 : public ScreenModel {
 
   // ---- Entry and exit
   // ----------------------------------------------------------------------------------------
+  /// Enter in a field of the ficha: what it does there, and on to the next.
+  void AvanzarCampo(std::size_t index);
   void GuardarFicha();
   void RetirarFicha();
   /// False when the history has no room for the row or can't be written; a history that is missing is passed
@@ -196,13 +200,21 @@ class Form1 : public ScreenModel {
 
   const Platform& Devices() const { return platform_; }
 
+  // ---- Dialogs
+  // -----------------------------------------------------------------------------------------------
+  /// The forms that are loaded, this one first: dialogs are opened and closed here.
+  Forms OpenForms;
+
  private:
-  friend class Input;
   void Terminar();
   bool Preguntar(const String& titulo, const String& texto, Answer preselected);
   void ImposibleContinuar(const String& texto);
   String ProtegidaContraEscritura() const;
-  void ConectarEventos();
+  void ConectarCampos();
+  void ConectarEtiquetas();
+  void ConectarBotones();
+  void ConectarRelojes();
+  void ClickEnBarra(int index);
 
   // Steps of the longer operations, each in the file of its operation.
   /// Makes these lines the tariffs, and their heads the categories to choose from.
@@ -240,7 +252,6 @@ class Form1 : public ScreenModel {
   bool ReservarHistorial();
 
   Platform platform_;
-  bool terminado_ = false;
   /// The user whose data BuscarUsuario found for the plate that stands there; 0 for none.
   std::int32_t usuarioEnPantalla_ = 0;
   /// The start sequence is through: only then are the screen's state and the labels this station's own.

@@ -1,30 +1,17 @@
 #include "station/form1/ScreenModel.h"
 
-#include <algorithm>
-
 namespace vintoral {
 
-ScreenModel::ScreenModel() {
+ScreenModel::ScreenModel() : Form("Form1") {
   NameAll();
   DesignFields();
   DesignInfo();
   DesignHidden();
   DesignTimers();
-  focus_ = &TxtCampo[0];
+  SetFocus(&TxtCampo[0]);
 }
 
-void ScreenModel::Name(Control& control, std::string name) {
-  control.Name = std::move(name);
-  controls_.push_back(&control);
-}
-
-template <std::size_t N, class C>
-void ScreenModel::Name(std::array<C, N>& family, std::string_view name) {
-  for (std::size_t i = 0; i < N; ++i)
-    Name(family[i], std::string(name) + "(" + std::to_string(i) + ")");
-}
-
-#define NAME(control) Name(control, #control)
+#define NAME(control) Add(control, #control)
 
 void ScreenModel::NameAll() {
   NAME(TxtCampo), NAME(TxtEtiqueta), NAME(PctEtiqueta), NAME(LblCampo);
@@ -118,19 +105,6 @@ void ScreenModel::DesignTimers() {
   TmrBarCode.SetInterval(1000);
   for (Timer* timer : Timers())
     timer->Enabled = false;
-}
-
-Control* ScreenModel::Find(std::string_view name) const {
-  const auto found = std::find_if(controls_.begin(), controls_.end(),
-                                  [&](const Control* c) { return EqualNoCase(c->Name, name); });
-  return found == controls_.end() ? nullptr : *found;
-}
-
-void ScreenModel::SetFocus(Control* control) {
-  if (control == focus_ || (control != nullptr && !control->TakesFocus())) return;
-  Control* const left = focus_;
-  focus_ = control;
-  if (left != nullptr && OnLostFocus) OnLostFocus(*left);
 }
 
 }  // namespace vintoral

@@ -1,19 +1,15 @@
-// All controls of the main screen, as the form was designed, with their names and the keyboard focus.
+// All controls of the main screen, as the form was designed.
 #pragma once
 
 #include <array>
-#include <string_view>
-#include <vector>
 
-#include "station/forms/Controls.h"
+#include "station/forms/Form.h"
 
 namespace vintoral {
 
-class ScreenModel {
+class ScreenModel : public Form {
  public:
   ScreenModel();
-  ScreenModel(const ScreenModel&) = delete;
-  ScreenModel& operator=(const ScreenModel&) = delete;
 
   // The fields of the ficha, by index: number, plate, first name, surname, telephone, remark.
   std::array<TextBox, 6> TxtCampo;
@@ -69,35 +65,12 @@ class ScreenModel {
 
   Timer TmrHoraFecha, TmrHorario, TmrMonitor, TmrConexion, TmrBarCode;
 
-  /// All controls in the order above.
-  const std::vector<Control*>& Controls() const { return controls_; }
-  /// The five timers, in the order in which simultaneous ticks run.
-  std::array<Timer*, 5> Timers() {
-    return {&TmrHoraFecha, &TmrHorario, &TmrMonitor, &TmrConexion, &TmrBarCode};
-  }
-  /// By screen name, "TxtCampo(0)"; case is ignored. Null when there is none.
-  Control* Find(std::string_view name) const;
-
-  /// The focused control; null when the focus is on the form itself or on the tool bar.
-  Control* Focus() const { return focus_; }
-  /// Moves the focus; a control that can't take it leaves the focus where it is. Null puts it on the tool
-  /// bar.
-  void SetFocus(Control* control);
-  /// Runs when the focus has left a control.
-  std::function<void(Control&)> OnLostFocus;
-
  private:
-  void Name(Control& control, std::string name);
-  template <std::size_t N, class C>
-  void Name(std::array<C, N>& family, std::string_view name);
   void NameAll();
   void DesignFields();
   void DesignInfo();
   void DesignHidden();
   void DesignTimers();
-
-  std::vector<Control*> controls_;
-  Control* focus_ = nullptr;
 };
 
 }  // namespace vintoral

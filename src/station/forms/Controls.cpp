@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "common/Numbers.h"
+#include "station/forms/TextCaret.h"
 
 namespace vintoral {
 
@@ -10,15 +11,19 @@ std::int64_t Control::TagNumber() const {
   return LeadingInteger(Tag);
 }
 
-void TextBox::SetText(const String& text) {
-  SelStart = 0;
-  SelLength = 0;
-  if (text == text_) return;
-  text_ = text;
-  if (OnChange) OnChange();
+std::size_t EditableText::Start() const {
+  return std::min(SelStart, text_.Size());
 }
 
-void TextBox::Replace(std::size_t start, std::size_t length, const String& text) {
+std::size_t EditableText::End() const {
+  return Start() + std::min(SelLength, text_.Size() - Start());
+}
+
+std::size_t EditableText::Caret() const {
+  return caretFirst_ ? Start() : End();
+}
+
+void EditableText::Replace(std::size_t start, std::size_t length, const String& text) {
   const std::string& old = text_.Bytes();
   std::string replaced = old.substr(0, start) + text.Bytes();
   if (start + length < old.size()) replaced += old.substr(start + length);
@@ -26,54 +31,85 @@ void TextBox::Replace(std::size_t start, std::size_t length, const String& text)
   SelLength = 0;
   if (replaced == old) return;
   text_ = String(std::move(replaced));
-  if (OnChange) OnChange();
+  TextChanged();
 }
 
-void TextBox::Insert(const String& text) {
-  const std::size_t start = std::min(SelStart, text_.Size());
-  const std::size_t length = std::min(SelLength, text_.Size() - start);
+void EditableText::Insert(const String& text) {
+  const std::size_t length = End() - Start();
   const std::size_t kept = text_.Size() - length;
   const std::size_t room = MaxLength == 0 ? text.Size() : MaxLength > kept ? MaxLength - kept : 0;
-  Replace(start, length, Left(text, room));
+  Replace(Start(), length, Left(text, room));
 }
 
-void TextBox::EraseBackward() {
-  if (SelLength > 0) return Replace(std::min(SelStart, text_.Size()), SelLength, {});
-  const std::size_t caret = std::min(SelStart, text_.Size());
-  if (caret > 0) Replace(caret - 1, 1, {});
+void EditableText::EraseBackward() {
+  const std::size_t from = SelLength > 0 ? Start() : CaretBefore(text_, Start());
+  Replace(from, End() - from, {});
 }
 
-void TextBox::EraseForward() {
-  const std::size_t start = std::min(SelStart, text_.Size());
-  if (start < text_.Size()) Replace(start, std::max<std::size_t>(SelLength, 1), {});
+void EditableText::EraseForward() {
+  const std::size_t until = SelLength > 0 ? End() : CaretBehind(text_, Start());
+  Replace(Start(), until - Start(), {});
+}
+
+void EditableText::Select(std::size_t start, std::size_t length) {
+  SelStart = CaretAt(text_, start);
+  SelLength = CaretAt(text_, start + std::min(length, text_.Size())) - SelStart;
+  caretFirst_ = false;
+}
+
+void EditableText::SelectAll() {
+  Select(0, text_.Size());
+}
+
+void EditableText::MoveCaret(std::size_t position, bool extend) {
+  const std::size_t to = CaretAt(text_, position);
+  const std::size_t other = extend ? (caretFirst_ ? End() : Start()) : to;
+  SelStart = std::min(to, other);
+  SelLength = std::max(to, other) - SelStart;
+  caretFirst_ = to < other;
+}
+
+void TextBox::SetText(const String& text) {
+  Select(0, 0);
+  if (text == text_) return;
+  text_ = text;
+  TextChanged();
+}
+
+void TextBox::TextChanged() {
+  if (OnChange) OnChange();
 }
 
 void TextBox::RaiseToCapitals() {
   text_ = Upper(text_);
 }
 
-void TextBox::SelectAll() {
-  SelStart = 0;
-  SelLength = text_.Size();
+void ComboBox::TextChanged() {
+  const auto item =
+      std::find_if(list_.begin(), list_.end(), [&](const String& i) { return EqualNoCase(i, text_); });
+  index_ = item == list_.end() ? -1 : static_cast<int>(item - list_.begin());
+}
+
+void ComboBox::ShowWhole() {
+  EditableText::Select(text_.Size(), 0);
 }
 
 void ComboBox::SetText(const String& text) {
   text_ = text;
-  const auto item =
-      std::find_if(list_.begin(), list_.end(), [&](const String& i) { return EqualNoCase(i, text); });
-  index_ = item == list_.end() ? -1 : static_cast<int>(item - list_.begin());
+  TextChanged();
+  ShowWhole();
 }
 
 void ComboBox::Select(int index) {
   const bool exists = index >= 0 && static_cast<std::size_t>(index) < list_.size();
   index_ = exists ? index : -1;
   text_ = exists ? list_[static_cast<std::size_t>(index)] : String();
+  ShowWhole();
 }
 
 void ComboBox::Clear() {
   list_.clear();
-  text_ = {};
-  index_ = -1;
+  Select(-1);
 }
 
 void Timer::Arm() {

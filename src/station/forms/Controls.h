@@ -8,8 +8,10 @@
 #include <string_view>
 #include <vector>
 
+#include "common/Money.h"
 #include "common/String.h"
 #include "platform/Clock.h"
+#include "station/forms/KeyVerdict.h"
 
 namespace vintoral {
 
@@ -34,6 +36,9 @@ class Frame;
 class Shape;
 class FileList;
 class Timer;
+class OptionButton;
+class Chart;
+class Form;
 
 /// One function for each kind of control; what a face does with a control depends on its kind alone.
 class ControlVisitor {
@@ -51,6 +56,8 @@ class ControlVisitor {
   virtual void Visit(Shape&) = 0;
   virtual void Visit(FileList&) = 0;
   virtual void Visit(Timer&) = 0;
+  virtual void Visit(OptionButton&) = 0;
+  virtual void Visit(Chart&) = 0;
 };
 
 class Control {
@@ -61,8 +68,9 @@ class Control {
   virtual ~Control() = default;
   virtual void Accept(ControlVisitor& visitor) = 0;
 
-  /// The screen name, "TxtCampo(0)".
+  /// The screen name, "TxtCampo(0)", and the form that it stands on; given when the form is built.
   std::string Name;
+  Form* Owner = nullptr;
   bool Visible = true;
   bool Enabled = true;
   String Tag;
@@ -73,37 +81,84 @@ class Control {
   bool TakesFocus() const { return CanFocus && Visible && Enabled; }
   /// The tag read as a number.
   std::int64_t TagNumber() const;
+
+  // What the form does when hands do something here; wired where the form is built. None of these follows
+  // from what the program itself sets.
+  std::function<void()> OnClick;
+  std::function<void()> OnDoubleClick;
+  std::function<void()> OnHover;  ///< the pointer is over it
+  std::function<void()> OnLostFocus;
 };
 
-/// A one-line entry box with a caret.
-class TextBox : public Control {
+/// A text that hands edit at a caret. Line ends are CR LF; no caret stands between the two.
+class EditableText {
  public:
-  TextBox() { CanFocus = true; }
-  void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+  virtual ~EditableText() = default;
 
   const String& Text() const { return text_; }
-  /// Replaces the text as the program does: the caret goes to the start, nothing is selected. The change
-  /// event follows once, and only when the text really changed.
-  void SetText(const String& text);
   /// Puts `text` in place of the selection, caret behind it: what typing and pasting do. Cut at MaxLength.
   void Insert(const String& text);
   /// Backspace and Delete: the selection, or the character before or behind the caret.
   void EraseBackward();
   void EraseForward();
-  /// Capitals in place, caret and selection kept, no change event of its own.
-  void RaiseToCapitals();
   void SelectAll();
+  /// Selects `length` characters from `start`, as far as the text goes; the caret stands at their end.
+  void Select(std::size_t start, std::size_t length);
+  /// Moves the caret; `extend` leaves the other end of the selection where it is.
+  void MoveCaret(std::size_t position, bool extend);
+  std::size_t Caret() const;
 
-  bool Locked = false;
-  Color BackColor = kWhite;
   std::size_t SelStart = 0;
   std::size_t SelLength = 0;
   std::size_t MaxLength = 0;  ///< 0: no limit
-  std::function<void()> OnChange;
+  /// What a character may do here; without a rule every one passes.
+  std::function<KeyVerdict(char)> KeyRule;
+  std::function<void()> OnEnter;
+
+ protected:
+  EditableText() = default;
+  EditableText(const EditableText&) = delete;
+  EditableText& operator=(const EditableText&) = delete;
+  /// The text has become another.
+  virtual void TextChanged() = 0;
+  String text_;
 
  private:
   void Replace(std::size_t start, std::size_t length, const String& text);
-  String text_;
+  std::size_t Start() const;
+  std::size_t End() const;
+  bool caretFirst_ = false;  ///< the caret stands at the start of the selection
+};
+
+/// A remark at the margin of one line.
+struct LineMark {
+  std::size_t line = 0;  ///< from 0
+  String reason;
+
+  friend bool operator==(const LineMark&, const LineMark&) = default;
+};
+
+/// An entry box with a caret, of one line or of many.
+class TextBox : public Control, public EditableText {
+ public:
+  TextBox() { CanFocus = true; }
+  void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+
+  /// Replaces the text as the program does: the caret goes to the start, nothing is selected. The change
+  /// event follows once, and only when the text really changed.
+  void SetText(const String& text);
+  /// Capitals in place, caret and selection kept, no change event of its own.
+  void RaiseToCapitals();
+
+  bool Locked = false;
+  bool MultiLine = false;  ///< Enter begins a line; the arrows move over lines
+  Color BackColor = kWhite;
+  std::vector<LineMark> Marks;
+  std::function<void()> OnChange;
+  std::function<void()> OnCaret;  ///< hands have moved the caret
+
+ protected:
+  void TextChanged() override;
 };
 
 class Label : public Control {
@@ -115,13 +170,13 @@ class Label : public Control {
 
 /// A list box with a text: the text is an item of the list, or whatever the program or the operator put
 /// there.
-class ComboBox : public Control {
+class ComboBox : public Control, public EditableText {
  public:
   ComboBox() { CanFocus = true; }
   void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 
-  const String& Text() const { return text_; }
-  /// The item that equals `text` (case ignored) is selected, none otherwise; the text stands as given.
+  /// The item that equals `text` (case ignored) is selected, none otherwise; the text stands as given, the
+  /// caret behind it.
   void SetText(const String& text);
   const std::vector<String>& List() const { return list_; }
   int ListIndex() const { return index_; }
@@ -133,11 +188,13 @@ class ComboBox : public Control {
 
   bool Editable = false;  ///< does typing change the text, or jump to an item?
   Color BackColor = kWhite;
-  std::size_t SelStart = 0;
-  std::size_t SelLength = 0;
+  std::function<void()> OnChoose;  ///< hands have chosen an item
+
+ protected:
+  void TextChanged() override;
 
  private:
-  String text_;
+  void ShowWhole();
   std::vector<String> list_;
   int index_ = -1;
 };
@@ -147,9 +204,15 @@ class ListBox : public Control {
   ListBox() { CanFocus = true; }
   void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
   std::vector<String> List;
-  std::vector<bool> Checked;  ///< empty, or one tick for each row
+  std::vector<bool>
+      Checked;  ///< empty, or for each row whether it is ticked; in a list of several choices, chosen
+  bool SeveralChoices = false;  ///< a press on a row turns its choice over
   int ListIndex = -1;
   int TopIndex = 0;
+  std::function<void()> OnChoose;           ///< another row has the focus of the list
+  std::function<void()> OnPress;            ///< a row was pressed, by a click or by Enter
+  std::function<void(std::size_t)> OnTick;  ///< the tick of a row was turned over
+  std::function<void()> OnScroll;
 };
 
 class CheckBox : public Control {
@@ -158,6 +221,16 @@ class CheckBox : public Control {
   void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
   String Caption;
   int Value = 0;
+};
+
+/// One of the choices that stand on the same panel: choosing it ends the choice of the others.
+class OptionButton : public Control {
+ public:
+  OptionButton() { CanFocus = true; }
+  void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+  String Caption;
+  const Control* Panel = nullptr;
+  bool Value = false;
 };
 
 /// A panel: a button of the tool bar, a light, a picture frame.
@@ -203,6 +276,14 @@ class FileList : public Control {
   String Pattern;  ///< "*.jpg"
   std::vector<String> List;
   int ListIndex = -1;
+};
+
+/// A curve: one value for each of equal steps, drawn with its axes.
+class Chart : public Control {
+ public:
+  void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+  String Caption;
+  std::vector<Money> Values;
 };
 
 /// A timer of the event loop. Turning it on, and a new interval, start its wait afresh; setting what already

@@ -4,18 +4,17 @@
 #include <QGuiApplication>
 #include <QKeyEvent>
 
-#include "station/form1/ReglasTeclas.h"
 #include "window/controls/KeyMap.h"
 #include "window/controls/Text.h"
 
 namespace vintoral {
 
-Hands::Hands(Form1& form, std::function<void()> afterwards)
-    : form_(form), input_(form), afterwards_(std::move(afterwards)) {}
+Hands::Hands(Forms& forms, std::function<void()> afterwards)
+    : forms_(forms), input_(forms), afterwards_(std::move(afterwards)) {}
 
 template <class Action>
 void Hands::Do(Action action) {
-  if (form_.Terminado()) return;
+  if (forms_.Ended()) return;
   action();
   afterwards_();
 }
@@ -28,18 +27,19 @@ void Hands::Key(const QKeyEvent& event) {
     if (key.code != 0 && input_.KeyDown(key.code, key.mask)) return;
     if (key.code != 0) input_.ControlKey(key.code, key.mask);
     for (const char character : characters.Bytes()) {
-      if (!PasteKey(character)) input_.Character(character);
+      if (!ClipboardKey(character)) input_.Character(character);
     }
   });
 }
 
-bool Hands::PasteKey(char character) {
-  constexpr char kControlV = 22;
-  const auto* const box = dynamic_cast<TextBox*>(form_.Focus());
-  if (character != kControlV || box == nullptr) return false;
-  if (KeyRule(form_, *box, character) != KeyVerdict::kPass) return false;
-  input_.Paste(FromQString(QGuiApplication::clipboard()->text()));
-  return true;
+bool Hands::ClipboardKey(char character) {
+  constexpr char kControlC = 3, kControlV = 22, kControlX = 24;
+  QClipboard& clipboard = *QGuiApplication::clipboard();
+  if (character == kControlV) return input_.PasteKey(FromQString(clipboard.text()));
+  if (character != kControlC && character != kControlX) return false;
+  const std::optional<String> copied = input_.CopyKey(character == kControlX);
+  if (copied && !copied->Empty()) clipboard.setText(ToQString(*copied));
+  return copied.has_value();
 }
 
 void Hands::Type(const QString& text) {
@@ -74,8 +74,16 @@ void Hands::Select(Control& control, int index) {
   Do([&] { static_cast<void>(input_.Select(control, index)); });  // no such row: nothing was chosen
 }
 
-void Hands::MoveCaret(TextBox& box, int start, int length) {
-  Do([&] { input_.MoveCaret(box, static_cast<std::size_t>(start), static_cast<std::size_t>(length)); });
+void Hands::MoveCaret(Control& control, int start, int length) {
+  Do([&] { input_.MoveCaret(control, static_cast<std::size_t>(start), static_cast<std::size_t>(length)); });
+}
+
+void Hands::Leave(Form& form) {
+  Do([&] { input_.Leave(form); });
+}
+
+void Hands::CloseBox(Form& form) {
+  Do([&] { input_.CloseBox(form); });
 }
 
 }  // namespace vintoral

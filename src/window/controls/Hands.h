@@ -4,7 +4,7 @@
 
 #include <functional>
 
-#include "station/form1/Input.h"
+#include "station/forms/Input.h"
 
 class QKeyEvent;
 class QString;
@@ -14,7 +14,7 @@ namespace vintoral {
 class Hands {
  public:
   /// `afterwards` runs after each piece of input.
-  Hands(Form1& form, std::function<void()> afterwards);
+  Hands(Forms& forms, std::function<void()> afterwards);
 
   void Key(const QKeyEvent& event);
   /// Characters that came without a key of their own: a dead key with its letter, an input method.
@@ -25,15 +25,17 @@ class Hands {
   void DoubleClick(Control& control);
   void Hover(Control& control);
   void Select(Control& control, int index);
-  void MoveCaret(TextBox& box, int start, int length);
+  void MoveCaret(Control& control, int start, int length);
+  void Leave(Form& form);
+  void CloseBox(Form& form);
 
  private:
   template <class Action>
   void Do(Action action);
-  /// Control and V, where the rules of the field let it through.
-  bool PasteKey(char character);
+  /// Control with C, X or V, where the rules of the focused text let it through.
+  bool ClipboardKey(char character);
 
-  Form1& form_;
+  Forms& forms_;
   Input input_;
   std::function<void()> afterwards_;
 };

@@ -3,7 +3,7 @@
 #include <QKeyEvent>
 #include <array>
 
-#include "station/form1/Input.h"
+#include "station/forms/Input.h"
 #include "window/controls/Text.h"
 
 namespace vintoral {

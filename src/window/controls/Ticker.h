@@ -4,14 +4,15 @@
 #include <QTimer>
 #include <functional>
 
-#include "station/form1/Form1.h"
+#include "platform/Clock.h"
+#include "station/forms/Forms.h"
 
 namespace vintoral {
 
 class Ticker {
  public:
   /// `afterwards` runs after each round of ticks.
-  Ticker(Form1& form, std::function<void()> afterwards);
+  Ticker(Forms& forms, const Clock& clock, std::function<void()> afterwards);
 
   /// Waits for the next tick that is due; to be called whenever something may have changed the timers.
   void Arm();
@@ -19,7 +20,8 @@ class Ticker {
   void Tick();
 
  private:
-  Form1& form_;
+  Forms& forms_;
+  const Clock& clock_;
   std::function<void()> afterwards_;
   QTimer timer_;
   std::int64_t due_ = -1;

@@ -26,7 +26,10 @@ constexpr QSize kUsualSize{1366, 728};
 }  // namespace
 
 MainWindow::MainWindow(Form1& form, std::function<QString(std::string_view)> fileOf)
-    : form_(form), mirror_(form), ticker_(form, [this] { Refresh(); }), hands_(form, [this] { Refresh(); }) {
+    : form_(form),
+      mirror_(form),
+      ticker_(form.OpenForms, form.Devices().clock, [this] { Refresh(); }),
+      hands_(form.OpenForms, [this] { Refresh(); }) {
   setObjectName(QStringLiteral("Form1"));
   setWindowTitle(QStringLiteral("Vintoral 10.25"));
   setWindowIcon(QIcon(QStringLiteral(":/icons/vintoral.svg")));

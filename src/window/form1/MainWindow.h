@@ -4,6 +4,7 @@
 #include <QWidget>
 #include <functional>
 
+#include "station/form1/Form1.h"
 #include "window/controls/Hands.h"
 #include "window/controls/Mirror.h"
 #include "window/controls/Ticker.h"

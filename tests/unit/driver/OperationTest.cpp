@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "support/MemoryStation.h"
+#include "tariffs/form6/Form6.h"
 #include "support/TempFolder.h"
 
 namespace vintoral {
@@ -110,9 +111,15 @@ TEST(RequireText, OnlyBoxesAndListsHaveAText) {
 
 TEST(FindNamed, TakesANameWithOrWithoutTheForm) {
   MemoryStation station;
-  EXPECT_EQ(FindNamed(station.Form, "TxtCampo(1)"), &station.Form.TxtCampo[1]);
-  EXPECT_EQ(FindNamed(station.Form, "Form1.TxtCampo(1)"), &station.Form.TxtCampo[1]);
-  EXPECT_EQ(FindNamed(station.Form, "Form9.TxtCampo(1)"), nullptr);
+  const Forms& forms = station.Form.OpenForms;
+  EXPECT_EQ(FindNamed(forms, "TxtCampo(1)"), &station.Form.TxtCampo[1]);
+  EXPECT_EQ(FindNamed(forms, "form1.txtcampo(1)"), &station.Form.TxtCampo[1]);
+  EXPECT_EQ(FindNamed(forms, "Form9.TxtCampo(1)"), nullptr);
+  EXPECT_EQ(FindNamed(forms, "Form1.TxtCampo(9)"), nullptr);
+  EXPECT_EQ(FindNamed(forms, "Form6.TxtMoneda"), nullptr);
+  Form6& dialog = station.Form.OpenForms.Load(std::make_unique<Form6>(station.Form));
+  EXPECT_EQ(FindNamed(forms, "Form6.TxtMoneda"), &dialog.TxtMoneda);
+  EXPECT_EQ(FindNamed(forms, "TxtMoneda"), nullptr);
 }
 
 TEST(ItemIndex, FindsByIndexOrText) {
@@ -126,34 +133,6 @@ TEST(ItemIndex, FindsByIndexOrText) {
   EXPECT_EQ(ItemIndex(list, Json::parse(R"({"text":"BUS"})")), -1);
   EXPECT_EQ(ItemIndex(Label(), Json::parse(R"({"index":0})")), -1);
   EXPECT_EQ(Failure([&] { ItemIndex(list, Json::object()); }), "field 'text' is missing");
-}
-
-TEST(TickRow, SetsOneRowOfAListWithTicks) {
-  ListBox list;
-  list.Name = "LstX";
-  list.List = {"A"_w, "B"_w};
-  list.Checked = {false, false};
-  TickRow(list, Json::parse(R"({"index":1,"value":1})"));
-  EXPECT_EQ(list.Checked, (std::vector<bool>{false, true}));
-  EXPECT_EQ(Failure([&] { TickRow(list, Json::parse(R"({"index":2,"value":1})")); }),
-            "control 'LstX' has no tick at that row");
-  EXPECT_EQ(Failure([&] { TickRow(list, Json::parse(R"({"index":-1,"value":1})")); }),
-            "control 'LstX' has no tick at that row");
-  EXPECT_EQ(Failure([&] { TickRow(list, Json::parse(R"({"index":0,"value":2})")); }),
-            "field 'value' is out of range");
-}
-
-TEST(ScrollList, SetsTheFirstVisibleRow) {
-  ListBox list;
-  list.Name = "LstX";
-  list.List = {"A"_w, "B"_w};
-  ScrollList(list, Json::parse(R"({"top":1})"));
-  EXPECT_EQ(list.TopIndex, 1);
-  EXPECT_EQ(Failure([&] { ScrollList(list, Json::parse(R"({"top":2})")); }),
-            "control 'LstX' has no such row");
-  TextBox box;
-  box.Name = "TxtX";
-  EXPECT_EQ(Failure([&] { ScrollList(box, Json::parse(R"({"top":0})")); }), "control 'TxtX' is no list");
 }
 
 TEST(MakeFolders, MakesAllAboveAndGivesTheAbsolutePath) {

@@ -131,31 +131,31 @@ TEST_F(AdvanceTimeTest, TimeSpentInABoxIsNotSpentAgain) {
   EXPECT_EQ(station_.Clock.Ticks(), 5500);
 }
 
-TEST(SiguienteTick, IsMinusOneWhileNoTimerRuns) {
+TEST(NextTick, IsMinusOneWhileNoTimerRuns) {
   MemoryStation station;
-  EXPECT_EQ(station.Form.SiguienteTick(), -1);
+  EXPECT_EQ(station.Form.OpenForms.NextTick(), -1);
   station.Form.TmrConexion.SetEnabled(true);
-  EXPECT_EQ(station.Form.SiguienteTick(), 3000);
+  EXPECT_EQ(station.Form.OpenForms.NextTick(), 3000);
 }
 
-TEST(EjecutarTicks, ALateTimerTicksOnce) {
+TEST(RunTicks, ALateTimerTicksOnce) {
   MemoryStation station;
   int ticks = 0;
   station.Form.TmrBarCode.OnTick = [&] { ++ticks; };
   station.Form.TmrBarCode.SetEnabled(true);
   station.Clock.Advance(10'500);
-  station.Form.EjecutarTicks();
+  station.Form.OpenForms.RunTicks();
   EXPECT_EQ(ticks, 1);
-  EXPECT_EQ(station.Form.SiguienteTick(), 11'500);
+  EXPECT_EQ(station.Form.OpenForms.NextTick(), 11'500);
 }
 
-TEST(EjecutarTicks, NothingTicksAfterTheEnd) {
+TEST(RunTicks, NothingTicksAfterTheEnd) {
   MemoryStation station;
   station.StartConnected();
   station.Answers = {Answer::kYes};
   station.Form.CerrarVentana();
   ASSERT_TRUE(station.Form.Terminado());
-  EXPECT_EQ(station.Form.SiguienteTick(), -1);
+  EXPECT_EQ(station.Form.OpenForms.NextTick(), -1);
 }
 
 }  // namespace

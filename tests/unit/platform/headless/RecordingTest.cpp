@@ -1,4 +1,5 @@
 #include "platform/headless/Recording.h"
+#include "platform/headless/VirtualClock.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -22,7 +23,8 @@ const Box kNotice{"Aviso"_w, "Listo."_w};
 class RecordingScreenTest : public testing::Test {
  protected:
   Recording events_;
-  RecordingScreen screen_{events_};
+  VirtualClock clock_;
+  RecordingScreen screen_{events_, clock_};
 };
 
 TEST_F(RecordingScreenTest, ABoxIsUpUntilItIsAnswered) {
@@ -117,7 +119,8 @@ TEST_F(RecordingScreenTest, AWaitBrokenOffTakesTheBoxDown) {
 
 TEST(Recording, EventsComeInOrderAndOnce) {
   Recording events;
-  RecordingScreen screen(events);
+  const VirtualClock clock;
+  RecordingScreen screen(events, clock);
   RecordingSystem system(events, screen);
   RecordingSound sound(events);
   sound.Play("Sonidos\\Vintoral-5.wav", false);
@@ -135,7 +138,8 @@ TEST(Recording, EventsComeInOrderAndOnce) {
 TEST(RecordingSystem, ShortcutsAreRealFilesOnTheGivenDesktop) {
   const TempFolder desktop;
   Recording events;
-  RecordingScreen screen(events);
+  const VirtualClock clock;
+  RecordingScreen screen(events, clock);
   RecordingSystem system(events, screen);
   system.Desktop = desktop.Path();
   EXPECT_FALSE(system.HasShortcut("Vintoral"));
@@ -146,7 +150,8 @@ TEST(RecordingSystem, ShortcutsAreRealFilesOnTheGivenDesktop) {
 
 TEST(RecordingSystem, WithoutADesktopThereIsNoShortcut) {
   Recording events;
-  RecordingScreen screen(events);
+  const VirtualClock clock;
+  RecordingScreen screen(events, clock);
   RecordingSystem system(events, screen);
   EXPECT_FALSE(system.CreateShortcut({"Vintoral"_w, {}, {}}));
   EXPECT_FALSE(system.HasShortcut("Vintoral"));

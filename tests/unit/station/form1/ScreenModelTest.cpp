@@ -211,10 +211,12 @@ TEST_F(ScreenModelTest, TheToolBarTakesTheFocusFromAllControls) {
 
 TEST_F(ScreenModelTest, LeavingAControlIsToldOnceAndAfterTheMove) {
   std::vector<std::string> left;
-  screen_.OnLostFocus = [&](Control& control) {
-    EXPECT_EQ(screen_.Focus(), &screen_.TxtCampo[2]);
-    left.push_back(control.Name);
-  };
+  for (Control* control : screen_.Controls()) {
+    control->OnLostFocus = [&, control] {
+      EXPECT_EQ(screen_.Focus(), &screen_.TxtCampo[2]);
+      left.push_back(control->Name);
+    };
+  }
   screen_.SetFocus(&screen_.TxtCampo[2]);
   screen_.SetFocus(&screen_.TxtCampo[2]);
   screen_.SetFocus(&screen_.LblFechaEnt);

@@ -103,6 +103,7 @@ TEST_F(ButtonTest, TheRetireButtonBeepsWithoutACell) {
 }
 
 TEST_F(ButtonTest, TheGeneratorsButtonsBeepWhereNoNumberCanBeTyped) {
+  form_.CmdNumeroFicha.Visible = form_.CmdBarCode.Visible = true;
   form_.TxtCampo[0].Enabled = false;
   station_.Hands.Click(form_.CmdNumeroFicha);
   EXPECT_EQ(station_.Beeps(), 1);
@@ -112,6 +113,7 @@ TEST_F(ButtonTest, TheGeneratorsButtonsBeepWhereNoNumberCanBeTyped) {
 }
 
 TEST_F(ButtonTest, TheGeneratorsButtonsGiveTheFocusToTheToolBar) {
+  form_.CmdNumeroFicha.Visible = true;
   station_.Hands.Click(form_.CmdNumeroFicha);
   EXPECT_EQ(station_.Beeps(), 0);
   EXPECT_EQ(form_.Focus(), nullptr);

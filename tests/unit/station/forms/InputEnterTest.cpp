@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "station/form1/Input.h"
+#include "station/forms/Input.h"
 #include "unit/station/forms/HandsFixture.h"
 
 namespace vintoral {
@@ -188,7 +188,7 @@ TEST_F(LabelTest, LeavingItEndsAndStoresIt) {
 TEST_F(LabelTest, AClickOnTheToolBarEndsAndStoresIt) {
   hands_.Click(panel_);
   station_.Type("socio");
-  hands_.Click(form_.PctBoton[5]);
+  hands_.Click(form_.PctBoton[1]);
   EXPECT_TRUE(label_.Locked);
   EXPECT_EQ(Stored(), "SOCIO               ");
   EXPECT_EQ(form_.Focus(), &number_);

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "station/form1/Input.h"
+#include "station/forms/Input.h"
 #include "unit/station/forms/HandsFixture.h"
 
 namespace vintoral {

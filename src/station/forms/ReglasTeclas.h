@@ -1,11 +1,9 @@
-// What a character may do in each field of the main screen.
+// What a character may do in each kind of field.
 #pragma once
 
-#include "station/form1/ScreenModel.h"
+#include "station/forms/KeyVerdict.h"
 
 namespace vintoral {
-
-enum class KeyVerdict { kPass, kDrop, kBeep };
 
 /// The number field: digits and Backspace; the commands' control characters fall silently, all else with a
 /// beep.
@@ -16,8 +14,5 @@ KeyVerdict CashFieldKey(char character);
 KeyVerdict TextFieldKey(char character);
 /// The minutes of a monitor: digits and Backspace, a beep for the rest.
 KeyVerdict MinutesKey(char character);
-
-/// The rule of one text box of `screen`.
-KeyVerdict KeyRule(const ScreenModel& screen, const TextBox& box, char character);
 
 }  // namespace vintoral

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "support/MemoryStation.h"
+#include "tariffs/form6/Form6.h"
 
 namespace vintoral {
 namespace {
@@ -39,11 +40,8 @@ class EditarTablasTest : public testing::Test {
     Open();
   }
   void Open() {
-    form_.ImprimirTarifas();
-    form_.Form6.TxtMoneda.SetText(form_.Moneda);
-    for (TextBox& box : tabs_)
-      box.Tag = "0"_w;
-    form_.Form6.TxtMoneda.Tag = "0"_w;
+    form_.OpenForms.UnloadDialogs();
+    dialog_ = &form_.OpenForms.Load(std::make_unique<Form6>(form_));
   }
   void Save() {
     form_.ActualizarTarifas();
@@ -65,7 +63,7 @@ class EditarTablasTest : public testing::Test {
 
   MemoryStation station_;
   Form1& form_ = station_.Form;
-  std::array<TextBox, 3>& tabs_ = form_.Form6.TxtTarifas;
+  Form6* dialog_ = nullptr;
   ComboBox& categories_ = form_.CboTarifa[1];
 };
 
@@ -73,45 +71,45 @@ class EditarTablasTest : public testing::Test {
 // ---------------------------------------------------------------------------------------------
 
 TEST_F(EditarTablasTest, EachBoxShowsItsTable) {
-  EXPECT_EQ(tabs_[0].Text(), "AUTO\r\n1M = 5*\r\n\r\nMOTO"_w);
-  EXPECT_EQ(tabs_[1].Text(), "\r\nCAFE = 5"_w);
-  EXPECT_EQ(tabs_[2].Text(), " Minutos = Valor\r\n 120 = mil\r\n"_w);
+  EXPECT_EQ(dialog_->TxtTarifas[0].Text(), "AUTO\r\n1M = 5*\r\n\r\nMOTO"_w);
+  EXPECT_EQ(dialog_->TxtTarifas[1].Text(), "\r\nCAFE = 5"_w);
+  EXPECT_EQ(dialog_->TxtTarifas[2].Text(), " Minutos = Valor\r\n 120 = mil\r\n"_w);
 }
 
 TEST_F(EditarTablasTest, ShowingTwiceShowsTheSame) {
   Open();
-  EXPECT_EQ(tabs_[1].Text(), "\r\nCAFE = 5"_w);
+  EXPECT_EQ(dialog_->TxtTarifas[1].Text(), "\r\nCAFE = 5"_w);
 }
 
 TEST_F(EditarTablasTest, AChangeOfTextSetsTheTag) {
-  tabs_[2].SetText("x"_w);
-  EXPECT_EQ(tabs_[0].Tag, "0"_w);
-  EXPECT_EQ(tabs_[1].Tag, "0"_w);
-  EXPECT_EQ(tabs_[2].Tag, "1"_w);
-  EXPECT_EQ(form_.Form6.TxtMoneda.Tag, "0"_w);
-  form_.Form6.TxtMoneda.Insert("S/."_w);
-  EXPECT_EQ(form_.Form6.TxtMoneda.Tag, "1"_w);
-  EXPECT_EQ(tabs_[0].Tag, "0"_w);
+  dialog_->TxtTarifas[2].SetText("x"_w);
+  EXPECT_EQ(dialog_->TxtTarifas[0].Tag, "0"_w);
+  EXPECT_EQ(dialog_->TxtTarifas[1].Tag, "0"_w);
+  EXPECT_EQ(dialog_->TxtTarifas[2].Tag, "1"_w);
+  EXPECT_EQ(dialog_->TxtMoneda.Tag, "0"_w);
+  dialog_->TxtMoneda.Insert("S/."_w);
+  EXPECT_EQ(dialog_->TxtMoneda.Tag, "1"_w);
+  EXPECT_EQ(dialog_->TxtTarifas[0].Tag, "0"_w);
 }
 
 TEST_F(EditarTablasTest, BoxesAreFoundByTheirNames) {
-  EXPECT_EQ(tabs_[0].Name, "TxtTarifas(0)");
-  EXPECT_EQ(tabs_[2].Name, "TxtTarifas(2)");
-  EXPECT_EQ(form_.Form6.TxtMoneda.Name, "TxtMoneda");
+  EXPECT_EQ(dialog_->TxtTarifas[0].Name, "TxtTarifas(0)");
+  EXPECT_EQ(dialog_->TxtTarifas[2].Name, "TxtTarifas(2)");
+  EXPECT_EQ(dialog_->TxtMoneda.Name, "TxtMoneda");
 }
 
 // ---- Into the tables
 // --------------------------------------------------------------------------------------------
 
 TEST_F(EditarTablasTest, TariffLinesAreTrimmedCutAndRaised) {
-  tabs_[0].SetText("  camión \r\n 1h=6000 \r\n\r\nabcdefghijklmnopqrstuvwxyz"_w);
+  dialog_->TxtTarifas[0].SetText("  camión \r\n 1h=6000 \r\n\r\nabcdefghijklmnopqrstuvwxyz"_w);
   form_.ActualizarTarifas();
   EXPECT_THAT(form_.TablaTarifas, ElementsAre("CAMIÓN"_w, "1H=6000"_w, ""_w, "ABCDEFGHIJKLMNOPQRST"_w));
 }
 
 TEST_F(EditarTablasTest, TheHeadsAreTheCategoriesAndTheFirstIsChosen) {
   categories_.Select(1);
-  tabs_[0].SetText("\r\ncamión\r\n1M = 7\r\n\r\n   \r\nabcdefghijklmnopqrstuvwxyz\r\nauto"_w);
+  dialog_->TxtTarifas[0].SetText("\r\ncamión\r\n1M = 7\r\n\r\n   \r\nabcdefghijklmnopqrstuvwxyz\r\nauto"_w);
   form_.ActualizarTarifas();
   EXPECT_THAT(categories_.List(), ElementsAre("CAMIÓN"_w, "ABCDEFGHIJKLMNOPQRST"_w, "AUTO"_w));
   EXPECT_EQ(categories_.Text(), "CAMIÓN"_w);
@@ -119,14 +117,14 @@ TEST_F(EditarTablasTest, TheHeadsAreTheCategoriesAndTheFirstIsChosen) {
 }
 
 TEST_F(EditarTablasTest, AnEqualsSignThatTheCutTakesAwayMakesNoCategory) {
-  tabs_[0].SetText("auto\r\nnombre de veinte letras = 5"_w);
+  dialog_->TxtTarifas[0].SetText("auto\r\nnombre de veinte letras = 5"_w);
   form_.ActualizarTarifas();
   EXPECT_THAT(form_.TablaTarifas, ElementsAre("AUTO"_w, "NOMBRE DE VEINTE LET"_w));
   EXPECT_THAT(categories_.List(), ElementsAre("AUTO"_w));
 }
 
 TEST_F(EditarTablasTest, RulesWithoutAHeadLeaveNoCategory) {
-  tabs_[0].SetText("1M = 7"_w);
+  dialog_->TxtTarifas[0].SetText("1M = 7"_w);
   form_.ActualizarTarifas();
   EXPECT_THAT(form_.TablaTarifas, ElementsAre("1M = 7"_w));
   EXPECT_THAT(categories_.List(), IsEmpty());
@@ -134,7 +132,7 @@ TEST_F(EditarTablasTest, RulesWithoutAHeadLeaveNoCategory) {
 }
 
 TEST_F(EditarTablasTest, ExtrasAreWrittenAnew) {
-  tabs_[1].SetText(
+  dialog_->TxtTarifas[1].SetText(
       "ventas\r\n\r\n casco\tmoto=120000 \r\nabcdefghijklmnopqrstuvwxy = 1234567890\r\nambien liquido para=7"_w);
   form_.ActualizarTarifas();
   EXPECT_THAT(form_.TablaExtras, ElementsAre("VENTAS"_w, ""_w, "CASCO MOTO = 120000"_w,
@@ -142,13 +140,13 @@ TEST_F(EditarTablasTest, ExtrasAreWrittenAnew) {
 }
 
 TEST_F(EditarTablasTest, PrepaidLoadsStandAsTyped) {
-  tabs_[2].SetText("\r\n  Minutos = Valor\r\n\t120=mil  \r\nx"_w);
+  dialog_->TxtTarifas[2].SetText("\r\n  Minutos = Valor\r\n\t120=mil  \r\nx"_w);
   form_.ActualizarTarifas();
   EXPECT_THAT(form_.TablaPrepago, ElementsAre(""_w, "  Minutos = Valor"_w, "\t120=mil  "_w, "x"_w));
 }
 
 TEST_F(EditarTablasTest, TheBlanksAroundTheWholeTextAreLostInAllTabs) {
-  tabs_[2].SetText("  120 = mil\r\n  180 = dos mil  "_w);
+  dialog_->TxtTarifas[2].SetText("  120 = mil\r\n  180 = dos mil  "_w);
   form_.ActualizarTarifas();
   EXPECT_THAT(form_.TablaPrepago, ElementsAre("120 = mil"_w, "  180 = dos mil"_w));
 }
@@ -157,7 +155,7 @@ TEST_F(EditarTablasTest, AChangedTabLeavesTheTablesOfTheOthers) {
   const std::vector<String> tariffs = form_.TablaTarifas;
   const std::vector<String> loads = form_.TablaPrepago;
   categories_.Select(1);
-  tabs_[1].SetText("te = 3"_w);
+  dialog_->TxtTarifas[1].SetText("te = 3"_w);
   form_.ActualizarTarifas();
   EXPECT_THAT(form_.TablaExtras, ElementsAre("TE = 3"_w));
   EXPECT_EQ(form_.TablaTarifas, tariffs);
@@ -167,13 +165,13 @@ TEST_F(EditarTablasTest, AChangedTabLeavesTheTablesOfTheOthers) {
 
 TEST_F(EditarTablasTest, OnlyATagOfOneCounts) {
   const std::vector<String> tariffs = form_.TablaTarifas;
-  tabs_[0].SetText("camion"_w);
+  dialog_->TxtTarifas[0].SetText("camion"_w);
   for (const String& tag : {""_w, "0"_w, "2"_w, "10"_w, "-1"_w, "x1"_w}) {
-    tabs_[0].Tag = tag;
+    dialog_->TxtTarifas[0].Tag = tag;
     form_.ActualizarTarifas();
     EXPECT_EQ(form_.TablaTarifas, tariffs) << tag.Bytes();
   }
-  tabs_[0].Tag = " 1"_w;  // as a number it is one
+  dialog_->TxtTarifas[0].Tag = " 1"_w;  // as a number it is one
   form_.ActualizarTarifas();
   EXPECT_THAT(form_.TablaTarifas, ElementsAre("CAMION"_w));
 }
@@ -181,8 +179,8 @@ TEST_F(EditarTablasTest, OnlyATagOfOneCounts) {
 TEST_F(EditarTablasTest, AnEmptiedTabKeepsItsTableAndItsCategories) {
   const std::vector<String> tariffs = form_.TablaTarifas;
   for (const String& text : {""_w, "   "_w, "\r\n"_w, " \r\n \r\n"_w}) {
-    tabs_[0].SetText("x"_w);
-    tabs_[0].SetText(text);
+    dialog_->TxtTarifas[0].SetText("x"_w);
+    dialog_->TxtTarifas[0].SetText(text);
     categories_.Select(1);
     form_.ActualizarTarifas();
     EXPECT_EQ(form_.TablaTarifas, tariffs) << testing::PrintToString(text.Bytes());
@@ -195,7 +193,7 @@ TEST_F(EditarTablasTest, AChangeCountsAtOnceButNotForTheFichaOnDisplay) {
   station_.Pass(10 * 60'000);
   station_.TypeAndEnter("7");
   EXPECT_EQ(form_.LblValor.Caption, "COP 50.00"_w);
-  tabs_[0].SetText("auto\r\n1m = 7*"_w);
+  dialog_->TxtTarifas[0].SetText("auto\r\n1m = 7*"_w);
   Save();
   station_.Pass(30'000);
   EXPECT_EQ(form_.LblValor.Caption, "COP 50.00"_w);
@@ -216,7 +214,7 @@ TEST_F(EditarTablasTest, SavingWithoutAChangeWritesNothing) {
 }
 
 TEST_F(EditarTablasTest, AChangedTabIsWrittenWholeAndTheOthersAreLeftAlone) {
-  tabs_[0].SetText(tabs_[0].Text() + "\r\n1h = 900\r\n"_w);
+  dialog_->TxtTarifas[0].SetText(dialog_->TxtTarifas[0].Text() + "\r\n1h = 900\r\n"_w);
   Save();
   EXPECT_EQ(Emp(), File({"AUTO", "1M = 5*", "", "MOTO", "1H = 900", ""}));
   EXPECT_EQ(Xtr(), File({"", " cafe = 5"}));
@@ -225,28 +223,28 @@ TEST_F(EditarTablasTest, AChangedTabIsWrittenWholeAndTheOthersAreLeftAlone) {
 }
 
 TEST_F(EditarTablasTest, AFileShrinksWithItsTable) {
-  tabs_[0].SetText(" automovil "_w);
+  dialog_->TxtTarifas[0].SetText(" automovil "_w);
   Save();
   EXPECT_EQ(Emp(), File({"AUTOMOVIL"}));
   Open();
-  EXPECT_EQ(tabs_[0].Text(), "AUTOMOVIL"_w);
+  EXPECT_EQ(dialog_->TxtTarifas[0].Text(), "AUTOMOVIL"_w);
 }
 
 TEST_F(EditarTablasTest, ChangedExtrasLeaveTheTariffFileAsItWas) {
-  tabs_[1].SetText("abcdefghijklmnopqrstuvwxy = 1234567890"_w);
+  dialog_->TxtTarifas[1].SetText("abcdefghijklmnopqrstuvwxy = 1234567890"_w);
   Save();
   EXPECT_EQ(Xtr(), File({"ABCDEFGHIJKLMNO = 123456789"}));
   EXPECT_EQ(Emp(), File({" auto", " 1m = 5*", "", " moto"}));
 }
 
 TEST_F(EditarTablasTest, PrepaidLoadsKeepTheirCaseAndTheirBlanksInFront) {
-  tabs_[2].SetText("\r\n Minutos = Valor\r\n  120 = Mil\r\n"_w);
+  dialog_->TxtTarifas[2].SetText("\r\n Minutos = Valor\r\n  120 = Mil\r\n"_w);
   Save();
   EXPECT_EQ(Rje(), File({"", " Minutos = Valor", "  120 = Mil", ""}));
 }
 
 TEST_F(EditarTablasTest, ALongPrepaidLineEndsWithItsRecord) {
-  tabs_[2].SetText("x\r\n"_w + String(120, 'a') + "\r\ny"_w);
+  dialog_->TxtTarifas[2].SetText("x\r\n"_w + String(120, 'a') + "\r\ny"_w);
   Save();
   EXPECT_EQ(Rje(), File({"x", std::string(100, 'a'), "y"}));
   EXPECT_EQ(form_.TablaPrepago[1].Size(), 100u);
@@ -261,30 +259,30 @@ TEST_F(EditarTablasTest, TheStarsOfALongLineVanishWithTheFirstSave) {
   station.Form.CargarTablas();
   EXPECT_EQ(station.Form.TablaTarifas[1], "1M = 100            "_w);  // 20 characters
   EXPECT_EQ(station.Disk.Get(kEmp), File({"AUTO", line}));
-  station.Form.ImprimirTarifas();
-  EXPECT_EQ(station.Form.Form6.TxtTarifas[0].Text(), "AUTO\r\n1M = 100"_w);
-  station.Form.Form6.TxtTarifas[0].Tag = "1"_w;
+  station.Form.OpenForms.Load(std::make_unique<Form6>(station.Form));
+  EXPECT_EQ(station.Form.Form6->TxtTarifas[0].Text(), "AUTO\r\n1M = 100"_w);
+  station.Form.Form6->TxtTarifas[0].Tag = "1"_w;
   station.Form.ActualizarTarifas();
   station.Form.CopiarTarifas();
   EXPECT_EQ(station.Disk.Get(kEmp), File({"AUTO", "1M = 100"}));
 }
 
 TEST_F(EditarTablasTest, ALongLineThatIsTypedIsCutOnItsWayToTheFile) {
-  tabs_[0].SetText("auto\r\n 1m = 100               **"_w);
+  dialog_->TxtTarifas[0].SetText("auto\r\n 1m = 100               **"_w);
   Save();
   EXPECT_EQ(Emp(), File({"AUTO", "1M = 100"}));
 }
 
 TEST_F(EditarTablasTest, TheFileOfAnEmptiedTabIsWrittenFromItsOldTable) {
-  tabs_[0].SetText(""_w);
+  dialog_->TxtTarifas[0].SetText(""_w);
   Save();
   EXPECT_EQ(Emp(), File({"AUTO", "1M = 5*", "", "MOTO"}));
   EXPECT_THAT(categories_.List(), ElementsAre("AUTO"_w, "MOTO"_w));
 }
 
 TEST_F(EditarTablasTest, EmptiedExtrasAndLoadsAreWrittenFromTheirOldTablesToo) {
-  tabs_[1].SetText(" \r\n"_w);
-  tabs_[2].SetText(""_w);
+  dialog_->TxtTarifas[1].SetText(" \r\n"_w);
+  dialog_->TxtTarifas[2].SetText(""_w);
   Save();
   EXPECT_EQ(Xtr(), File({"", "CAFE = 5"}));
   EXPECT_EQ(Rje(), File({" Minutos = Valor", " 120 = mil", ""}));
@@ -293,22 +291,22 @@ TEST_F(EditarTablasTest, EmptiedExtrasAndLoadsAreWrittenFromTheirOldTablesToo) {
 
 TEST_F(EditarTablasTest, AReadOnlyFileIsWrittenAllTheSame) {
   station_.Disk.SetReadOnly(kRje);
-  tabs_[2].SetText("x"_w);
+  dialog_->TxtTarifas[2].SetText("x"_w);
   EXPECT_EQ(SaveFailing({}), "");
   EXPECT_EQ(Rje(), File({"x"}));
 }
 
 TEST_F(EditarTablasTest, AFileThatIsMissingIsMadeAnew) {
   ASSERT_TRUE(station_.Disk.Remove(kXtr));
-  tabs_[1].SetText("te = 3"_w);
+  dialog_->TxtTarifas[1].SetText("te = 3"_w);
   Save();
   EXPECT_EQ(Xtr(), File({"TE = 3"}));
 }
 
 TEST_F(EditarTablasTest, AFileThatCannotBeWrittenKeepsTheLaterOnesAsTheyWere) {
-  tabs_[0].SetText("camion"_w);
-  tabs_[1].SetText("te = 3"_w);
-  tabs_[2].SetText("x"_w);
+  dialog_->TxtTarifas[0].SetText("camion"_w);
+  dialog_->TxtTarifas[1].SetText("te = 3"_w);
+  dialog_->TxtTarifas[2].SetText("x"_w);
   EXPECT_EQ(SaveFailing({.failWrite = 2}), "vintoral: use a faulty disk: No space left on device\n");
   EXPECT_EQ(Emp(), File({"CAMION"}));
   EXPECT_EQ(Xtr(), File({"", " cafe = 5"}));
@@ -319,10 +317,10 @@ TEST_F(EditarTablasTest, AFileThatCannotBeWrittenKeepsTheLaterOnesAsTheyWere) {
 }
 
 TEST_F(EditarTablasTest, TheNextStartReadsWhatWasSaved) {
-  tabs_[0].SetText("camion\r\n1m = 9"_w);
-  tabs_[1].SetText("te=3"_w);
-  tabs_[2].SetText("x\r\n Y"_w);
-  form_.Form6.TxtMoneda.SetText("S/."_w);
+  dialog_->TxtTarifas[0].SetText("camion\r\n1m = 9"_w);
+  dialog_->TxtTarifas[1].SetText("te=3"_w);
+  dialog_->TxtTarifas[2].SetText("x\r\n Y"_w);
+  dialog_->TxtMoneda.SetText("S/."_w);
   Save();
   MemoryStation again;
   for (const char* file : {kEmp, kXtr, kRje, kDvs})
@@ -339,7 +337,7 @@ TEST_F(EditarTablasTest, TheNextStartReadsWhatWasSaved) {
 // -----------------------------------------------------------------------------------------------
 
 TEST_F(EditarTablasTest, TheCurrencyIsWrittenTrimmedAsOneLine) {
-  form_.Form6.TxtMoneda.SetText("  US$ "_w);
+  dialog_->TxtMoneda.SetText("  US$ "_w);
   Save();
   EXPECT_EQ(form_.Moneda, "US$"_w);
   EXPECT_EQ(Dvs(), "US$\r\n");
@@ -349,35 +347,35 @@ TEST_F(EditarTablasTest, TheCurrencyIsWrittenTrimmedAsOneLine) {
 }
 
 TEST_F(EditarTablasTest, TheCurrencyHasTenCharacters) {
-  form_.Form6.TxtMoneda.SetText(" ABCDEFGHIJK"_w);
+  dialog_->TxtMoneda.SetText(" ABCDEFGHIJK"_w);
   Save();
   EXPECT_EQ(form_.Moneda, "ABCDEFGHIJ"_w);
   EXPECT_EQ(Dvs(), "ABCDEFGHIJ\r\n");
 }
 
 TEST_F(EditarTablasTest, TheCurrencyIsWindows1252OnDisk) {
-  form_.Form6.TxtMoneda.SetText("€"_w);
+  dialog_->TxtMoneda.SetText("€"_w);
   Save();
   EXPECT_EQ(Dvs(), "\x80\r\n");
 }
 
 TEST_F(EditarTablasTest, TheCurrencyMayBeEmptied) {
-  form_.Form6.TxtMoneda.SetText(""_w);
+  dialog_->TxtMoneda.SetText(""_w);
   Save();
   EXPECT_EQ(form_.Moneda, ""_w);
   EXPECT_EQ(Dvs(), "\r\n");
 }
 
 TEST_F(EditarTablasTest, ACurrencyThatIsUnchangedIsNotWritten) {
-  form_.Form6.TxtMoneda.SetText("US$"_w);
-  form_.Form6.TxtMoneda.Tag = "0"_w;
+  dialog_->TxtMoneda.SetText("US$"_w);
+  dialog_->TxtMoneda.Tag = "0"_w;
   Save();
   EXPECT_EQ(form_.Moneda, "COP"_w);
   EXPECT_EQ(Dvs(), "COP\r\n");
 }
 
 TEST_F(EditarTablasTest, ACurrencyThatCannotBeWrittenStaysAsItWas) {
-  form_.Form6.TxtMoneda.SetText("US$"_w);
+  dialog_->TxtMoneda.SetText("US$"_w);
   EXPECT_EQ(SaveFailing({.failWrite = 1}), "vintoral: use a faulty disk: No space left on device\n");
   EXPECT_EQ(form_.Moneda, "COP"_w);
   EXPECT_EQ(Dvs(), "COP\r\n");

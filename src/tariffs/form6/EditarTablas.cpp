@@ -6,6 +6,7 @@
 #include "station/form1/Form1.h"
 #include "tariffs/Tablas.h"
 #include "tariffs/TextoTabla.h"
+#include "tariffs/form6/Form6.h"
 
 namespace vintoral {
 namespace {
@@ -29,16 +30,16 @@ void Refill(std::vector<String>& table, const TextBox& box, String (*lineOf)(std
 }  // namespace
 
 void Form1::ImprimirTarifas() {
-  Form6.TxtTarifas[0].SetText(TextoDeTabla(TablaTarifas));
-  Form6.TxtTarifas[1].SetText(TextoDeTabla(TablaExtras));
-  Form6.TxtTarifas[2].SetText(TextoDeTabla(TablaPrepago));
+  Form6->TxtTarifas[0].SetText(TextoDeTabla(TablaTarifas));
+  Form6->TxtTarifas[1].SetText(TextoDeTabla(TablaExtras));
+  Form6->TxtTarifas[2].SetText(TextoDeTabla(TablaPrepago));
 }
 
 void Form1::ActualizarTarifas() {
-  const std::vector<String> tariffs = EditedLines(Form6.TxtTarifas[0]);
+  const std::vector<String> tariffs = EditedLines(Form6->TxtTarifas[0]);
   if (!tariffs.empty()) LlenarTarifas(tariffs);
-  Refill(TablaExtras, Form6.TxtTarifas[1], LineaExtraEditada);
-  Refill(TablaPrepago, Form6.TxtTarifas[2], LineaPrepagoEditada);
+  Refill(TablaExtras, Form6->TxtTarifas[1], LineaExtraEditada);
+  Refill(TablaPrepago, Form6->TxtTarifas[2], LineaPrepagoEditada);
 }
 
 void Form1::CopiarTarifas() {
@@ -50,7 +51,7 @@ void Form1::CopiarTarifas() {
                                         {"Recursos\\Vintoral.XTR", &TablaExtras},
                                         {"Recursos\\Vintoral.RJE", &TablaPrepago}}};
   for (std::size_t k = 0; k < tables.size(); ++k) {
-    if (!Changed(Form6.TxtTarifas[k])) continue;
+    if (!Changed(Form6->TxtTarifas[k])) continue;
     platform_.disk.ClearReadOnly(tables[k].file).PassOver();
     const Outcome written = platform_.disk.Replace(tables[k].file, CodificarLineas(*tables[k].lines));
     written.PassOver();

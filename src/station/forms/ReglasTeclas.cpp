@@ -1,4 +1,4 @@
-#include "station/form1/ReglasTeclas.h"
+#include "station/forms/ReglasTeclas.h"
 
 #include <string_view>
 
@@ -37,12 +37,6 @@ KeyVerdict TextFieldKey(char character) {
 
 KeyVerdict MinutesKey(char character) {
   return character == kBackspace || IsDigit(character) ? KeyVerdict::kPass : KeyVerdict::kBeep;
-}
-
-KeyVerdict KeyRule(const ScreenModel& screen, const TextBox& box, char character) {
-  if (&box == &screen.TxtCampo[0]) return NumberFieldKey(character);
-  if (&box == &screen.TxtEfectivo) return CashFieldKey(character);
-  return TextFieldKey(character);
 }
 
 }  // namespace vintoral

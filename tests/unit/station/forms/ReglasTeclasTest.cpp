@@ -1,9 +1,11 @@
-#include "station/form1/ReglasTeclas.h"
+#include "station/forms/ReglasTeclas.h"
 
 #include <gtest/gtest.h>
 
 #include <functional>
 #include <set>
+
+#include "support/MemoryStation.h"
 
 namespace vintoral {
 namespace {
@@ -45,17 +47,17 @@ TEST(ReglasTeclas, TheMinutesTakeDigitsAndBackspaceAndBeepAtTheRest) {
   ExpectRule(MinutesKey, With(kDigits, {kBackspace}), {}, KeyVerdict::kBeep);
 }
 
-TEST(ReglasTeclas, EachFieldHasItsRule) {
-  const ScreenModel screen;
-  const auto of = [&](const TextBox& box) {
-    return [&](char character) { return KeyRule(screen, box, character); };
-  };
-  ExpectRule(of(screen.TxtCampo[0]), With(kDigits, {kBackspace}), With(kSilent, {kEscape}),
-             KeyVerdict::kBeep);
-  ExpectRule(of(screen.TxtEfectivo), With(kDigits, {kBackspace, ',', '.'}), With(kSilent, {kEscape}),
+TEST(ReglasTeclas, EachFieldOfTheMainScreenHasItsRule) {
+  const test::MemoryStation station;
+  const Form1& screen = station.Form;
+  const auto number = With(kDigits, {kBackspace});
+  ExpectRule(screen.TxtCampo[0].KeyRule, number, With(kSilent, {kEscape}), KeyVerdict::kBeep);
+  ExpectRule(screen.TxtEfectivo.KeyRule, With(number, {',', '.'}), With(kSilent, {kEscape}),
              KeyVerdict::kBeep);
   for (std::size_t i = 1; i < screen.TxtCampo.size(); ++i)
-    ExpectRule(of(screen.TxtCampo[i]), {}, kSilent, KeyVerdict::kPass);
+    ExpectRule(screen.TxtCampo[i].KeyRule, {}, kSilent, KeyVerdict::kPass);
+  ExpectRule(screen.TxtEtiqueta[0].KeyRule, {}, kSilent, KeyVerdict::kPass);
+  ExpectRule(screen.CboMinutos.KeyRule, number, {}, KeyVerdict::kBeep);
 }
 
 }  // namespace

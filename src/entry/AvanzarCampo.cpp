@@ -1,0 +1,34 @@
+#include "common/Numbers.h"
+#include "station/form1/Form1.h"
+
+namespace vintoral {
+namespace {
+
+/// True when the number opened a ficha or a form. One out of range empties the field; a slot that can't be
+/// read leaves the number to be tried again.
+bool AbrirNumero(Form1& station) {
+  TextBox& field = station.TxtCampo[0];
+  const std::int64_t number = LeadingInteger(Trim(field.Text()));
+  if (number < 1 || number > station.TotalFichas) {
+    field.SetText({});
+    return false;
+  }
+  station.MostrarFicha();
+  return field.Locked;
+}
+
+}  // namespace
+
+void Form1::AvanzarCampo(std::size_t index) {
+  if (index == 0 && !AbrirNumero(*this)) return;
+  if (index == 1) {
+    const bool typed = !Trim(TxtCampo[1].Text()).Empty();
+    if (BuscarUsuario()) return SetFocus(&CboTarifa[1]);
+    if (typed && TxtCampo[1].Text().Empty()) return;  // refused: the screen is idle again
+    if (!typed && PctUsuario[1].Visible) PctUsuario[0].Visible = true;
+  }
+  if (index + 1 == TxtCampo.size()) return SetFocus(&CboTarifa[1]);
+  SetFocus(&TxtCampo[index + 1]);
+}
+
+}  // namespace vintoral

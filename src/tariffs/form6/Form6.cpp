@@ -1,0 +1,88 @@
+#include "tariffs/form6/Form6.h"
+
+#include "station/form1/Form1.h"
+#include "station/forms/Input.h"
+
+namespace vintoral {
+namespace {
+
+constexpr std::size_t kMonedaWidth = 10;
+
+void MarkChanges(TextBox& box) {
+  box.OnChange = [&box] { box.Tag = "1"_w; };
+}
+
+}  // namespace
+
+Form6::Form6(Form1& station) : Form("Form6"), station_(station) {
+  station_.Form6 = this;
+  Design();
+  Connect();
+  station_.ImprimirTarifas();
+  TxtMoneda.SetText(Trim(station_.Moneda));
+  for (TextBox* box : {&TxtTarifas[kTiempos], &TxtTarifas[kExtras], &TxtTarifas[kPrepago], &TxtMoneda})
+    box->Tag = "0"_w;
+  LblFuncion_Click(kTiempos);
+}
+
+void Form6::Design() {
+  Add(LblFuncion, "LblFuncion");
+  Add(TxtTarifas, "TxtTarifas");
+  Add(PctCurva, "PctCurva");
+  Add(TxtMoneda, "TxtMoneda");
+  Add(CmdFuncion[kGuardar], "CmdFuncion(1)");  // Tab comes by it first
+  Add(CmdFuncion[kCancelar], "CmdFuncion(0)");
+  Add(LblEjemplo, "LblEjemplo");
+  LblFuncion[kTiempos].Caption = "Tiempos"_w;
+  LblFuncion[kExtras].Caption = "Extras"_w;
+  LblFuncion[kPrepago].Caption = "Tarjetas Prepago"_w;
+  LblFuncion[kMoneda].Caption = "Símbolo Moneda"_w;
+  for (TextBox& box : TxtTarifas)
+    box.MultiLine = true;
+  TxtMoneda.MaxLength = kMonedaWidth;
+  CmdFuncion[kGuardar].Caption = "GUARDAR"_w;
+  CmdFuncion[kCancelar].Caption = "CANCELAR"_w;
+  LblEjemplo.Caption = "Ejemplos"_w;
+}
+
+void Form6::Connect() {
+  for (std::size_t tab = 0; tab < TxtTarifas.size(); ++tab) {
+    LblFuncion[tab].OnClick = [this, tab] { LblFuncion_Click(tab); };
+    MarkChanges(TxtTarifas[tab]);
+  }
+  MarkChanges(TxtMoneda);
+  TxtMoneda.KeyRule = [](char character) { return character == ' ' ? KeyVerdict::kDrop : KeyVerdict::kPass; };
+  CmdFuncion[kGuardar].OnClick = [this] { Guardar(); };
+  CmdFuncion[kCancelar].OnClick = [this] { station_.OpenForms.Unload(*this); };
+  LblEjemplo.OnClick = [this] {
+    station_.Devices().system.Launch("Explorer.exe "_w + station_.DireccionWeb() +
+                                     "/vintoral/ejemplos.txt"_w);
+  };
+}
+
+void Form6::LblFuncion_Click(std::size_t tab) {
+  for (std::size_t each = 0; each < TxtTarifas.size(); ++each) {
+    LblFuncion[each].BackColor = each == tab ? kActiveTab : kOtherTab;
+    TxtTarifas[each].Visible = each == tab;
+  }
+  SetFocus(&TxtTarifas[tab]);
+}
+
+void Form6::Guardar() {
+  station_.ActualizarTarifas();
+  station_.CopiarTarifas();
+  station_.CopiarMoneda();
+  station_.OpenForms.Unload(*this);
+}
+
+bool Form6::Form_KeyDown(int KeyCode, int /*Shift*/) {
+  if (KeyCode != keys::kEscape) return false;
+  station_.OpenForms.Unload(*this);
+  return true;
+}
+
+void Form6::Form_Unload() {
+  station_.Form6 = nullptr;
+}
+
+}  // namespace vintoral
