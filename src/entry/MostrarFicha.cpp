@@ -96,8 +96,7 @@ void Form1::MostrarFichaNueva() {
 void Form1::MostrarCelda() {
   ShpCelda.Cell = -1;
   ShpCelda.Visible = true;
-  constexpr std::int32_t kCells = 50;
-  for (std::int32_t cell = 0; cell < kCells && InicioPagina + cell <= TotalVista(); ++cell) {
+  for (std::int32_t cell = 0; cell < kGridCells && InicioPagina + cell <= TotalVista(); ++cell) {
     const RegistroFicha& shown = VistaFichas[static_cast<std::size_t>(InicioPagina + cell - 1)];
     if (shown.Posicion == NumeroDeFicha()) ShpCelda.Cell = cell;
   }

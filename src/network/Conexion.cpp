@@ -16,11 +16,7 @@ bool Form1::CargarServidor() {
     ruta = UTF8toANSI(Trim(PrimeraLinea(text.value_or(String()))));
   } else if (const Outcome written = disk.Replace(file, "\r\n"); !written) {
     written.PassOver();
-    TotalFichas = 0;
-    for (Timer* timer : {&TmrConexion, &TmrHoraFecha, &TmrMonitor, &TmrHorario, &TmrBarCode})
-      timer->SetEnabled(false);
-    ImposibleContinuar(ProtegidaContraEscritura());
-    Terminar();
+    Detener(ProtegidaContraEscritura());
     return false;
   }
   const bool principal = ruta.Empty();

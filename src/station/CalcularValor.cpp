@@ -1,15 +1,9 @@
-// Stay and value of the ficha on display.
 #include "common/Numbers.h"
+#include "station/Monitor.h"
 #include "station/form1/Form1.h"
 #include "tariffs/Valor.h"
 
 namespace vintoral {
-
-String Form1::CalcularTiempo(std::string_view entrada, std::string_view salida) {
-  const std::optional<Estadia> stay = EstadiaEntre(entrada, salida);
-  Permanencia = stay.value_or(Estadia{});
-  return stay ? TextoEstadia(*stay) : "??"_w;
-}
 
 Money Form1::CalcularValor() {
   constexpr std::int64_t kMostPoints = 999'999;
@@ -25,7 +19,7 @@ Money Form1::CalcularValor() {
   if (!fare.encontrada) return {};
   Permanencia = fare.contada;
   LblValor.Visible = fare.conPrecio;
-  if (fare.conPrecio && ChkFactura.TagNumber() == 0 && PctBoton[14].BorderStyle == 1) {
+  if (fare.conPrecio && ChkFactura.TagNumber() == 0 && IsPressed(PctBoton[boton::kFacturas])) {
     ChkFactura.Tag = "1"_w;
     ChkFactura.Enabled = true;
     ChkFactura.Value = 1;

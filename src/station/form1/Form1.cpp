@@ -59,11 +59,6 @@ bool Form1::Preguntar(const String& titulo, const String& texto, Answer preselec
   return platform_.screen.Show(box) == Answer::kYes;
 }
 
-void Form1::ImposibleContinuar(const String& texto) {
-  platform_.screen.Show(
-      {"Vintoral - Imposible Continuar"_w, texto, Icon::kCritical, {Answer::kOk}, Answer::kOk});
-}
-
 String Form1::ProtegidaContraEscritura() const {
   return "La carpeta '"_w + platform_.disk.CurrentFolder() + "' está protegida contra escritura."_w;
 }
@@ -76,7 +71,7 @@ String Form1::RutaCompartida(std::string_view file) const {
 
 bool Form1::HayConexion() {
   if (platform_.disk.Exists(RutaCompartida("Vintoral.ACT"))) return true;
-  TmrConexion.SetInterval(100);
+  BuscarEnlaceYa();
   return false;
 }
 

@@ -1,8 +1,9 @@
 // The main screen, and with it the station: the operator has one screen, so the station is one class.
 //
 // This header is its table of contents. Each operation is defined in a file of its own name in its
-// subsystem's folder, and reads as the list of what happens; what can be said without the screen is a plain
-// function elsewhere.
+// subsystem's folder (the four CrearArchivo in CrearArchivos.cpp, questions about the screen in Form1.cpp),
+// and reads as the list of what happens. Its steps are functions of that file; what can be said without the
+// screen is a plain function elsewhere.
 #pragma once
 
 #include <array>
@@ -48,8 +49,9 @@ class Form1 : public ScreenModel {
   std::int32_t TotalVista() const { return static_cast<std::int32_t>(VistaFichas.size()); }
 
   std::vector<String> TablaTarifas, TablaExtras, TablaPrepago;  ///< element 0 is line 1
-  String Moneda;                                                ///< currency symbol, at most 10 characters
-  std::array<String, 7> DatosCall;                              ///< the seven panic values
+  static constexpr std::size_t kAnchoMoneda = 10;
+  String Moneda;                    ///< currency symbol, at most kAnchoMoneda characters
+  std::array<String, 7> DatosCall;  ///< the seven panic values
 
   Estadia Permanencia;   ///< DiasEstadia, HorasEstadia, MinutosEstadia
   String TiempoEstadia;  ///< "02H 30M "
@@ -82,6 +84,9 @@ class Form1 : public ScreenModel {
   /// already.
   bool Form_QueryUnload();
   void Form_Unload();
+  /// The station can't go on: stores what closing stores, as far as it can be written (nothing while it is
+  /// still starting), says why in a box and ends the program.
+  void Detener(const String& texto);
   void CrearCarpetas();
   void EscribirAyuda();
   void CrearAccesoDirecto();
@@ -97,6 +102,7 @@ class Form1 : public ScreenModel {
   void PctBoton_MouseMove(int Index);
   void GeneradorClick();  ///< CmdBarCode and CmdNumeroFicha
   void ImgCambiarFondo_Click();
+  void Cancelar();  ///< as if Esc had been pressed
   void AlternarMemoriaRostros();
   void AlternarCodigoBarras();
   void AbrirTarifas();
@@ -189,6 +195,8 @@ class Form1 : public ScreenModel {
   String RutaCompartida(std::string_view file) const;
   /// Is ACT there? If not, the link watch looks at once.
   bool HayConexion();
+  /// The link watch looks at once: an operation has missed what should be in the data folder.
+  void BuscarEnlaceYa();
 
   // ---- Sounds
   // ------------------------------------------------------------------------------------------------
@@ -200,17 +208,10 @@ class Form1 : public ScreenModel {
   friend class Input;
   void Terminar();
   bool Preguntar(const String& titulo, const String& texto, Answer preselected);
-  void ImposibleContinuar(const String& texto);
   String ProtegidaContraEscritura() const;
   void ConectarEventos();
 
   // Steps of the longer operations, each in the file of its operation.
-  /// Makes these lines the tariffs, and their heads the categories to choose from.
-  void LlenarTarifas(const std::vector<String>& lineas);
-  /// Makes the register in the station's own Multimedia unless it is there; false when it can't.
-  bool CrearRegistro(const String& nombre, String (*contenido)());
-  /// The same; a failure is told and ends the program.
-  bool CrearRegistroNecesario(const String& nombre, String (*contenido)());
   void MostrarFichaAdentro();
   void MostrarCelda();
   void MostrarFichaNueva();
