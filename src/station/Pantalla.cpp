@@ -17,7 +17,7 @@ void Form1::LimpiarCampos() {
   const bool conectado = LblConexion[0].BackColor == kLightGreen;
   const bool modoBarras = CmdBarCode.Visible;
 
-  usuarioEnPantalla_ = 0;
+  UsuarioEnFormulario = 0;
   ShpCelda.Cell = -1;
   ShpCelda.Visible = false;
   PctFicha.Picture = {};
@@ -57,7 +57,7 @@ void Form1::LimpiarCampos() {
   for (PictureBox& arrow : PctFotoDetalle)
     arrow.Visible = false;
   ImgPuntos.Visible = false;
-  MostrarFotoConfirmacion(false);
+  MostrarImagenEnVivo();
   for (PictureBox& card : PctUsuario) {
     card.Visible = false;
     card.Picture = {};
