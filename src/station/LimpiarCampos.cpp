@@ -94,7 +94,7 @@ void ClearCash(Form1& form) {
 
 void Form1::LimpiarCampos() {
   const bool barcodes = CmdBarCode.Visible;
-  usuarioEnPantalla_ = 0;
+  UsuarioEnFormulario = 0;
   NumeroUsuario = 0;
   ClearCell(*this);
   ClearButtons(*this);
@@ -107,7 +107,7 @@ void Form1::LimpiarCampos() {
   TxtBarCode.Visible = barcodes;
   SetFocus(barcodes ? &TxtBarCode : &TxtCampo[0]);
   ClearPhotos(*this);
-  MostrarFotoConfirmacion(false);
+  MostrarImagenEnVivo();
   ClearUser(*this);
   ClearCash(*this);
 }

@@ -20,11 +20,6 @@ void PriceStay(Form1& form, const RegistroFicha& ficha, Moment now) {
 
 }  // namespace
 
-const RegistroFicha& Form1::FichaMostrada() const {
-  const std::int64_t row = PctFicha.TagNumber();
-  return row >= 1 && row <= TotalVista() ? VistaFichas[static_cast<std::size_t>(row - 1)] : FichaActual;
-}
-
 void Form1::TmrHoraFecha_Timer() {
   const Moment now = platform_.clock.Now();
   if (!FichaEnPantalla()) {

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 
 namespace vintoral {
 
@@ -40,8 +39,5 @@ enum Index : std::size_t {
   kCount
 };
 }  // namespace indicador
-
-/// Cells of the grid, and so the fichas of one page of it.
-inline constexpr std::int32_t kGridCells = 50;
 
 }  // namespace vintoral

@@ -63,18 +63,6 @@ String Form1::ProtegidaContraEscritura() const {
   return "La carpeta '"_w + platform_.disk.CurrentFolder() + "' está protegida contra escritura."_w;
 }
 
-String Form1::RutaCompartida(std::string_view file) const {
-  // The main gate goes through its own folder, whatever letters the way to it has.
-  const String folder = EsCliente != 0 ? CarpetaCompartida : "Multimedia"_w;
-  return folder + "\\"_w + String(file);
-}
-
-bool Form1::HayConexion() {
-  if (platform_.disk.Exists(RutaCompartida("Vintoral.ACT"))) return true;
-  BuscarEnlaceYa();
-  return false;
-}
-
 std::int64_t Form1::SiguienteTick() {
   std::int64_t next = -1;
   for (const Timer* timer : Timers()) {

@@ -58,7 +58,7 @@ class ScreenModel {
   std::array<PictureBox, boton::kCount> PctBoton;
   std::array<PictureBox, 5> PctBuscar;  ///< the lights beside it
 
-  std::array<Image, kGridCells> ImgFicha;  ///< the grid
+  std::array<Image, 50> ImgFicha;  ///< the grid
   PictureBox PctFicha;
   Shape ShpCelda;
   PictureBox PctSeleccion;
