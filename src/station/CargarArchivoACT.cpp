@@ -24,7 +24,6 @@ void Form1::CargarArchivoACT() {
   if (!act) return;
   const Moment now = platform_.clock.Now();
   LiberarMemoria();
-  VistaFichas.reserve(static_cast<std::size_t>(TotalFichas));
   act.WalkBytes(1, TotalFichas, [&](std::int64_t, std::span<const char, RegistroFicha::kSize> bytes) {
     if (!EstaDentro(bytes)) return true;
     const RegistroFicha record = RegistroFicha::Decode(bytes);

@@ -3,7 +3,7 @@
 namespace vintoral {
 
 void Form1::CerrarVentana() {
-  if (terminado_ || !Form_QueryUnload() || terminado_) return;
+  if (terminado_ || !Form_QueryUnload()) return;
   Form_Unload();
   Terminar();
 }

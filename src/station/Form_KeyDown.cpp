@@ -20,9 +20,13 @@ bool Form1::Form_KeyDown(int KeyCode, int Shift) {
   if (terminado_) return false;
   if (Clicks(KeyCode, Shift)) MidiWav(sonido::kClic);
   const KeyCommand* const row = FindKeyCommand(*this, KeyCode, Shift);
-  if (row == nullptr || row->action == nullptr) return false;
-  row->action(*this, KeyCode);
-  return true;
+  if (row == nullptr) return false;
+  if (row->button) {
+    PctBoton_Click(*row->button);
+  } else if (row->action != nullptr) {
+    row->action(*this, KeyCode);
+  }
+  return row->button || row->action != nullptr;
 }
 
 }  // namespace vintoral

@@ -16,8 +16,8 @@ void Announce(Form1& form, const PictureBox& monitor) {
 
 void Form1::PctBoton_Click(int Index) {
   const auto rows = ButtonCommands();
-  if (terminado_ || Index < 0 || static_cast<std::size_t>(Index) >= rows.size()) return;
   const auto index = static_cast<std::size_t>(Index);
+  if (terminado_ || index >= rows.size()) return;
   if (rows[index].answering == Answering::kClick) MidiWav(sonido::kClic);
   if (rows[index].answering == Answering::kVoice) Announce(*this, PctBoton[index]);
   if (rows[index].action != nullptr) rows[index].action(*this);

@@ -24,10 +24,6 @@ using ButtonAction = void (*)(Form1&);
 constexpr KeyAction kNotBuilt = nullptr;
 constexpr ButtonAction kButtonNotBuilt = nullptr;
 
-template <boton::Index button>
-void Press(Form1& form, int /*code*/) {
-  form.PctBoton_Click(button);
-}
 template <void (Form1::*operation)()>
 void Run(Form1& form, int /*code*/) {
   (form.*operation)();
@@ -77,13 +73,13 @@ void ShowWallpapers(Form1& form, int /*code*/) {
 
 constexpr std::array kKeys = {
     KeyCommand{.code = kEscape, .action = Run<&Form1::LimpiarCampos>},
-    KeyCommand{.code = kPageUp, .action = Press<boton::kRetroceder>},
-    KeyCommand{.code = kPageDown, .action = Press<boton::kAvanzar>},
+    KeyCommand{.code = kPageUp, .button = boton::kRetroceder},
+    KeyCommand{.code = kPageDown, .button = boton::kAvanzar},
     KeyCommand{.code = kHome, .action = kNotBuilt},
     KeyCommand{.code = kLeft, .condition = HasPhotosToTurn, .action = kNotBuilt},
     KeyCommand{.code = kRight, .condition = HasPhotosToTurn, .action = kNotBuilt},
-    KeyCommand{.code = kInsert, .condition = Shown<boton::kGuardar>, .action = Press<boton::kGuardar>},
-    KeyCommand{.code = kDelete, .condition = Shown<boton::kRetirar>, .action = Press<boton::kRetirar>},
+    KeyCommand{.code = kInsert, .condition = Shown<boton::kGuardar>, .button = boton::kGuardar},
+    KeyCommand{.code = kDelete, .condition = Shown<boton::kRetirar>, .button = boton::kRetirar},
     KeyCommand{
         .code = '0', .lastCode = '9', .masks = kCtrl, .condition = HasCategory, .action = SelectCategory},
     KeyCommand{.code = 'A', .masks = kCtrl, .condition = CameraOn, .action = kNotBuilt},
@@ -117,13 +113,13 @@ constexpr std::array kKeys = {
     KeyCommand{.code = 'W', .masks = kCtrlAlt, .condition = CameraOn, .action = kNotBuilt},
     KeyCommand{.code = 'X', .masks = kCtrl, .action = DoNothing},
     KeyCommand{.code = kF1, .masks = kCtrl, .action = Edit<archivo::kAyuda>},
-    KeyCommand{.code = kF1, .masks = kPlain, .action = Press<boton::kUltimosEnIngresar>},
-    KeyCommand{.code = kF2, .action = Press<boton::kTiempoDePermanencia>},
-    KeyCommand{.code = kF3, .action = Press<boton::kUltimosEnSalir>},
-    KeyCommand{.code = kF4, .action = Press<boton::kImprimir>},
-    KeyCommand{.code = kF5, .action = Press<boton::kBuscar>},
-    KeyCommand{.code = kF7, .action = Press<boton::kExtras>},
-    KeyCommand{.code = kF8, .action = Press<boton::kMenu>},
+    KeyCommand{.code = kF1, .masks = kPlain, .button = boton::kUltimosEnIngresar},
+    KeyCommand{.code = kF2, .button = boton::kTiempoDePermanencia},
+    KeyCommand{.code = kF3, .button = boton::kUltimosEnSalir},
+    KeyCommand{.code = kF4, .button = boton::kImprimir},
+    KeyCommand{.code = kF5, .button = boton::kBuscar},
+    KeyCommand{.code = kF7, .button = boton::kExtras},
+    KeyCommand{.code = kF8, .button = boton::kMenu},
     KeyCommand{.code = kF9, .log = "12", .action = kNotBuilt},
     KeyCommand{.code = kF10, .condition = BarsAreRed, .action = Edit<archivo::kServidor>},
     KeyCommand{.code = kF12, .action = kNotBuilt},

@@ -3,8 +3,10 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
 
+#include "station/form1/Familias.h"
 #include "station/forms/Keys.h"
 
 namespace vintoral {
@@ -25,7 +27,8 @@ struct KeyCommand {
   bool (*condition)(const Form1&, int code) = nullptr;  ///< null: always
   const char* log = nullptr;                            ///< code of the function log, null for none
   int lock = 0;                                         ///< position in the lock text, 0 for none
-  void (*action)(Form1&, int code) = nullptr;           ///< null: not built yet
+  std::optional<boton::Index> button = {};              ///< the button that the key presses
+  void (*action)(Form1&, int code) = nullptr;           ///< null: it presses a button, or is not built yet
 };
 
 /// The action of a key that is taken and does nothing, for good.

@@ -30,6 +30,9 @@ class Form1 : public ScreenModel {
   /// The screen as designed; nothing is read or written before Form_Load. The devices outlive the station.
   explicit Form1(const Platform& platform);
 
+  /// What the title bar reads.
+  static constexpr std::string_view kTitulo = "Vintoral 10.25";
+
   // ---- Values of the run
   // -------------------------------------------------------------------------------------
   String NumeroPorteria;          ///< "01" the main gate, "02" every connected one

@@ -106,6 +106,8 @@ void ScreenModel::DesignHidden() {
   hideAll(ImgFicha);
   hide(PctBoton[boton::kGuardar], PctBoton[boton::kRetirar]);
   PctUsuario[0].Enabled = false;
+  CmdNumeroFicha.Enabled = false;
+  CmdBarCode.Enabled = false;
   LstModEntrada.List = {"ENT(S)"_w, "DIA(S)"_w};
   LstModEntrada.ListIndex = 0;
 }

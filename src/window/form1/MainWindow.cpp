@@ -28,7 +28,7 @@ constexpr QSize kUsualSize{1366, 728};
 MainWindow::MainWindow(Form1& form, std::function<QString(std::string_view)> fileOf)
     : form_(form), mirror_(form), ticker_(form, [this] { Refresh(); }), hands_(form, [this] { Refresh(); }) {
   setObjectName(QStringLiteral("Form1"));
-  setWindowTitle(QStringLiteral("Vintoral 10.25"));
+  setWindowTitle(QString::fromLatin1(Form1::kTitulo));
   setWindowIcon(QIcon(QStringLiteral(":/icons/vintoral.svg")));
   Stage stage{form_, mirror_, hands_, std::move(fileOf)};
   Build(stage);
