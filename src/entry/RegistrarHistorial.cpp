@@ -4,18 +4,18 @@
 namespace vintoral {
 
 bool Form1::RegistrarHistorial() {
-  const String path = RutaCompartida("Vintoral.HST");
-  Register<RegistroFicha> hst(platform_.disk, path, OpenMode::kReadWrite);
+  Register<RegistroFicha> hst(platform_.disk, RutaCompartida("Vintoral.HST"), OpenMode::kReadWrite);
   if (hst.Missing()) {
     TmrConexion.SetInterval(100);
     return true;
   }
+  FichaActual.EnUso = true;
+  FichaActual.ValorCobrado = ValorEstadia;
+  // The row holds the user's points, no longer the user's number. They are read before the append lock is
+  // taken: over a slow share the other gates would wait for it.
+  FichaActual.UsuarioPuntos = static_cast<std::int32_t>(LeerPuntosUsuario(FichaActual.UsuarioPuntos));
   const auto row = [this](std::int64_t number) {
-    FichaActual.EnUso = true;
     FichaActual.Posicion = static_cast<std::int32_t>(number);
-    FichaActual.ValorCobrado = ValorEstadia;
-    // The row holds the user's points, no longer the user's number.
-    FichaActual.UsuarioPuntos = static_cast<std::int32_t>(LeerPuntosUsuario(FichaActual.UsuarioPuntos));
     return FichaActual;
   };
   const Outcome written = hst ? hst.Append(row) : hst.Opened();
