@@ -53,11 +53,12 @@ void MarcarCelda(Form1& form) {
 
 void MostrarFotoEntrada(Form1& form) {
   const String foto = form.RutaCompartida("Imágenes ACT\\"_w + Digits(NumeroDeFicha(form), 6) + ".jpg"_w);
-  const bool hayFoto = form.Devices().disk.Exists(foto);
-  form.Picture2.Picture = hayFoto ? foto : String();
-  form.Picture2.Visible = hayFoto;
-  form.Picture1.Visible = !hayFoto;
-  form.LblWebCamMsg.Visible = false;
+  if (form.Devices().disk.Exists(foto)) {
+    MostrarFija(form, foto);
+  } else {
+    form.MostrarImagenEnVivo();
+  }
+  AvisarSinImagen(form);
 }
 
 void MostrarUsuario(Form1& form) {
