@@ -25,6 +25,7 @@ void FijarValor(Form1& form) {
     first = second;
 }
 
+/// Too late to charge what the question showed; of a ficha that went back to idle under it nothing is shown.
 bool ConfirmacionVencida(const Form1& form) {
   constexpr std::int64_t kStillCounts = 60'000;
   const std::optional<Moment> shown = MomentOfStamp(form.LblFechaSal.Caption);
@@ -103,7 +104,6 @@ void Form1::RetirarFicha() {
     Form_KeyDown(27, 0);
     return;
   }
-  if (!FichaEnPantalla()) return;  // it went back to idle by itself under the box
   if (ConfirmacionVencida(*this)) {
     Form_KeyDown(27, 0);
     return MidiWav("Sonidos\\Vintoral-7.wav");
@@ -115,6 +115,8 @@ void Form1::RetirarFicha() {
     LimpiarCampos();
     onDisk.Finish().PassOver();
     MidiWav("Sonidos\\Vintoral-4.wav");
+  } else {
+    platform_.screen.Beep();  // the ficha stays on display
   }
   TmrHoraFecha.SetEnabled(true);
 }
