@@ -1,22 +1,66 @@
 #include "common/Numbers.h"
+#include "entry/Fotos.h"
 #include "records/BuscarPlaca.h"
 #include "records/Register.h"
 #include "station/form1/Form1.h"
 
 namespace vintoral {
+namespace {
 
-bool Form1::BuscarUsuario(std::int32_t enPantalla) {
+/// Is a ficha with this plate inside? Then FichaActual is that ficha.
+bool PlacaAdentro(Form1& form, const String& placa) {
+  const Register<RegistroFicha> act(form.Devices().disk, form.RutaCompartida("Vintoral.ACT"),
+                                    OpenMode::kRead);
+  act.Opened().PassOver();
+  const std::int64_t slot = act ? BuscarPlacaDentro(act, placa, form.TotalFichas) : 0;
+  if (slot == 0) return false;
+  if (const std::optional<RegistroFicha> record = act.Read(slot)) form.FichaActual = *record;
+  return true;
+}
+
+void NegarIngreso(Form1& form) {
+  const String text = "La información digitada ya se encuentra en uso por la ficha "_w +
+                      form.FichaActual.NumeroFicha.Trimmed() + "."_w;
+  form.Devices().screen.Show(
+      {"Vintoral - Ingreso Denegado"_w, text, Icon::kCritical, {Answer::kOk}, Answer::kOk});
+  form.LimpiarCampos();
+}
+
+void TomarUsuario(Form1& form, std::int32_t numero, const RegistroUsuario& usuario) {
+  form.UsuarioActual = usuario;
+  form.NumeroUsuario = numero;
+  form.PuntosAcumulados = usuario.Puntos;
+  form.LblPuntos[3].Caption = Digits(form.PuntosAcumulados);
+  form.LblPuntos[3].Visible = true;
+}
+
+/// A category that the tariff no longer has leaves the list as it is.
+void ElegirCategoria(ComboBox& list, const String& category) {
+  for (std::size_t i = 0; i < list.List().size(); ++i) {
+    if (EqualNoCase(Trim(list.List()[i]), category)) list.Select(static_cast<int>(i));
+  }
+}
+
+void LlenarFormulario(Form1& form) {
+  const RegistroUsuario& usuario = form.UsuarioActual;
+  form.TxtCampo[2].SetText(usuario.Nombre.Trimmed());
+  form.TxtCampo[3].SetText(usuario.Apellido.Trimmed());
+  form.TxtCampo[4].SetText(usuario.Telefono.Trimmed());
+  form.TxtCampo[5].SetText(usuario.Observacion.Trimmed());
+  ElegirCategoria(form.CboTarifa[1], usuario.Categoria.Trimmed());
+  MostrarFotoUsuario(form, form.NumeroUsuario);
+}
+
+}  // namespace
+
+bool Form1::BuscarUsuario(std::int32_t enFormulario) {
   NumeroUsuario = 0;
-  usuarioEnPantalla_ = 0;
+  UsuarioEnFormulario = 0;
   const String placa = Trim(TxtCampo[1].Text());
   if (placa.Empty()) return false;
   TxtCampo[1].SetText(placa);
-  if (PlacaAdentro(placa)) {
-    const String text = "La información digitada ya se encuentra en uso por la ficha "_w +
-                        FichaActual.NumeroFicha.Trimmed() + "."_w;
-    platform_.screen.Show(
-        {"Vintoral - Ingreso Denegado"_w, text, Icon::kCritical, {Answer::kOk}, Answer::kOk});
-    LimpiarCampos();
+  if (PlacaAdentro(*this, placa)) {
+    NegarIngreso(*this);
     return false;
   }
   const Register<RegistroUsuario> usuarios(platform_.disk, RutaCompartida("Vintoral.USR"), OpenMode::kRead);
@@ -33,51 +77,11 @@ bool Form1::BuscarUsuario(std::int32_t enPantalla) {
   platform_.screen.Busy(true);
   const std::int64_t found = BuscarPlaca(usuarios, placa);
   const std::optional<RegistroUsuario> usuario = usuarios.Read(found);
-  if (usuario) TomarUsuario(static_cast<std::int32_t>(found), *usuario);
-  if (usuario && found != enPantalla) LlenarUsuario();
-  if (usuario) usuarioEnPantalla_ = NumeroUsuario;
+  if (usuario) TomarUsuario(*this, static_cast<std::int32_t>(found), *usuario);
+  if (usuario && found != enFormulario) LlenarFormulario(*this);
+  if (usuario) UsuarioEnFormulario = NumeroUsuario;
   platform_.screen.Busy(false);
   return usuario.has_value();
-}
-
-bool Form1::PlacaAdentro(const String& placa) {
-  const Register<RegistroFicha> act(platform_.disk, RutaCompartida("Vintoral.ACT"), OpenMode::kRead);
-  act.Opened().PassOver();
-  const std::int64_t slot = act ? BuscarPlacaDentro(act, placa, TotalFichas) : 0;
-  if (slot == 0) return false;
-  if (const std::optional<RegistroFicha> record = act.Read(slot)) FichaActual = *record;
-  return true;
-}
-
-void Form1::TomarUsuario(std::int32_t numero, const RegistroUsuario& usuario) {
-  UsuarioActual = usuario;
-  NumeroUsuario = numero;
-  PuntosAcumulados = usuario.Puntos;
-  LblPuntos[3].Caption = Digits(PuntosAcumulados);
-  LblPuntos[3].Visible = true;
-}
-
-void Form1::LlenarUsuario() {
-  TxtCampo[2].SetText(UsuarioActual.Nombre.Trimmed());
-  TxtCampo[3].SetText(UsuarioActual.Apellido.Trimmed());
-  TxtCampo[4].SetText(UsuarioActual.Telefono.Trimmed());
-  TxtCampo[5].SetText(UsuarioActual.Observacion.Trimmed());
-  const auto& items = CboTarifa[1].List();
-  for (std::size_t i = 0; i < items.size(); ++i) {
-    if (EqualNoCase(Trim(items[i]), UsuarioActual.Categoria.Trimmed()))
-      CboTarifa[1].Select(static_cast<int>(i));
-  }
-  MostrarFotoUsuario(NumeroUsuario);
-}
-
-std::int64_t Form1::LeerPuntosUsuario(std::int32_t numero) {
-  if (numero <= 0) return 0;
-  const Register<RegistroUsuario> usuarios(platform_.disk, RutaCompartida("Vintoral.USR"), OpenMode::kRead);
-  if (!usuarios.Missing()) usuarios.Opened().PassOver();
-  const std::optional<RegistroUsuario> record = usuarios.Read(numero);
-  if (!record) return 0;
-  UsuarioActual = *record;
-  return UsuarioActual.Puntos;
 }
 
 }  // namespace vintoral

@@ -1,92 +1,75 @@
 #include "common/Numbers.h"
+#include "entry/Fotos.h"
+#include "entry/Puesto.h"
 #include "records/Register.h"
 #include "station/form1/Form1.h"
 
 namespace vintoral {
+namespace {
 
-std::int64_t Form1::NumeroDeFicha() const {
-  return LeadingInteger(Trim(TxtCampo[0].Text()));
+/// The photo that the operator compares with who stands at the gate.
+void MostrarFotoConfirmacion(Form1& form) {
+  const bool sinCamara = form.ImgIndicador[4].Visible;
+  const bool conMemoria = form.ImgIndicador[2].Visible;
+  if (!sinCamara) MostrarFija(form, conMemoria ? String() : MostrarFotoUsuario(form, form.NumeroUsuario));
+  AvisarSinImagen(form);
 }
 
-std::optional<RegistroFicha> Form1::LeerPuesto(std::int64_t numero) {
-  const Register<RegistroFicha> act(platform_.disk, RutaCompartida("Vintoral.ACT"), OpenMode::kRead);
-  const std::optional<RegistroFicha> puesto = act.Read(numero);
-  if (!puesto) {
-    act.Opened().PassOver();
-    TmrConexion.SetInterval(100);
-  }
-  return puesto;
-}
-
-void Form1::GuardarFicha() {
-  if (!HayConexion()) return;
-  if (!TxtCampo[1].Locked) BuscarUsuario(usuarioEnPantalla_);
-  if (!TxtCampo[0].Locked) return;
-
-  const std::int64_t numero = NumeroDeFicha();
-  // A path corrected under the box leads to another folder, where nobody looked whether the slot is free.
-  const String registro = RutaCompartida("Vintoral.ACT");
-  const std::optional<RegistroFicha> puesto = LeerPuesto(numero);
-  if (!puesto) return;
-
-  if (!puesto->EnUso) {
-    MostrarFotoConfirmacion(true);
-    if (!Preguntar("Vintoral - Confirmar Datos"_w, "¿Desea realmente guardar la ficha actual?"_w,
-                   Answer::kYes)) {
-      MostrarFotoConfirmacion(false);
-      return SetFocus(&TxtCampo[2]);
-    }
-    FichaActual = *puesto;
-  }
-  SyncTogether onDisk(platform_.disk);
-  if (!puesto->EnUso) AnotarEntrada(registro, numero);
-  RefrescarVista();
-  ImgIndicador[3].Visible = false;
-  LimpiarCampos();
-  onDisk.Finish().PassOver();
-}
-
-void Form1::AnotarEntrada(const String& registro, std::int64_t numero) {
-  RegistroFicha& ficha = FichaActual;
-  const auto campo = [this](std::size_t i) { return Upper(Trim(TxtCampo[i].Text())); };
-  MarcaTiquete = StampOf(platform_.clock.Now());
-  ficha.EnUso = true;
-  ficha.MarcaEntrada = MarcaTiquete;
-  ficha.MarcaSalida = "??";
-  ficha.NumeroFicha = Digits(numero, 4);
+/// What the form tells of the ficha; the rest of the record stays as the slot had it.
+void LlenarFicha(RegistroFicha& ficha, const Form1& form) {
+  const auto campo = [&form](std::size_t i) { return Upper(Trim(form.TxtCampo[i].Text())); };
   ficha.Placa = campo(1);
   ficha.Nombre = campo(2);
   ficha.Apellido = campo(3);
   ficha.Telefono = campo(4);
   ficha.Observacion = campo(5);
-  ficha.Categoria = Trim(CboTarifa[1].Text());
-  ficha.PorteriaEntrada = NumeroPorteria;
+  ficha.Categoria = Trim(form.CboTarifa[1].Text());
+  ficha.UsuarioPuntos = form.NumeroUsuario;
+}
+
+void AnotarEntrada(Form1& form, const String& registro, std::int64_t numero) {
+  RegistroFicha& ficha = form.FichaActual;
+  form.MarcaTiquete = StampOf(form.Devices().clock.Now());
+  ficha.EnUso = true;
+  ficha.MarcaEntrada = form.MarcaTiquete;
+  ficha.MarcaSalida = "??";
+  ficha.NumeroFicha = Digits(numero, 4);
+  ficha.PorteriaEntrada = form.NumeroPorteria;
   ficha.PorteriaSalida = "??";
   ficha.Posicion = static_cast<std::int32_t>(numero);
-  ficha.UsuarioPuntos = NumeroUsuario;
-  Register<RegistroFicha> act(platform_.disk, registro, OpenMode::kReadWrite);
+  LlenarFicha(ficha, form);
+  Register<RegistroFicha> act(form.Devices().disk, registro, OpenMode::kReadWrite);
   (act ? act.Write(numero, ficha, true) : act.Opened()).PassOver();
 }
 
-void Form1::MostrarFotoConfirmacion(bool confirmando) {
-  const bool sinFotos = ImgIndicador[4].Visible;
-  Picture2.Picture = {};
-  if (confirmando && !sinFotos) {
-    const String foto = "Imágenes USR\\"_w + Digits(NumeroUsuario, 6) + ".jpg"_w;
-    const bool conocida = !ImgIndicador[2].Visible && platform_.disk.Exists(RutaCompartida(foto));
-    if (conocida) Picture2.Picture = RutaCompartida(foto);
-  }
-  const bool still = confirmando && !sinFotos;
-  Picture1.Visible = !still && !sinFotos;
-  Picture2.Visible = still;
-  PctAppCamera.Visible = !still && sinFotos;
-  LblWebCamMsg.Visible = confirmando && Picture2.Picture.Empty();
-  LblWebCamMsg.Caption = LblWebCamMsg.Visible ? "SIN IMAGEN"_w : String();
-}
+}  // namespace
 
-void Form1::RefrescarVista() {
-  CargarArchivoACT();
-  ImprimirIndice();
+void Form1::GuardarFicha() {
+  if (!HayConexion()) return;
+  if (!TxtCampo[1].Locked) BuscarUsuario(UsuarioEnFormulario);
+  if (!TxtCampo[0].Locked) return;
+
+  const std::int64_t numero = NumeroDeFicha(*this);
+  // A path corrected under the box leads to another folder, where nobody looked whether the slot is free.
+  const String registro = RutaCompartida("Vintoral.ACT");
+  const std::optional<RegistroFicha> puesto = LeerPuesto(*this, numero);
+  if (!puesto) return;
+
+  if (!puesto->EnUso) {
+    MostrarFotoConfirmacion(*this);
+    if (!Preguntar("Vintoral - Confirmar Datos"_w, "¿Desea realmente guardar la ficha actual?"_w,
+                   Answer::kYes)) {
+      MostrarImagenEnVivo();
+      return SetFocus(&TxtCampo[2]);
+    }
+    FichaActual = *puesto;
+  }
+  SyncTogether onDisk(platform_.disk);
+  if (!puesto->EnUso) AnotarEntrada(*this, registro, numero);
+  RefrescarVista();
+  ImgIndicador[3].Visible = false;
+  LimpiarCampos();
+  onDisk.Finish().PassOver();
 }
 
 }  // namespace vintoral

@@ -1,105 +1,119 @@
 #include "common/Numbers.h"
+#include "entry/Fotos.h"
+#include "entry/Puesto.h"
 #include "station/form1/Form1.h"
 
 namespace vintoral {
+namespace {
 
-void Form1::MostrarFicha() {
-  if (!HayConexion()) return;
-  const std::optional<RegistroFicha> puesto = LeerPuesto(NumeroDeFicha());
-  if (!puesto) return;
-  FichaActual = *puesto;
-  if (FichaActual.EnUso) {
-    MostrarFichaAdentro();
-  } else {
-    MostrarFichaNueva();
-  }
+void OfrecerFactura(Form1& form) {
+  if (form.PctBoton[14].BorderStyle != 1) return;
+  form.ChkFactura.Tag = "0"_w;  // it is ticked once for each display
+  form.ChkFactura.Value = 0;
+  form.ChkFactura.Enabled = false;
+  form.ChkFactura.Visible = true;
+  form.ImgIndicador[5].Visible = true;
 }
 
-void Form1::MostrarFichaAdentro() {
-  const RegistroFicha& ficha = FichaActual;
-  if (PctBoton[14].BorderStyle == 1) {
-    ChkFactura.Tag = "0"_w;  // it is ticked once for each display
-    ChkFactura.Value = 0;
-    ChkFactura.Enabled = false;
-    ChkFactura.Visible = true;
-    ImgIndicador[5].Visible = true;
-  }
-  PctBoton[5].Visible = false;
-  PctBoton[6].Visible = true;
-  if (TxtBarCode.Visible) {
-    TxtBarCodeOK.Visible = true;
-    TxtBarCodeOK.BackColor = kYellow;
-  }
-  LblFechaEnt.BackColor = kLightYellow;
-  LblFechaSal.BackColor = kYellow;
-  LblFechaEnt.Caption = ficha.MarcaEntrada.Trimmed();
+void MostrarFilas(Form1& form) {
+  const RegistroFicha& ficha = form.FichaActual;
   const std::array<String, 6> values = {ficha.NumeroFicha.Trimmed(), ficha.Placa.Trimmed(),
                                         ficha.Nombre.Trimmed(),      ficha.Apellido.Trimmed(),
                                         ficha.Telefono.Trimmed(),    ficha.Observacion.Trimmed()};
   for (std::size_t i = 0; i < values.size(); ++i) {
-    LblCampo[i].BackColor = kYellow;
-    LblCampo[i].Caption = values[i];
-    LblCampo[i].Visible = true;
-    TxtCampo[i].Visible = false;
-    TxtCampo[i].Locked = true;
+    form.LblCampo[i].BackColor = kYellow;
+    form.LblCampo[i].Caption = values[i];
+    form.LblCampo[i].Visible = true;
+    form.TxtCampo[i].Visible = false;
+    form.TxtCampo[i].Locked = true;
   }
-  CboTarifa[0].Clear();
-  CboTarifa[0].SetText(ficha.Categoria.Trimmed());
-  CboTarifa[0].Visible = true;
-  CboTarifa[1].Visible = false;
-  MostrarCelda();
-  SetFocus(nullptr);  // the cash line takes the focus with its first step
-
-  MostrarFotoEntrada();
-  MostrarFotoUsuario(ficha.UsuarioPuntos);
-  ImgPuntos.Tag = "0"_w;
-  ImgPuntos.Visible = true;
-  PuntosAcumulados = LeerPuntosUsuario(ficha.UsuarioPuntos);
-  PuntosEstadia = 0;
-  LblValor.Visible = false;
-  TmrHoraFecha_Timer();
 }
 
-void Form1::MostrarFotoEntrada() {
-  const String foto = RutaCompartida("Imágenes ACT\\"_w + Digits(NumeroDeFicha(), 6) + ".jpg"_w);
-  const bool hayFoto = platform_.disk.Exists(foto);
-  Picture2.Picture = hayFoto ? foto : String();
-  Picture2.Visible = hayFoto;
-  Picture1.Visible = !hayFoto;
-  LblWebCamMsg.Visible = false;
+void MostrarRegistro(Form1& form) {
+  form.LblFechaEnt.BackColor = kLightYellow;
+  form.LblFechaSal.BackColor = kYellow;
+  form.LblFechaEnt.Caption = form.FichaActual.MarcaEntrada.Trimmed();
+  MostrarFilas(form);
+  form.CboTarifa[0].Clear();
+  form.CboTarifa[0].SetText(form.FichaActual.Categoria.Trimmed());
+  form.CboTarifa[0].Visible = true;
+  form.CboTarifa[1].Visible = false;
 }
 
-void Form1::MostrarFotoUsuario(std::int32_t numero) {
-  const String foto = RutaCompartida("Imágenes USR\\"_w + Digits(numero, 6) + ".jpg"_w);
-  if (!platform_.disk.Exists(foto)) return;
-  ImgUsuario.Picture = PctUsuario[0].Picture = foto;
-  ImgUsuario.Visible = PctUsuario[1].Visible = true;
-}
-
-void Form1::MostrarFichaNueva() {
-  ChkFactura.Tag = "0"_w;
-  ChkFactura.Visible = false;
-  ImgIndicador[5].Visible = false;
-  PctBoton[5].Visible = true;
-  PctBoton[6].Visible = false;
-  TxtCampo[0].Locked = true;
-  LblCampo[0].Visible = false;
-  for (std::size_t i = 1; i < TxtCampo.size(); ++i) {
-    TxtCampo[i].Locked = false;
-    TxtCampo[i].Visible = true;
-    LblCampo[i].Visible = false;
+/// The focus frame goes around the ficha's cell where its page is shown.
+void MarcarCelda(Form1& form) {
+  form.ShpCelda.Cell = -1;
+  form.ShpCelda.Visible = true;
+  const auto cells = static_cast<std::int32_t>(form.ImgFicha.size());
+  for (std::int32_t cell = 0; cell < cells && form.InicioPagina + cell <= form.TotalVista(); ++cell) {
+    const RegistroFicha& shown = form.VistaFichas[static_cast<std::size_t>(form.InicioPagina + cell - 1)];
+    if (shown.Posicion == NumeroDeFicha(form)) form.ShpCelda.Cell = cell;
   }
-  CboTarifa[1].Select(0);
-  CboTarifa[1].Visible = true;
 }
 
-void Form1::MostrarCelda() {
-  ShpCelda.Cell = -1;
-  ShpCelda.Visible = true;
-  constexpr std::int32_t kCells = 50;
-  for (std::int32_t cell = 0; cell < kCells && InicioPagina + cell <= TotalVista(); ++cell) {
-    const RegistroFicha& shown = VistaFichas[static_cast<std::size_t>(InicioPagina + cell - 1)];
-    if (shown.Posicion == NumeroDeFicha()) ShpCelda.Cell = cell;
+void MostrarFotoEntrada(Form1& form) {
+  const String foto = form.RutaCompartida("Imágenes ACT\\"_w + Digits(NumeroDeFicha(form), 6) + ".jpg"_w);
+  if (form.Devices().disk.Exists(foto)) {
+    MostrarFija(form, foto);
+  } else {
+    form.MostrarImagenEnVivo();
+  }
+  AvisarSinImagen(form);
+}
+
+void MostrarUsuario(Form1& form) {
+  MostrarFotoUsuario(form, form.FichaActual.UsuarioPuntos);
+  form.ImgPuntos.Tag = "0"_w;
+  form.ImgPuntos.Visible = true;
+  form.PuntosAcumulados = form.LeerPuntosUsuario(form.FichaActual.UsuarioPuntos);
+  form.PuntosEstadia = 0;
+}
+
+void MostrarFichaAdentro(Form1& form) {
+  OfrecerFactura(form);
+  form.PctBoton[5].Visible = false;
+  form.PctBoton[6].Visible = true;
+  if (form.TxtBarCode.Visible) {
+    form.TxtBarCodeOK.Visible = true;
+    form.TxtBarCodeOK.BackColor = kYellow;
+  }
+  MostrarRegistro(form);
+  MarcarCelda(form);
+  form.SetFocus(nullptr);  // the cash line takes the focus with its first step
+  MostrarFotoEntrada(form);
+  MostrarUsuario(form);
+  form.LblValor.Visible = false;
+  form.TmrHoraFecha_Timer();
+}
+
+void MostrarFichaNueva(Form1& form) {
+  form.ChkFactura.Tag = "0"_w;
+  form.ChkFactura.Visible = false;
+  form.ImgIndicador[5].Visible = false;
+  form.PctBoton[5].Visible = true;
+  form.PctBoton[6].Visible = false;
+  form.TxtCampo[0].Locked = true;
+  form.LblCampo[0].Visible = false;
+  for (std::size_t i = 1; i < form.TxtCampo.size(); ++i) {
+    form.TxtCampo[i].Locked = false;
+    form.TxtCampo[i].Visible = true;
+    form.LblCampo[i].Visible = false;
+  }
+  form.CboTarifa[1].Select(0);
+  form.CboTarifa[1].Visible = true;
+}
+
+}  // namespace
+
+void Form1::MostrarFicha() {
+  if (!HayConexion()) return;
+  const std::optional<RegistroFicha> puesto = LeerPuesto(*this, NumeroDeFicha(*this));
+  if (!puesto) return;
+  FichaActual = *puesto;
+  if (FichaActual.EnUso) {
+    MostrarFichaAdentro(*this);
+  } else {
+    MostrarFichaNueva(*this);
   }
 }
 

@@ -1,125 +1,124 @@
 #include <cstdlib>
 
 #include "common/Numbers.h"
+#include "entry/Puesto.h"
 #include "records/Register.h"
 #include "station/form1/Form1.h"
 
 namespace vintoral {
+namespace {
 
-void Form1::RetirarFicha() {
-  if (!FichaEnPantalla() || !HayConexion()) return;
-  FijarValor();
-  const bool confirmada =
-      Preguntar("Vintoral - Confirmar Ficha"_w, "¿Desea realmente retirar la ficha actual?"_w, Answer::kYes);
-  if (!confirmada) {
-    Form_KeyDown(27, 0);
-    return;
-  }
-  if (!FichaEnPantalla()) return;  // it went back to idle by itself under the box
-  if (ConfirmacionVencida()) {
-    Form_KeyDown(27, 0);
-    return MidiWav("Sonidos\\Vintoral-7.wav");
-  }
-  TmrHoraFecha.SetEnabled(false);
-  SyncTogether onDisk(platform_.disk);
-  const std::int64_t numero = NumeroDeFicha();
-  if (const std::optional<RegistroFicha> puesto = LiberarPuesto(numero)) {
-    if (RegistrarHistorial()) {
-      RefrescarVista();
-      LimpiarCampos();
-      onDisk.Finish().PassOver();
-      MidiWav("Sonidos\\Vintoral-4.wav");
-    } else {
-      DevolverPuesto(numero, *puesto);
-    }
-  }
-  TmrHoraFecha.SetEnabled(true);
+String CuentaDeSalida(const Form1& form) {
+  return form.LblFechaEnt.Caption + "|"_w + form.LblFechaSal.Caption + "|"_w + form.TiempoEstadia + "|"_w +
+         form.ValorEstadia.Full();
 }
 
-void Form1::FijarValor() {
+void FijarValor(Form1& form) {
   // Twice the same account: no minute turned over between the value shown and the value charged.
-  const auto account = [this] {
-    LblValor.Visible = false;
-    TmrHoraFecha_Timer();
-    return CuentaDeSalida();
+  const auto account = [&form] {
+    form.LblValor.Visible = false;
+    form.TmrHoraFecha_Timer();
+    return CuentaDeSalida(form);
   };
   String first = account();
   for (String second = account(); second != first; second = account())
     first = second;
 }
 
-String Form1::CuentaDeSalida() {
-  return LblFechaEnt.Caption + "|"_w + LblFechaSal.Caption + "|"_w + TiempoEstadia + "|"_w +
-         ValorEstadia.Full();
-}
-
-bool Form1::ConfirmacionVencida() const {
+/// Too late to charge what the question showed; of a ficha that went back to idle under it nothing is shown.
+bool ConfirmacionVencida(const Form1& form) {
   constexpr std::int64_t kStillCounts = 60'000;
-  const std::optional<Moment> shown = MomentOfStamp(LblFechaSal.Caption);
-  const Moment now = platform_.clock.Now().WholeMinute();
+  const std::optional<Moment> shown = MomentOfStamp(form.LblFechaSal.Caption);
+  const Moment now = form.Devices().clock.Now().WholeMinute();
   return !shown || std::abs(now.Milliseconds() - shown->Milliseconds()) > kStillCounts;
 }
 
-std::optional<RegistroFicha> Form1::LiberarPuesto(std::int64_t numero) {
-  Register<RegistroFicha> act(platform_.disk, RutaCompartida("Vintoral.ACT"), OpenMode::kReadWrite);
+/// Room on disk for the row of the history; a history that is missing is told by RegistrarHistorial.
+bool ReservarHistorial(const Form1& form) {
+  const String path = form.RutaCompartida("Vintoral.HST");
+  Register<RegistroFicha> hst(form.Devices().disk, path, OpenMode::kReadWrite);
+  if (hst.Missing()) return true;
+  const Outcome reserved = hst ? hst.ReserveRow() : hst.Opened();
+  reserved.PassOver();
+  return static_cast<bool>(reserved);
+}
+
+void AnotarSalida(Form1& form, std::int64_t numero) {
+  form.TextoSalida = form.LblFechaSal.Caption;
+  RegistroFicha& ficha = form.FichaActual;
+  ficha.EnUso = false;
+  ficha.NumeroFicha = Digits(numero, 4);
+  ficha.MarcaSalida = form.TextoSalida;
+  ficha.PorteriaSalida = form.NumeroPorteria;
+  ficha.Posicion = static_cast<std::int32_t>(numero);
+}
+
+/// The slot as it was before; nothing when it stays as it is, because it or the history can't be written.
+std::optional<RegistroFicha> LiberarPuesto(Form1& form, std::int64_t numero) {
+  Register<RegistroFicha> act(form.Devices().disk, form.RutaCompartida("Vintoral.ACT"), OpenMode::kReadWrite);
   const std::optional<RegistroFicha> puesto = act ? act.Read(numero) : std::nullopt;
   // Without the slot, or without room for the history row, the ficha stays inside and on display: to free it
   // now would lose the money that goes with it.
-  if (!puesto || !ReservarHistorial()) {
+  if (!puesto || !ReservarHistorial(form)) {
     act.Opened().PassOver();
-    TmrConexion.SetInterval(100);
+    form.TmrConexion.SetInterval(100);
     return std::nullopt;
   }
-  FichaActual = *puesto;
-  if (!FichaActual.EnUso)
-    return puesto;  // another gate retired it meanwhile; the row is written all the same
-  TextoSalida = LblFechaSal.Caption;
-  FichaActual.EnUso = false;
-  FichaActual.NumeroFicha = Digits(numero, 4);
-  FichaActual.MarcaSalida = TextoSalida;
-  FichaActual.PorteriaSalida = NumeroPorteria;
-  FichaActual.Posicion = static_cast<std::int32_t>(numero);
-  act.Write(numero, FichaActual, true).PassOver();
+  form.FichaActual = *puesto;
+  // Where another gate retired it meanwhile, the row is written all the same.
+  if (!puesto->EnUso) return puesto;
+  AnotarSalida(form, numero);
+  act.Write(numero, form.FichaActual, true).PassOver();
   return puesto;
 }
 
-void Form1::DevolverPuesto(std::int64_t numero, const RegistroFicha& puesto) {
-  TmrConexion.SetInterval(100);
-  FichaActual = puesto;
-  Register<RegistroFicha> act(platform_.disk, RutaCompartida("Vintoral.ACT"), OpenMode::kReadWrite);
+/// Puts a ficha back inside whose row could not be written.
+void DevolverPuesto(Form1& form, std::int64_t numero, const RegistroFicha& puesto) {
+  form.TmrConexion.SetInterval(100);
+  form.FichaActual = puesto;
+  Register<RegistroFicha> act(form.Devices().disk, form.RutaCompartida("Vintoral.ACT"), OpenMode::kReadWrite);
   const std::optional<RegistroFicha> ahora = act ? act.Read(numero) : std::nullopt;
   if (!ahora) return act.Opened().PassOver();
   // Nothing to give back where another gate freed the slot, or has filled it since.
   if (puesto.EnUso && !ahora->EnUso) act.Write(numero, puesto, true).PassOver();
 }
 
-bool Form1::ReservarHistorial() {
-  const String path = RutaCompartida("Vintoral.HST");
-  Register<RegistroFicha> hst(platform_.disk, path, OpenMode::kReadWrite);
-  if (hst.Missing()) return true;  // told by RegistrarHistorial
-  const Outcome reserved = hst ? hst.ReserveRow() : hst.Opened();
-  reserved.PassOver();
-  return static_cast<bool>(reserved);
+/// From the slot to the history, as a whole or not at all.
+bool PasarAlHistorial(Form1& form) {
+  const std::int64_t numero = NumeroDeFicha(form);
+  const std::optional<RegistroFicha> puesto = LiberarPuesto(form, numero);
+  if (!puesto) return false;
+  if (form.RegistrarHistorial()) return true;
+  DevolverPuesto(form, numero, *puesto);
+  return false;
 }
 
-bool Form1::RegistrarHistorial() {
-  const String path = RutaCompartida("Vintoral.HST");
-  Register<RegistroFicha> hst(platform_.disk, path, OpenMode::kReadWrite);
-  if (hst.Missing()) {
-    TmrConexion.SetInterval(100);
-    return true;
+}  // namespace
+
+void Form1::RetirarFicha() {
+  if (!FichaEnPantalla() || !HayConexion()) return;
+  FijarValor(*this);
+  const bool confirmada =
+      Preguntar("Vintoral - Confirmar Ficha"_w, "¿Desea realmente retirar la ficha actual?"_w, Answer::kYes);
+  if (!confirmada) {
+    Form_KeyDown(27, 0);
+    return;
   }
-  const auto row = [this](std::int64_t number) {
-    FichaActual.EnUso = true;
-    FichaActual.Posicion = static_cast<std::int32_t>(number);
-    FichaActual.ValorCobrado = ValorEstadia;
-    // The row holds the user's points, no longer the user's number.
-    FichaActual.UsuarioPuntos = static_cast<std::int32_t>(LeerPuntosUsuario(FichaActual.UsuarioPuntos));
-    return FichaActual;
-  };
-  const Outcome written = hst ? hst.Append(row) : hst.Opened();
-  written.PassOver();
-  return static_cast<bool>(written);
+  if (ConfirmacionVencida(*this)) {
+    Form_KeyDown(27, 0);
+    return MidiWav("Sonidos\\Vintoral-7.wav");
+  }
+  TmrHoraFecha.SetEnabled(false);
+  SyncTogether onDisk(platform_.disk);
+  if (PasarAlHistorial(*this)) {
+    RefrescarVista();
+    LimpiarCampos();
+    onDisk.Finish().PassOver();
+    MidiWav("Sonidos\\Vintoral-4.wav");
+  } else {
+    platform_.screen.Beep();  // the ficha stays on display
+  }
+  TmrHoraFecha.SetEnabled(true);
 }
 
 }  // namespace vintoral

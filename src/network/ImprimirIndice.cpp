@@ -4,12 +4,11 @@
 namespace vintoral {
 
 void Form1::ImprimirIndice() {
-  constexpr std::int32_t kCells = 50;
+  const auto cells = static_cast<std::int32_t>(ImgFicha.size());
   LimpiarPantalla();
-  const std::int32_t pages =
-      TotalVista() / kCells + (TotalVista() % kCells != 0 || TotalVista() == 0 ? 1 : 0);
+  const std::int32_t pages = TotalVista() / cells + (TotalVista() % cells != 0 || TotalVista() == 0 ? 1 : 0);
   LblInfo[0].Caption =
-      Digits(TotalVista()) + " ( "_w + Digits(InicioPagina / kCells + 1) + "/"_w + Digits(pages) + " )  "_w;
+      Digits(TotalVista()) + " ( "_w + Digits(InicioPagina / cells + 1) + "/"_w + Digits(pages) + " )  "_w;
 }
 
 }  // namespace vintoral

@@ -1,15 +1,9 @@
-// Stay and value of the ficha on display.
 #include "common/Numbers.h"
+#include "station/Monitor.h"
 #include "station/form1/Form1.h"
 #include "tariffs/Tasacion.h"
 
 namespace vintoral {
-
-String Form1::CalcularTiempo(std::string_view entrada, std::string_view salida) {
-  const Duracion stay = DuracionEntre(entrada, salida);
-  Permanencia = stay.estadia;
-  return stay.texto;
-}
 
 Money Form1::CalcularValor() {
   constexpr std::int64_t kMostPoints = 999'999;
@@ -26,7 +20,7 @@ Money Form1::CalcularValor() {
   if (!fare.encontrada) return {};
   Permanencia = fare.contada;
   LblValor.Visible = fare.conPrecio;
-  if (fare.conPrecio && ChkFactura.TagNumber() == 0 && PctBoton[14].BorderStyle == 1) {
+  if (fare.conPrecio && ChkFactura.TagNumber() == 0 && IsPressed(PctBoton[boton::kFacturas])) {
     ChkFactura.Tag = "1"_w;
     ChkFactura.Enabled = true;
     ChkFactura.Value = 1;

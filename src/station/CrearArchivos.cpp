@@ -5,38 +5,42 @@
 #include "station/form1/Form1.h"
 
 namespace vintoral {
+namespace {
 
-bool Form1::CrearRegistro(const String& nombre, String (*contenido)()) {
-  const String path = "Multimedia\\"_w + nombre;
-  if (platform_.disk.Exists(path)) return true;
-  const Outcome made = platform_.disk.Replace(path, contenido());
+/// Does nothing when the register is there; false when it can't be made.
+bool Make(Disk& disk, const String& name, String (*content)()) {
+  const String path = "Multimedia\\"_w + name;
+  if (disk.Exists(path)) return true;
+  const Outcome made = disk.Replace(path, content());
   made.PassOver();
   return static_cast<bool>(made);
 }
 
-bool Form1::CrearRegistroNecesario(const String& nombre, String (*contenido)()) {
-  if (CrearRegistro(nombre, contenido)) return true;
-  TotalFichas = 0;
-  ImposibleContinuar("No se puede crear el archivo \""_w + nombre + "\". La carpeta '"_w +
-                     platform_.disk.CurrentFolder() + "\\Multimedia' está protegida contra escritura."_w);
-  Terminar();
+/// The same; a failure is told and ends the program.
+bool MakeOrStop(Form1& form, const String& name, String (*content)()) {
+  Disk& disk = form.Devices().disk;
+  if (Make(disk, name, content)) return true;
+  form.Detener("No se puede crear el archivo \""_w + name + "\". La carpeta '"_w + disk.CurrentFolder() +
+               "\\Multimedia' está protegida contra escritura."_w);
   return false;
 }
 
+}  // namespace
+
 bool Form1::CrearArchivoACT() {
-  return CrearRegistroNecesario("Vintoral.ACT"_w, ActNuevo);
+  return MakeOrStop(*this, "Vintoral.ACT"_w, ActNuevo);
 }
 
 bool Form1::CrearArchivoHST() {
-  return CrearRegistroNecesario("Vintoral.HST"_w, HstNuevo);
+  return MakeOrStop(*this, "Vintoral.HST"_w, HstNuevo);
 }
 
 void Form1::CrearArchivoNSR() {
-  std::ignore = CrearRegistro("Vintoral.NSR"_w, NsrNuevo);
+  std::ignore = Make(platform_.disk, "Vintoral.NSR"_w, NsrNuevo);
 }
 
 void Form1::CrearArchivoCRD() {
-  std::ignore = CrearRegistro("Vintoral.CRD"_w, [] { return String(); });
+  std::ignore = Make(platform_.disk, "Vintoral.CRD"_w, [] { return String(); });
 }
 
 }  // namespace vintoral

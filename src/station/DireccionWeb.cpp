@@ -1,10 +1,10 @@
 #include "records/TextoAjustes.h"
+#include "station/form1/Archivos.h"
 #include "station/form1/Form1.h"
 
 namespace vintoral {
 namespace {
 
-constexpr std::string_view kFile = "Objetos\\Web.INI";
 constexpr std::string_view kName = "Direccion";
 constexpr std::string_view kDefault =
     "; La dirección web del producto, sin barra al final. La página de ejemplos de tarifas se abre en "
@@ -15,8 +15,8 @@ constexpr std::string_view kDefault =
 
 String Form1::DireccionWeb() {
   Disk& disk = platform_.disk;
-  if (!disk.Exists(kFile)) disk.Replace(kFile, kDefault).PassOver();
-  const std::optional<String> text = disk.ReadAll(kFile);
+  if (!disk.Exists(archivo::kWeb)) disk.Replace(archivo::kWeb, kDefault).PassOver();
+  const std::optional<String> text = disk.ReadAll(archivo::kWeb);
   const std::optional<String> address = text ? Ajuste(*text, kName) : std::nullopt;
   return address.value_or(Ajuste(kDefault, kName).value_or(String()));
 }

@@ -1,17 +1,14 @@
 #include "station/Ayuda.h"
+#include "station/form1/Archivos.h"
 #include "station/form1/Form1.h"
 
 namespace vintoral {
 
 void Form1::EscribirAyuda() {
-  const String file = "Vintoral Léame.TXT"_w;
-  if (platform_.disk.Exists(file)) return;
-  const Outcome written = platform_.disk.Replace(file, TextoAyuda());
-  if (written) return;
+  if (platform_.disk.Exists(archivo::kAyuda)) return;
+  const Outcome written = platform_.disk.Replace(archivo::kAyuda, TextoAyuda());
   written.PassOver();
-  TotalFichas = 0;
-  ImposibleContinuar(ProtegidaContraEscritura());
-  Terminar();
+  if (!written) Detener(ProtegidaContraEscritura());
 }
 
 }  // namespace vintoral

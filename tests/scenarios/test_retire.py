@@ -156,7 +156,8 @@ class Settling(DrivenDay):
         self.assertEqual(self.folder.history(), [])
 
     def test_a_ficha_that_went_idle_under_the_question_is_not_retired(self):
-        for button, heard in (("yes", []), ("no", [CLICK])):
+        # A Yes that does nothing is told by the same sound once more.
+        for button, heard in (("yes", [CLICK, FORGOTTEN]), ("no", [CLICK])):
             with self.subTest(button=button):
                 station = self.display(1000)
                 before = self.folder.all_bytes()

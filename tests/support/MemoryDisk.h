@@ -7,6 +7,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/Disk.h"
 
@@ -32,6 +33,10 @@ class MemoryDisk final : public Disk {
   void SetReadOnly(std::string_view path) { files_.at(Key(path)).readOnly = true; }
   bool HasFolder(std::string_view path) const { return folders_.contains(Key(path)); }
   int Syncs() const { return *syncs_; }
+  /// How often an append lock was taken.
+  int Locked() const { return locks_->taken; }
+  /// The files that were opened or read while an append lock was held, in order.
+  const std::vector<std::string>& UsedUnderLock() const { return locks_->used; }
 
   String CurrentFolder() const override { return folder_; }
   bool Exists(std::string_view path) const override { return files_.contains(Key(path)); }
@@ -49,7 +54,8 @@ class MemoryDisk final : public Disk {
     if (outcome) *outcome = error != 0 ? Outcome::Failed("open", key, error) : Outcome::Done();
     if (error != 0) return nullptr;
     if (found == files_.end()) Put(path, "");
-    return std::make_unique<File>(files_.at(key).bytes, syncs_, mode == OpenMode::kRead);
+    locks_->Use(key);
+    return std::make_unique<File>(files_.at(key).bytes, key, syncs_, locks_, mode == OpenMode::kRead);
   }
 
   std::optional<String> ReadAll(std::string_view path) override {
@@ -91,11 +97,25 @@ class MemoryDisk final : public Disk {
   }
 
  private:
+  struct Locks {
+    int taken = 0;
+    int held = 0;
+    std::vector<std::string> used;
+    void Use(const std::string& key) {
+      if (held > 0) used.push_back(key);
+    }
+  };
   class File final : public DiskFile {
    public:
-    File(std::shared_ptr<std::string> bytes, std::shared_ptr<int> syncs, bool readOnly)
-        : bytes_(std::move(bytes)), syncs_(std::move(syncs)), readOnly_(readOnly) {}
+    File(std::shared_ptr<std::string> bytes, std::string key, std::shared_ptr<int> syncs,
+         std::shared_ptr<Locks> locks, bool readOnly)
+        : bytes_(std::move(bytes)),
+          key_(std::move(key)),
+          syncs_(std::move(syncs)),
+          locks_(std::move(locks)),
+          readOnly_(readOnly) {}
     std::optional<std::size_t> ReadAt(std::uint64_t offset, std::span<char> into) override {
+      locks_->Use(key_);
       const std::size_t from = std::min<std::uint64_t>(offset, bytes_->size());
       return bytes_->copy(into.data(), into.size(), from);
     }
@@ -116,12 +136,17 @@ class MemoryDisk final : public Disk {
       bytes_->resize(std::min<std::uint64_t>(length, bytes_->size()));
       return Outcome::Done();
     }
-    void LockAppend() override {}
-    void UnlockAppend() override {}
+    void LockAppend() override {
+      ++locks_->taken;
+      ++locks_->held;
+    }
+    void UnlockAppend() override { --locks_->held; }
 
    private:
     std::shared_ptr<std::string> bytes_;
+    std::string key_;
     std::shared_ptr<int> syncs_;
+    std::shared_ptr<Locks> locks_;
     bool readOnly_;
   };
   struct Entry {
@@ -157,6 +182,7 @@ class MemoryDisk final : public Disk {
   std::map<std::string, Entry> files_;
   std::map<std::string, bool> folders_;
   std::shared_ptr<int> syncs_ = std::make_shared<int>(0);
+  std::shared_ptr<Locks> locks_ = std::make_shared<Locks>();
 };
 
 }  // namespace vintoral::test

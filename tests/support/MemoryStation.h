@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <deque>
 #include <functional>
+#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -92,6 +93,13 @@ class MemoryStation {
     return commands;
   }
 
+  /// Writes a slot of the register, as another gate would.
+  void PutSlot(std::size_t number, const RegistroFicha& ficha) {
+    const auto bytes = ficha.Encode();
+    std::string act = Disk.Get("Multimedia\\Vintoral.ACT");
+    act.replace((number - 1) * bytes.size(), bytes.size(), bytes.data(), bytes.size());
+    Disk.Put("Multimedia\\Vintoral.ACT", act);
+  }
   RegistroFicha Slot(std::size_t number) const { return Row("Multimedia\\Vintoral.ACT", number); }
   RegistroFicha History(std::size_t row) const { return Row("Multimedia\\Vintoral.HST", row); }
   std::size_t HistoryRows() const {

@@ -1,15 +1,19 @@
-// The whole command set of the main screen, as two tables: what a key does and what a button does.
+// The whole command set of the main screen as tables: what a key does, what a button does, and what else the
+// function lock guards.
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
-#include <string_view>
+
+#include "station/form1/Familias.h"
+#include "station/forms/Keys.h"
 
 namespace vintoral {
 
 class Form1;
 
-/// Which masks (1 shift, 2 control, 4 alt, added) a row answers to: bit m stands for mask m.
+/// Which masks a row answers to: bit m stands for mask m.
 using MaskSet = std::uint8_t;
 inline constexpr MaskSet kAnyMask = 0xFF;
 constexpr MaskSet OneMask(int mask) {
@@ -18,30 +22,41 @@ constexpr MaskSet OneMask(int mask) {
 
 struct KeyCommand {
   int code;
-  int lastCode;  ///< the row answers to all codes from `code` to this one
-  MaskSet masks;
-  bool (*condition)(const Form1&, int code);  ///< null: always
-  const char* log;                            ///< code of the function log, null for none
-  int lock;                                   ///< position in the lock text, 0 for none
-  void (*action)(Form1&, int code);           ///< null: the key matches here and nothing happens
+  int lastCode = code;  ///< the row answers to all codes from `code` to this one
+  MaskSet masks = kAnyMask;
+  bool (*condition)(const Form1&, int code) = nullptr;  ///< null: always
+  const char* log = nullptr;                            ///< code of the function log, null for none
+  int lock = 0;                                         ///< position in the lock text, 0 for none
+  std::optional<boton::Index> button = {};              ///< the button that the key presses
+  void (*action)(Form1&, int code) = nullptr;           ///< null: it presses a button, or is not built yet
 };
+
+/// The action of a key that is taken and does nothing, for good.
+void DoNothing(Form1& form, int code);
 
 enum class Answering { kSilent, kClick, kVoice };
 
 struct ButtonCommand {
-  const char* tooltip;         ///< UTF-8
-  const char* tooltipPressed;  ///< the same where pressing doesn't change it
-  Answering answering;         ///< what is heard before the action
-  const char* log;
+  const char* tooltip;                       ///< UTF-8
+  const char* tooltipPressed = tooltip;      ///< where pressing changes it
+  Answering answering = Answering::kSilent;  ///< what is heard before the action
+  const char* log = nullptr;                 ///< as of KeyCommand
+  int lock = 0;                              ///< as of KeyCommand
+  int lockToSwitchOff = 0;           ///< a second position, asked when the pressed button is to be released
+  void (*action)(Form1&) = nullptr;  ///< null: not built yet
+};
+
+/// An operation that the lock guards by whatever way it is reached.
+struct GuardedOperation {
+  const char* operation;
   int lock;
-  int lockToSwitchOff;     ///< a second position, asked when the pressed button is to be released; 0 for none
-  void (*action)(Form1&);  ///< null: nothing happens
 };
 
 /// From top to bottom; the first row that matches is carried out.
 std::span<const KeyCommand> KeyCommands();
-/// By index, 0 to 14.
+/// By boton::Index.
 std::span<const ButtonCommand> ButtonCommands();
+std::span<const GuardedOperation> GuardedOperations();
 /// The row that answers to a key in the present state, or null.
 const KeyCommand* FindKeyCommand(const Form1& form, int code, int mask);
 

@@ -106,25 +106,8 @@ bool Form1::Preguntar(const String& titulo, const String& texto, Answer preselec
   return platform_.screen.Show(box) == Answer::kYes;
 }
 
-void Form1::ImposibleContinuar(const String& texto) {
-  platform_.screen.Show(
-      {"Vintoral - Imposible Continuar"_w, texto, Icon::kCritical, {Answer::kOk}, Answer::kOk});
-}
-
 String Form1::ProtegidaContraEscritura() const {
   return "La carpeta '"_w + platform_.disk.CurrentFolder() + "' está protegida contra escritura."_w;
-}
-
-String Form1::RutaCompartida(std::string_view file) const {
-  // The main gate goes through its own folder, whatever letters the way to it has.
-  const String folder = EsCliente != 0 ? CarpetaCompartida : "Multimedia"_w;
-  return folder + "\\"_w + String(file);
-}
-
-bool Form1::HayConexion() {
-  if (platform_.disk.Exists(RutaCompartida("Vintoral.ACT"))) return true;
-  TmrConexion.SetInterval(100);
-  return false;
 }
 
 }  // namespace vintoral

@@ -1,8 +1,9 @@
 // The main screen, and with it the station: the operator has one screen, so the station is one class.
 //
 // This header is its table of contents. Each operation is defined in a file of its own name in its
-// subsystem's folder, and reads as the list of what happens; what can be said without the screen is a plain
-// function elsewhere.
+// subsystem's folder (the four CrearArchivo in CrearArchivos.cpp, questions about the screen in Form1.cpp),
+// and reads as the list of what happens. Its steps are functions of that file; what can be said without the
+// screen is a plain function elsewhere.
 #pragma once
 
 #include <array>
@@ -31,6 +32,9 @@ class Form1 : public ScreenModel {
   /// The screen as designed; nothing is read or written before Form_Load. The devices outlive the station.
   explicit Form1(const Platform& platform);
 
+  /// What the title bar reads.
+  static constexpr std::string_view kTitulo = "Vintoral 10.25";
+
   // ---- Values of the run
   // -------------------------------------------------------------------------------------
   String NumeroPorteria;          ///< "01" the main gate, "02" every connected one
@@ -44,14 +48,18 @@ class Form1 : public ScreenModel {
   RegistroFicha FichaAuxiliar;  ///< for history work, so that it never disturbs FichaActual
   RegistroUsuario UsuarioActual;
   RegistroEtiquetas EtiquetasActuales;
-  std::int32_t NumeroUsuario = 0;          ///< the user on screen, 0 if none
+  /// The user that a ficha saved now belongs to: the one who has the plate, or the number that a new one
+  /// would get; 0 without a plate.
+  std::int32_t NumeroUsuario = 0;
+  std::int32_t UsuarioEnFormulario = 0;    ///< the user whose record filled the form in, 0 for none
   std::vector<RegistroFicha> VistaFichas;  ///< element 0 is record 1 of the view
   std::int32_t InicioPagina = 1;           ///< first record of the grid page, from 1
   std::int32_t TotalVista() const { return static_cast<std::int32_t>(VistaFichas.size()); }
 
   std::vector<String> TablaTarifas, TablaExtras, TablaPrepago;  ///< element 0 is line 1
-  String Moneda;                                                ///< currency symbol, at most 10 characters
-  std::array<String, 7> DatosCall;                              ///< the seven panic values
+  static constexpr std::size_t kAnchoMoneda = 10;
+  String Moneda;                    ///< currency symbol, at most kAnchoMoneda characters
+  std::array<String, 7> DatosCall;  ///< the seven panic values
 
   Estadia Permanencia;   ///< DiasEstadia, HorasEstadia, MinutosEstadia
   String TiempoEstadia;  ///< "02H 30M "
@@ -85,6 +93,9 @@ class Form1 : public ScreenModel {
   bool Form_QueryUnload() override;
   void Form_Unload() override;
   void CloseBox(Forms& /*forms*/) override { CerrarVentana(); }
+  /// The station can't go on: stores what closing stores, as far as it can be written (nothing while it is
+  /// still starting), says why in a box and ends the program.
+  void Detener(const String& texto);
   void CrearCarpetas();
   void EscribirAyuda();
   void CrearAccesoDirecto();
@@ -100,6 +111,7 @@ class Form1 : public ScreenModel {
   void PctBoton_MouseMove(int Index);
   void GeneradorClick();  ///< CmdBarCode and CmdNumeroFicha
   void ImgCambiarFondo_Click();
+  void Cancelar();  ///< as if Esc had been pressed
   void AlternarMemoriaRostros();
   void AlternarCodigoBarras();
   void AbrirTarifas();
@@ -109,6 +121,8 @@ class Form1 : public ScreenModel {
   // ------------------------------------------------------------------------------------------------
   void LimpiarPantalla();
   void LimpiarCampos();
+  /// The live picture, or what stands in for it while the camera is off, instead of a still and its message.
+  void MostrarImagenEnVivo();
   void CambiarModoFicha();
   void EtiquetaMonitor();
   void AbrirEtiqueta(std::size_t index);
@@ -178,21 +192,30 @@ class Form1 : public ScreenModel {
   bool RegistrarHistorial();
   void LineaEfectivo();  ///< one step of the cash line
   void MostrarFicha();
-  /// True when a registered user has the plate. The data of user `enPantalla` stand in the form already and
+  /// True when a registered user has the plate. The data of user `enFormulario` stand in the form already and
   /// are not filled in again: what the operator changed since, the category above all, is what he wants to
   /// save.
-  bool BuscarUsuario(std::int32_t enPantalla = 0);
+  bool BuscarUsuario(std::int32_t enFormulario = 0);
+  /// The points of a user, who becomes UsuarioActual; 0 for no user, and when they can't be read.
   std::int64_t LeerPuntosUsuario(std::int32_t numero);
+  /// The ficha on display: the row of the view that was pointed at, or else FichaActual.
+  const RegistroFicha& FichaMostrada() const;
 
   // ---- Link and grid
   // -----------------------------------------------------------------------------------------
   /// False: the program ends.
   bool CargarServidor();
+  /// What the screen says of the gate's number, and where its generator starts.
+  void MostrarPorteria();
+  /// The grid as the register stands now.
+  void RefrescarVista();
   void ImprimirIndice();
   /// The path of a file in the data folder.
   String RutaCompartida(std::string_view file) const;
   /// Is ACT there? If not, the link watch looks at once.
   bool HayConexion();
+  /// The link watch looks at once: an operation has missed what should be in the data folder.
+  void BuscarEnlaceYa();
 
   // ---- Sounds
   // ------------------------------------------------------------------------------------------------
@@ -208,7 +231,6 @@ class Form1 : public ScreenModel {
  private:
   void Terminar();
   bool Preguntar(const String& titulo, const String& texto, Answer preselected);
-  void ImposibleContinuar(const String& texto);
   String ProtegidaContraEscritura() const;
   void ConectarCampos();
   void ConectarEtiquetas();
@@ -216,44 +238,7 @@ class Form1 : public ScreenModel {
   void ConectarRelojes();
   void ClickEnBarra(int index);
 
-  // Steps of the longer operations, each in the file of its operation.
-  /// Makes these lines the tariffs, and their heads the categories to choose from.
-  void LlenarTarifas(const std::vector<String>& lineas);
-  /// Makes the register in the station's own Multimedia unless it is there; false when it can't.
-  bool CrearRegistro(const String& nombre, String (*contenido)());
-  /// The same; a failure is told and ends the program.
-  bool CrearRegistroNecesario(const String& nombre, String (*contenido)());
-  void MostrarFichaAdentro();
-  void MostrarCelda();
-  void MostrarFichaNueva();
-  void MostrarFotoEntrada();
-  void MostrarFotoUsuario(std::int32_t numero);
-  void MostrarFotoConfirmacion(bool confirmando);
-  void AnotarEntrada(const String& registro, std::int64_t numero);
-  /// The slot as it was before; nothing when it stays as it is, because it or the history can't be written.
-  std::optional<RegistroFicha> LiberarPuesto(std::int64_t numero);
-  /// Puts a ficha back inside whose row could not be written.
-  void DevolverPuesto(std::int64_t numero, const RegistroFicha& puesto);
-  void RefrescarVista();
-  void FijarValor();
-  String CuentaDeSalida();
-  bool ConfirmacionVencida() const;
-  bool PlacaAdentro(const String& placa);
-  void TomarUsuario(std::int32_t numero, const RegistroUsuario& usuario);
-  void LlenarUsuario();
-  std::int64_t NumeroDeFicha() const;
-  /// The slot as it stands on disk; nothing, and the link watch looks at once, when it can't be read.
-  std::optional<RegistroFicha> LeerPuesto(std::int64_t numero);
-  const RegistroFicha& FichaMostrada() const;
-  void EstadoConexion(bool conectado);
-  /// Takes away what a process that was killed in the middle of a write has left at the end of the history.
-  void RecortarHistorial();
-  void MostrarPorteria();
-  bool ReservarHistorial();
-
   Platform platform_;
-  /// The user whose data BuscarUsuario found for the plate that stands there; 0 for none.
-  std::int32_t usuarioEnPantalla_ = 0;
   /// The start sequence is through: only then are the screen's state and the labels this station's own.
   bool iniciado_ = false;
   /// The labels of the data folder have been seen: only then may this gate write its own over them.

@@ -56,7 +56,7 @@ void ScreenModel::DesignInfo() {
   for (Label& bar : LblConexion)
     bar.BackColor = kLightRed;
 
-  const std::array<String, 6> tips = {
+  const std::array<String, indicador::kCount> tips = {
       " Bloqueo de Funciones (Activado) "_w, " Turno de Trabajo (Activado) "_w,
       " Memoria de Rostros (Activado) "_w,   " Fotos Adicionales "_w,
       " Cámara Web Desactivada "_w,          " Imprimir Factura "_w};
@@ -91,8 +91,10 @@ void ScreenModel::DesignHidden() {
   hideAll(PctFotoDetalle);
   hideAll(PctBuscar);
   hideAll(ImgFicha);
-  hide(PctBoton[5], PctBoton[6]);
+  hide(PctBoton[boton::kGuardar], PctBoton[boton::kRetirar]);
   PctUsuario[0].Enabled = false;
+  CmdNumeroFicha.Enabled = false;
+  CmdBarCode.Enabled = false;
   LstModEntrada.List = {"ENT(S)"_w, "DIA(S)"_w};
   LstModEntrada.ListIndex = 0;
 }
@@ -101,7 +103,7 @@ void ScreenModel::DesignTimers() {
   TmrHoraFecha.SetInterval(500);
   TmrHorario.SetInterval(500);
   TmrMonitor.SetInterval(7000);
-  TmrConexion.SetInterval(3000);
+  TmrConexion.SetInterval(kConnectingInterval);
   TmrBarCode.SetInterval(1000);
   for (Timer* timer : Timers())
     timer->Enabled = false;

@@ -3,9 +3,13 @@
 
 #include <array>
 
+#include "station/form1/Familias.h"
 #include "station/forms/Form.h"
 
 namespace vintoral {
+
+/// Milliseconds from one look for the shared folder to the next, while it is missing.
+inline constexpr int kConnectingInterval = 3000;
 
 class ScreenModel : public Form {
  public:
@@ -26,8 +30,7 @@ class ScreenModel : public Form {
   std::array<Label, 5> LblInfo;       ///< 0 count, 1 stay, 2 station, 3 panic mail, 4 counter
   std::array<Label, 2> LblIndicador;  ///< "SAL" and "ENT"
   std::array<Label, 3> LblConexion;   ///< the bars of the link
-  std::array<Image, 6>
-      ImgIndicador;  ///< 0 lock, 1 shift, 2 faces, 3 additional photos, 4 camera off, 5 invoice
+  std::array<Image, indicador::kCount> ImgIndicador;
   CheckBox ChkFactura;
 
   std::array<PictureBox, 2> PctUsuario;
@@ -48,7 +51,7 @@ class ScreenModel : public Form {
   ListBox LstModEntrada;
   ComboBox CboMinutos;
 
-  std::array<PictureBox, 15> PctBoton;  ///< the tool bar
+  std::array<PictureBox, boton::kCount> PctBoton;
   std::array<PictureBox, 5> PctBuscar;  ///< the lights beside it
 
   std::array<Image, 50> ImgFicha;  ///< the grid

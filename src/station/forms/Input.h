@@ -8,16 +8,9 @@
 #include <optional>
 
 #include "station/forms/Forms.h"
+#include "station/forms/Keys.h"
 
 namespace vintoral {
-
-/// Virtual key codes that controls know, as the command table uses them.
-namespace keys {
-inline constexpr int kBackspace = 8, kTab = 9, kEnter = 13, kEscape = 27, kSpace = 32, kPageUp = 33,
-                     kPageDown = 34, kEnd = 35, kHome = 36, kLeft = 37, kUp = 38, kRight = 39, kDown = 40,
-                     kInsert = 45, kDelete = 46, kNumpad0 = 96, kF1 = 112, kF12 = 123;
-inline constexpr int kShift = 1, kControl = 2, kAlt = 4;
-}  // namespace keys
 
 /// The character that a key makes on a plain keyboard, 0 for none: Control and a letter, with Shift or
 /// without, make the characters 1 to 26.

@@ -6,8 +6,6 @@
 namespace vintoral {
 namespace {
 
-constexpr std::size_t kMonedaWidth = 10;
-
 void MarkChanges(TextBox& box) {
   box.OnChange = [&box] { box.Tag = "1"_w; };
 }
@@ -39,7 +37,7 @@ void Form6::Design() {
   LblFuncion[kMoneda].Caption = "Símbolo Moneda"_w;
   for (TextBox& box : TxtTarifas)
     box.MultiLine = true;
-  TxtMoneda.MaxLength = kMonedaWidth;
+  TxtMoneda.MaxLength = Form1::kAnchoMoneda;
   CmdFuncion[kGuardar].Caption = "GUARDAR"_w;
   CmdFuncion[kCancelar].Caption = "CANCELAR"_w;
   LblEjemplo.Caption = "Ejemplos"_w;

@@ -31,7 +31,7 @@ MainWindow::MainWindow(Form1& form, std::function<QString(std::string_view)> fil
       ticker_(form.OpenForms, form.Devices().clock, [this] { Refresh(); }),
       hands_(form.OpenForms, [this] { Refresh(); }) {
   setObjectName(QStringLiteral("Form1"));
-  setWindowTitle(QStringLiteral("Vintoral 10.25"));
+  setWindowTitle(QString::fromLatin1(Form1::kTitulo));
   setWindowIcon(QIcon(QStringLiteral(":/icons/vintoral.svg")));
   Stage stage{form_, mirror_, hands_, std::move(fileOf)};
   Build(stage);

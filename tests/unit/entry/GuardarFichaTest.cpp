@@ -2,9 +2,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
+#include <utility>
 
 #include "records/ArchivosNuevos.h"
+#include "support/Bytes.h"
 #include "support/MemoryStation.h"
 
 namespace vintoral {
@@ -99,10 +102,8 @@ TEST_F(GuardarFichaTest, ASlotThatAnotherGateTookIsLeftToIt) {
   taken.EnUso = true;
   taken.Placa = "OTRA";
   taken.PorteriaSalida = "??";
-  const auto bytes = taken.Encode();
-  std::string act = ActNuevo().Bytes();
-  act.replace(6 * bytes.size(), bytes.size(), bytes.data(), bytes.size());
-  station_.Disk.Put(kAct, act);
+  station_.PutSlot(7, taken);
+  const std::string act = station_.Disk.Get(kAct);
   station_.Hands.Key(keys::kInsert, 0);
   EXPECT_TRUE(station_.Boxes.empty());
   EXPECT_EQ(station_.Disk.Get(kAct), act);
@@ -226,6 +227,94 @@ TEST_F(GuardarFichaTest, AUserWhoStoodThereBeforeTheScreenWasClearedIsFilledInAg
   station_.Answers.push_back(Answer::kYes);
   station_.Hands.Key(keys::kInsert, 0);
   EXPECT_EQ(station_.Slot(7).Nombre.Trimmed(), "ANA"_w);
+}
+
+// ---- The photo beside the question
+// -------------------------------------------------------------------------------------
+
+class FotoConfirmacionTest : public GuardarFichaTest {
+ protected:
+  FotoConfirmacionTest() {
+    RegistroUsuario user;
+    user.Placa = "AAA";
+    station_.Disk.Put("Multimedia\\Vintoral.USR", test::Encoded(user));
+  }
+  /// Asks whether to save the ficha of user 1; `look` happens under the question.
+  void Ask(std::function<void()> look) {
+    station_.TypeNew("7", "aaa");
+    ASSERT_EQ(form_.NumeroUsuario, 1);
+    station_.UnderBox = std::move(look);
+    station_.Answers = {Answer::kNo};
+    station_.Hands.Key(keys::kInsert, 0);
+    ASSERT_EQ(station_.Boxes.size(), 1u);
+  }
+  void StorePhoto() { station_.Disk.Put(foto_, ""); }
+  void ExpectTheLivePicture() const {
+    EXPECT_TRUE(form_.Picture1.Visible);
+    EXPECT_FALSE(form_.Picture2.Visible || form_.PctAppCamera.Visible || form_.LblWebCamMsg.Visible);
+    EXPECT_TRUE(form_.Picture2.Picture.Empty());
+    EXPECT_EQ(form_.LblWebCamMsg.Caption, ""_w);
+  }
+
+  const String foto_ = "Multimedia\\Imágenes USR\\000001.jpg"_w;
+};
+
+TEST_F(FotoConfirmacionTest, IsTheUsersStoredOne) {
+  StorePhoto();
+  form_.LblWebCamMsg.Visible = true;
+  Ask([this] {
+    EXPECT_EQ(form_.Picture2.Picture, foto_);
+    EXPECT_TRUE(form_.Picture2.Visible);
+    EXPECT_FALSE(form_.Picture1.Visible || form_.LblWebCamMsg.Visible);
+  });
+  ExpectTheLivePicture();
+}
+
+TEST_F(FotoConfirmacionTest, GoesToTheCardTooWhenItCameMeanwhile) {
+  station_.TypeNew("7", "aaa");
+  ASSERT_FALSE(form_.PctUsuario[1].Visible);
+  StorePhoto();
+  station_.UnderBox = [this] {
+    EXPECT_EQ(form_.ImgUsuario.Picture, foto_);
+    EXPECT_EQ(form_.PctUsuario[0].Picture, foto_);
+    EXPECT_TRUE(form_.PctUsuario[1].Visible);
+  };
+  station_.Answers = {Answer::kNo};
+  station_.Hands.Key(keys::kInsert, 0);
+}
+
+TEST_F(FotoConfirmacionTest, ThatIsMissingIsTold) {
+  ASSERT_FALSE(form_.LblWebCamMsg.Visible);
+  form_.Picture2.Picture = "of another.jpg"_w;
+  Ask([this] {
+    EXPECT_TRUE(form_.Picture2.Visible && form_.Picture2.Picture.Empty());
+    EXPECT_FALSE(form_.Picture1.Visible);
+    EXPECT_TRUE(form_.LblWebCamMsg.Visible);
+    EXPECT_EQ(form_.LblWebCamMsg.Caption, "SIN IMAGEN"_w);
+  });
+  ExpectTheLivePicture();
+}
+
+TEST_F(FotoConfirmacionTest, IsNotTheStoredOneWithTheMemoryOfFaces) {
+  StorePhoto();
+  form_.ImgIndicador[2].Visible = true;
+  Ask([this] {
+    EXPECT_TRUE(form_.Picture2.Visible && form_.Picture2.Picture.Empty());
+    EXPECT_TRUE(form_.LblWebCamMsg.Visible);
+  });
+}
+
+TEST_F(FotoConfirmacionTest, WithTheCameraOffNoPictureIsTouched) {
+  StorePhoto();
+  form_.ImgIndicador[4].Visible = true;
+  form_.LimpiarCampos();
+  ASSERT_TRUE(form_.PctAppCamera.Visible && !form_.Picture1.Visible);
+  Ask([this] {
+    EXPECT_TRUE(form_.PctAppCamera.Visible && form_.LblWebCamMsg.Visible);
+    EXPECT_FALSE(form_.Picture1.Visible || form_.Picture2.Visible);
+  });
+  EXPECT_TRUE(form_.PctAppCamera.Visible);
+  EXPECT_FALSE(form_.Picture1.Visible || form_.Picture2.Visible || form_.LblWebCamMsg.Visible);
 }
 
 }  // namespace

@@ -1,9 +1,9 @@
 // A ficha called up: its account, and what stands on the screen beside it.
 #include <gtest/gtest.h>
 
-#include <string>
+#include <string_view>
+#include <utility>
 
-#include "records/ArchivosNuevos.h"
 #include "support/Bytes.h"
 #include "support/MemoryStation.h"
 
@@ -13,7 +13,6 @@ namespace {
 using test::Encoded;
 using test::MemoryStation;
 
-constexpr const char* kAct = "Multimedia\\Vintoral.ACT";
 constexpr const char* kUsr = "Multimedia\\Vintoral.USR";
 
 class MostrarFichaTest : public testing::Test {
@@ -31,9 +30,7 @@ class MostrarFichaTest : public testing::Test {
     ficha.Categoria = category;
     ficha.Posicion = 7;
     ficha.UsuarioPuntos = user;
-    std::string act(ActNuevo().Bytes());
-    act.replace(6 * RegistroFicha::kSize, RegistroFicha::kSize, Encoded(ficha));
-    station_.Disk.Put(kAct, act);
+    station_.PutSlot(7, ficha);
   }
   void User(std::int32_t points) {
     RegistroUsuario user;
@@ -84,6 +81,9 @@ TEST_F(MostrarFichaTest, PointsAreCountedOnceForADisplayAndStandOnTheScreenAllTh
 TEST_F(MostrarFichaTest, ACategoryWithoutPriceIsInvoicedToNobody) {
   Inside("13:00  (20/11/2026)", "VISITANTE");
   form_.PctBoton[14].BorderStyle = 1;
+  form_.ChkFactura.Tag = "1"_w;
+  form_.ChkFactura.Value = 1;
+  ASSERT_TRUE(form_.ChkFactura.Enabled && !form_.ChkFactura.Visible);
   station_.TypeAndEnter("7");
   EXPECT_FALSE(form_.LblValor.Visible);
   EXPECT_TRUE(form_.ChkFactura.Visible);
@@ -95,10 +95,106 @@ TEST_F(MostrarFichaTest, ACategoryWithoutPriceIsInvoicedToNobody) {
 TEST_F(MostrarFichaTest, APricedOneIsTickedForTheInvoice) {
   Inside("13:00  (20/11/2026)", "AUTOMOVIL");
   form_.PctBoton[14].BorderStyle = 1;
+  ASSERT_FALSE(form_.ImgIndicador[5].Visible);
   station_.TypeAndEnter("7");
   EXPECT_TRUE(form_.ChkFactura.Enabled);
   EXPECT_EQ(form_.ChkFactura.Value, 1);
   EXPECT_EQ(form_.ChkFactura.Tag, "1"_w);
+  EXPECT_TRUE(form_.ImgIndicador[5].Visible);
+}
+
+TEST_F(MostrarFichaTest, WithoutInvoicesNothingIsTicked) {
+  Inside("13:00  (20/11/2026)", "AUTOMOVIL");
+  form_.ChkFactura.Tag = "0"_w;
+  form_.ChkFactura.Enabled = false;
+  ASSERT_EQ(form_.PctBoton[14].BorderStyle, 0);
+  station_.TypeAndEnter("7");
+  ASSERT_TRUE(form_.LblValor.Visible);
+  EXPECT_FALSE(form_.ChkFactura.Enabled || form_.ChkFactura.Visible || form_.ImgIndicador[5].Visible);
+  EXPECT_EQ(form_.ChkFactura.Value, 0);
+  EXPECT_EQ(form_.ChkFactura.Tag, "0"_w);
+}
+
+TEST_F(MostrarFichaTest, ItsRowsTakeThePlaceOfTheFields) {
+  Inside("13:00  (20/11/2026)", "AUTOMOVIL");
+  station_.TypeAndEnter("8");  // the form of a new ficha has no rows
+  for (const Label& row : form_.LblCampo)
+    ASSERT_FALSE(row.Visible) << row.Name;
+  form_.TxtCampo[0].SetText("7"_w);
+  form_.MostrarFicha();
+  for (const Label& row : form_.LblCampo)
+    EXPECT_TRUE(row.Visible && row.BackColor == kYellow) << row.Name;
+  for (const TextBox& field : form_.TxtCampo)
+    EXPECT_TRUE(field.Locked && !field.Visible) << field.Name;
+  EXPECT_EQ(form_.LblCampo[0].Caption, "0007"_w);
+  EXPECT_EQ(form_.LblCampo[1].Caption, "AAA"_w);
+  EXPECT_TRUE(form_.PctBoton[6].Visible && !form_.PctBoton[5].Visible);
+  EXPECT_TRUE(form_.CboTarifa[0].Visible && !form_.CboTarifa[1].Visible);
+}
+
+TEST_F(MostrarFichaTest, AFreeSlotOpensTheForm) {
+  form_.ChkFactura.Tag = "1"_w;
+  form_.ChkFactura.Visible = form_.ImgIndicador[5].Visible = form_.PctBoton[6].Visible = true;
+  form_.CboTarifa[1].Visible = false;
+  form_.CboTarifa[1].Select(2);
+  for (std::size_t i = 1; i < form_.TxtCampo.size(); ++i) {
+    form_.TxtCampo[i].Locked = true;
+    form_.TxtCampo[i].Visible = false;
+  }
+  station_.TypeAndEnter("7");
+  EXPECT_EQ(form_.ChkFactura.Tag, "0"_w);
+  EXPECT_FALSE(form_.ChkFactura.Visible || form_.ImgIndicador[5].Visible || form_.PctBoton[6].Visible);
+  EXPECT_TRUE(form_.PctBoton[5].Visible && form_.CboTarifa[1].Visible);
+  EXPECT_EQ(form_.CboTarifa[1].ListIndex(), 0);
+  for (const Label& row : form_.LblCampo)
+    EXPECT_FALSE(row.Visible) << row.Name;
+  for (const TextBox& field : form_.TxtCampo)
+    EXPECT_TRUE(field.Visible && field.Locked == (&field == &form_.TxtCampo[0])) << field.Name;
+}
+
+TEST_F(MostrarFichaTest, TheFrameGoesAroundItsCellOfThePageOnScreen) {
+  Inside("13:00  (20/11/2026)", "AUTOMOVIL");
+  form_.VistaFichas.resize(60);
+  form_.VistaFichas[3].Posicion = 7;
+  ASSERT_FALSE(form_.ShpCelda.Visible);
+  station_.TypeAndEnter("7");
+  EXPECT_TRUE(form_.ShpCelda.Visible);
+  EXPECT_EQ(form_.ShpCelda.Cell, 3);
+  form_.InicioPagina = 51;  // the second page, without it
+  form_.MostrarFicha();
+  EXPECT_EQ(form_.ShpCelda.Cell, -1);
+  form_.VistaFichas[3].Posicion = 0;
+  form_.VistaFichas[59].Posicion = 7;
+  form_.MostrarFicha();
+  EXPECT_EQ(form_.ShpCelda.Cell, 9);
+  form_.InicioPagina = 1;
+  form_.VistaFichas[50].Posicion = 7;  // the first of the second page
+  form_.MostrarFicha();
+  EXPECT_EQ(form_.ShpCelda.Cell, -1);
+}
+
+// ---- The row that was pointed at
+// ---------------------------------------------------------------------------------------
+
+TEST_F(MostrarFichaTest, TheStayIsThatOfTheRowThatWasPointedAt) {
+  Inside("13:00  (20/11/2026)", "AUTOMOVIL");
+  form_.VistaFichas.resize(2);
+  form_.VistaFichas[0].MarcaEntrada = "12:50  (20/11/2026)";
+  form_.VistaFichas[1].MarcaEntrada = "12:00  (20/11/2026)";
+  for (const auto& [row, stay] : {std::pair{"2", "02H 00M "}, {"1", "01H 10M "}, {"0", "01H 00M "}}) {
+    form_.PctFicha.Tag = String(std::string_view(row));
+    station_.TypeAndEnter("7");
+    EXPECT_EQ(form_.LblInfo[1].Caption.Bytes(), stay) << row;
+    station_.Hands.Key(keys::kEscape, 0);
+  }
+}
+
+TEST_F(MostrarFichaTest, ARowThatTheViewNoLongerHasGivesWayToTheFichaOnDisplay) {
+  form_.VistaFichas.resize(1);
+  for (const char* row : {"2", "-1"}) {
+    form_.PctFicha.Tag = String(std::string_view(row));
+    EXPECT_EQ(&form_.FichaMostrada(), &form_.FichaActual) << row;
+  }
 }
 
 TEST_F(MostrarFichaTest, InBarcodeModeTheCodesBoxIsYellow) {
@@ -117,13 +213,47 @@ TEST_F(MostrarFichaTest, ItsPhotosAreShown) {
   Inside("13:00  (20/11/2026)", "AUTOMOVIL", 1);
   station_.Disk.Put("Multimedia\\Imágenes ACT\\000007.jpg"_w, "");
   station_.Disk.Put("Multimedia\\Imágenes USR\\000001.jpg"_w, "");
+  form_.LblWebCamMsg.Visible = true;
+  form_.LblWebCamMsg.Caption = "SIN IMAGEN"_w;
+  ASSERT_TRUE(form_.Picture1.Visible && !form_.ImgUsuario.Visible && !form_.PctUsuario[1].Visible);
   station_.TypeAndEnter("7");
   EXPECT_EQ(form_.Picture2.Picture, "Multimedia\\Imágenes ACT\\000007.jpg"_w);
   EXPECT_TRUE(form_.Picture2.Visible);
-  EXPECT_FALSE(form_.Picture1.Visible);
+  EXPECT_FALSE(form_.Picture1.Visible || form_.LblWebCamMsg.Visible);
+  EXPECT_EQ(form_.LblWebCamMsg.Caption, ""_w);
   EXPECT_EQ(form_.ImgUsuario.Picture, "Multimedia\\Imágenes USR\\000001.jpg"_w);
   EXPECT_EQ(form_.PctUsuario[0].Picture, "Multimedia\\Imágenes USR\\000001.jpg"_w);
-  EXPECT_TRUE(form_.PctUsuario[1].Visible);
+  EXPECT_TRUE(form_.ImgUsuario.Visible && form_.PctUsuario[1].Visible);
+}
+
+TEST_F(MostrarFichaTest, AMissingPhotoLeavesTheLivePictureAndIsTold) {
+  Inside("13:00  (20/11/2026)", "AUTOMOVIL");
+  form_.Picture2.Picture = "of another.jpg"_w;
+  form_.Picture2.Visible = true;
+  form_.Picture1.Visible = false;
+  ASSERT_FALSE(form_.LblWebCamMsg.Visible);
+  station_.TypeAndEnter("7");
+  EXPECT_TRUE(form_.Picture1.Visible);
+  EXPECT_FALSE(form_.Picture2.Visible);
+  EXPECT_TRUE(form_.Picture2.Picture.Empty());
+  EXPECT_TRUE(form_.LblWebCamMsg.Visible);
+  EXPECT_EQ(form_.LblWebCamMsg.Caption, "SIN IMAGEN"_w);
+  station_.Hands.Key(keys::kEscape, 0);
+  EXPECT_FALSE(form_.LblWebCamMsg.Visible);
+  EXPECT_EQ(form_.LblWebCamMsg.Caption, ""_w);
+}
+
+TEST_F(MostrarFichaTest, WithTheCameraOffItsStandInYieldsToThePhotoAndToNothingElse) {
+  Inside("13:00  (20/11/2026)", "AUTOMOVIL");
+  form_.ImgIndicador[4].Visible = true;
+  station_.TypeAndEnter("7");
+  EXPECT_TRUE(form_.PctAppCamera.Visible && form_.LblWebCamMsg.Visible);
+  EXPECT_FALSE(form_.Picture1.Visible || form_.Picture2.Visible);
+  station_.Hands.Key(keys::kEscape, 0);
+  station_.Disk.Put("Multimedia\\Imágenes ACT\\000007.jpg"_w, "");
+  station_.TypeAndEnter("7");
+  EXPECT_TRUE(form_.Picture2.Visible);
+  EXPECT_FALSE(form_.PctAppCamera.Visible || form_.Picture1.Visible || form_.LblWebCamMsg.Visible);
 }
 
 TEST_F(MostrarFichaTest, TheRowInTheHistoryHoldsTheUsersPoints) {
@@ -151,18 +281,6 @@ TEST_F(MostrarFichaTest, APlateOfBlanksLooksForNobody) {
   station_.TypeNew("7", "  ");
   EXPECT_EQ(form_.NumeroUsuario, 0);
   EXPECT_EQ(form_.Focus(), &form_.TxtCampo[2]);
-}
-
-TEST_F(MostrarFichaTest, TheLinksReturnShowsItsEntryAgain) {
-  Inside("13:00  (20/11/2026)", "AUTOMOVIL");
-  station_.TypeAndEnter("7");
-  const std::string act = station_.Disk.Get(kAct);
-  ASSERT_TRUE(station_.Disk.Remove(kAct));
-  station_.Pass(10'000);
-  ASSERT_EQ(form_.LblFechaEnt.Caption, "CONECTANDO... "_w);
-  station_.Disk.Put(kAct, act);
-  station_.Pass(3'000);
-  EXPECT_EQ(form_.LblFechaEnt.Caption, "13:00  (20/11/2026)"_w);
 }
 
 }  // namespace

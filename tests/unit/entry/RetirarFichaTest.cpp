@@ -83,6 +83,24 @@ TEST_F(RetirarFichaTest, YesMovesTheFichaToTheHistory) {
   EXPECT_TRUE(form_.TmrHoraFecha.Enabled);
 }
 
+TEST_F(RetirarFichaTest, TheSlotSignsWithItsOwnNumberWhateverStoodThere) {
+  RegistroFicha odd = station_.Slot(7);
+  odd.NumeroFicha = "0099";
+  odd.Posicion = 99;
+  station_.PutSlot(7, odd);
+  Retire();
+  EXPECT_EQ(station_.Slot(7).NumeroFicha.Trimmed(), "0007"_w);
+  EXPECT_EQ(station_.Slot(7).Posicion, 7);
+  EXPECT_EQ(station_.History(2).NumeroFicha.Trimmed(), "0007"_w);
+}
+
+TEST_F(RetirarFichaTest, TheClockBeginsItsHalfSecondAfresh) {
+  station_.Pass(300);
+  ASSERT_EQ(form_.TmrHoraFecha.Due(), station_.Clock.Ticks() + 200);
+  Retire();
+  EXPECT_EQ(form_.TmrHoraFecha.Due(), station_.Clock.Ticks() + 500);
+}
+
 TEST_F(RetirarFichaTest, NoTouchesNoFile) {
   const std::string act = station_.Disk.Get(kAct);
   Retire(Answer::kNo);
@@ -130,11 +148,17 @@ TEST_F(RetirarFichaTest, AClockBeforeTheEntryChargesAStayOfNothing) {
 }
 
 TEST_F(RetirarFichaTest, AFichaForgottenUnderTheQuestionGoesBackToIdleAndStaysInside) {
-  station_.UnderBox = [this] { station_.Pass(180'000); };
+  station_.UnderBox = [this] {
+    station_.Pass(180'000);
+    ASSERT_TRUE(Idle());
+    ASSERT_THAT(station_.Heard(), Contains(kCancelled));
+  };
   Retire();
   EXPECT_TRUE(Inside());
   EXPECT_FALSE(InHistory());
   EXPECT_TRUE(Idle());
+  // Once more, for the Yes that did nothing.
+  EXPECT_THAT(station_.Heard(), Contains(kCancelled));
 }
 
 TEST_F(RetirarFichaTest, TheValueChargedIsThatOfTheSecondLook) {
@@ -161,10 +185,13 @@ TEST_F(RetirarFichaTest, AHistoryThatGivesNoRoomLeavesTheFichaInsideAndOnDisplay
   EXPECT_FALSE(InHistory());
   EXPECT_TRUE(form_.FichaEnPantalla());
   EXPECT_TRUE(form_.TmrHoraFecha.Enabled);
+  EXPECT_EQ(form_.TmrConexion.Interval(), 100);
+  EXPECT_EQ(station_.Beeps(), 1);
   station_.Faulty.Repair();
   Retire();
   EXPECT_FALSE(Inside());
   EXPECT_TRUE(InHistory());
+  EXPECT_EQ(station_.Beeps(), 0);
 }
 
 TEST_F(RetirarFichaTest, AHistoryThatCantBeOpenedLeavesTheFichaInside) {
@@ -219,6 +246,7 @@ TEST_F(RetirarFichaTest, ARowThatCantBeWrittenPutsTheFichaBackInsideAndOnDisplay
     EXPECT_EQ(station_.Disk.Get(kAct), act) << torn;
     EXPECT_FALSE(InHistory()) << torn;
     EXPECT_TRUE(form_.FichaEnPantalla()) << torn;
+    EXPECT_EQ(station_.Beeps(), 1) << torn;
     station_.Faulty.Repair();
   }
   Retire();
@@ -313,6 +341,20 @@ TEST_F(CashTest, ItTakesTheKeyboardWithItsFirstCharacterSelected) {
   EXPECT_EQ(form_.TxtEfectivo.Text(), "5"_w);
 }
 
+TEST_F(CashTest, ItsFirstStepAloneSelects) {
+  EXPECT_TRUE(form_.LblCambio.Visible);
+  station_.Type("5");
+  station_.Pass(500);
+  station_.Type("7");
+  EXPECT_EQ(form_.TxtEfectivo.Text(), "57"_w);
+}
+
+TEST_F(CashTest, EachStepTakesTheKeyboardBack) {
+  form_.SetFocus(nullptr);
+  station_.Pass(500);
+  EXPECT_EQ(form_.Focus(), &form_.TxtEfectivo);
+}
+
 TEST_F(CashTest, TheChangeIsCashLessValue) {
   EXPECT_EQ(ChangeFor("5000"), "1300"_w);
   EXPECT_EQ(ChangeFor("3700"), "0"_w);
@@ -353,22 +395,6 @@ TEST(RetirarFicha, ACategoryWithoutPriceHasNoCashLineAndChargesNothing) {
   station.Hands.Key(keys::kDelete, 0);
   ASSERT_EQ(station.HistoryRows(), 2u);
   EXPECT_EQ(station.History(2).ValorCobrado, Money());
-}
-
-TEST(Historial, ARowThatAKillHasCutIsGoneOnceTheStationIsConnected) {
-  MemoryStation station;
-  station.Disk.Put("Multimedia\\Vintoral.HST", std::string(4096, ' '));  // 21 rows, and a piece
-  station.Start();
-  EXPECT_EQ(station.Disk.Get("Multimedia\\Vintoral.HST").size(), 4096u);
-  station.Pass(3000);
-  EXPECT_EQ(station.Disk.Get("Multimedia\\Vintoral.HST").size(), 21 * RegistroFicha::kSize);
-}
-
-TEST(Historial, ARegisterThatSomebodyHasCutElsewhereStaysAsItIs) {
-  MemoryStation station;
-  station.Disk.Put("Multimedia\\Vintoral.HST", std::string(4000, ' '));
-  station.StartConnected();
-  EXPECT_EQ(station.Disk.Get("Multimedia\\Vintoral.HST").size(), 4000u);
 }
 
 }  // namespace

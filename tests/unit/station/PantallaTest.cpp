@@ -1,10 +1,8 @@
 // The modes of the screen, and the ticks that change them by themselves.
 #include <gtest/gtest.h>
 
-#include <map>
 #include <string>
 
-#include "driver/Properties.h"
 #include "support/MemoryStation.h"
 
 namespace vintoral {
@@ -16,16 +14,8 @@ using test::MemoryStation;
 class PantallaTest : public testing::Test {
  protected:
   PantallaTest() { station_.StartConnected(); }
-  /// All that can be seen of the screen.
-  std::map<std::string, std::string> Screen() const {
-    std::map<std::string, std::string> seen;
-    for (Control* control : form_.Controls())
-      seen[control->Name] = PropertiesOf(*control).dump();
-    seen["focus"] = form_.Focus() == nullptr ? "" : form_.Focus()->Name;
-    return seen;
-  }
   void SwitchToBarcodes() {
-    form_.PctBoton[10].BorderStyle = 1;
+    form_.PctBoton[boton::kTiquetes].BorderStyle = 1;
     form_.CambiarModoFicha();
   }
 
@@ -33,56 +23,12 @@ class PantallaTest : public testing::Test {
   Form1& form_ = station_.Form;
 };
 
-TEST_F(PantallaTest, ClearingTwiceLeavesTheSameScreen) {
-  station_.Enter("7", "abc");
-  station_.TypeAndEnter("7");
-  form_.LimpiarCampos();
-  const auto once = Screen();
-  form_.LimpiarCampos();
-  EXPECT_EQ(Screen(), once);
-}
-
-TEST_F(PantallaTest, ClearingTwiceInBarcodeModeLeavesTheSameScreen) {
-  SwitchToBarcodes();
-  form_.LimpiarCampos();
-  const auto once = Screen();
-  form_.LimpiarCampos();
-  EXPECT_EQ(Screen(), once);
-  EXPECT_EQ(form_.Focus(), &form_.TxtBarCode);
-}
-
-TEST_F(PantallaTest, ClearingGoesFromADisplayedFichaBackToIdle) {
-  form_.LimpiarCampos();
-  const auto idle = Screen();
-  station_.Enter("7", "abc");
-  station_.TypeAndEnter("7");
-  form_.LimpiarCampos();
-  const auto now = Screen();
-  for (const char* name :
-       {"TxtCampo(0)", "TxtCampo(5)", "LblCampo(0)", "LblCampo(1)", "LblFechaSal", "TxtEfectivo", "LblCambio",
-        "PctBoton(5)", "PctBoton(6)", "CboTarifa(0)", "CboTarifa(1)", "LblPuntos(0)", "LblPuntos(3)",
-        "ShpCelda", "Picture1", "Picture2", "focus"})
-    EXPECT_EQ(now.at(name), idle.at(name)) << name;
-  EXPECT_FALSE(form_.LblValor.Visible || form_.ImgPuntos.Visible || form_.ChkFactura.Visible);
-}
-
-TEST_F(PantallaTest, TheGridIsClearedCellByCell) {
-  for (Image& cell : form_.ImgFicha) {
-    cell.Visible = true;
-    cell.Picture = "x.jpg"_w;
-  }
-  form_.ShpCelda.Visible = true;
-  form_.LimpiarPantalla();
-  for (const Image& cell : form_.ImgFicha)
-    EXPECT_TRUE(!cell.Visible && cell.Picture.Empty()) << cell.Name;
-  EXPECT_FALSE(form_.ShpCelda.Visible);
-}
-
 TEST_F(PantallaTest, BarcodeModeClosesTheNumber) {
   SwitchToBarcodes();
   EXPECT_EQ(form_.TxtEtiqueta[0].Text(), "CODIGO BARRAS "_w);
   EXPECT_TRUE(form_.TxtBarCode.Visible);
   EXPECT_EQ(form_.Focus(), &form_.TxtBarCode);
+  EXPECT_FALSE(form_.TxtCampo[0].Enabled);
   form_.SetFocus(&form_.TxtCampo[0]);
   station_.Hands.ReplaceText(form_.TxtCampo[0], "7"_w);
   EXPECT_TRUE(form_.TxtCampo[0].Text().Empty());
@@ -90,32 +36,52 @@ TEST_F(PantallaTest, BarcodeModeClosesTheNumber) {
 
 TEST_F(PantallaTest, NumberModeComesBack) {
   SwitchToBarcodes();
+  ASSERT_FALSE(form_.TxtCampo[0].Enabled);
   form_.CambiarModoFicha();
   EXPECT_EQ(form_.TxtEtiqueta[0].Text(), "NUMERO FICHA "_w);
   EXPECT_FALSE(form_.TxtBarCode.Visible);
-  EXPECT_FALSE(form_.CmdBarCode.Visible);
   EXPECT_EQ(form_.Focus(), &form_.TxtCampo[0]);
   station_.Type("7");
   EXPECT_EQ(form_.TxtCampo[0].Text(), "7"_w);
 }
 
+TEST_F(PantallaTest, TheButtonsOfTheGeneratorTakeTurns) {
+  ASSERT_FALSE(form_.CmdBarCode.Visible || form_.CmdBarCode.Enabled);
+  SwitchToBarcodes();
+  EXPECT_TRUE(form_.CmdBarCode.Visible && form_.CmdBarCode.Enabled);
+  EXPECT_FALSE(form_.CmdNumeroFicha.Visible);
+  form_.CambiarModoFicha();
+  EXPECT_FALSE(form_.CmdBarCode.Visible || form_.CmdBarCode.Enabled);
+  EXPECT_TRUE(form_.CmdNumeroFicha.Visible);
+}
+
 TEST_F(PantallaTest, WithoutTicketsThereAreNoBarcodes) {
   form_.CambiarModoFicha();
   EXPECT_EQ(form_.TxtEtiqueta[0].Text(), "NUMERO FICHA "_w);
-  EXPECT_FALSE(form_.TxtBarCode.Visible);
+  EXPECT_FALSE(form_.TxtBarCode.Visible || form_.CmdBarCode.Visible || form_.CmdNumeroFicha.Visible);
 }
 
 TEST_F(PantallaTest, SwitchingCancelsAFichaOnDisplay) {
   station_.Enter("7", "abc");
   station_.TypeAndEnter("7");
+  ASSERT_TRUE(form_.FichaEnPantalla());
   SwitchToBarcodes();
   EXPECT_FALSE(form_.FichaEnPantalla());
+}
+
+TEST_F(PantallaTest, SwitchingLeavesWhatIsBeingTyped) {
+  form_.SetFocus(&form_.TxtCampo[1]);
+  station_.Type("abc");
+  station_.Heard();
+  SwitchToBarcodes();
+  EXPECT_EQ(form_.TxtCampo[1].Text(), "ABC"_w);
+  EXPECT_TRUE(station_.Heard().empty());
 }
 
 TEST_F(PantallaTest, TheMinutesNameTheirMonitor) {
   const std::array<String, 3> texts = {"30 Min. ATRAS"_w, "30 Min. ADENTRO"_w, "30 Min. AFUERA"_w};
   for (std::size_t i = 0; i < texts.size(); ++i) {
-    PictureBox& button = form_.PctBoton[7 + i];
+    PictureBox& button = form_.PctBoton[boton::kUltimosEnIngresar + i];
     button.BorderStyle = 1;
     form_.CboMinutos.SetText("30 Minutos"_w);
     form_.EtiquetaMonitor();
@@ -123,6 +89,14 @@ TEST_F(PantallaTest, TheMinutesNameTheirMonitor) {
     EXPECT_EQ(button.Tag, "30"_w);
     button.BorderStyle = 0;
   }
+}
+
+TEST_F(PantallaTest, MinutesThatNameTheirMonitorInTheListStay) {
+  form_.PctBoton[boton::kUltimosEnSalir].BorderStyle = 1;
+  form_.CboMinutos.AddItem("30 Min. AFUERA"_w);
+  form_.CboMinutos.SetText("45 Minutos"_w);
+  form_.EtiquetaMonitor();
+  EXPECT_EQ(form_.CboMinutos.Text(), "45 Minutos"_w);
 }
 
 TEST_F(PantallaTest, WithoutAMonitorTheMinutesStay) {
@@ -197,6 +171,22 @@ TEST_F(PantallaTest, AHalfReadBarcodeIsThrownAwayASecondAfterItsLastCharacter) {
   EXPECT_EQ(form_.TxtBarCode.Text(), "*001"_w);
   station_.Pass(1);
   EXPECT_TRUE(form_.TxtBarCode.Text().Empty());
+}
+
+TEST_F(PantallaTest, ABarcodeStaysBesideItsAcceptedValue) {
+  SwitchToBarcodes();
+  form_.TxtBarCodeOK.Visible = true;
+  station_.Type("*001*");
+  station_.Pass(1000);
+  EXPECT_EQ(form_.TxtBarCode.Text(), "*001*"_w);
+}
+
+TEST_F(PantallaTest, TheValueStandsBehindTheTrimmedSymbol) {
+  station_.Enter("7", "abc");
+  form_.Moneda = " US$  "_w;
+  station_.Clock.Set(At(14, 10));
+  station_.TypeAndEnter("7");
+  EXPECT_EQ(form_.LblValor.Caption, "US$ 1000.00"_w);  // ten minutes at 100
 }
 
 TEST_F(PantallaTest, ALostFolderStopsTheClockAndAFoundOneStartsIt) {

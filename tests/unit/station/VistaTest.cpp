@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "records/ArchivosNuevos.h"
+#include "station/Monitor.h"
 #include "support/MemoryStation.h"
 
 namespace vintoral {
@@ -70,7 +71,7 @@ TEST_F(VistaTest, EntriesAreThoseOfTheLastMinutes) {
   station_.Enter("7", "abc");
   station_.Pass(10 * 60'000);
   station_.Enter("8", "def");
-  form_.PctBoton[7].BorderStyle = 1;
+  form_.PctBoton[boton::kUltimosEnIngresar].BorderStyle = 1;
   form_.CboMinutos.SetText("9"_w);
   form_.CargarArchivoACT();
   ASSERT_EQ(form_.VistaFichas.size(), 1u);
@@ -78,6 +79,86 @@ TEST_F(VistaTest, EntriesAreThoseOfTheLastMinutes) {
   form_.CboMinutos.SetText("11"_w);  // the stamps hold no seconds, the clock does
   form_.CargarArchivoACT();
   EXPECT_EQ(form_.VistaFichas.size(), 2u);
+}
+
+TEST_F(VistaTest, ThoseWhoStayAreThoseOfTheLastMinutesAndBefore) {
+  station_.Enter("7", "abc");
+  station_.Pass(10 * 60'000);
+  station_.Enter("8", "def");
+  form_.PctBoton[boton::kTiempoDePermanencia].BorderStyle = 1;
+  form_.CboMinutos.SetText("10"_w);
+  form_.CargarArchivoACT();
+  ASSERT_EQ(form_.VistaFichas.size(), 1u);
+  EXPECT_EQ(form_.VistaFichas[0].Posicion, 7);
+}
+
+TEST_F(VistaTest, OfDeparturesTakesNothingFromThoseInside) {
+  station_.Enter("7", "abc");
+  ASSERT_EQ(form_.VistaFichas.size(), 1u);
+  form_.PctBoton[boton::kUltimosEnSalir].BorderStyle = 1;
+  form_.CargarArchivoACT();
+  EXPECT_TRUE(form_.VistaFichas.empty());
+}
+
+TEST_F(VistaTest, FromTheFirstSlotToTheLast) {
+  station_.Enter("1", "abc");
+  station_.Enter("1000", "def");
+  form_.CargarArchivoACT();
+  ASSERT_EQ(form_.VistaFichas.size(), 2u);
+  EXPECT_EQ(form_.VistaFichas[0].Posicion, 1);
+  EXPECT_EQ(form_.VistaFichas[1].Posicion, 1000);
+}
+
+TEST_F(VistaTest, WithoutTheRegisterTheViewStays) {
+  station_.Enter("7", "abc");
+  ASSERT_TRUE(station_.Disk.Remove("Multimedia\\Vintoral.ACT"));
+  form_.CargarArchivoACT();
+  EXPECT_EQ(form_.VistaFichas.size(), 1u);
+}
+
+TEST_F(VistaTest, AMonitorLetsTheMainGateLookEverySevenSeconds) {
+  station_.Enter("7", "abc");
+  station_.Pass(5 * 60'000);
+  for (const auto monitor : {boton::kUltimosEnIngresar, boton::kTiempoDePermanencia}) {
+    form_.CboMinutos.SetText(monitor == boton::kUltimosEnIngresar ? "10"_w : "5"_w);
+    form_.LiberarMemoria();
+    form_.PctBoton[monitor].BorderStyle = 1;
+    form_.TmrMonitor_Timer();
+    EXPECT_EQ(form_.VistaFichas.size(), 1u) << monitor;
+    EXPECT_EQ(form_.LblInfo[0].Caption, "1 ( 1/1 )  "_w);
+    form_.PctBoton[monitor].BorderStyle = 0;
+  }
+  form_.LiberarMemoria();
+  form_.TmrMonitor_Timer();
+  EXPECT_TRUE(form_.VistaFichas.empty());
+}
+
+TEST_F(VistaTest, TheMonitorOfDeparturesLooksAtTheHistory) {
+  Left({"13:30  (20/11/2026)"});
+  form_.CboMinutos.SetText("10"_w);
+  form_.PctBoton[boton::kUltimosEnSalir].BorderStyle = 1;
+  form_.TmrMonitor_Timer();
+  EXPECT_EQ(Shown(), (Exits{"13:30  (20/11/2026)"}));
+}
+
+TEST_F(VistaTest, TheFirstRowOfAHistoryIsLookedAtToo) {
+  RegistroFicha row;
+  row.MarcaSalida = "13:30  (20/11/2026)";
+  const auto bytes = row.Encode();
+  station_.Disk.Put(kHst, std::string(bytes.data(), bytes.size()));
+  form_.CboMinutos.SetText("10"_w);
+  form_.CargarSalidasHST();
+  EXPECT_EQ(Shown(), (Exits{"13:30  (20/11/2026)"}));
+}
+
+TEST_F(VistaTest, MinutesAreTheNumberInTheBoxAndNeverNegative) {
+  const std::vector<std::pair<String, int>> texts = {
+      {"17 Min. ATRAS"_w, 17},     {"0"_w, 0}, {""_w, 0}, {"-5"_w, 0}, {"1000000"_w, 1'000'000},
+      {"99999999999"_w, 1'000'000}};
+  for (const auto& [text, minutes] : texts) {
+    form_.CboMinutos.SetText(text);
+    EXPECT_EQ(MinutosDelMonitor(form_), minutes) << text.Bytes();
+  }
 }
 
 }  // namespace

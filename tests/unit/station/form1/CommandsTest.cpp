@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <optional>
 #include <string>
 #include <utility>
@@ -23,6 +24,8 @@ constexpr int kNone = 0, kShift = 1, kControl = 2, kControlShift = 3, kAlt = 4, 
               kControlAlt = 6;
 const std::vector<int> kAny = {0, 1, 2, 3, 4, 5, 6, 7};
 
+constexpr int kNoButton = -1;
+
 /// One row as the operator's table of keys has it.
 struct Row {
   int first;
@@ -30,46 +33,49 @@ struct Row {
   std::vector<int> masks;
   const char* log;
   int lock;
+  int button;
 };
 
 const std::vector<Row> kRows = {
-    {27, 27, kAny, "", 0},              // Esc
-    {33, 33, kAny, "", 0},              // Page up
-    {34, 34, kAny, "", 0},              // Page down
-    {36, 36, kAny, "", 0},              // Home
-    {37, 37, kAny, "", 0},              // Left
-    {39, 39, kAny, "", 0},              // Right
-    {45, 45, kAny, "", 0},              // Insert
-    {46, 46, kAny, "", 0},              // Delete
-    {48, 57, {kControl}, "", 0},        // 0 to 9
-    {65, 65, {kControl}, "", 0},        // A
-    {66, 66, {kControl}, "", 0},        // B
-    {66, 66, {kControlAlt}, "15", 14},  // B
-    {67, 67, {kControl}, "", 0},        // C
-    {70, 70, {kControl}, "", 0},        // F
-    {73, 73, {kControl}, "", 0},        // I
-    {73, 73, {kControlAlt}, "", 0},     // I
-    {75, 75, {kControlAlt}, "", 0},     // K
-    {76, 76, {kControlAlt}, "", 0},     // L
-    {77, 77, {kControlAlt}, "", 13},    // M
-    {80, 80, {kControlAlt}, "", 0},     // P
-    {82, 82, {kControlShift}, "", 17},  // R
-    {82, 82, {kControlAlt}, "", 0},     // R
-    {84, 84, {kControl}, "10", 1},      // T
-    {87, 87, {kControl, kAlt}, "", 0},  // W
-    {87, 87, {kShiftAlt}, "11", 0},     // W
-    {87, 87, {kControlAlt}, "", 0},     // W
-    {112, 112, {kControl}, "", 0},      // F1
-    {112, 112, {kNone}, "", 0},         // F1
-    {113, 113, kAny, "", 0},            // F2
-    {114, 114, kAny, "", 0},            // F3
-    {115, 115, kAny, "", 0},            // F4
-    {116, 116, kAny, "", 0},            // F5
-    {118, 118, kAny, "", 0},            // F7
-    {119, 119, kAny, "", 0},            // F8
-    {120, 120, kAny, "12", 0},          // F9
-    {121, 121, kAny, "", 0},            // F10
-    {123, 123, kAny, "", 0},            // F12
+    {27, 27, kAny, "", 0, kNoButton},              // Esc
+    {33, 33, kAny, "", 0, 1},                      // Page up
+    {34, 34, kAny, "", 0, 2},                      // Page down
+    {36, 36, kAny, "", 0, kNoButton},              // Home
+    {37, 37, kAny, "", 0, kNoButton},              // Left
+    {39, 39, kAny, "", 0, kNoButton},              // Right
+    {45, 45, kAny, "", 0, 5},                      // Insert
+    {46, 46, kAny, "", 0, 6},                      // Delete
+    {48, 57, {kControl}, "", 0, kNoButton},        // 0 to 9
+    {65, 65, {kControl}, "", 0, kNoButton},        // A
+    {66, 66, {kControl}, "", 0, kNoButton},        // B
+    {66, 66, {kControlAlt}, "15", 14, kNoButton},  // B
+    {67, 67, {kControl}, "", 0, kNoButton},        // C
+    {70, 70, {kControl}, "", 0, kNoButton},        // F
+    {73, 73, {kControl}, "", 0, kNoButton},        // I
+    {73, 73, {kControlAlt}, "", 0, kNoButton},     // I
+    {73, 73, {kControlShift}, "", 0, kNoButton},   // I
+    {75, 75, {kControlAlt}, "", 0, kNoButton},     // K
+    {76, 76, {kControlAlt}, "", 0, kNoButton},     // L
+    {77, 77, {kControlAlt}, "", 13, kNoButton},    // M
+    {80, 80, {kControlAlt}, "", 0, kNoButton},     // P
+    {82, 82, {kControlShift}, "", 17, kNoButton},  // R
+    {82, 82, {kControlAlt}, "", 0, kNoButton},     // R
+    {84, 84, {kControl}, "10", 1, kNoButton},      // T
+    {87, 87, {kControl, kAlt}, "", 0, kNoButton},  // W
+    {87, 87, {kShiftAlt}, "11", 0, kNoButton},     // W
+    {87, 87, {kControlAlt}, "", 0, kNoButton},     // W
+    {88, 88, {kControl}, "", 0, kNoButton},        // X
+    {112, 112, {kControl}, "", 0, kNoButton},      // F1
+    {112, 112, {kNone}, "", 0, 7},                 // F1
+    {113, 113, kAny, "", 0, 8},                    // F2
+    {114, 114, kAny, "", 0, 9},                    // F3
+    {115, 115, kAny, "", 0, 3},                    // F4
+    {116, 116, kAny, "", 0, 4},                    // F5
+    {118, 118, kAny, "", 0, 12},                   // F7
+    {119, 119, kAny, "", 0, 13},                   // F8
+    {120, 120, kAny, "12", 0, kNoButton},          // F9
+    {121, 121, kAny, "", 0, kNoButton},            // F10
+    {123, 123, kAny, "", 0, kNoButton},            // F12
 };
 
 std::vector<int> MasksOf(const KeyCommand& row) {
@@ -80,17 +86,8 @@ std::vector<int> MasksOf(const KeyCommand& row) {
   return masks;
 }
 
-/// Control and X, control and shift and I: rows that keep their key from any other.
-bool IsMute(const KeyCommand& row) {
-  return (row.code == 'X' && MasksOf(row) == std::vector{kControl}) ||
-         (row.code == 'I' && MasksOf(row) == std::vector{kControlShift});
-}
-
 TEST(KeyCommands, StandRowByRowInTheOrderOfTheTable) {
-  std::vector<KeyCommand> rows;
-  for (const KeyCommand& row : KeyCommands()) {
-    if (!IsMute(row)) rows.push_back(row);
-  }
+  const auto rows = KeyCommands();
   ASSERT_EQ(rows.size(), kRows.size());
   for (std::size_t i = 0; i < rows.size(); ++i) {
     SCOPED_TRACE("row " + std::to_string(i) + ", key " + std::to_string(kRows[i].first));
@@ -99,15 +96,18 @@ TEST(KeyCommands, StandRowByRowInTheOrderOfTheTable) {
     EXPECT_EQ(MasksOf(rows[i]), kRows[i].masks);
     EXPECT_STREQ(rows[i].log == nullptr ? "" : rows[i].log, kRows[i].log);
     EXPECT_EQ(rows[i].lock, kRows[i].lock);
+    EXPECT_EQ(rows[i].button ? static_cast<int>(*rows[i].button) : kNoButton, kRows[i].button);
+    EXPECT_FALSE(rows[i].button && rows[i].action != nullptr);
   }
 }
 
-/// Row `index` of the table above, as the station has it.
-const KeyCommand* RowOf(std::size_t index) {
-  for (const KeyCommand& row : KeyCommands()) {
-    if (!IsMute(row) && index-- == 0) return &row;
-  }
-  return nullptr;
+TEST(GuardedOperations, HoldThePositionsThatBelongToNoKeyOrButton) {
+  const auto operations = GuardedOperations();
+  ASSERT_EQ(operations.size(), 2u);
+  EXPECT_STREQ(operations[0].operation, "ImgCambiarFondo_Click");
+  EXPECT_EQ(operations[0].lock, 11);
+  EXPECT_STREQ(operations[1].operation, "AbrirEtiqueta");
+  EXPECT_EQ(operations[1].lock, 12);
 }
 
 TEST(KeyCommands, AKeyFindsTheFirstRowThatAnswersToCodeAndMask) {
@@ -124,11 +124,9 @@ TEST(KeyCommands, AKeyFindsTheFirstRowThatAnswersToCodeAndMask) {
       for (std::size_t i = 0; i < kRows.size() && expected == nullptr; ++i) {
         const bool answers = code >= kRows[i].first && code <= kRows[i].last &&
                              std::count(kRows[i].masks.begin(), kRows[i].masks.end(), mask) > 0;
-        if (answers) expected = RowOf(i);
+        if (answers) expected = &KeyCommands()[i];
       }
       const KeyCommand* const found = FindKeyCommand(station.Form, code, mask);
-      const bool mute = (code == 'X' && mask == kControl) || (code == 'I' && mask == kControlShift);
-      if (mute || (code >= '1' && code <= '9')) continue;  // tried below
       EXPECT_EQ(found, expected) << "key " << code << ", mask " << mask;
     }
   }
@@ -139,7 +137,7 @@ TEST(KeyCommands, TwoKeysDoNothingOnARowOfTheirOwn) {
   for (const auto& [code, mask] : {std::pair{int{'X'}, kControl}, std::pair{int{'I'}, kControlShift}}) {
     const KeyCommand* const row = FindKeyCommand(station.Form, code, mask);
     ASSERT_NE(row, nullptr) << code;
-    EXPECT_EQ(row->action, nullptr) << code;
+    EXPECT_EQ(row->action, DoNothing) << code;
   }
 }
 
@@ -236,6 +234,46 @@ class KeyTest : public testing::Test {
 
 const String kClick = "Sonidos\\Vintoral-5.wav"_w;
 
+/// Clicks that belong to the key itself.
+bool KeyClicks(int code, int mask) {
+  return code == 27 || code == 120 || (code == 87 && mask == kControl) ||
+         (code == 122 && (mask == kControlShift || mask == kShiftAlt));
+}
+/// Clicks of what the key does: of the button that it presses, of the tariff dialog.
+bool CommandClicks(int code, int mask) {
+  return code == 33 || code == 34 || code == 119 || (code == 'T' && mask == kControl);
+}
+
+TEST_F(KeyTest, EveryKeyClicksAsOftenAsItShould) {
+  for (int code = 0; code < 256; ++code) {
+    for (int mask = 0; mask < 8; ++mask) {
+      if (code == 'T' && mask == kControl) station_.InDialog = {[this] { form_.OpenForms.UnloadDialogs(); }};
+      form_.Form_KeyDown(code, mask);
+      const auto heard = station_.Heard();
+      const auto clicks = std::count(heard.begin(), heard.end(), kClick);
+      EXPECT_EQ(clicks, (KeyClicks(code, mask) ? 1 : 0) + (CommandClicks(code, mask) ? 1 : 0))
+          << code << " " << mask;
+      form_.LimpiarCampos();
+    }
+  }
+}
+
+TEST_F(KeyTest, AMonitorsKeySpeaksForItsOwnButton) {
+  const std::vector<std::pair<int, std::size_t>> monitors = {{112, 7}, {113, 8}, {114, 9}};
+  for (const auto& [code, button] : monitors) {
+    form_.PctBoton[button].BorderStyle = 1;
+    EXPECT_TRUE(form_.Form_KeyDown(code, kNone));
+    EXPECT_THAT(station_.Heard(), ElementsAre("ABRiL\\ABRiL-2.wav"_w)) << code;
+    form_.PctBoton[button].BorderStyle = 0;
+  }
+}
+
+TEST_F(KeyTest, WhatIsNotBuiltYetLeavesTheKeyToTheField) {
+  station_.Type("12");
+  EXPECT_FALSE(form_.Form_KeyDown(36, kNone));
+  EXPECT_TRUE(form_.Form_KeyDown('X', kControl));
+}
+
 TEST_F(KeyTest, SomeKeysClickBeforeAnythingElse) {
   const std::vector<std::pair<int, int>> clicking = {
       {27, kNone}, {27, kControlAlt}, {'W', kControl}, {122, kControlShift}, {122, kShiftAlt}};
@@ -326,7 +364,7 @@ TEST_F(KeyTest, FaceMemoryGoesOnAndOffAndSaysSo) {
 }
 
 TEST_F(KeyTest, BarcodeModeIsSwitchedAndTheFontIsRecalled) {
-  form_.PctBoton[10].BorderStyle = 1;
+  form_.PctBoton[boton::kTiquetes].BorderStyle = 1;
   station_.Answers = {Answer::kOk};
   form_.Form_KeyDown('B', kControlAlt);
   ASSERT_EQ(station_.Boxes.size(), 1u);
@@ -339,6 +377,28 @@ TEST_F(KeyTest, BarcodeModeIsSwitchedAndTheFontIsRecalled) {
   EXPECT_EQ(station_.Boxes.size(), 1u);
   EXPECT_THAT(station_.Heard(), Contains("ABRiL\\ABRiL-8.wav"_w));
   EXPECT_FALSE(form_.CmdBarCode.Visible);
+}
+
+TEST_F(KeyTest, BarcodeModeBeginsAtIdleAndHoldsTheTicketButton) {
+  form_.PctBoton[boton::kTiquetes].BorderStyle = 1;
+  station_.Type("12");
+  station_.Answers = {Answer::kOk};
+  station_.UnderBox = [&] { EXPECT_EQ(form_.PctBoton[boton::kTiquetes].Tag, "2"_w); };
+  form_.AlternarCodigoBarras();
+  EXPECT_TRUE(form_.TxtCampo[0].Text().Empty());
+  EXPECT_EQ(form_.PctBoton[boton::kTiquetes].Tag, "0"_w);
+}
+
+TEST_F(KeyTest, TheTariffGeneratorOpensItsDialogWithAClick) {
+  station_.InDialog = {[this] {
+    EXPECT_EQ(form_.OpenForms.Active().Name(), "Form6");
+    EXPECT_EQ(station_.Heard(), std::vector<String>{kClick});
+    station_.Hands.Key(27, 0);
+  }};
+  form_.Form_KeyDown('T', kControl);
+  EXPECT_TRUE(station_.InDialog.empty());
+  EXPECT_TRUE(station_.Boxes.empty());
+  EXPECT_EQ(form_.Form6, nullptr);
 }
 
 TEST_F(KeyTest, TheTariffGeneratorNeedsItsThreeFiles) {

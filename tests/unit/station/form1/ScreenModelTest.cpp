@@ -133,6 +133,62 @@ TEST_F(ScreenModelTest, NoIndicatorLightOrPictureOfTheGridIsShownAtFirst) {
   EXPECT_FALSE(Shown("ImgPanico"));
 }
 
+TEST_F(ScreenModelTest, ExactlyTheseAreHiddenAtFirst) {
+  std::set<std::string> hidden;
+  for (const Control* control : screen_.Controls()) {
+    if (!control->Visible) hidden.insert(control->Name);
+  }
+  std::set<std::string> expected = {
+      "CboTarifa(0)",  "LblValor",       "TxtEfectivo",       "LblCambio",         "LblIndicador(0)",
+      "ChkFactura",    "PctUsuario(0)",  "PctUsuario(1)",     "ImgUsuario",        "LblPuntos(0)",
+      "LblPuntos(1)",  "LblPuntos(2)",   "LblPuntos(3)",      "ImgPuntos",         "Picture2",
+      "dspPreview",    "ImgFotoDetalle", "PctFotoDetalle(0)", "PctFotoDetalle(1)", "LblWebCamMsg",
+      "PctAppCamera",  "CmdBarCode",     "CmdNumeroFicha",    "TxtBarCode",        "TxtBarCodeOK",
+      "TxtMaxEntrada", "LstModEntrada",  "PctBoton(5)",       "PctBoton(6)",       "PctFicha",
+      "ShpCelda",      "PctSeleccion",   "FilFondos",         "ImgPanico"};
+  for (const auto& [family, size] : {std::pair{"ImgIndicador", 6}, {"PctBuscar", 5}, {"ImgFicha", 50}}) {
+    for (int i = 0; i < size; ++i)
+      expected.insert(std::string(family) + "(" + std::to_string(i) + ")");
+  }
+  EXPECT_EQ(hidden, expected);
+}
+
+TEST_F(ScreenModelTest, ExactlyTheseAreDisabledAtFirst) {
+  std::set<std::string> disabled;
+  for (const Control* control : screen_.Controls()) {
+    if (!control->Enabled) disabled.insert(control->Name);
+  }
+  EXPECT_EQ(disabled,
+            (std::set<std::string>{"PctUsuario(0)", "CmdBarCode", "CmdNumeroFicha", "CboMinutos",
+                                   "TmrHoraFecha", "TmrHorario", "TmrMonitor", "TmrConexion", "TmrBarCode"}));
+}
+
+TEST_F(ScreenModelTest, LabelsOpenByAClickAlone) {
+  for (const TextBox& label : screen_.TxtEtiqueta) {
+    EXPECT_TRUE(label.Locked) << label.Name;
+    EXPECT_FALSE(label.CanFocus) << label.Name;
+    EXPECT_EQ(label.MaxLength, 20u) << label.Name;
+  }
+  EXPECT_EQ(screen_.TxtCampo[0].MaxLength, 0u);
+  EXPECT_FALSE(screen_.CboTarifa[0].CanFocus);
+  EXPECT_TRUE(screen_.CboTarifa[1].CanFocus);
+}
+
+TEST_F(ScreenModelTest, TagsThatAreNumbersBeginAtNought) {
+  EXPECT_EQ(screen_.CboMinutos.Tag, "0"_w);
+  EXPECT_EQ(screen_.PctFicha.Tag, "0"_w);
+}
+
+TEST_F(ScreenModelTest, TheGeneratorsButtonsNameTheirKey) {
+  EXPECT_EQ(screen_.CmdNumeroFicha.ToolTipText, "<INICIO> Generador Automático de Fichas"_w);
+  EXPECT_EQ(screen_.CmdBarCode.ToolTipText, "<INICIO> Generador de Códigos de Barras Code39"_w);
+}
+
+TEST_F(ScreenModelTest, TheTimersTickInTheirOrder) {
+  EXPECT_THAT(screen_.Timers(), ElementsAre(&screen_.TmrHoraFecha, &screen_.TmrHorario, &screen_.TmrMonitor,
+                                            &screen_.TmrConexion, &screen_.TmrBarCode));
+}
+
 TEST_F(ScreenModelTest, TheFieldsAreOpenAtFirst) {
   for (const TextBox& field : screen_.TxtCampo) {
     EXPECT_TRUE(field.Visible && field.Enabled && !field.Locked) << field.Name;
@@ -162,6 +218,7 @@ TEST_F(ScreenModelTest, TheMinutesOfAMonitorAreOffered) {
 
 TEST_F(ScreenModelTest, ATicketCountsEntriesOrDays) {
   EXPECT_THAT(screen_.LstModEntrada.List, ElementsAre("ENT(S)"_w, "DIA(S)"_w));
+  EXPECT_EQ(screen_.LstModEntrada.ListIndex, 0);
 }
 
 TEST_F(ScreenModelTest, WallpapersAreJpegFiles) {

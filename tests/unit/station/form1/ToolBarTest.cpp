@@ -90,7 +90,7 @@ TEST_F(ButtonTest, AButtonThatIsNotThereDoesNothing) {
 
 TEST_F(ButtonTest, TheCancelButtonIsEsc) {
   station_.Type("12");
-  station_.Hands.Click(form_.PctBoton[11]);
+  station_.Hands.Click(form_.PctBoton[boton::kCancelar]);
   EXPECT_TRUE(form_.TxtCampo[0].Text().Empty());
   EXPECT_THAT(station_.Heard(), ElementsAre(kClick));
 }
@@ -102,21 +102,84 @@ TEST_F(ButtonTest, TheRetireButtonBeepsWithoutACell) {
   EXPECT_EQ(form_.Focus(), &form_.TxtCampo[0]);
 }
 
-TEST_F(ButtonTest, TheGeneratorsButtonsBeepWhereNoNumberCanBeTyped) {
-  form_.CmdNumeroFicha.Visible = form_.CmdBarCode.Visible = true;
-  form_.TxtCampo[0].Enabled = false;
-  station_.Hands.Click(form_.CmdNumeroFicha);
-  EXPECT_EQ(station_.Beeps(), 1);
+TEST_F(ButtonTest, TheRetireButtonRetiresWhereACellIsShown) {
+  station_.Enter("7", "abc");
+  station_.TypeAndEnter("7");
+  ASSERT_TRUE(form_.ShpCelda.Visible);
+  station_.Pass(500);
+  form_.SetFocus(nullptr);
+  station_.Answers = {Answer::kNo};
+  station_.Boxes.clear();
+  station_.Hands.Click(form_.PctBoton[boton::kRetirar]);
+  ASSERT_EQ(station_.Boxes.size(), 1u);
+  EXPECT_EQ(station_.Boxes[0].title, "Vintoral - Confirmar Ficha"_w);
+  EXPECT_EQ(form_.Focus(), &form_.TxtCampo[0]);
+}
+
+/// A station that prints tickets: its generator can be clicked.
+class GeneratorTest : public ButtonTest {
+ protected:
+  GeneratorTest() {
+    form_.PctBoton[boton::kTiquetes].BorderStyle = 1;
+    form_.CmdNumeroFicha.Visible = form_.CmdNumeroFicha.Enabled = true;
+  }
+};
+
+TEST_F(GeneratorTest, ItsButtonBeepsInBarcodeMode) {
+  form_.CambiarModoFicha();
+  ASSERT_TRUE(form_.CmdBarCode.Visible);
+  ASSERT_FALSE(form_.TxtCampo[0].Enabled);
+  ASSERT_EQ(form_.Focus(), &form_.TxtBarCode);
   station_.Hands.Click(form_.CmdBarCode);
   EXPECT_EQ(station_.Beeps(), 1);
   EXPECT_EQ(form_.Focus(), nullptr);
 }
 
-TEST_F(ButtonTest, TheGeneratorsButtonsGiveTheFocusToTheToolBar) {
-  form_.CmdNumeroFicha.Visible = true;
+TEST_F(GeneratorTest, ItsButtonIsSilentWhereANumberCanBeTyped) {
+  ASSERT_TRUE(form_.CmdNumeroFicha.TakesFocus());
   station_.Hands.Click(form_.CmdNumeroFicha);
   EXPECT_EQ(station_.Beeps(), 0);
   EXPECT_EQ(form_.Focus(), nullptr);
+}
+
+TEST_F(ButtonTest, MonitorsAnnounceWhetherTheyGoOnOrOff) {
+  for (const auto monitor :
+       {boton::kUltimosEnIngresar, boton::kTiempoDePermanencia, boton::kUltimosEnSalir}) {
+    station_.Hands.Click(form_.PctBoton[monitor]);
+    EXPECT_THAT(station_.Heard(), ElementsAre("ABRiL\\ABRiL-1.wav"_w)) << monitor;
+    form_.PctBoton[monitor].BorderStyle = 1;
+    station_.Hands.Click(form_.PctBoton[monitor]);
+    EXPECT_THAT(station_.Heard(), ElementsAre("ABRiL\\ABRiL-2.wav"_w)) << monitor;
+    form_.PctBoton[monitor].BorderStyle = 0;
+  }
+}
+
+TEST_F(ButtonTest, AChangeFromOneMonitorToAnotherSaysNothing) {
+  for (const auto on : {boton::kUltimosEnIngresar, boton::kTiempoDePermanencia, boton::kUltimosEnSalir}) {
+    form_.PctBoton[on].BorderStyle = 1;
+    for (const auto clicked :
+         {boton::kUltimosEnIngresar, boton::kTiempoDePermanencia, boton::kUltimosEnSalir}) {
+      if (clicked == on) continue;
+      station_.Hands.Click(form_.PctBoton[clicked]);
+      EXPECT_TRUE(station_.Heard().empty()) << on << " " << clicked;
+    }
+    form_.PctBoton[on].BorderStyle = 0;
+  }
+}
+
+TEST_F(ButtonTest, PagesAndTheMenuAreHeardBeforeTheyAct) {
+  for (const auto button : {boton::kRetroceder, boton::kAvanzar, boton::kMenu}) {
+    station_.Hands.Click(form_.PctBoton[button]);
+    EXPECT_THAT(station_.Heard(), ElementsAre(kClick)) << button;
+  }
+}
+
+TEST_F(ButtonTest, TheOthersAreSilent) {
+  for (const auto button :
+       {boton::kImprimir, boton::kBuscar, boton::kTiquetes, boton::kExtras, boton::kFacturas}) {
+    station_.Hands.Click(form_.PctBoton[button]);
+    EXPECT_TRUE(station_.Events.Take().empty()) << button;
+  }
 }
 
 TEST_F(ButtonTest, TheCameraButtonIsTheKeyAndGivesTheFocusToAField) {
@@ -129,7 +192,7 @@ TEST_F(ButtonTest, TheCameraButtonIsTheKeyAndGivesTheFocusToAField) {
 }
 
 TEST_F(ButtonTest, TheCameraButtonBeepsWithoutCamera) {
-  form_.ImgIndicador[4].Visible = true;
+  form_.ImgIndicador[indicador::kCamaraDesactivada].Visible = true;
   station_.TypeAndEnter("7");
   station_.Events.Take();
   form_.SetFocus(nullptr);

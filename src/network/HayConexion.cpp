@@ -1,0 +1,11 @@
+#include "station/form1/Form1.h"
+
+namespace vintoral {
+
+bool Form1::HayConexion() {
+  if (platform_.disk.Exists(RutaCompartida("Vintoral.ACT"))) return true;
+  TmrConexion.SetInterval(100);
+  return false;
+}
+
+}  // namespace vintoral

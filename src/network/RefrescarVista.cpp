@@ -1,0 +1,10 @@
+#include "station/form1/Form1.h"
+
+namespace vintoral {
+
+void Form1::RefrescarVista() {
+  CargarArchivoACT();
+  ImprimirIndice();
+}
+
+}  // namespace vintoral

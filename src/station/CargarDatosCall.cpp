@@ -1,0 +1,18 @@
+#include "records/Piezas.h"
+#include "station/Dat.h"
+#include "station/form1/Form1.h"
+
+namespace vintoral {
+
+void Form1::CargarDatosCall() {
+  const Register<RegistroMixto> dat(platform_.disk, archivo::kEstado, OpenMode::kRead);
+  if (!dat) return;
+  RegistrosDePiezas pieces;
+  for (std::size_t i = 0; i < pieces.size(); ++i) {
+    const auto number = kPrimerRegistroDePiezas + static_cast<std::int64_t>(i);
+    pieces[i] = dat.Read(number).value_or(RegistroMixto{});
+  }
+  DatosCall = UnirPiezas(pieces);
+}
+
+}  // namespace vintoral

@@ -1,0 +1,22 @@
+#include "records/Monitores.h"
+#include "records/Register.h"
+#include "station/Monitor.h"
+#include "station/form1/Form1.h"
+
+namespace vintoral {
+
+void Form1::CargarSalidasHST() {
+  const Register<RegistroFicha> hst(platform_.disk, RutaCompartida("Vintoral.HST"), OpenMode::kRead);
+  if (!hst) return BuscarEnlaceYa();
+  const Moment now = platform_.clock.Now();
+  const int minutes = MinutosDelMonitor(*this);
+  LiberarMemoria();
+  hst.WalkBack(hst.Count(), 1, [&](std::int64_t, const RegistroFicha& record) {
+    FichaAuxiliar = record;
+    if (!SalioHoy(record, now)) return false;
+    if (SalioHace(record, now, minutes)) VistaFichas.push_back(record);
+    return true;
+  });
+}
+
+}  // namespace vintoral

@@ -1,0 +1,33 @@
+#include <array>
+#include <string_view>
+
+#include "common/Numbers.h"
+#include "station/Monitor.h"
+#include "station/form1/Form1.h"
+
+namespace vintoral {
+namespace {
+
+struct Suffix {
+  boton::Index monitor;
+  std::string_view text;
+};
+constexpr std::array kSuffixes = {Suffix{boton::kUltimosEnIngresar, " Min. ATRAS"},
+                                  Suffix{boton::kTiempoDePermanencia, " Min. ADENTRO"},
+                                  Suffix{boton::kUltimosEnSalir, " Min. AFUERA"}};
+
+}  // namespace
+
+void Form1::EtiquetaMonitor() {
+  for (const String& item : CboMinutos.List()) {
+    if (ContainsNoCase(item, " Min.")) return;
+  }
+  for (const Suffix& each : kSuffixes) {
+    PictureBox& button = PctBoton[each.monitor];
+    if (!IsPressed(button)) continue;
+    button.Tag = Digits(LeadingInteger(CboMinutos.Text()));
+    return CboMinutos.SetText(button.Tag + String(each.text));
+  }
+}
+
+}  // namespace vintoral

@@ -1,0 +1,115 @@
+#include "station/form1/Form1.h"
+
+namespace vintoral {
+namespace {
+
+void ClearCell(Form1& form) {
+  form.ShpCelda.Cell = -1;
+  form.ShpCelda.Visible = false;
+  form.PctFicha.Picture = {};
+}
+
+void ClearButtons(Form1& form) {
+  form.ChkFactura.Value = 0;
+  form.ImgIndicador[indicador::kImprimirFactura].Visible = false;
+  form.PctBoton[boton::kGuardar].Visible = false;
+  form.PctBoton[boton::kRetirar].Visible = false;
+}
+
+void ClearStamps(Form1& form) {
+  const bool connected = form.LblConexion[0].BackColor == kLightGreen;
+  form.LblFechaEnt.Caption = connected ? String() : "CONECTANDO... "_w;
+  form.LblFechaSal.Caption = {};
+  form.LblFechaEnt.BackColor = form.LblFechaSal.BackColor = kWhite;
+}
+
+void ClearRows(Form1& form) {
+  for (Label& row : form.LblCampo) {
+    row.BackColor = kLightOrange;
+    row.Caption = {};
+    row.Visible = true;
+  }
+}
+
+void ClearCodes(Form1& form) {
+  for (TextBox* code : {&form.TxtBarCode, &form.TxtBarCodeOK}) {
+    code->SetText({});
+    code->Visible = false;
+  }
+}
+
+void OpenFields(Form1& form, bool barcodes) {
+  for (TextBox& field : form.TxtCampo) {
+    field.SetText({});
+    field.Locked = false;
+    field.Visible = true;
+    field.Enabled = true;
+  }
+  form.TxtCampo[0].Enabled = !barcodes;
+}
+
+void OpenCategories(Form1& form) {
+  form.CboTarifa[0].Clear();
+  form.CboTarifa[0].Visible = false;
+  form.CboTarifa[1].Visible = true;
+  form.CboTarifa[1].Enabled = true;
+  form.CboTarifa[1].Select(0);
+}
+
+void ClearValidity(Form1& form) {
+  form.TxtMaxEntrada.SetText({});
+  form.LstModEntrada.ListIndex = 0;
+}
+
+void ClearPhotos(Form1& form) {
+  form.ImgIndicador[indicador::kFotosAdicionales].Visible = false;
+  for (PictureBox& arrow : form.PctFotoDetalle)
+    arrow.Visible = false;
+}
+
+void ClearUser(Form1& form) {
+  for (PictureBox& card : form.PctUsuario) {
+    card.Visible = false;
+    card.Picture = {};
+  }
+  form.ImgUsuario.Visible = false;
+  form.ImgUsuario.Picture = {};
+  form.ImgPuntos.Visible = false;
+  for (Label& points : form.LblPuntos) {
+    points.Caption = {};
+    points.Visible = false;
+  }
+}
+
+void ClearCash(Form1& form) {
+  form.LblValor.Visible = false;
+  form.TxtEfectivo.Visible = false;
+  form.TxtEfectivo.SetText("0"_w);
+  form.LblCambio.Visible = false;
+  form.LblCambio.Caption = {};
+  form.LblInfo[1].Caption = {};
+}
+
+}  // namespace
+
+void Form1::LimpiarCampos() {
+  const bool barcodes = CmdBarCode.Visible;
+  UsuarioEnFormulario = 0;
+  NumeroUsuario = 0;
+  ClearCell(*this);
+  ClearButtons(*this);
+  ClearStamps(*this);
+  ClearRows(*this);
+  ClearCodes(*this);
+  OpenFields(*this, barcodes);
+  OpenCategories(*this);
+  ClearValidity(*this);
+  TxtBarCode.Visible = barcodes;
+  SetFocus(barcodes ? &TxtBarCode : &TxtCampo[0]);
+  ClearPhotos(*this);
+  MostrarImagenEnVivo();
+  ClearUser(*this);
+  ClearCash(*this);
+}
+
+}  // namespace vintoral

@@ -1,0 +1,26 @@
+#include "station/Monitor.h"
+#include "station/form1/Commands.h"
+#include "station/form1/Form1.h"
+#include "station/form1/Sonidos.h"
+
+namespace vintoral {
+namespace {
+
+/// What a click on a monitor's button is about to do. A change from one monitor to another says nothing.
+void Announce(Form1& form, const PictureBox& monitor) {
+  if (IsPressed(monitor)) return form.MidiWav(voz::kMonitorDesactivado);
+  if (!HayMonitor(form)) form.MidiWav(voz::kMonitorActivado);
+}
+
+}  // namespace
+
+void Form1::PctBoton_Click(int Index) {
+  const auto rows = ButtonCommands();
+  const auto index = static_cast<std::size_t>(Index);
+  if (Terminado() || index >= rows.size()) return;
+  if (rows[index].answering == Answering::kClick) MidiWav(sonido::kClic);
+  if (rows[index].answering == Answering::kVoice) Announce(*this, PctBoton[index]);
+  if (rows[index].action != nullptr) rows[index].action(*this);
+}
+
+}  // namespace vintoral

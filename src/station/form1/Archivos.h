@@ -1,0 +1,26 @@
+// The files of a station's own folder, by what they hold. Those of the shared folder are asked for with
+// RutaCompartida.
+#pragma once
+
+#include <string_view>
+
+namespace vintoral::archivo {
+
+inline constexpr std::string_view kTarifas = "Recursos\\Vintoral.EMP";
+inline constexpr std::string_view kExtras = "Recursos\\Vintoral.XTR";
+inline constexpr std::string_view kPrepago = "Recursos\\Vintoral.RJE";
+inline constexpr std::string_view kMoneda = "Recursos\\Vintoral.DVS";
+inline constexpr std::string_view kEstado = "Recursos\\Vintoral.DAT";
+inline constexpr std::string_view kFacturas = "Recursos\\Vintoral.HFC";
+/// Lets a second instance start, for the one restart that registers the capture library.
+inline constexpr std::string_view kReinicio = "Recursos\\Vintoral.RLD";
+inline constexpr std::string_view kServidor = "Objetos\\Servidor.INI";
+inline constexpr std::string_view kWeb = "Objetos\\Web.INI";
+inline constexpr std::string_view kFuente = "Fuentes\\Vintoral.ttf";
+inline constexpr std::string_view kAyuda =
+    "Vintoral L\xE9"
+    "ame.TXT";
+/// The folder of the wallpapers.
+inline constexpr std::string_view kFondos = "Fondos";
+
+}  // namespace vintoral::archivo

@@ -1,0 +1,23 @@
+// What the station lets the operator hear, by what it means.
+#pragma once
+
+#include <string_view>
+
+namespace vintoral {
+
+namespace sonido {
+inline constexpr std::string_view kConectando = "Sonidos\\Vintoral-1.wav";
+inline constexpr std::string_view kClic = "Sonidos\\Vintoral-5.wav";
+inline constexpr std::string_view kOlvidada = "Sonidos\\Vintoral-7.wav";
+}  // namespace sonido
+
+namespace voz {
+inline constexpr std::string_view kMonitorActivado = "ABRiL\\ABRiL-1.wav";
+inline constexpr std::string_view kMonitorDesactivado = "ABRiL\\ABRiL-2.wav";
+inline constexpr std::string_view kRostrosDesactivados = "ABRiL\\ABRiL-5.wav";
+inline constexpr std::string_view kRostrosActivados = "ABRiL\\ABRiL-6.wav";
+inline constexpr std::string_view kBarrasActivadas = "ABRiL\\ABRiL-7.wav";
+inline constexpr std::string_view kBarrasDesactivadas = "ABRiL\\ABRiL-8.wav";
+}  // namespace voz
+
+}  // namespace vintoral
