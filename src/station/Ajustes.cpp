@@ -50,37 +50,6 @@ void Form1::CopiarMoneda() {
   if (written) Moneda = symbol;
 }
 
-void Form1::CargarEtiquetas() {
-  const String path = RutaCompartida("Vintoral.LBL");
-  const bool stored = platform_.disk.Exists(path);
-  etiquetasLeidas_ = stored || platform_.disk.Exists(RutaCompartida("Vintoral.ACT"));
-  if (stored) {
-    const Register<RegistroEtiquetas> lbl(platform_.disk, path, OpenMode::kRead);
-    const std::optional<RegistroEtiquetas> record = lbl ? lbl.Read(1) : std::nullopt;
-    lbl.Opened().PassOver();
-    if (!record || lbl.Count() < 1) return;
-    EtiquetasActuales = *record;
-    for (std::size_t i = 0; i < TxtEtiqueta.size(); ++i) {
-      TxtEtiqueta[i].SetText(EtiquetasActuales.Etiqueta[i].Trimmed() + " "_w);
-    }
-  } else {
-    EtiquetasActuales.MemoriaRostros = 0;
-    EtiquetasActuales.ImprimirCampo.fill(true);
-  }
-  ImgIndicador[2].Visible = EtiquetasActuales.MemoriaRostros == -1;
-}
-
-void Form1::GuardarEtiquetas() {
-  if (!etiquetasLeidas_) return;  // the folder was away all along: what stands here are not the site's labels
-  const String path = RutaCompartida("Vintoral.LBL");
-  platform_.disk.ClearReadOnly(path).PassOver();
-  Register<RegistroEtiquetas> lbl(platform_.disk, path, OpenMode::kCreate);
-  for (std::size_t i = 0; i < TxtEtiqueta.size(); ++i)
-    EtiquetasActuales.Etiqueta[i] = Trim(TxtEtiqueta[i].Text());
-  EtiquetasActuales.MemoriaRostros = ImgIndicador[2].Visible ? -1 : 0;
-  (lbl ? lbl.Write(1, EtiquetasActuales, true) : lbl.Opened()).PassOver();
-}
-
 void Form1::CargarEstadoPantalla() {
   const Register<RegistroMixto> dat(platform_.disk, kDat, OpenMode::kRead);
   if (!dat.Missing()) dat.Opened().PassOver();
