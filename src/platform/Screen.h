@@ -1,6 +1,7 @@
 // What the station asks of the screen beyond the controls: boxes, the beep, the wait cursor.
 #pragma once
 
+#include <algorithm>
 #include <vector>
 
 #include "common/String.h"
@@ -19,11 +20,20 @@ struct Box {
   Answer preselected = Answer::kOk;
 };
 
+/// The answer that changes nothing, of Esc, of a box's close button and of a program that ends: kCancel where
+/// there is such a button, else kNo, else kOk.
+inline Answer HarmlessAnswer(const Box& box) {
+  for (const Answer answer : {Answer::kCancel, Answer::kNo}) {
+    if (std::find(box.buttons.begin(), box.buttons.end(), answer) != box.buttons.end()) return answer;
+  }
+  return Answer::kOk;
+}
+
 class Screen {
  public:
   virtual ~Screen() = default;
   /// Shows the box and waits; timers go on ticking meanwhile. When the program ends under the box, the answer
-  /// is the one that changes nothing: kCancel where there is such a button, else kNo, else kOk.
+  /// is the harmless one.
   virtual Answer Show(const Box& box) = 0;
   virtual void Beep() = 0;
   /// The hourglass over the main window, or the ordinary pointer again.

@@ -28,10 +28,7 @@ vintoral::Answer RecordingScreen::Show(const Box& box) {
   while (!answer_ && !closed_ && OnWait)
     OnWait();
   if (answer_ && !closed_) return *std::exchange(answer_, std::nullopt);
-  for (const vintoral::Answer harmless : {vintoral::Answer::kCancel, vintoral::Answer::kNo}) {
-    if (std::find(box.buttons.begin(), box.buttons.end(), harmless) != box.buttons.end()) return harmless;
-  }
-  return vintoral::Answer::kOk;
+  return HarmlessAnswer(box);
 }
 
 bool RecordingScreen::Answer(vintoral::Answer answer) {
