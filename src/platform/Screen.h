@@ -4,6 +4,7 @@
 // alive in each of them, and the end of the program ends them all.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -33,11 +34,20 @@ class ScreenForm {
   virtual bool Shown() const = 0;
 };
 
+/// The answer that changes nothing, of Esc, of a box's close button and of a program that ends: kCancel where
+/// there is such a button, else kNo, else kOk.
+inline Answer HarmlessAnswer(const Box& box) {
+  for (const Answer answer : {Answer::kCancel, Answer::kNo}) {
+    if (std::find(box.buttons.begin(), box.buttons.end(), answer) != box.buttons.end()) return answer;
+  }
+  return Answer::kOk;
+}
+
 class Screen {
  public:
   virtual ~Screen() = default;
   /// Shows the box and waits; timers go on ticking meanwhile. When the program ends under the box, the answer
-  /// is the one that changes nothing: kCancel where there is such a button, else kNo, else kOk.
+  /// is the harmless one.
   virtual Answer Show(const Box& box) = 0;
   /// Shows the form over all others and returns when it is no longer shown or the program ends.
   virtual void ShowModal(const ScreenForm& form) = 0;

@@ -109,9 +109,24 @@ class Inside(DrivenDay):
     def test_insert_and_typing_are_shut_out(self):
         station = self.with_fichas(NINE)
         station.call_up(9)
+        before = station.texts(*FIELDS)
         for field in FIELDS:
             self.assertFalse(station.attempt("set", control=field, text="X")["ok"])
-        self.assertEqual(station.texts(*FIELDS)[1:], [""] * 5)
+        station.type("X")
+        self.assertEqual(station.texts(*FIELDS), before)
+        self.assertIsNone(station.key(INSERT)["waiting"])
+        self.assertOnDisplay(station, 9)
+
+    def test_its_photo_and_the_lack_of_one(self):
+        photo = self.folder.shared / "Imágenes ACT/000009.jpg"
+        station = self.with_fichas(NINE, inside(10, stamp("13:30", TODAY)))
+        photo.write_bytes(b"")
+        for number, seen in ((9, (False, True, False)), (10, (True, False, True)), (9, (False, True, False))):
+            with self.subTest(number=number):
+                station.call_up(number)
+                self.assertEqual(tuple(station.shown(name) for name in ("Picture1", "Picture2", "LblWebCamMsg")), seen)
+                self.assertEqual(station.caption("LblWebCamMsg"), "SIN IMAGEN" if seen[2] else "")
+                station.key(ESC)
 
 
 class Plates(DrivenDay):
@@ -263,6 +278,7 @@ class Invoices(DrivenDay):
         self.folder.write("Recursos/Vintoral.DAT", screen_state(mixed(0, 1)))
         station = self.with_fichas(NINE)
         station.call_up(9)
+        self.assertEqual(station.get("ChkFactura")["Value"], 1)
         station.do("check", control="ChkFactura", value=0)
         station.key(DELETE)
         self.assertEqual(station.get("ChkFactura")["Value"], 0)

@@ -1,8 +1,8 @@
 """The link to the shared folder: lost and found at any moment, the paths of the other gate, F10 and forgetting."""
 import shutil
 
-from station import (ALT, CONFIRM_SAVE, CONTROL, DELETE, ESC, F10, GREEN, INSERT, LOST, RED, DrivenDay, Folder,
-                     fresh_register, inside, launches, main, sounds, stamp)
+from station import (ALT, CONFIRM_SAVE, CONTROL, DELETE, ESC, F10, GREEN, INSERT, LABELS, LOST, RED, DrivenDay, Folder,
+                     ansi, fresh_register, inside, launches, main, sounds, stamp)
 
 TODAY = "20/11/2026"
 
@@ -163,7 +163,7 @@ class AtAnyMoment(Link):
         self.assertConnected(station)
 
     def test_while_connecting_nothing_is_saved_or_shown(self):
-        station = self.running()
+        station = self.with_fichas(inside(9, stamp("13:23", TODAY)))
         station.call_up(7)
         self.take_away()
         station.advance(10000)
@@ -175,6 +175,9 @@ class AtAnyMoment(Link):
         station.key(ESC)
         station.call_up(9)
         self.assertFalse(station.shown("PctBoton(6)"))
+        self.bring_back()
+        station.enter()
+        self.assertOnDisplay(station, 9)
 
     def test_a_look_that_an_operation_asked_for_connects_in_full(self):
         station = self.running()
@@ -261,6 +264,26 @@ class WrongPath(Link):
         self.assertEqual(station.state("CarpetaCompartida"), str(main_gate.shared))
         station.advance(3000)
         self.assertConnected(station)
+
+    def test_each_folder_keeps_its_labels(self):
+        def labels(letter):
+            return LABELS.pack(*(ansi(f"{letter}{i}", 20) for i in range(6)), -1, -1, 0, -1, 0, -1)
+
+        gates = {letter: Folder(self.root / letter) for letter in "AB"}
+        for letter, gate in gates.items():
+            gate.write("Multimedia/Vintoral.ACT", fresh_register())
+            gate.write("Multimedia/Vintoral.LBL", labels(letter))
+        self.folder.write("Objetos/Servidor.INI", f"{gates['A'].shared}\r\n".encode())
+        station = self.running()
+        self.assertEqual(station.text("TxtEtiqueta(1)"), "A1 ")
+        self.folder.write("Objetos/Servidor.INI", f"{gates['B'].shared}\r\n".encode())
+        (gates["A"].shared / "Vintoral.ACT").unlink()
+        station.advance(13000)
+        self.assertConnected(station)
+        self.assertEqual(station.texts(*[f"TxtEtiqueta({i})" for i in range(6)]), [f"B{i} " for i in range(6)])
+        station.close()
+        for letter, gate in gates.items():
+            self.assertEqual((gate.shared / "Vintoral.LBL").read_bytes(), labels(letter))
 
     def test_a_path_that_becomes_right_is_found(self):
         station = self.connecting()

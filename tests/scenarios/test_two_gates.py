@@ -65,6 +65,7 @@ class Saving(TwoGates):
         two.save(7)
         two.retire(7)
         self.assertEqual(((home.shared / "Vintoral.ACT").read_bytes(), (home.shared / "Vintoral.HST").read_bytes()), before)
+        self.assertEqual([row.PorteriaSalida for row in self.folder.history()], ["02"])
 
 
 class Retiring(TwoGates):

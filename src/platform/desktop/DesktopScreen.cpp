@@ -45,14 +45,6 @@ QMessageBox::Icon SignOf(Icon icon) {
   return QMessageBox::NoIcon;
 }
 
-/// The answer that changes nothing: of Esc, of the box's close button, and of a program that ends.
-Answer Harmless(const Box& box) {
-  const auto has = [&](Answer answer) {
-    return std::find(box.buttons.begin(), box.buttons.end(), answer) != box.buttons.end();
-  };
-  return has(Answer::kCancel) ? Answer::kCancel : has(Answer::kNo) ? Answer::kNo : Answer::kOk;
-}
-
 QString Utf16(const String& text) {
   return QString::fromStdString(text.ToUtf8());
 }
@@ -73,7 +65,7 @@ Answer DesktopScreen::Show(const Box& box) {
     button->setMinimumSize(kButtonSize);
     buttons.emplace_back(button, answer);
     if (answer == box.preselected) dialog.setDefaultButton(button);
-    if (answer == Harmless(box)) dialog.setEscapeButton(button);
+    if (answer == HarmlessAnswer(box)) dialog.setEscapeButton(button);
   }
   if (OnShown) QTimer::singleShot(0, &dialog, [&] { OnShown(dialog, box); });
   const bool busy = busy_;
@@ -83,7 +75,7 @@ Answer DesktopScreen::Show(const Box& box) {
   const auto pressed = std::find_if(buttons.begin(), buttons.end(), [&](const auto& button) {
     return button.first == dialog.clickedButton();
   });
-  return pressed == buttons.end() ? Harmless(box) : pressed->second;
+  return pressed == buttons.end() ? HarmlessAnswer(box) : pressed->second;
 }
 
 void DesktopScreen::ShowModal(const ScreenForm& form) {

@@ -32,11 +32,7 @@ void RecordingScreen::Loop(const Waiting& waiting, const std::function<bool(cons
 vintoral::Answer RecordingScreen::Show(const Box& box) {
   std::optional<vintoral::Answer> answer;
   Loop({.box = &box}, [&answer](const Waiting& waiting) { return (answer = waiting.answer).has_value(); });
-  if (answer && !closed_) return *answer;
-  for (const vintoral::Answer harmless : {vintoral::Answer::kCancel, vintoral::Answer::kNo}) {
-    if (std::find(box.buttons.begin(), box.buttons.end(), harmless) != box.buttons.end()) return harmless;
-  }
-  return vintoral::Answer::kOk;
+  return answer && !closed_ ? *answer : HarmlessAnswer(box);
 }
 
 void RecordingScreen::ShowModal(const ScreenForm& form) {
