@@ -20,6 +20,11 @@
 
 namespace vintoral {
 
+/// The smallest piece that file systems give room for. A write inside one page is done whole or not at all;
+/// one that goes on into another page can end between the two, when the disk is full or the process is
+/// killed.
+inline constexpr std::uint64_t kPage = 4096;
+
 /// One open file. Closed when destroyed. Not shared between threads.
 class DiskFile {
  public:

@@ -30,11 +30,6 @@ std::string RealPath(const std::string& path) {
   return real ? std::string(real.get()) : path;
 }
 
-std::string FolderOf(const std::string& path) {
-  const std::size_t slash = path.rfind('/');
-  return slash == 0 || slash == std::string::npos ? "/" : path.substr(0, slash);
-}
-
 bool IsFile(const std::string& path) {
   const std::optional<FileStatus> status = StatusOf(path);
   return status && status->IsFile();

@@ -60,9 +60,6 @@ Lock WaitForLock(int descriptor, std::int64_t position) {
   return lock;
 }
 
-/// The smallest piece that file systems give room for.
-constexpr std::uint64_t kPage = 4096;
-
 }  // namespace
 
 Outcome PosixFile::Failed(std::string_view what) const {
@@ -83,7 +80,7 @@ Result<std::size_t> PosixFile::ReadAt(std::uint64_t offset, std::span<char> into
 }
 
 Outcome PosixFile::WriteAt(std::uint64_t offset, std::span<const char> bytes) {
-  // Inside one page a full disk refuses a write whole; one that goes on into another page could end half-way.
+  // So that a full disk refuses it whole.
   if (!bytes.empty() && offset / kPage != (offset + bytes.size() - 1) / kPage) {
     Outcome room = MakeRoom(offset, bytes.size());
     if (!room) return room;

@@ -76,7 +76,6 @@ Result<std::int64_t> RecordFile::NextRow() const {
 }
 
 Result<bool> RecordFile::EndsInACutRow() const {
-  constexpr std::uint64_t kPage = 4096;
   const Result<std::uint64_t> length = file_.Length();
   if (!length) return length.Why();
   return *length % kPage == 0 && *length % blank_.size() != 0;

@@ -26,10 +26,10 @@ class RecordFile {
   Outcome Write(std::int64_t number, std::span<const char> record);
   /// The number that the next appended record gets.
   Result<std::int64_t> NextRow() const;
-  /// Whether the last record ends where a page of the file does: so a write is cut whose process was killed
-  /// between two pages, and it was never confirmed.
+  /// Whether the file ends in a part of a record, at the end of a page: what a process leaves that is killed
+  /// while it writes a record across two pages. Such a row was never confirmed.
   Result<bool> EndsInACutRow() const;
-  /// Takes such a record away, under the append lock. Whatever else a register ends in stays.
+  /// Removes such a part, under the append lock. Any other incomplete record stays.
   Outcome DropCutRow();
 
   /// No register is as long; what lies beyond is a damaged number.

@@ -50,6 +50,7 @@ void Form1::CargarMoneda() {
 void Form1::CopiarMoneda() {
   if (Form6.TxtMoneda.TagNumber() != 1) return;
   const String symbol = Left(TrimBlanks(Form6.TxtMoneda.Text()), kMonedaWidth);
+  platform_.disk.ClearReadOnly(kDvs).PassOver();
   const Outcome written = platform_.disk.Replace(kDvs, ConFinDeLinea(symbol));
   written.PassOver();
   if (written) Moneda = symbol;

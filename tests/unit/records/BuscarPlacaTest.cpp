@@ -86,6 +86,12 @@ TEST(BuscarPlaca, EmptyPlateFindsNobody) {
   EXPECT_EQ(FindInside(Slot("FF FF", ""), ""), 0);
 }
 
+TEST(BuscarPlaca, AZeroByteIsACharacter) {
+  const std::string file = UserField(std::string("AAA111\0", 7));
+  EXPECT_EQ(FindUser(file, "AAA111"), 0);
+  EXPECT_EQ(FindUser(file, std::string_view("AAA111\0", 7)), 1);
+}
+
 TEST(BuscarPlaca, TornUserIsNoUserYet) {
   EXPECT_EQ(FindUser(UserField("AAA111") + "BBB222" + Blanks(14), "BBB222"), 0);
 }

@@ -103,6 +103,19 @@ TEST(Moneda, MissingFileIsMadeInSilence) {
   EXPECT_EQ(station.Disk.Get(kDvs), "$\r\n");
 }
 
+TEST(Moneda, ReadOnlyFileIsReplaced) {
+  MemoryStation station;
+  station.Disk.Put(kDvs, "COP\r\n");
+  station.Start();
+  station.Disk.SetReadOnly(kDvs);
+  ASSERT_EQ(station.Disk.Replace(kDvs, "").Error(), EACCES);
+  station.Form.Form6.TxtMoneda.SetText("US$"_w);
+  station.Form.Form6.TxtMoneda.Tag = "1"_w;
+  station.Form.CopiarMoneda();
+  EXPECT_EQ(station.Form.Moneda, "US$"_w);
+  EXPECT_EQ(station.Disk.Get(kDvs), "US$\r\n");
+}
+
 TEST(Servidor, ThatCannotBeReadIsToldAndStaysWhatItIs) {
   MemoryStation station;
   station.Disk.Put("Objetos\\Servidor.INI", "/mnt/porteria\r\n");
