@@ -13,6 +13,7 @@ namespace {
 void Install(const vintoral::test::TempFolder& folder) {
   folder.Put("home/Desktop/Vintoral.desktop", "[Desktop Entry]\n");
   folder.Put("run/.keep", "");
+  folder.Put("station/Recursos/Vintoral.RLD", "");  // starts beside a station that runs on this machine
   qputenv("HOME", folder.Path("home").c_str());
   qputenv("XDG_RUNTIME_DIR", folder.Path("run").c_str());
   qputenv("QT_QPA_PLATFORM", "offscreen");

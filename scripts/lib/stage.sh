@@ -21,6 +21,8 @@ stage_begin() {
   mkdir -p "$stage/home/Desktop" "$stage/home/.config/openbox" "$stage/run"
   chmod 700 "$stage/run"
   scripts/install-data "$station"
+  # It starts beside a station that runs on this machine.
+  mkdir -p "$station/Recursos" && touch "$station/Recursos/Vintoral.RLD"
   # Boxes keep their title; the station has the whole screen.
   cat >"$stage/home/.config/openbox/rc.xml" <<'XML'
 <openbox_config xmlns="http://openbox.org/3.4/rc">

@@ -94,7 +94,7 @@ std::optional<Moment> MomentOfStamp(std::string_view stamp) {
 }
 
 std::optional<Moment> ParseDateTime(std::string_view text) {
-  text = TrimView(text);
+  text = TrimBlanks(text);
   std::size_t at = 0;
   std::array<int, 6> parts{};
   constexpr std::array<char, 6> kAfter = {'/', '/', ' ', ':', ':', '\0'};

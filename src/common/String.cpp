@@ -47,10 +47,6 @@ String Mapped(std::string_view text, const std::array<char, 256>& table) {
   return String(std::move(result));
 }
 
-bool IsFiller(char byte) {
-  return byte == ' ' || byte == '\0';
-}
-
 void AppendUtf8(std::string& out, char32_t codePoint) {
   const auto put = [&](char32_t value) { out += static_cast<char>(static_cast<unsigned char>(value)); };
   if (codePoint < 0x80) {
@@ -89,21 +85,13 @@ std::string String::ToUtf8() const {
   return utf8;
 }
 
-std::string_view TrimView(std::string_view text) {
-  while (!text.empty() && IsFiller(text.front()))
-    text.remove_prefix(1);
-  while (!text.empty() && IsFiller(text.back()))
-    text.remove_suffix(1);
-  return text;
-}
-
-String Trim(std::string_view text) {
-  return String(TrimView(text));
-}
-
 std::string_view TrimBlanks(std::string_view text) {
   text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
   return text.substr(0, text.find_last_not_of(' ') + 1);
+}
+
+String Trim(std::string_view text) {
+  return String(TrimBlanks(text));
 }
 
 String TrimRight(std::string_view text) {

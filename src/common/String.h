@@ -52,13 +52,11 @@ class String {
   std::string bytes_;
 };
 
-/// Without the blanks (and the zero bytes that a torn register may hold) at both ends.
-std::string_view TrimView(std::string_view text);
-String Trim(std::string_view text);
-/// Without the blanks at both ends, and nothing else: for text that was typed, where a zero byte is a
-/// character.
+/// Without the blanks at both ends, and nothing else: a zero byte is a character, in a register as in a
+/// table, so that a name that ends in one is the same name in both.
 std::string_view TrimBlanks(std::string_view text);
-/// Without the blanks at the end, and nothing else.
+String Trim(std::string_view text);
+/// Without the blanks at the end.
 String TrimRight(std::string_view text);
 /// Capitals, the accented letters of Windows-1252 included.
 String Upper(std::string_view text);

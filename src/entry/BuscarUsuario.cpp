@@ -11,10 +11,9 @@ namespace {
 bool PlacaAdentro(Form1& form, const String& placa) {
   const Register<RegistroFicha> act(form.Devices().disk, form.RutaCompartida("Vintoral.ACT"),
                                     OpenMode::kRead);
-  act.Opened().PassOver();
-  const std::int64_t slot = act ? BuscarPlacaDentro(act, placa, form.TotalFichas) : 0;
+  const std::int64_t slot = BuscarPlacaDentro(act, placa, form.TotalFichas).PassOver().value_or(0);
   if (slot == 0) return false;
-  if (const std::optional<RegistroFicha> record = act.Read(slot)) form.FichaActual = *record;
+  if (const std::optional<RegistroFicha> record = act.Read(slot).PassOver()) form.FichaActual = *record;
   return true;
 }
 
@@ -65,18 +64,15 @@ bool Form1::BuscarUsuario(std::int32_t enFormulario) {
   }
   const Register<RegistroUsuario> usuarios(platform_.disk, RutaCompartida("Vintoral.USR"), OpenMode::kRead);
   // With the users out of reach the next free number is unknown: a guess would be somebody else's.
-  if (!usuarios && !usuarios.Missing()) {
-    usuarios.Opened().PassOver();
-    return false;
-  }
-  const std::int64_t count = usuarios.Count();
-  NumeroUsuario = static_cast<std::int32_t>(count + 1);
+  const std::optional<std::int64_t> count = usuarios.Missing() ? 0 : usuarios.Count().PassOver();
+  if (!count) return false;
+  NumeroUsuario = static_cast<std::int32_t>(*count + 1);
   PuntosAcumulados = 0;
-  if (count == 0) return false;
+  if (*count == 0) return false;
 
   platform_.screen.Busy(true);
-  const std::int64_t found = BuscarPlaca(usuarios, placa);
-  const std::optional<RegistroUsuario> usuario = usuarios.Read(found);
+  const std::int64_t found = BuscarPlaca(usuarios, placa).PassOver().value_or(0);
+  const std::optional<RegistroUsuario> usuario = found > 0 ? usuarios.Read(found).PassOver() : std::nullopt;
   if (usuario) TomarUsuario(*this, static_cast<std::int32_t>(found), *usuario);
   if (usuario && found != enFormulario) LlenarFormulario(*this);
   if (usuario) UsuarioEnFormulario = NumeroUsuario;

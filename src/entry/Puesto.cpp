@@ -13,11 +13,8 @@ std::int64_t NumeroDeFicha(const Form1& form) {
 std::optional<RegistroFicha> LeerPuesto(Form1& form, std::int64_t numero) {
   const Register<RegistroFicha> act(form.Devices().disk, form.RutaCompartida("Vintoral.ACT"),
                                     OpenMode::kRead);
-  const std::optional<RegistroFicha> puesto = act.Read(numero);
-  if (!puesto) {
-    act.Opened().PassOver();
-    form.TmrConexion.SetInterval(100);
-  }
+  const std::optional<RegistroFicha> puesto = act.Read(numero).PassOver();
+  if (!puesto) form.BuscarEnlaceYa();
   return puesto;
 }
 

@@ -6,7 +6,7 @@ namespace vintoral {
 bool Form1::RegistrarHistorial() {
   Register<RegistroFicha> hst(platform_.disk, RutaCompartida("Vintoral.HST"), OpenMode::kReadWrite);
   if (hst.Missing()) {
-    TmrConexion.SetInterval(100);
+    BuscarEnlaceYa();
     return true;
   }
   FichaActual.EnUso = true;

@@ -56,12 +56,11 @@ void AnotarSalida(Form1& form, std::int64_t numero) {
 /// The slot as it was before; nothing when it stays as it is, because it or the history can't be written.
 std::optional<RegistroFicha> LiberarPuesto(Form1& form, std::int64_t numero) {
   Register<RegistroFicha> act(form.Devices().disk, form.RutaCompartida("Vintoral.ACT"), OpenMode::kReadWrite);
-  const std::optional<RegistroFicha> puesto = act ? act.Read(numero) : std::nullopt;
+  const std::optional<RegistroFicha> puesto = act.Read(numero).PassOver();
   // Without the slot, or without room for the history row, the ficha stays inside and on display: to free it
   // now would lose the money that goes with it.
   if (!puesto || !ReservarHistorial(form)) {
-    act.Opened().PassOver();
-    form.TmrConexion.SetInterval(100);
+    form.BuscarEnlaceYa();
     return std::nullopt;
   }
   form.FichaActual = *puesto;
@@ -74,11 +73,11 @@ std::optional<RegistroFicha> LiberarPuesto(Form1& form, std::int64_t numero) {
 
 /// Puts a ficha back inside whose row could not be written.
 void DevolverPuesto(Form1& form, std::int64_t numero, const RegistroFicha& puesto) {
-  form.TmrConexion.SetInterval(100);
+  form.BuscarEnlaceYa();
   form.FichaActual = puesto;
   Register<RegistroFicha> act(form.Devices().disk, form.RutaCompartida("Vintoral.ACT"), OpenMode::kReadWrite);
-  const std::optional<RegistroFicha> ahora = act ? act.Read(numero) : std::nullopt;
-  if (!ahora) return act.Opened().PassOver();
+  const std::optional<RegistroFicha> ahora = act.Read(numero).PassOver();
+  if (!ahora) return;
   // Nothing to give back where another gate freed the slot, or has filled it since.
   if (puesto.EnUso && !ahora->EnUso) act.Write(numero, puesto, true).PassOver();
 }
@@ -100,12 +99,9 @@ void Form1::RetirarFicha() {
   FijarValor(*this);
   const bool confirmada =
       Preguntar("Vintoral - Confirmar Ficha"_w, "¿Desea realmente retirar la ficha actual?"_w, Answer::kYes);
-  if (!confirmada) {
-    Form_KeyDown(27, 0);
-    return;
-  }
+  if (!confirmada) return Cancelar();
   if (ConfirmacionVencida(*this)) {
-    Form_KeyDown(27, 0);
+    Cancelar();
     return MidiWav("Sonidos\\Vintoral-7.wav");
   }
   TmrHoraFecha.SetEnabled(false);

@@ -1,18 +1,18 @@
 #include "common/TextoUtf8.h"
 #include "records/LineaTexto.h"
+#include "station/form1/Archivos.h"
 #include "station/form1/Form1.h"
 
 namespace vintoral {
 
 bool Form1::CargarServidor() {
-  const std::string_view file = "Objetos\\Servidor.INI";
   Disk& disk = platform_.disk;
   String ruta;
-  if (disk.Exists(file)) {
-    const std::optional<String> text = disk.ReadAll(file);
+  if (disk.Exists(archivo::kServidor)) {
+    const std::optional<String> text = disk.ReadAll(archivo::kServidor).PassOver();
     if (!text && !NumeroPorteria.Empty()) return true;  // unreadable for the moment: it stays what it is
     ruta = UTF8toANSI(Trim(PrimeraLinea(text.value_or(String()))));
-  } else if (const Outcome written = disk.Replace(file, "\r\n"); !written) {
+  } else if (const Outcome written = disk.Replace(archivo::kServidor, "\r\n"); !written) {
     written.PassOver();
     Detener(ProtegidaContraEscritura());
     return false;

@@ -4,7 +4,7 @@ namespace vintoral {
 
 bool Form1::HayConexion() {
   if (platform_.disk.Exists(RutaCompartida("Vintoral.ACT"))) return true;
-  TmrConexion.SetInterval(100);
+  BuscarEnlaceYa();
   return false;
 }
 

@@ -1,6 +1,8 @@
 // The watch of the shared folder: connecting and connected, at any time of the day.
 #include "records/Register.h"
 #include "station/form1/Form1.h"
+#include "station/form1/Sonidos.h"
+#include "station/forms/Keys.h"
 
 namespace vintoral {
 namespace {
@@ -18,35 +20,36 @@ void EstadoConexion(Form1& form, bool conectado) {
 void RecortarHistorial(const Form1& form) {
   Disk& disk = form.Devices().disk;
   const String path = form.RutaCompartida("Vintoral.HST");
-  if (!Register<RegistroFicha>(disk, path, OpenMode::kRead).EndsInACutRow()) return;
+  const Register<RegistroFicha> hst(disk, path, OpenMode::kRead);
+  if (hst.Missing() || !hst.EndsInACutRow().PassOver().value_or(false)) return;
   Register<RegistroFicha>(disk, path, OpenMode::kReadWrite).DropCutRow().PassOver();
 }
 
 }  // namespace
 
 void Form1::TmrConexion_Timer() {
-  constexpr int kConnecting = 3000, kConnected = 10000;
+  constexpr int kConnected = 10000;
   const Color bar = LblConexion[0].BackColor;
   if (platform_.disk.Exists(RutaCompartida("Vintoral.ACT"))) {
     // Not the interval alone: an operation that missed ACT meanwhile has shortened it.
-    const bool connects = TmrConexion.Interval() == kConnecting || bar == kLightRed;
+    const bool connects = TmrConexion.Interval() == kConnectingInterval || bar == kLightRed;
     TmrConexion.SetInterval(kConnected);
     if (connects) {
       TmrHoraFecha.SetEnabled(true);
       TmrMonitor.SetEnabled(true);
       if (!etiquetasLeidas_) CargarEtiquetas();
       RecortarHistorial(*this);
-      Form_KeyDown('W', 4);
+      Form_KeyDown('W', keys::kAlt);
     }
     if (bar == kLightRed) EstadoConexion(*this, true);
     return;
   }
-  TmrConexion.SetInterval(kConnecting);
+  TmrConexion.SetInterval(kConnectingInterval);
   TmrHoraFecha.SetEnabled(false);
   TmrMonitor.SetEnabled(false);
   if (!CargarServidor()) return;
   if (bar == kLightGreen) EstadoConexion(*this, false);
-  MidiWav("Sonidos\\Vintoral-1.wav");
+  MidiWav(sonido::kConectando);
 }
 
 }  // namespace vintoral

@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <cerrno>
 
+#include "platform/PosixFile.h"
+
 namespace vintoral {
 namespace {
 
@@ -47,6 +49,17 @@ std::string Quoted(const std::string& argument) {
   return result + "\"";
 }
 
+/// Makes `folder` with the folders above it, those that are missing.
+Outcome MakeFolders(const std::string& folder) {
+  std::size_t end = 0;
+  do {
+    end = folder.find('/', end + 1);
+    const std::string part = folder.substr(0, end);
+    if (mkdir(part.c_str(), 0777) != 0 && errno != EEXIST) return Outcome::Failed("make folder", part, errno);
+  } while (end != std::string::npos);
+  return Outcome::Done();
+}
+
 std::string WithSlashes(std::string path) {
   std::replace(path.begin(), path.end(), '\\', '/');
   return path;
@@ -73,15 +86,17 @@ std::string DesktopEntryText(const DesktopEntry& entry) {
 }
 
 Outcome WriteDesktopEntry(const std::string& desktop, const DesktopEntry& entry) {
-  const std::string file = DesktopEntryFile(desktop, entry.name);
-  const std::string text = DesktopEntryText(entry);
-  const int descriptor = open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0755);
-  if (descriptor < 0) return Outcome::Failed("create", file, errno);
-  const ssize_t written = write(descriptor, text.data(), text.size());
-  const int error = written == static_cast<ssize_t>(text.size()) ? 0 : errno;
-  if (close(descriptor) == 0 && error == 0) return Outcome::Done();
-  unlink(file.c_str());
-  return Outcome::Failed("write", file, error);
+  Outcome made = MakeFolders(desktop);
+  if (!made) return made;
+  const std::string path = DesktopEntryFile(desktop, entry.name);
+  const int descriptor = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0755);
+  if (descriptor < 0) return Outcome::Failed("create", path, errno);
+  PendingSyncs none;
+  PosixFile file(descriptor, path, desktop, none);
+  const Outcome written = file.WriteAt(0, DesktopEntryText(entry));
+  const Outcome synced = written ? file.Sync() : written;
+  if (!synced) unlink(path.c_str());
+  return synced;
 }
 
 }  // namespace vintoral

@@ -21,7 +21,8 @@ struct DesktopEntry {
 std::string DesktopEntryFile(const std::string& desktop, const std::string& name);
 bool DesktopEntryExists(const std::string& desktop, const std::string& name);
 std::string DesktopEntryText(const DesktopEntry& entry);
-/// Writes the entry and marks it executable, as desktops ask of a trusted one.
+/// Writes the entry and marks it executable, as desktops ask of a trusted one. A user who has never had a
+/// desktop gets its folder. A file that is there already is left alone.
 Outcome WriteDesktopEntry(const std::string& desktop, const DesktopEntry& entry);
 
 }  // namespace vintoral

@@ -1,8 +1,4 @@
 // What the station asks the system about a file.
-//
-// Its times are left out on purpose. A system with fine time stamps (Linux from 6.13) remembers that somebody
-// has seen them and stamps the next write apart from it, and then each sync has one block more to write. The
-// registers are looked at before every write.
 #pragma once
 
 #include <cstdint>
@@ -11,6 +7,8 @@
 
 namespace vintoral {
 
+/// Without its times. From Linux 6.13 on, a file whose times somebody has read gets a new one with its next
+/// write, and its inode must be synced with the data; the registers are looked at before every write.
 struct FileStatus {
   unsigned mode = 0;  ///< kind and permissions, as S_ISREG and chmod take them
   std::uint64_t inode = 0;
@@ -20,13 +18,15 @@ struct FileStatus {
 
   bool IsFile() const;
   bool IsFolder() const;
+
+  friend bool operator==(const FileStatus&, const FileStatus&) = default;
 };
 
-/// Nothing, with errno set, when it is missing or the system failed. Links are followed. As the server has it
-/// now: a mount may remember what another gate has changed since, or a server that is gone.
+/// Nothing, with errno set, when the file is missing or the system failed. Links are followed. A mount asks
+/// its server anew: what it remembers may have been changed by another gate since, or the server may be gone.
 std::optional<FileStatus> StatusOf(const std::string& path);
 std::optional<FileStatus> StatusOf(int descriptor);
-/// The same, but from the mount's memory where it has one: enough for what doesn't change.
+/// The same, but a mount may answer from memory: enough for the kind of a file, which doesn't change.
 std::optional<FileStatus> RememberedStatusOf(int descriptor);
 
 }  // namespace vintoral

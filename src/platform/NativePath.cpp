@@ -56,6 +56,11 @@ std::string NativePath(std::string_view stationPath) {
   return path;
 }
 
+std::string FolderOf(const std::string& path) {
+  const std::size_t slash = path.rfind('/');
+  return slash == 0 || slash == std::string::npos ? "/" : path.substr(0, slash);
+}
+
 String StationName(std::string_view nativeName) {
   return IsUtf8(nativeName) ? String::FromUtf8(nativeName) : String(nativeName);
 }

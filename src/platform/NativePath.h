@@ -12,6 +12,9 @@ namespace vintoral {
 /// Pure: looks at no disk. A text with a zero byte names nothing and gives "".
 std::string NativePath(std::string_view stationPath);
 
+/// The folder that holds the file at an absolute `path`; "/" for what lies in it.
+std::string FolderOf(const std::string& path);
+
 /// A file name of this system as station text. Names that are no UTF-8 come from a folder that another system
 /// wrote, and are Windows-1252 already.
 String StationName(std::string_view nativeName);

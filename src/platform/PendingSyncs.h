@@ -1,7 +1,10 @@
 // Syncs that are waited for together.
 #pragma once
 
+#include <cstdint>
+#include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "common/Outcome.h"
@@ -10,8 +13,8 @@
 
 namespace vintoral {
 
-/// Syncs that are waited for together, and no more of each than the disk lacks: a slot that is written over
-/// and the row that is appended with it cost one sync.
+/// The files of one fact, synced together. A flush empties the disk's write cache of all files, so a register
+/// that is known to be written in place has its data sent to the disk and leaves the flush to the last file.
 class PendingSyncs {
  public:
   explicit PendingSyncs(SyncCalls& calls = SyncCalls::System()) : calls_(calls) {}
@@ -21,37 +24,32 @@ class PendingSyncs {
 
   void Begin() { ++depth_; }
   bool Waiting() const { return depth_ > 0; }
-  /// Notes the file, which stays open until then, and sends it on its way to the disk.
+  /// Notes a file, which stays open until End, and begins to write its data.
   void Add(SharedDescriptor file, const std::string& path);
-  /// Returns when all that were added since the outermost Begin are on disk; the first failure where there is
-  /// one.
+  /// Returns when all that were added since the outermost Begin would survive a power cut; the first failure
+  /// where there is one.
   Outcome End();
-  /// Syncs the data of one file, and the length that goes with it.
+  /// The same for one file, at once.
   Outcome SyncNow(const Descriptor& file, const std::string& path);
 
  private:
   struct File {
     SharedDescriptor open;
     std::string path;
-    FileFacts facts;
-    int started;  ///< what the head start answered
   };
-  struct Settled {
-    FileFacts facts;
-    Place place;
-  };
+  /// Device and inode.
+  using Identity = std::pair<std::uint64_t, std::uint64_t>;
+  static Identity IdentityOf(const FileStatus& status) { return {status.device, status.inode}; }
+
   Outcome Wait();
-  /// 0 when only a flush stands between `file` and the disk; ENOSYS when it takes a whole sync.
-  int Arrive(const File& file);
-  Outcome Flush(const File& file);
-  Place PlaceOf(const FileFacts& facts) const;
-  Outcome Sync(int descriptor, const std::string& path, const FileFacts& facts);
-  Outcome Sync(const File& file) { return Sync(file.open->Number(), file.path, file.facts); }
-  void Settle(int descriptor, const FileFacts& facts);
+  /// Whether `file` would survive a power cut once its data have arrived and `last` has been synced.
+  bool LeavesFlushTo(const File& last, const File& file) const;
+  Outcome Sync(const File& file) { return SyncNow(*file.open, file.path); }
 
   SyncCalls& calls_;
   std::vector<File> files_;
-  std::vector<Settled> settled_;  ///< files that a whole sync has put on disk, the latest last
+  Outcome started_ = Outcome::Done();       ///< the first failure to begin
+  std::map<Identity, FileStatus> inPlace_;  ///< files that are written in place while they stay like this
   int depth_ = 0;
 };
 

@@ -14,47 +14,26 @@
 #include <cstddef>
 #include <new>
 #include <span>
-#include <string_view>
-
-#include "platform/FileStatus.h"
 
 namespace vintoral {
 namespace {
 
-/// The name that the system gives to an ext4 file system in /sys/fs/ext4; "" when it can't be found.
-std::string NameOf(std::uint64_t device) {
-  const std::string link =
-      "/sys/dev/block/" + std::to_string(device >> 32) + ":" + std::to_string(device & 0xFFFF'FFFF);
-  std::array<char, 256> target;
-  const ssize_t length = readlink(link.c_str(), target.data(), target.size());
-  if (length <= 0) return {};
-  const std::string_view path(target.data(), static_cast<std::size_t>(length));
-  return std::string(path.substr(path.rfind('/') + 1));
-}
-
-/// With a journal the sync of a folder waits for the journal alone, and flushes nothing when that has nothing
-/// to write.
-bool HasNoJournal(std::uint64_t device) {
-  const std::string path = "/sys/fs/ext4/" + NameOf(device) + "/journal_task";
-  const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
-  if (descriptor < 0) return false;
-  constexpr std::string_view kNone = "<none>";
-  std::array<char, kNone.size()> name;
-  const ssize_t length = read(descriptor, name.data(), name.size());
-  close(descriptor);
-  return length == static_cast<ssize_t>(name.size()) && std::string_view(name.data(), name.size()) == kNone;
-}
-
-/// As many pieces as are asked for at once; a register lies in few.
+/// As many extents as are asked for at once; a register has few.
 constexpr unsigned kExtents = 64;
 
+bool IsExt4(int descriptor) {
+  struct statfs system {};
+  return fstatfs(descriptor, &system) == 0 && system.f_type == EXT4_SUPER_MAGIC;
+}
+
+/// Any other flag stands for data that are not yet where they will lie.
 bool PlainlyWritten(const fiemap_extent& extent) {
   constexpr unsigned kPlain = FIEMAP_EXTENT_LAST | FIEMAP_EXTENT_MERGED;
   return (extent.fe_flags & ~kPlain) == 0;
 }
 
-/// No holes, and no room that was only set aside: filling such changes more than the data.
-bool LiesWritten(int descriptor, std::uint64_t length) {
+/// Whether the extent map has written extents from the first byte to `length`, without a gap.
+bool ExtentsReach(int descriptor, std::uint64_t length) {
   // The system's structure ends in an array of any length.
   alignas(fiemap) std::array<std::byte, sizeof(fiemap) + kExtents * sizeof(fiemap_extent)> room{};
   fiemap& map = *std::launder(reinterpret_cast<fiemap*>(room.data()));
@@ -90,27 +69,10 @@ class LinuxCalls final : public SyncCalls {
     return sync_file_range(descriptor, 0, 0, kAll) == 0 ? 0 : errno;
   }
 
-  int SyncFolderOf(const std::string& path, std::uint64_t device) override {
-    const std::string folder = path.substr(0, path.rfind('/') + 1);
-    const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor < 0) return ENOSYS;
-    const std::optional<FileStatus> status = StatusOf(descriptor);
-    const int error = status && status->device == device ? Sync(descriptor) : ENOSYS;
-    close(descriptor);
-    return error;
-  }
+  std::optional<FileStatus> Status(int descriptor) override { return StatusOf(descriptor); }
 
-  FileFacts Facts(int descriptor) override {
-    const std::optional<FileStatus> file = StatusOf(descriptor);
-    if (!file) return {};
-    return {.device = file->device, .inode = file->inode, .length = file->length, .blocks = file->blocks};
-  }
-
-  Place PlaceOf(int descriptor, const FileFacts& facts) override {
-    struct statfs system {};
-    const bool known = fstatfs(descriptor, &system) == 0 && system.f_type == EXT4_SUPER_MAGIC;
-    if (!known || !LiesWritten(descriptor, facts.length)) return Place::kUnknown;
-    return HasNoJournal(facts.device) ? Place::kFixedWithoutJournal : Place::kFixed;
+  bool WritesInPlace(int descriptor, std::uint64_t length) override {
+    return IsExt4(descriptor) && ExtentsReach(descriptor, length);
   }
 };
 

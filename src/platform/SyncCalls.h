@@ -1,48 +1,28 @@
 // The calls of the system that syncing is made of.
 #pragma once
 
-#include <cstdint>
-#include <string>
+#include <optional>
+
+#include "platform/FileStatus.h"
 
 namespace vintoral {
 
-/// What tells one file from another, and from what it was.
-struct FileFacts {
-  std::uint64_t device = 0;
-  std::uint64_t inode = 0;
-  std::uint64_t length = 0;  ///< bytes
-  std::uint64_t blocks = 0;  ///< of 512 bytes on the disk
-
-  friend bool operator==(const FileFacts&, const FileFacts&) = default;
-};
-
-/// Where a write over a file's bytes goes.
-enum class Place {
-  kUnknown,
-  /// To where they lie: each of them has its place on the disk and has been written there. The sync of a
-  /// regular file flushes the disk's own memory.
-  kFixed,
-  /// The same, and so does the sync of a folder.
-  kFixedWithoutJournal,
-};
-
-/// Each answers 0 or the system's errno, if not told otherwise.
+/// Each that gives an int answers 0 or the system's errno.
 class SyncCalls {
  public:
   virtual ~SyncCalls() = default;
-  /// Data and length are on disk when this returns.
+  /// Returns when data and length would survive a power cut.
   virtual int Sync(int descriptor) = 0;
-  /// Sends the data on their way without waiting: no promise, only a head start. Its failure is told once:
-  /// the sync that follows may find nothing left to write.
+  /// Begins to write the data without waiting. A failed write is reported here or by AwaitData, and not once
+  /// more by the sync that follows.
   virtual int Start(int descriptor) = 0;
-  /// Returns when the data have reached the disk, though perhaps only its memory.
+  /// Returns when the disk has the data, though perhaps only in its write cache.
   virtual int AwaitData(int descriptor) = 0;
-  /// Syncs the folder that holds the file at `path`. ENOSYS when that can't be had, or isn't on the disk
-  /// `device`.
-  virtual int SyncFolderOf(const std::string& path, std::uint64_t device) = 0;
-  /// All zero where the system can't say.
-  virtual FileFacts Facts(int descriptor) = 0;
-  virtual Place PlaceOf(int descriptor, const FileFacts& facts) = 0;
+  /// Nothing where the system can't say.
+  virtual std::optional<FileStatus> Status(int descriptor) = 0;
+  /// Whether writing over the first `length` bytes changes nothing on the disk but them, and the sync of any
+  /// file flushes the disk's write cache. True on ext4 for a file without holes or unwritten extents.
+  virtual bool WritesInPlace(int descriptor, std::uint64_t length) = 0;
 
   /// This system's own.
   static SyncCalls& System();

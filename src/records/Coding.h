@@ -99,6 +99,24 @@ constexpr bool IsGapless(const Layout& layout, std::size_t size) {
   return joined && end == size;
 }
 
+/// Where a field begins, for what looks at one field of very many records. A layout that lacks it doesn't
+/// compile.
+template <class Layout, class Record, class Type>
+consteval std::size_t OffsetOf(const Layout& layout, Type Record::*member) {
+  std::size_t offset = 0;
+  bool found = false;
+  const auto look = [&]<class Other>(const Field<Record, Other>& field) {
+    if constexpr (std::is_same_v<Other, Type>) {
+      if (field.member != member) return;
+      offset = field.offset;
+      found = true;
+    }
+  };
+  std::apply([&](const auto&... field) { (look(field), ...); }, layout);
+  if (!found) throw "the layout has no such field";
+  return offset;
+}
+
 template <class Record, class Layout>
 void Read(const Layout& layout, const char* bytes, Record& record) {
   const auto one = [&]<class Type>(const Field<Record, Type>& field) {

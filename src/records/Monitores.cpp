@@ -4,11 +4,13 @@
 #include <optional>
 #include <string_view>
 
+#include "records/LayoutFicha.h"
+
 namespace vintoral {
 namespace {
 
 constexpr std::string_view kNoExit = "??";
-constexpr std::size_t kExitGateOffset = 168;
+constexpr std::size_t kExitGateOffset = coding::OffsetOf(kLayoutFicha, &RegistroFicha::PorteriaSalida);
 constexpr std::int64_t kSecond = 1000;
 constexpr std::int64_t kMinute = 60 * kSecond;
 constexpr std::int64_t kDay = kMinute * 60 * 24;
@@ -37,30 +39,30 @@ bool ElapsedToday(std::string_view stamp, Moment now, int minutes) {
 }  // namespace
 
 bool EstaDentro(const RegistroFicha& ficha) {
-  return TrimView(ficha.PorteriaSalida.View()) == kNoExit;
+  return TrimBlanks(ficha.PorteriaSalida.View()) == kNoExit;
 }
 
 bool EstaDentro(std::span<const char, RegistroFicha::kSize> bytes) {
   return std::string_view(bytes.data() + kExitGateOffset, kNoExit.size()) == kNoExit;
 }
 
-bool EntroHace(const RegistroFicha& ficha, Moment now, int minutos) {
-  const std::optional<std::int64_t> time = TimeToday(ficha.MarcaEntrada.View(), now);
+bool EntroHace(const RegistroFicha& ficha, Moment ahora, int minutos) {
+  const std::optional<std::int64_t> time = TimeToday(ficha.MarcaEntrada.View(), ahora);
   if (!time) return false;
-  const std::int64_t earliest = (TimeOfDay(now) - minutos * kMinute) % kDay;
+  const std::int64_t earliest = (TimeOfDay(ahora) - minutos * kMinute) % kDay;
   return (earliest < 0 ? earliest + kDay : earliest) <= *time;
 }
 
-bool PermaneceDesde(const RegistroFicha& ficha, Moment now, int minutos) {
-  return ElapsedToday(ficha.MarcaEntrada.View(), now, minutos);
+bool PermaneceDesde(const RegistroFicha& ficha, Moment ahora, int minutos) {
+  return ElapsedToday(ficha.MarcaEntrada.View(), ahora, minutos);
 }
 
-bool SalioHace(const RegistroFicha& ficha, Moment now, int minutos) {
-  return ElapsedToday(ficha.MarcaSalida.View(), now, minutos);
+bool SalioHace(const RegistroFicha& ficha, Moment ahora, int minutos) {
+  return ElapsedToday(ficha.MarcaSalida.View(), ahora, minutos);
 }
 
-bool SalioHoy(const RegistroFicha& ficha, Moment now) {
-  return StampDate(ficha.MarcaSalida.View()) == DateText(now);
+bool SalioHoy(const RegistroFicha& ficha, Moment ahora) {
+  return StampDate(ficha.MarcaSalida.View()) == DateText(ahora);
 }
 
 }  // namespace vintoral

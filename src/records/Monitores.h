@@ -16,13 +16,13 @@ bool EstaDentro(std::span<const char, RegistroFicha::kSize> bytes);
 
 /// "ULTIMOS EN INGRESAR": came in today, and not before the time of day that was `minutos` ago. Shortly after
 /// midnight that is a late hour, which no entry of today has reached.
-bool EntroHace(const RegistroFicha& ficha, Moment now, int minutos);
+bool EntroHace(const RegistroFicha& ficha, Moment ahora, int minutos);
 /// "TIEMPO DE PERMANENCIA": came in today, at least `minutos` ago.
-bool PermaneceDesde(const RegistroFicha& ficha, Moment now, int minutos);
+bool PermaneceDesde(const RegistroFicha& ficha, Moment ahora, int minutos);
 /// "ULTIMOS EN SALIR": left today, at least `minutos` ago.
-bool SalioHace(const RegistroFicha& ficha, Moment now, int minutos);
-/// Left on the day of `now`: the walk over HST, latest first, goes on while this holds. The date alone
+bool SalioHace(const RegistroFicha& ficha, Moment ahora, int minutos);
+/// Left on the day of `ahora`: the walk over HST, latest first, goes on while this holds. The date alone
 /// counts, so a damaged time doesn't end the walk.
-bool SalioHoy(const RegistroFicha& ficha, Moment now);
+bool SalioHoy(const RegistroFicha& ficha, Moment ahora);
 
 }  // namespace vintoral

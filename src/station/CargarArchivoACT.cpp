@@ -24,12 +24,14 @@ void Form1::CargarArchivoACT() {
   if (!act) return;
   const Moment now = platform_.clock.Now();
   LiberarMemoria();
-  act.WalkBytes(1, TotalFichas, [&](std::int64_t, std::span<const char, RegistroFicha::kSize> bytes) {
+  VistaFichas.reserve(static_cast<std::size_t>(TotalFichas));
+  const auto take = [&](std::int64_t, std::span<const char, RegistroFicha::kSize> bytes) {
     if (!EstaDentro(bytes)) return true;
     const RegistroFicha record = RegistroFicha::Decode(bytes);
     if (IsListed(*this, record, now)) VistaFichas.push_back(record);
     return true;
-  });
+  };
+  act.WalkBytes(1, TotalFichas, take).PassOver();
 }
 
 }  // namespace vintoral

@@ -10,7 +10,7 @@ void Form1::CargarDatosCall() {
   RegistrosDePiezas pieces;
   for (std::size_t i = 0; i < pieces.size(); ++i) {
     const auto number = kPrimerRegistroDePiezas + static_cast<std::int64_t>(i);
-    pieces[i] = dat.Read(number).value_or(RegistroMixto{});
+    pieces[i] = dat.Read(number).PassOver().value_or(RegistroMixto{});
   }
   DatosCall = UnirPiezas(pieces);
 }

@@ -19,9 +19,9 @@ void Form1::CargarEtiquetas() {
   EtiquetasActuales = {};
   if (stored) {
     const Register<RegistroEtiquetas> lbl(platform_.disk, path, OpenMode::kRead);
-    const std::optional<RegistroEtiquetas> record = lbl.Read(1);
-    if (!record) return lbl.Opened().PassOver();  // what can't be read must not be written over either
-    if (lbl.Count() >= 1) TomarEtiquetas(*this, *record);
+    const std::optional<RegistroEtiquetas> record = lbl.Read(1).PassOver();
+    if (!record) return;  // what can't be read must not be written over either
+    if (lbl.Count().PassOver().value_or(0) >= 1) TomarEtiquetas(*this, *record);
   }
   etiquetasLeidas_ = stored || platform_.disk.Exists(RutaCompartida("Vintoral.ACT"));
   ImgIndicador[2].Visible = EtiquetasActuales.MemoriaRostros == -1;

@@ -5,13 +5,10 @@
 namespace vintoral {
 
 void Form1::CargarMoneda() {
-  if (const std::optional<String> text = platform_.disk.ReadAll(archivo::kMoneda)) {
-    Moneda = Left(PrimeraLinea(*text), kAnchoMoneda);
-    return;
-  }
-  Moneda = "$"_w;
-  if (platform_.disk.Exists(archivo::kMoneda)) return;  // out of reach for the moment: what it holds stays
-  platform_.disk.Replace(archivo::kMoneda, ConFinDeLinea(Moneda)).PassOver();
+  const Result<String> text = platform_.disk.ReadAll(archivo::kMoneda);
+  Moneda = text ? Left(PrimeraLinea(*text), kAnchoMoneda) : "$"_w;
+  if (text.Why().Missing()) return platform_.disk.Replace(archivo::kMoneda, ConFinDeLinea(Moneda)).PassOver();
+  text.Why().PassOver();  // out of reach for the moment: what it holds stays
 }
 
 }  // namespace vintoral

@@ -11,12 +11,13 @@ void Form1::CargarSalidasHST() {
   const Moment now = platform_.clock.Now();
   const int minutes = MinutosDelMonitor(*this);
   LiberarMemoria();
-  hst.WalkBack(hst.Count(), 1, [&](std::int64_t, const RegistroFicha& record) {
+  const auto take = [&](std::int64_t, const RegistroFicha& record) {
     FichaAuxiliar = record;
     if (!SalioHoy(record, now)) return false;
     if (SalioHace(record, now, minutes)) VistaFichas.push_back(record);
     return true;
-  });
+  };
+  hst.WalkBack(hst.Count().PassOver().value_or(0), 1, take).PassOver();
 }
 
 }  // namespace vintoral

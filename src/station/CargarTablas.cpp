@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <cerrno>
 #include <iterator>
 #include <tuple>
 
@@ -15,11 +14,8 @@ namespace {
 template <class Take>
 bool Load(Disk& disk, std::string_view file, Take take) {
   if (!disk.Exists(file)) return true;
-  const std::optional<String> bytes = disk.ReadAll(file);
-  if (!bytes) {
-    Outcome::Failed("read", file, EIO).PassOver();
-    return false;
-  }
+  const std::optional<String> bytes = disk.ReadAll(file).PassOver();
+  if (!bytes) return false;
   take(DecodificarLineas(*bytes));
   return true;
 }

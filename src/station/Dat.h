@@ -18,8 +18,8 @@ inline constexpr std::int64_t kEstado = 1, kMarcas = 16;
 /// Nothing where the file holds no such record, whole.
 inline std::optional<RegistroMixto> Read(Disk& disk, std::int64_t number) {
   const Register<RegistroMixto> file(disk, archivo::kEstado, OpenMode::kRead);
-  if (!file.Missing()) file.Opened().PassOver();
-  return file.Count() >= number ? file.Read(number) : std::nullopt;
+  if (file.Missing() || file.Count().PassOver().value_or(0) < number) return std::nullopt;
+  return file.Read(number).PassOver();
 }
 
 /// On disk when this returns; the file is made where it is missing.

@@ -16,7 +16,7 @@ constexpr std::string_view kDefault =
 String Form1::DireccionWeb() {
   Disk& disk = platform_.disk;
   if (!disk.Exists(archivo::kWeb)) disk.Replace(archivo::kWeb, kDefault).PassOver();
-  const std::optional<String> text = disk.ReadAll(archivo::kWeb);
+  const std::optional<String> text = disk.ReadAll(archivo::kWeb).PassOver();
   const std::optional<String> address = text ? Ajuste(*text, kName) : std::nullopt;
   return address.value_or(Ajuste(kDefault, kName).value_or(String()));
 }

@@ -18,11 +18,11 @@ namespace {
 class Desktop : public testing::Test {
  protected:
   Desktop() {
-    qputenv("XDG_RUNTIME_DIR", folder_.Path().c_str());
     qputenv("HOME", folder_.Path("home").c_str());
     qunsetenv("XDG_CONFIG_HOME");
   }
   TempFolder folder_;
+  const std::string lock_ = folder_.Path("lock");
 };
 
 std::string FileOf(std::string_view path) {
@@ -42,28 +42,38 @@ TEST_F(Desktop, ClockTellsTheLocalTime) {
 }
 
 TEST_F(Desktop, OneStationHoldsTheLock) {
-  DesktopSystem first(FileOf);
+  DesktopSystem first(FileOf, lock_);
   EXPECT_EQ(first.CountInstances(), 1);
   EXPECT_EQ(first.CountInstances(), 1);
-  DesktopSystem second(FileOf);
+  DesktopSystem second(FileOf, lock_);
   EXPECT_EQ(second.CountInstances(), 2);
+}
+
+TEST_F(Desktop, TheLockIsTheUsersWhateverTheEnvironment) {
+  const std::string lock = "/tmp/vintoral-" + std::to_string(getuid()) + ".lock";
+  for (const char* runtime : {"", "/run/user/1000", "/nowhere"}) {
+    qputenv("XDG_RUNTIME_DIR", runtime);
+    qputenv("TMPDIR", runtime);
+    EXPECT_EQ(StationLock(), lock);
+  }
+  qunsetenv("TMPDIR");
 }
 
 TEST_F(Desktop, TheLockGoesWithItsHolder) {
   {
-    DesktopSystem gone(FileOf);
+    DesktopSystem gone(FileOf, lock_);
     EXPECT_EQ(gone.CountInstances(), 1);
   }
-  DesktopSystem next(FileOf);
+  DesktopSystem next(FileOf, lock_);
   EXPECT_EQ(next.CountInstances(), 1);
 }
 
 TEST_F(Desktop, AnotherProcessCounts) {
-  DesktopSystem first(FileOf);
+  DesktopSystem first(FileOf, lock_);
   ASSERT_EQ(first.CountInstances(), 1);
   const pid_t child = fork();
   if (child == 0) {
-    DesktopSystem second(FileOf);
+    DesktopSystem second(FileOf, lock_);
     _exit(second.CountInstances());
   }
   int status = 0;

@@ -16,11 +16,12 @@ class End(unittest.TestCase):
         self.addCleanup(folder.cleanup)
         self.home = pathlib.Path(folder.name)
         self.folder = self.home / "Vintoral"
-        self.folder.mkdir()
+        (self.folder / "Recursos").mkdir(parents=True)
+        (self.folder / "Recursos/Vintoral.RLD").touch()  # starts beside a station that runs on this machine
 
     def start(self, until):
         """Starts the station and returns once it has made the file `until`."""
-        environment = os.environ | {"HOME": str(self.home), "XDG_RUNTIME_DIR": str(self.home), "QT_QPA_PLATFORM": "offscreen"}
+        environment = os.environ | {"HOME": str(self.home), "QT_QPA_PLATFORM": "offscreen"}
         station = subprocess.Popen([STATION], cwd=self.folder, env=environment, stderr=subprocess.DEVNULL)
         self.addCleanup(lambda: station.poll() is None and (station.kill() or station.wait()))
         end = time.monotonic() + 30

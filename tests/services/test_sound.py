@@ -55,7 +55,8 @@ class Heard(unittest.TestCase):
         self.addCleanup(root.cleanup)
         self.root = pathlib.Path(root.name)
         self.folder = self.root / "Vintoral"
-        self.folder.mkdir()
+        (self.folder / "Recursos").mkdir(parents=True)
+        (self.folder / "Recursos/Vintoral.RLD").touch()  # starts beside a station that runs on this machine
         (self.root / "Desktop").mkdir()
         (self.root / "Desktop/Vintoral.desktop").write_text("")  # no welcome to answer
         self.socket = self.root / "sound.socket"

@@ -5,7 +5,6 @@
 #include <unistd.h>
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QProcess>
 #include <QStandardPaths>
 #include <array>
@@ -19,13 +18,6 @@ namespace {
 
 std::string DesktopFolder() {
   return QStandardPaths::writableLocation(QStandardPaths::DesktopLocation).toStdString();
-}
-
-/// One lock a user: the runtime folder is the user's own, /tmp is shared.
-std::string LockFile() {
-  const char* const runtime = std::getenv("XDG_RUNTIME_DIR");
-  if (runtime != nullptr && *runtime == '/') return std::string(runtime) + "/vintoral.lock";
-  return "/tmp/vintoral-" + std::to_string(getuid()) + ".lock";
 }
 
 bool IsWebAddress(std::string_view path) {
@@ -42,12 +34,17 @@ std::string_view OpenedBy(std::string_view command) {
   constexpr std::array<std::string_view, 2> kPrograms = {"Notepad.exe ", "Explorer.exe "};
   for (const std::string_view program : kPrograms) {
     if (EqualNoCase(command.substr(0, program.size()), program))
-      return TrimView(command.substr(program.size()));
+      return TrimBlanks(command.substr(program.size()));
   }
   return {};
 }
 
-DesktopSystem::DesktopSystem(FileOf fileOf) : Start(StartDetached), fileOf_(std::move(fileOf)) {}
+std::string StationLock() {
+  return "/tmp/vintoral-" + std::to_string(getuid()) + ".lock";
+}
+
+DesktopSystem::DesktopSystem(FileOf fileOf, std::string lockFile)
+    : Start(StartDetached), fileOf_(std::move(fileOf)), lockFile_(std::move(lockFile)) {}
 
 DesktopSystem::~DesktopSystem() {
   if (lock_ >= 0) close(lock_);
@@ -55,10 +52,9 @@ DesktopSystem::~DesktopSystem() {
 
 int DesktopSystem::CountInstances() {
   if (lock_ >= 0) return 1;
-  const std::string file = LockFile();
-  const int lock = open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
+  const int lock = open(lockFile_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
   if (lock < 0) {
-    Outcome::Failed("open", file, errno).PassOver();
+    Outcome::Failed("open", lockFile_, errno).PassOver();
     return 1;  // a station that can't tell must not refuse to start
   }
   if (flock(lock, LOCK_EX | LOCK_NB) == 0) {
@@ -75,13 +71,12 @@ bool DesktopSystem::HasShortcut(std::string_view name) {
 }
 
 Outcome DesktopSystem::CreateShortcut(const Shortcut& shortcut) {
-  const std::string desktop = DesktopFolder();
-  if (!QDir().mkpath(QString::fromStdString(desktop))) return Outcome::Failed("make", desktop, EACCES);
   // By way of the disk, which knows the folder by its real name where the station's text can't spell it.
-  return WriteDesktopEntry(desktop, {.name = shortcut.name.ToUtf8(),
-                                     .executable = QCoreApplication::applicationFilePath().toStdString(),
-                                     .workingFolder = fileOf_(shortcut.workingFolder),
-                                     .icon = fileOf_(shortcut.icon)});
+  return WriteDesktopEntry(DesktopFolder(),
+                           {.name = shortcut.name.ToUtf8(),
+                            .executable = QCoreApplication::applicationFilePath().toStdString(),
+                            .workingFolder = fileOf_(shortcut.workingFolder),
+                            .icon = fileOf_(shortcut.icon)});
 }
 
 void DesktopSystem::Launch(std::string_view command) {

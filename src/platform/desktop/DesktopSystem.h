@@ -8,16 +8,20 @@
 
 namespace vintoral {
 
+/// The file that the one station of this user on this machine holds locked. A session's environment has no
+/// say in it: a station started from another one is still a second station.
+std::string StationLock();
+
 class DesktopSystem : public System {
  public:
   using FileOf = std::function<std::string(std::string_view)>;
   /// `fileOf` turns a station path into a path of this system (UTF-8).
-  explicit DesktopSystem(FileOf fileOf);
+  explicit DesktopSystem(FileOf fileOf, std::string lockFile = StationLock());
   DesktopSystem(const DesktopSystem&) = delete;
   DesktopSystem& operator=(const DesktopSystem&) = delete;
   ~DesktopSystem() override;
 
-  /// 1 for the station that holds this user's lock on this machine, 2 for any other.
+  /// 1 for the station that holds the lock, 2 for any other.
   int CountInstances() override;
   bool HasShortcut(std::string_view name) override;
   Outcome CreateShortcut(const Shortcut& shortcut) override;
@@ -30,6 +34,7 @@ class DesktopSystem : public System {
 
  private:
   FileOf fileOf_;
+  std::string lockFile_;
   int lock_ = -1;
 };
 

@@ -31,7 +31,7 @@ void ListField::ShowRows(const std::vector<String>& rows) {
   const QSignalBlocker quiet(this);
   clear();
   for (const String& row : rows)
-    addItem(ToQString(TrimView(row)));
+    addItem(ToQString(TrimBlanks(row)));
 }
 
 void ListField::ShowRow(int index, const QString& text) {

@@ -25,7 +25,7 @@ void View::Sync() {
 }
 
 void View::ShowToolTip() {
-  const QString text = ToQString(TrimView(control_.ToolTipText));
+  const QString text = ToQString(TrimBlanks(control_.ToolTipText));
   // "<F4> Imprimir" would pass for rich text.
   widget_.setToolTip(text.isEmpty()
                          ? QString()

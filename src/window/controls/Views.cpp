@@ -57,7 +57,7 @@ class LabelView : public TypedView<Label, CaptionLabel> {
 
  protected:
   void ShowOwn() override {
-    if (caption_.Changed(model.Caption)) face.ShowCaption(ToQString(TrimView(model.Caption)));
+    if (caption_.Changed(model.Caption)) face.ShowCaption(ToQString(TrimBlanks(model.Caption)));
     if (!ground_.Changed(model.BackColor)) return;
     // White is a label without a colour of its own.
     face.ShowGround(model.BackColor == kWhite ? std::nullopt
@@ -91,7 +91,7 @@ class ComboBoxView : public TypedView<ComboBox, ListField> {
     const bool rows = rows_.Changed(model.List());
     if (rows) face.ShowRows(model.List());
     if (rows | index_.Changed(model.ListIndex()) | text_.Changed(model.Text()))
-      face.ShowRow(model.ListIndex(), ToQString(TrimView(model.Text())));
+      face.ShowRow(model.ListIndex(), ToQString(TrimBlanks(model.Text())));
   }
 
  private:

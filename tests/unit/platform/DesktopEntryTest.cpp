@@ -95,9 +95,17 @@ TEST(DesktopEntry, LeavesAFileThatIsThereAlone) {
   EXPECT_EQ(desktop.Get("Vintoral.desktop"), "the operator's own");
 }
 
-TEST(DesktopEntry, AMissingDesktopFails) {
+TEST(DesktopEntry, AMissingDesktopIsMade) {
   const TempFolder folder;
-  EXPECT_EQ(WriteDesktopEntry(folder.Path("none"), kEntry).Error(), ENOENT);
+  EXPECT_TRUE(WriteDesktopEntry(folder.Path("home/Escritorio"), kEntry));
+  EXPECT_TRUE(DesktopEntryExists(folder.Path("home/Escritorio"), "Vintoral"));
+}
+
+TEST(DesktopEntry, ADesktopThatCannotBeMadeFails) {
+  const TempFolder folder;
+  folder.Put("home", "");
+  EXPECT_EQ(WriteDesktopEntry(folder.Path("home/Escritorio"), kEntry).Describe(),
+            "make folder " + folder.Path("home/Escritorio") + ": Not a directory");
 }
 
 }  // namespace

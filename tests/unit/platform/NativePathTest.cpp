@@ -7,6 +7,12 @@
 namespace vintoral {
 namespace {
 
+TEST(FolderOf, IsAllBeforeTheName) {
+  EXPECT_EQ(FolderOf("/srv/Vintoral/file"), "/srv/Vintoral");
+  EXPECT_EQ(FolderOf("/file"), "/");
+  EXPECT_EQ(FolderOf(""), "/");
+}
+
 using test::TempFolder;
 
 TEST(NativePath, BackslashesAndSlashesAreTheSame) {

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <map>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -58,23 +59,20 @@ class RecordedCalls : public SyncCalls {
   int Sync(int descriptor) override { return Note("sync", descriptor, FailSync); }
   int Start(int descriptor) override { return Note("start", descriptor, FailStart); }
   int AwaitData(int descriptor) override { return Note("await", descriptor, FailAwait); }
-  int SyncFolderOf(const std::string& path, std::uint64_t device) override {
-    log_.push_back("folder of " + path + " on " + std::to_string(device));
-    return FailFolder;
+  std::optional<FileStatus> Status(int descriptor) override {
+    const auto found = Files.find(NameOf(descriptor));
+    return found == Files.end() ? std::nullopt : std::optional(found->second);
   }
-  FileFacts Facts(int descriptor) override { return Files[NameOf(descriptor)]; }
-
-  Place PlaceOf(int descriptor, const FileFacts& facts) override {
-    EXPECT_EQ(facts, Files[NameOf(descriptor)]);
-    return Where;
+  bool WritesInPlace(int descriptor, std::uint64_t length) override {
+    EXPECT_EQ(length, Files[NameOf(descriptor)].length);
+    return InPlace;
   }
 
   std::vector<std::string> Take() { return std::exchange(log_, {}); }
 
-  std::map<std::string, FileFacts> Files;
+  std::map<std::string, FileStatus> Files;
   std::map<std::string, int> FailSync, FailStart, FailAwait;
-  int FailFolder = 0;
-  Place Where = Place::kFixedWithoutJournal;
+  bool InPlace = true;
 
  private:
   static std::string NameOf(int descriptor) {
@@ -99,17 +97,16 @@ class SlotAndRow : public testing::Test {
     for (const char* name : {"slot", "row"})
       files_[name] =
           std::make_shared<Descriptor>(open(folder_.Path(name).c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
-    calls_.Files["slot"] = {.device = 1, .inode = 10, .length = 188'188, .blocks = 368};
-    calls_.Files["row"] = {.device = 1, .inode = 11, .length = 376, .blocks = 8};
+    calls_.Files["slot"] = {.inode = 10, .device = 1, .length = 188'188, .blocks = 368};
+    calls_.Files["row"] = {.inode = 11, .device = 1, .length = 376, .blocks = 8};
   }
 
-  /// Twice: the second time the register is known to have stayed as it was.
+  /// By itself: from then on the register is known.
   void SaveSlot() {
-    for (int i = 0; i < 2; ++i)
-      EXPECT_TRUE(pending_.SyncNow(*files_["slot"], "slot"));
-    calls_.Take();
+    EXPECT_TRUE(pending_.SyncNow(*files_["slot"], "slot"));
+    EXPECT_EQ(calls_.Take(), (Calls{"sync slot"}));
   }
-  /// What is asked of the system when both are waited for, after the start of each.
+  /// What is asked of the system when both are waited for.
   std::vector<std::string> Retire() {
     calls_.Files["row"].length += 188;
     pending_.Begin();
@@ -121,6 +118,8 @@ class SlotAndRow : public testing::Test {
   }
 
   using Calls = std::vector<std::string>;
+  const Calls kTogether{"await slot", "sync row"};
+  const Calls kApart{"sync slot", "sync row"};
   const TempFolder folder_;
   RecordedCalls calls_;
   PendingSyncs pending_{calls_};
@@ -130,174 +129,161 @@ class SlotAndRow : public testing::Test {
 
 TEST_F(SlotAndRow, OfOneDiskTakeOneSync) {
   SaveSlot();
-  EXPECT_EQ(Retire(), (Calls{"await slot", "sync row"}));
+  EXPECT_EQ(Retire(), kTogether);
   EXPECT_TRUE(ended_);
+}
+
+TEST_F(SlotAndRow, SlotAloneIsSyncedWhole) {
+  SaveSlot();
+  pending_.Begin();
+  pending_.Add(files_["slot"], "slot");
+  EXPECT_TRUE(pending_.End());
+  EXPECT_EQ(calls_.Take(), (Calls{"start slot", "sync slot"}));
 }
 
 TEST_F(SlotAndRow, SlotHasItsOwnUntilTheRegisterIsKnown) {
-  EXPECT_EQ(Retire(), (Calls{"sync row", "sync slot"}));
-  EXPECT_EQ(Retire(), (Calls{"sync row", "sync slot"}));
-  EXPECT_EQ(Retire(), (Calls{"await slot", "sync row"}));
+  EXPECT_EQ(Retire(), kApart);
+  EXPECT_EQ(Retire(), kTogether);
 }
 
-TEST_F(SlotAndRow, RegisterWithRoomThatWasOnlySetAsideIsSyncedWhole) {
-  calls_.Where = Place::kUnknown;
+TEST_F(SlotAndRow, RegisterWithUnwrittenExtentsIsSyncedWhole) {
+  calls_.InPlace = false;
   SaveSlot();
-  EXPECT_EQ(Retire(), (Calls{"sync row", "sync slot"}));
-  calls_.Where = Place::kFixed;
-  EXPECT_EQ(Retire(), (Calls{"sync row", "sync slot"}));
-  EXPECT_EQ(Retire(), (Calls{"await slot", "sync row"}));
+  EXPECT_EQ(Retire(), kApart);
+  calls_.InPlace = true;
+  EXPECT_EQ(Retire(), kApart);
+  EXPECT_EQ(Retire(), kTogether);
 }
 
-TEST_F(SlotAndRow, OnTwoDisksAreFlushedOnBoth) {
+TEST_F(SlotAndRow, RegisterThatIsNoLongerWrittenInPlaceIsForgotten) {
+  SaveSlot();
+  calls_.InPlace = false;
+  SaveSlot();
+  EXPECT_EQ(Retire(), kApart);
+}
+
+TEST_F(SlotAndRow, OnTwoDisksAreSyncedOnBoth) {
   calls_.Files["row"].device = 2;
   SaveSlot();
-  EXPECT_EQ(Retire(), (Calls{"await slot", "sync row", "folder of slot on 1"}));
+  EXPECT_EQ(Retire(), kApart);
   EXPECT_TRUE(ended_);
-}
-
-TEST_F(SlotAndRow, SlotAloneTakesAFlush) {
-  SaveSlot();
-  pending_.Begin();
-  pending_.Add(files_["slot"], "slot");
-  EXPECT_TRUE(pending_.End());
-  EXPECT_EQ(calls_.Take(), (Calls{"start slot", "await slot", "folder of slot on 1"}));
-}
-
-TEST_F(SlotAndRow, DiskThatCannotBeFlushedAloneSyncsWhole) {
-  calls_.Files["row"].device = 2;
-  calls_.FailFolder = ENOSYS;
-  SaveSlot();
-  EXPECT_EQ(Retire(), (Calls{"await slot", "sync row", "folder of slot on 1", "sync slot"}));
-  EXPECT_TRUE(ended_);
-  calls_.FailSync["slot"] = EIO;
-  EXPECT_EQ(Retire(), (Calls{"await slot", "sync row", "folder of slot on 1", "sync slot"}));
-  EXPECT_EQ(ended_.Describe(), "sync slot: Input/output error");
-}
-
-TEST_F(SlotAndRow, FailedFlushIsNotAskedForAgain) {
-  calls_.Files["row"].device = 2;
-  calls_.FailFolder = EIO;
-  SaveSlot();
-  EXPECT_EQ(Retire(), (Calls{"await slot", "sync row", "folder of slot on 1"}));
-  EXPECT_EQ(ended_.Describe(), "flush the disk of slot: Input/output error");
-}
-
-TEST_F(SlotAndRow, FailedHeadStartIsAFailure) {
-  SaveSlot();
-  calls_.FailStart["row"] = EUCLEAN;
-  EXPECT_EQ(Retire(), (Calls{"await slot", "sync row"}));
-  EXPECT_EQ(ended_.Describe(), "sync row: Structure needs cleaning");
-  calls_.FailStart = {{"slot", EIO}};
-  EXPECT_EQ(Retire(), (Calls{"sync row", "sync slot"}));
-  EXPECT_EQ(ended_.Describe(), "sync slot: Input/output error");
-  calls_.FailStart = {{"slot", ENOSYS}, {"row", ENOSYS}};
-  EXPECT_EQ(Retire(), (Calls{"await slot", "sync row"}));
-  EXPECT_TRUE(ended_);
-}
-
-TEST_F(SlotAndRow, WithAJournalTheSlotsOwnSyncFlushes) {
-  calls_.Where = Place::kFixed;
-  SaveSlot();
-  EXPECT_EQ(Retire(), (Calls{"await slot", "sync row"}));
-  pending_.Begin();
-  pending_.Add(files_["slot"], "slot");
-  EXPECT_TRUE(pending_.End());
-  EXPECT_EQ(calls_.Take(), (Calls{"start slot", "await slot", "sync slot"}));
 }
 
 TEST_F(SlotAndRow, RegisterThatChangedIsSyncedWholeUntilItIsKnownAgain) {
-  const FileFacts before = calls_.Files["slot"];
+  const FileStatus before = calls_.Files["slot"];
   SaveSlot();
-  for (const FileFacts& now : {FileFacts{1, 10, before.length + 188, 368},  // it grew
-                               FileFacts{1, 10, before.length, 376},        // a hole was filled
-                               FileFacts{1, 99, before.length, 368}}) {     // it was replaced
+  FileStatus grown = before, filled = before, replaced = before;
+  grown.length += 188;
+  filled.blocks += 8;
+  replaced.inode = 99;
+  for (const FileStatus& now : {grown, filled, replaced}) {
     calls_.Files["slot"] = now;
-    EXPECT_EQ(Retire(), (Calls{"sync row", "sync slot"}));
-    EXPECT_EQ(Retire(), (Calls{"sync row", "sync slot"}));
-    EXPECT_EQ(Retire(), (Calls{"await slot", "sync row"}));
+    EXPECT_EQ(Retire(), kApart);
+    EXPECT_EQ(Retire(), kTogether);
   }
+}
+
+TEST_F(SlotAndRow, WithoutTheirStatusEachIsSyncedWhole) {
+  SaveSlot();
+  const FileStatus slot = calls_.Files["slot"];
+  calls_.Files.erase("slot");
+  EXPECT_EQ(Retire(), kApart);
+  calls_.Files["slot"] = slot;
+  pending_.Begin();
+  calls_.Files.erase("row");
+  pending_.Add(files_["slot"], "slot");
+  pending_.Add(files_["row"], "row");
+  calls_.Take();
+  EXPECT_TRUE(pending_.End());
+  EXPECT_EQ(calls_.Take(), kApart);
+}
+
+TEST_F(SlotAndRow, FailureToBeginIsAFailure) {
+  SaveSlot();
+  calls_.FailStart = {{"slot", EUCLEAN}, {"row", EIO}};
+  EXPECT_EQ(Retire(), kTogether);
+  EXPECT_EQ(ended_.Describe(), "sync slot: Structure needs cleaning");
+  calls_.FailStart = {{"slot", ENOSYS}, {"row", ENOSYS}};
+  EXPECT_EQ(Retire(), kTogether);
+  EXPECT_TRUE(ended_);
 }
 
 TEST_F(SlotAndRow, DataThatDidNotArriveAreAFailure) {
   SaveSlot();
   calls_.FailAwait["slot"] = EIO;
-  EXPECT_EQ(Retire(), (Calls{"await slot", "sync row", "sync slot"}));
+  EXPECT_EQ(Retire(), kTogether);
   EXPECT_EQ(ended_.Describe(), "sync slot: Input/output error");
 }
 
 TEST_F(SlotAndRow, SystemThatCannotAwaitSyncsWhole) {
   SaveSlot();
   calls_.FailAwait["slot"] = ENOSYS;
-  EXPECT_EQ(Retire(), (Calls{"await slot", "sync row", "sync slot"}));
+  EXPECT_EQ(Retire(), (Calls{"await slot", "sync slot", "sync row"}));
   EXPECT_TRUE(ended_);
 }
 
 TEST_F(SlotAndRow, RowThatCannotBeSyncedLeavesTheFlushToTheSlot) {
   SaveSlot();
   calls_.FailSync["row"] = EIO;
-  EXPECT_EQ(Retire(), (Calls{"await slot", "sync row", "folder of slot on 1"}));
+  EXPECT_EQ(Retire(), (Calls{"await slot", "sync row", "sync slot"}));
   EXPECT_EQ(ended_.Describe(), "sync row: Input/output error");
 }
 
-TEST_F(SlotAndRow, ManyFilesLaterTheSlotIsSyncedWholeAgain) {
-  SaveSlot();
-  for (std::uint64_t other = 20; other < 28; ++other) {
-    calls_.Files["row"].inode = other;
-    EXPECT_TRUE(pending_.SyncNow(*files_["row"], "row"));
-  }
-  calls_.Take();
-  EXPECT_EQ(Retire(), (Calls{"sync row", "sync slot"}));
+TEST_F(SlotAndRow, FirstFailureIsTold) {
+  calls_.FailSync = {{"slot", EIO}, {"row", ENOSPC}};
+  EXPECT_EQ(Retire(), kApart);
+  EXPECT_EQ(ended_.Describe(), "sync slot: Input/output error");
 }
 
-TEST(SyncCalls, ThisSystemTellsFilesApart) {
+TEST_F(SlotAndRow, FailedSyncMakesNoRegisterKnown) {
+  calls_.FailSync["slot"] = EIO;
+  EXPECT_EQ(pending_.SyncNow(*files_["slot"], "slot").Error(), EIO);
+  calls_.FailSync["slot"] = ENOSYS;  // of a file system that keeps by itself what it has
+  EXPECT_TRUE(pending_.SyncNow(*files_["row"], "row"));
+  calls_.Take();
+  EXPECT_EQ(Retire(), kApart);
+  EXPECT_TRUE(ended_);
+}
+
+TEST(SyncCalls, ThisSystemSyncs) {
   const TempFolder folder;
   folder.Put("a", "123");
-  folder.Put("b", "");
-  const int a = open(folder.Path("a").c_str(), O_RDWR | O_CLOEXEC),
-            b = open(folder.Path("b").c_str(), O_RDWR | O_CLOEXEC);
+  const int a = open(folder.Path("a").c_str(), O_RDWR | O_CLOEXEC);
   SyncCalls& calls = SyncCalls::System();
-  EXPECT_EQ(calls.Facts(a).length, 3u);
-  EXPECT_NE(calls.Facts(a).inode, calls.Facts(b).inode);
-  EXPECT_EQ(calls.Facts(a).device, calls.Facts(b).device);
-  EXPECT_EQ(calls.Facts(a), calls.Facts(a));
+  EXPECT_EQ(calls.Status(a), StatusOf(folder.Path("a")));
+  EXPECT_EQ(calls.Status(a)->length, 3u);
   EXPECT_EQ(calls.Sync(a), 0);
   EXPECT_EQ(calls.Start(a), 0);
   EXPECT_EQ(calls.AwaitData(a), 0);
-  const std::uint64_t disk = calls.Facts(a).device;
-  EXPECT_EQ(calls.SyncFolderOf(folder.Path("a"), disk), 0);
-  EXPECT_EQ(calls.SyncFolderOf(folder.Path("a"), disk + 1), ENOSYS);
-  EXPECT_EQ(calls.SyncFolderOf(folder.Path("missing/a"), disk), ENOSYS);
   close(a);
-  close(b);
-  EXPECT_EQ(calls.Facts(a), FileFacts{});
+  EXPECT_EQ(calls.Status(a), std::nullopt);
   EXPECT_EQ(calls.Sync(a), EBADF);
   EXPECT_EQ(calls.AwaitData(a), EBADF);
 }
 
-TEST(SyncCalls, KnowsWhatWasOnlySetAside) {
+TEST(SyncCalls, KnowsWhatIsNotWrittenInPlace) {
   const TempFolder folder;
   const std::string full(16384, 'x');
   folder.Put("full", full);
   folder.Put("hole", "");
-  folder.Put("aside", "");
+  folder.Put("unwritten", "");
   folder.Put("empty", "");
   SyncCalls& calls = SyncCalls::System();
-  const auto fixed = [&](const char* name, auto prepare) {
+  const auto inPlace = [&](const char* name, auto prepare) {
     const Descriptor file(open(folder.Path(name).c_str(), O_RDWR | O_CLOEXEC));
     prepare(file.Number());
     EXPECT_EQ(calls.Sync(file.Number()), 0);
-    return calls.PlaceOf(file.Number(), calls.Facts(file.Number())) != Place::kUnknown;
+    return calls.WritesInPlace(file.Number(), calls.Status(file.Number())->length);
   };
   struct statfs system {};
   ASSERT_EQ(statfs(folder.Path().c_str(), &system), 0);
-  EXPECT_EQ(fixed("full", [](int) {}), system.f_type == EXT4_SUPER_MAGIC);  // of others nothing is known
-  EXPECT_FALSE(fixed("hole", [&](int file) {
+  EXPECT_EQ(inPlace("full", [](int) {}), system.f_type == EXT4_SUPER_MAGIC);  // of others nothing is known
+  EXPECT_FALSE(inPlace("hole", [&](int file) {
     EXPECT_EQ(pwrite(file, full.data(), 4096, 0), 4096);
     EXPECT_EQ(pwrite(file, full.data(), 4096, 12288), 4096);
   }));
-  EXPECT_FALSE(fixed("aside", [](int file) { EXPECT_EQ(fallocate(file, 0, 0, 16384), 0); }));
-  EXPECT_FALSE(fixed("empty", [](int) {}));
+  EXPECT_FALSE(inPlace("unwritten", [](int file) { EXPECT_EQ(fallocate(file, 0, 0, 16384), 0); }));
+  EXPECT_FALSE(inPlace("empty", [](int) {}));
 }
 
 TEST(SyncTogether, FilesAreWrittenAndSyncedByTheEnd) {
@@ -305,7 +291,7 @@ TEST(SyncTogether, FilesAreWrittenAndSyncedByTheEnd) {
   PosixDisk disk(folder.Path());
   SyncTogether together(disk);
   for (const char* name : {"slot", "row", "user"}) {
-    const auto file = disk.Open(name, OpenMode::kCreate);
+    const std::unique_ptr<DiskFile> file = disk.Open(name, OpenMode::kCreate).Take();
     EXPECT_TRUE(file->WriteAt(0, std::string_view(name)));
     EXPECT_TRUE(file->Sync());
   }

@@ -43,7 +43,7 @@ TEST(RegistroUsuario, KeepsBytesThatAreNoText) {
   std::string bytes = Zeros(20) + std::string(100, '\xFF') + Hex("01 02 03 04");
   EXPECT_EQ(Encoded(Decoded<RegistroUsuario>(bytes)), bytes);
   EXPECT_EQ(Decoded<RegistroUsuario>(bytes).Puntos, 0x04030201);
-  EXPECT_EQ(Decoded<RegistroUsuario>(bytes).Placa.Trimmed(), ""_w);
+  EXPECT_EQ(Decoded<RegistroUsuario>(bytes).Placa.Trimmed(), String(20, '\0'));
 }
 
 }  // namespace
