@@ -77,6 +77,31 @@ TEST(Etiquetas, AreStoredWhereTheyWereReadThoughTheFichasAreAway) {
   EXPECT_EQ(stored.substr(120, 2), std::string(2, '\0'));
 }
 
+TEST(MissingFiles, AreNoFailures) {
+  MemoryStation station;
+  station.Start();
+  ASSERT_TRUE(station.Disk.Remove("Multimedia\\Vintoral.HST"));
+  ASSERT_FALSE(station.Disk.Exists(kDat));
+  ASSERT_FALSE(station.Disk.Exists("Multimedia\\Vintoral.USR"));
+  testing::internal::CaptureStderr();
+  station.Form.CargarEstadoPantalla();
+  station.Form.CargarMarcas();
+  EXPECT_EQ(station.Form.LeerPuntosUsuario(5), 0);
+  station.Pass(3000);
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+  EXPECT_EQ(station.Form.LblConexion[0].BackColor, kLightGreen);
+}
+
+TEST(EstadoPantalla, ThatCannotBeReadIsTold) {
+  MemoryStation station;
+  station.Disk.Put(kDat, std::string(16 * RegistroMixto::kSize, '\0'));
+  station.Start();
+  station.Faulty.Set().failLength = true;
+  testing::internal::CaptureStderr();
+  station.Form.CargarMarcas();
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "vintoral: use a faulty disk: Input/output error\n");
+}
+
 TEST(Moneda, ThatCannotBeReadIsToldAndLeftAlone) {
   MemoryStation station;
   station.Disk.Put(kDvs, "COP\r\n");
