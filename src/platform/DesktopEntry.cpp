@@ -94,7 +94,7 @@ Outcome WriteDesktopEntry(const std::string& desktop, const DesktopEntry& entry)
   PendingSyncs none;
   PosixFile file(descriptor, path, desktop, none);
   const Outcome written = file.WriteAt(0, DesktopEntryText(entry));
-  const Outcome synced = written ? file.Sync() : written;
+  Outcome synced = written ? file.Sync() : written;
   if (!synced) unlink(path.c_str());
   return synced;
 }

@@ -107,5 +107,19 @@ TEST_F(CargarServidorTest, AFileThatCantBeMadeEndsTheProgram) {
   EXPECT_TRUE(form_.Terminado());
 }
 
+TEST(Servidor, ThatCannotBeReadIsToldAndStaysWhatItIs) {
+  MemoryStation station;
+  station.Disk.Put("Objetos\\Servidor.INI", "/mnt/porteria\r\n");
+  station.Start();
+  ASSERT_EQ(station.Form.NumeroPorteria, "02"_w);
+  station.Faulty.Set().failRead = 1;
+  testing::internal::CaptureStderr();
+  EXPECT_TRUE(station.Form.CargarServidor());
+  EXPECT_EQ(testing::internal::GetCapturedStderr(),
+            "vintoral: read Objetos\\Servidor.INI: Input/output error\n");
+  EXPECT_EQ(station.Form.NumeroPorteria, "02"_w);
+  EXPECT_EQ(station.Form.CarpetaCompartida, "/mnt/porteria"_w);
+}
+
 }  // namespace
 }  // namespace vintoral

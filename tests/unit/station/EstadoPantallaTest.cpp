@@ -256,11 +256,25 @@ TEST_F(EstadoPantallaTest, AReadOnlyFileIsWrittenAllTheSame) {
 
 TEST_F(EstadoPantallaTest, AFileThatCannotBeReadIsTold) {
   station_.Disk.Put(kDat, Dat({}));
-  station_.Faulty.Set().goneAfter = 0;
+  station_.Faulty.Set().failLength = true;
   testing::internal::CaptureStderr();
   form_.CargarMarcas();
-  EXPECT_EQ(testing::internal::GetCapturedStderr(),
-            "vintoral: open a faulty disk: Transport endpoint is not connected\n");
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "vintoral: use a faulty disk: Input/output error\n");
+}
+
+TEST(MissingFiles, AreNoFailures) {
+  MemoryStation station;
+  station.Start();
+  ASSERT_TRUE(station.Disk.Remove("Multimedia\\Vintoral.HST"));
+  ASSERT_FALSE(station.Disk.Exists(kDat));
+  ASSERT_FALSE(station.Disk.Exists("Multimedia\\Vintoral.USR"));
+  testing::internal::CaptureStderr();
+  station.Form.CargarEstadoPantalla();
+  station.Form.CargarMarcas();
+  EXPECT_EQ(station.Form.LeerPuntosUsuario(5), 0);
+  station.Pass(3000);
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+  EXPECT_EQ(station.Form.LblConexion[0].BackColor, kLightGreen);
 }
 
 }  // namespace

@@ -55,5 +55,31 @@ TEST_F(MonedaTest, AReadOnlyFileIsReadAndWrittenAnew) {
   EXPECT_EQ(station_.Disk.Get(kDvs), "US$\r\n");
 }
 
+TEST(Moneda, ThatCannotBeReadIsToldAndLeftAlone) {
+  MemoryStation station;
+  station.Disk.Put(kDvs, "COP\r\n");
+  station.Start();
+  ASSERT_EQ(station.Form.Moneda, "COP"_w);
+  station.Faulty.Set().failRead = 1;
+  testing::internal::CaptureStderr();
+  station.Form.CargarMoneda();
+  EXPECT_EQ(testing::internal::GetCapturedStderr(),
+            "vintoral: read Recursos\\Vintoral.DVS: Input/output error\n");
+  EXPECT_EQ(station.Form.Moneda, "$"_w);
+  EXPECT_EQ(station.Disk.Get(kDvs), "COP\r\n");
+}
+
+TEST(Moneda, MissingFileIsMadeInSilence) {
+  MemoryStation station;
+  station.Start();
+  ASSERT_TRUE(station.Disk.Remove(kDvs));
+  station.Form.Moneda = "COP"_w;
+  testing::internal::CaptureStderr();
+  station.Form.CargarMoneda();
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+  EXPECT_EQ(station.Form.Moneda, "$"_w);
+  EXPECT_EQ(station.Disk.Get(kDvs), "$\r\n");
+}
+
 }  // namespace
 }  // namespace vintoral
