@@ -20,7 +20,9 @@ bool Form1::CargarServidor() {
   const bool principal = ruta.Empty();
   NumeroPorteria = principal ? "01"_w : "02"_w;
   EsCliente = principal ? 0 : -1;
-  CarpetaCompartida = principal ? disk.CurrentFolder() + "\\Multimedia"_w : ruta;
+  const String carpeta = principal ? disk.CurrentFolder() + "\\Multimedia"_w : ruta;
+  if (carpeta != CarpetaCompartida) OlvidarEtiquetas();
+  CarpetaCompartida = carpeta;
   if (TotalFichas > 0) MostrarPorteria();  // a path corrected while connecting makes it another gate
   return true;
 }

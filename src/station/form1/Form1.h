@@ -151,8 +151,13 @@ class Form1 : public ScreenModel {
   void CargarSalidasHST();
   void LiberarMemoria();
   void CargarMoneda();
+  /// Labels, face memory and print flags of the data folder, if it is there. The first label names the field
+  /// of the mode that is on, and stays in barcode mode.
   void CargarEtiquetas();
+  /// Writes them where they were read; nothing before.
   void GuardarEtiquetas();
+  /// Another folder is the data folder now: the labels are those of the form as designed until it is found.
+  void OlvidarEtiquetas();
   void CargarEstadoPantalla();
   void GuardarEstadoPantalla();
   void CargarDatosCall();

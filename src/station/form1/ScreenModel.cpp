@@ -42,9 +42,14 @@ void ScreenModel::NameAll() {
 
 #undef NAME
 
+const std::array<String, 6>& ScreenModel::LabelsAsDesigned() {
+  static const std::array<String, 6> labels = {"NUMERO FICHA "_w, "PLACA/DOCUMENTO "_w, "NOMBRE "_w,
+                                               "APELLIDO "_w,     "TELEFONO "_w,        "OBSERVACION "_w};
+  return labels;
+}
+
 void ScreenModel::DesignFields() {
-  const std::array<String, 6> labels = {"NUMERO FICHA "_w, "PLACA/DOCUMENTO "_w, "NOMBRE "_w,
-                                        "APELLIDO "_w,     "TELEFONO "_w,        "OBSERVACION "_w};
+  const std::array<String, 6>& labels = LabelsAsDesigned();
   constexpr std::size_t kFieldWidth = 20;  // what a register holds of each
   for (std::size_t i = 0; i < labels.size(); ++i) {
     TxtEtiqueta[i].SetText(labels[i]);

@@ -22,6 +22,8 @@ class ScreenModel {
   // The fields of the ficha, by index: number, plate, first name, surname, telephone, remark.
   std::array<TextBox, 6> TxtCampo;
   std::array<TextBox, 6> TxtEtiqueta;
+  /// Their texts as designed, each with a blank behind it.
+  static const std::array<String, 6>& LabelsAsDesigned();
   std::array<PictureBox, 6> PctEtiqueta;
   std::array<Label, 6> LblCampo;
 
