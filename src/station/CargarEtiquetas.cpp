@@ -24,7 +24,7 @@ void Form1::CargarEtiquetas() {
     if (lbl.Count().PassOver().value_or(0) >= 1) TomarEtiquetas(*this, *record);
   }
   etiquetasLeidas_ = stored || platform_.disk.Exists(RutaCompartida("Vintoral.ACT"));
-  ImgIndicador[2].Visible = EtiquetasActuales.MemoriaRostros == -1;
+  ImgIndicador[indicador::kMemoriaRostros].Visible = EtiquetasActuales.MemoriaRostros == -1;
 }
 
 }  // namespace vintoral

@@ -10,7 +10,7 @@ void Form1::GuardarEtiquetas() {
   Register<RegistroEtiquetas> lbl(platform_.disk, path, OpenMode::kCreate);
   for (std::size_t i = 0; i < TxtEtiqueta.size(); ++i)
     EtiquetasActuales.Etiqueta[i] = Trim(TxtEtiqueta[i].Text());
-  EtiquetasActuales.MemoriaRostros = ImgIndicador[2].Visible ? -1 : 0;
+  EtiquetasActuales.MemoriaRostros = ImgIndicador[indicador::kMemoriaRostros].Visible ? -1 : 0;
   (lbl ? lbl.Write(1, EtiquetasActuales, true) : lbl.Opened()).PassOver();
 }
 

@@ -3,7 +3,7 @@
 namespace vintoral {
 
 void Form1::MostrarImagenEnVivo() {
-  const bool sinCamara = ImgIndicador[4].Visible;
+  const bool sinCamara = ImgIndicador[indicador::kCamaraDesactivada].Visible;
   Picture2.Picture = {};
   Picture2.Visible = false;
   Picture1.Visible = !sinCamara;

@@ -5,7 +5,7 @@ namespace vintoral {
 void Form1::OlvidarEtiquetas() {
   etiquetasLeidas_ = false;
   EtiquetasActuales = {};
-  ImgIndicador[2].Visible = false;
+  ImgIndicador[indicador::kMemoriaRostros].Visible = false;
   for (std::size_t i = CmdBarCode.Visible ? 1 : 0; i < TxtEtiqueta.size(); ++i)
     TxtEtiqueta[i].SetText(LabelsAsDesigned()[i]);
 }

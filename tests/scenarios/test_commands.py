@@ -303,6 +303,12 @@ class Buttons(DrivenDay):
         self.assertEqual(self.tip(station, 10), "Desactivar Impresión de Tiquetes")
         self.assertEqual(self.tip(station, 14), "Desactivar Impresión de Facturas")
 
+    def test_what_is_heard_first(self):
+        station = self.running()
+        voice = ["ABRiL\\ABRiL-1.wav"]
+        expected = {1: [CLICK], 2: [CLICK], 3: [], 4: [], 7: voice, 8: voice, 9: voice, 10: [], 12: [], 13: [CLICK], 14: []}
+        self.assertEqual({index: sounds(station.click(f"PctBoton({index})"))[:1] for index in expected}, expected)
+
     def test_save(self):
         station = self.running()
         station.call_up(7)
@@ -323,11 +329,18 @@ class Buttons(DrivenDay):
 
 
 class GeneratorButtons(DrivenDay):
-    def test_they_beep_while_the_number_field_is_shut(self):
+    def test_in_barcode_mode_the_one_that_is_shown_beeps(self):
         station = self.with_tickets()
+        self.assertEqual([station.shown("CmdNumeroFicha"), station.shown("CmdBarCode")], [True, False])
         self.switch_barcodes(station)
+        self.assertEqual([station.shown("CmdNumeroFicha"), station.shown("CmdBarCode")], [False, True])
         self.assertFalse(station.get("TxtCampo(0)")["Enabled"])
         self.assertEqual(kinds(station.click("CmdBarCode")), ["beep"])
+
+    def test_while_a_number_can_be_typed_it_is_silent(self):
+        station = self.with_tickets()
+        self.assertEqual(kinds(station.click("CmdNumeroFicha")), [])
+        self.assertIsNone(station.focused())
 
 
 if __name__ == "__main__":

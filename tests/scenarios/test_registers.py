@@ -1,8 +1,8 @@
 """The registers on disk, byte by byte, and what a station makes of damaged ones."""
 import struct
 
-from station import (ACT_LENGTH, BLANK, ESC, INSERT, DrivenDay, Ficha, fresh_register, inside, main, screen_state,
-                     stamp, user)
+from station import (ACT_LENGTH, BLANK, ESC, GREEN, INSERT, DrivenDay, Ficha, fresh_register, inside, main,
+                     screen_state, stamp, user)
 
 TODAY = "20/11/2026"
 BLANK_SLOT = b"\0\0" + b" " * 168
@@ -163,23 +163,35 @@ class ForeignAndDamaged(DrivenDay):
                 station.end()
 
     def test_scrambled_registers_are_shown_and_stop_nothing(self):
-        noise = bytes((i * 89 + i // 7) % 256 for i in range(ACT_LENGTH))
-        for name in ("ACT", "HST", "NSR", "CRD", "USR", "LBL"):
-            self.folder.write(f"Multimedia/Vintoral.{name}", noise[:20000] if name != "ACT" else noise)
-        self.folder.write("Recursos/Vintoral.DAT", noise[:46 * 16])
-        station = self.process()
-        self.start(station)
-        for _ in range(5):
-            if station.box:
-                station.answer("ok")
-        station.advance(10000)
-        for number in (1, 2, 3, 1000):
-            station.attempt("focus", control="TxtCampo(0)")
-            station.attempt("type", text=str(number))
-            station.attempt("key", code=13)
+        noise = bytearray((i * 89 + i // 7) % 256 for i in range(ACT_LENGTH))
+        noise[2 * 188:2 * 188 + 2] = b"\0\0"  # slot 3 is free, the others are in use
+        for name in ("HST", "NSR", "CRD", "USR", "LBL"):
+            self.folder.write(f"Multimedia/Vintoral.{name}", bytes(noise[:20000]))
+        self.folder.write("Multimedia/Vintoral.ACT", bytes(noise))
+        station = self.running()
+        for number in (1, 2, 1000):
+            self.assertNotEqual(bytes(noise[(number - 1) * 188:(number - 1) * 188 + 2]), b"\0\0")
+            station.call_up(number)
+            self.assertTrue(station.shown("PctBoton(6)"), number)
+            self.assertNotEqual(station.caption("LblCampo(1)"), "", number)
             station.advance(2000)
             station.key(ESC)
-        self.assertEqual((self.folder.shared / "Vintoral.ACT").read_bytes(), noise)
+            self.assertIdle(station)
+        self.assertEqual((self.folder.shared / "Vintoral.ACT").read_bytes(), bytes(noise))
+        station.save(3, "", "ana")
+        self.assertEqual((self.folder.slot(3).EnUso, self.folder.slot(3).Nombre), (-1, "ANA"))
+        act = (self.folder.shared / "Vintoral.ACT").read_bytes()
+        self.assertEqual(act[:2 * 188] + act[3 * 188:], bytes(noise[:2 * 188] + noise[3 * 188:]))
+
+    def test_a_scrambled_state_leaves_a_station_that_works(self):
+        for step in (7, 89, 113):
+            with self.subTest(step=step):
+                self.folder.write("Recursos/Vintoral.DAT", bytes(i * step % 256 for i in range(46 * 16)))
+                station = self.running()
+                station.advance(10000)
+                self.assertBars(station, GREEN)
+                station.close()
+                self.assertEqual((self.folder / "Recursos/Vintoral.DAT").stat().st_size, 46 * 16)
 
     def test_a_torn_last_row_of_history_is_written_over(self):
         """The next row takes the place that the length gives it; what is whole stays."""

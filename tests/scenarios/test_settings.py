@@ -1,6 +1,6 @@
 """Small settings: the currency symbol, the labels, and the saved screen state."""
-from station import (ALT, CONTROL, LABELS, MIXED_LENGTH, DrivenDay, ansi, inside, main, mixed, read_mixed, screen_state,
-                     stamp)
+from station import (ALT, CONTROL, LABELS, LOST, MIXED_LENGTH, DrivenDay, ansi, inside, main, mixed, read_mixed,
+                     screen_state, sounds, stamp)
 
 
 class Currency(DrivenDay):
@@ -67,6 +67,15 @@ class StoredLabels(DrivenDay):
         self.assertEqual(LABELS.unpack(data)[6:], (0, -1, 0, -1, 0, 0))
         self.assertEqual(data[:20], b"A".ljust(20))
 
+    def test_a_short_file_counts_as_none(self):
+        self.folder.write("Multimedia/Vintoral.LBL", b"CARNET".ljust(20) + b"\xff" * 111)
+        station = self.running()
+        self.assertEqual(station.texts("TxtEtiqueta(0)", "TxtEtiqueta(1)"), ["NUMERO FICHA ", "PLACA/DOCUMENTO "])
+        self.assertFalse(station.shown("ImgIndicador(2)"))
+        station.close()
+        self.assertEqual((self.folder.shared / "Vintoral.LBL").read_bytes()[:20], b"NUMERO FICHA".ljust(20))
+        self.assertEqual((self.folder.shared / "Vintoral.LBL").read_bytes()[120:], b"\0\0" + b"\xff\xff" * 5)
+
     def test_a_file_that_cannot_be_opened_leaves_the_defaults(self):
         self.folder.write("Multimedia/Vintoral.LBL/x", b"")
         station = self.running()
@@ -102,10 +111,14 @@ class ScreenState(DrivenDay):
         return [data[at:at + MIXED_LENGTH] for at in range(0, len(data), MIXED_LENGTH)]
 
     def test_the_first_start_has_none(self):
-        station = self.running()
+        station = self.process()
+        self.start(station)
+        self.assertEqual(sounds(station.answer("ok")), [LOST])  # no monitor announces itself
         self.assertFalse((self.folder / "Recursos/Vintoral.DAT").exists())
-        self.assertEqual([station.get(f"PctBoton({i})")["BorderStyle"] for i in (7, 8, 9, 10, 14)], [0] * 5)
-        self.assertFalse(station.get("CboMinutos")["Enabled"])
+        buttons = station.get(*[f"PctBoton({i})" for i in (7, 8, 9, 10, 14)])
+        self.assertEqual([(button["BorderStyle"], button["Tag"]) for button in buttons], [(0, "")] * 5)
+        generator = station.get("CmdNumeroFicha")
+        self.assertEqual((generator["Visible"], generator["Enabled"]), (False, False))
 
     def test_closing_writes_sixteen_records(self):
         self.running().close()
@@ -119,7 +132,8 @@ class ScreenState(DrivenDay):
         station = self.running()
         self.assertEqual([station.get(f"PctBoton({i})")["Tag"] for i in (7, 8, 9)], ["45", "90", "180"])
         self.assertEqual([station.get(f"PctBoton({i})")["BorderStyle"] for i in (10, 14)], [1, 1])
-        self.assertTrue(station.get("CmdNumeroFicha")["Enabled"])
+        generator = station.get("CmdNumeroFicha")
+        self.assertEqual((generator["Visible"], generator["Enabled"]), (True, True))
         station.close()
         self.assertEqual(read_mixed(self.stored()[0]), (0, 1, -1, 180 * 10000, 45, 90))
 
@@ -137,8 +151,12 @@ class ScreenState(DrivenDay):
         self.assertEqual(read_mixed(self.stored()[15])[2:], (0, 0, 1, 3))
 
     def test_the_camera_mark_is_not_acted_on(self):
-        self.folder.write("Recursos/Vintoral.DAT", screen_state(marks=mixed(None, None, amount=10000)))
-        self.assertFalse(self.running().shown("ImgIndicador(4)"))
+        self.folder.write("Recursos/Vintoral.DAT", screen_state(marks=mixed(None, None, amount=10000, number1=1)))
+        station = self.running()
+        self.assertTrue(station.shown("ImgPanico"))
+        self.assertFalse(station.shown("ImgIndicador(4)"))
+        station.close()  # what the screen shows is stored, not what was read
+        self.assertEqual(read_mixed(self.stored()[15])[2:], (0, 0, 1, 0))
 
     def test_the_panic_contact_is_left_alone_by_closing(self):
         # Two texts of twelve fill a record to its last byte.
