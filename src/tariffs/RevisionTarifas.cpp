@@ -69,7 +69,7 @@ bool ChargesNoHour(const Block& block, std::size_t at) {
 
 String ReviewRule(const Block& block, std::size_t at) {
   if (!HeadAbove(block, at)) return "Nunca se aplica: falta el nombre de la categoría encima."_w;
-  const String reparo = ReparoDeRegla(block.lineas[at]);
+  String reparo = ReparoDeRegla(block.lineas[at]);
   if (!reparo.Empty()) return reparo;
   if (ChargesNoHour(block, at)) return "No cobra la primera hora: ponga debajo las reglas de horas."_w;
   return {};

@@ -209,6 +209,27 @@ TEST_F(Editor, KeysLeaveTheText) {
   EXPECT_EQ(Shown(), Caret(0, 0));
 }
 
+TEST_F(Editor, ClicksLeaveTheFocusToTheStation) {
+  QWidget window;
+  QWidget other(&window);
+  TextEditor editor(&window);
+  window.show();
+  QApplication::setActiveWindow(&window);
+  other.setFocus();
+  ASSERT_TRUE(other.hasFocus());
+  QTest::mouseClick(editor.viewport(), Qt::LeftButton);
+  EXPECT_TRUE(other.hasFocus());
+}
+
+TEST_F(Editor, LongLinesStandInOneRow) {
+  EXPECT_EQ(editor_.horizontalScrollBar()->maximum(), 0);
+  const int below = PointOf(6).y();
+  editor_.ShowText(QStringLiteral("A").repeated(200) + QStringLiteral("\r\nB"));
+  QCoreApplication::processEvents();
+  EXPECT_GT(editor_.horizontalScrollBar()->maximum(), 0);
+  EXPECT_EQ(PointOf(202).y(), below);
+}
+
 TEST_F(Editor, PastingIsTold) {
   const QString before = editor_.toPlainText();
   QApplication::clipboard()->setText(QStringLiteral("BICI\n1M = 5"));

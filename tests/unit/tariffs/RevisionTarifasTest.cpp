@@ -57,7 +57,7 @@ TEST(RevisarTarifas, ACategoryWithoutRulesIsOne) {
 
 TEST(RevisarTarifas, OfTwoEqualHeadsTheFirstCounts) {
   const std::string repeated = "Categoría repetida: solo cuenta la primera.";
-  EXPECT_THAT(Review({"AUTO", "1M = 5", "", " auto ", "1M = 6", "99M = 7"}),
+  EXPECT_THAT(Review({"AUTO", "1M = 5", "", " auto ", "1M = 6*", "99M = 7"}),
               ElementsAre("", "", "", repeated, "", ""));
   // Both are CAMIONES DE CARGA XX to the station.
   EXPECT_THAT(Review({"camiones de carga xx", "", "camiones de carga xxl"}), ElementsAre("", "", repeated));
@@ -141,6 +141,12 @@ TEST(AlcanceDeReglas, KnowsTheHourThatTheMarkMakes) {
   EXPECT_THAT(ReviewRules({"1M = 10**", "1H = 600", "30M = 5"}), ElementsAre("", "", ""));
   EXPECT_THAT(ReviewRules({"1H = 600", "1M = 0**", "1H = 800", "5H = 9"}), ElementsAre("", "", "", ""));
   EXPECT_THAT(ReviewRules({"1H = 600", "1H = 800", "5H = 9"}), ElementsAre("", kUnreached, ""));
+}
+
+TEST(AlcanceDeReglas, AMarkWorksWithoutPricingAStay) {
+  EXPECT_THAT(ReviewRules({"30M = 5", "1M = 0**", "45M = 6", "1H = 600"}), ElementsAre("", "", "", ""));
+  EXPECT_THAT(ReviewRules({"30M = 5", "1M = 0*", "45M = 6", "1H = 600"}),
+              ElementsAre("", kUnreached, "", ""));
 }
 
 TEST(AlcanceDeReglas, IsThatOfEitherNameOfSharedRules) {
