@@ -1,13 +1,12 @@
 // Categories and their rules, line by line and as the function that prices stays meets them.
-#include <algorithm>
 #include <optional>
 
+#include "tariffs/Alcance.h"
 #include "tariffs/Categoria.h"
 #include "tariffs/Reglas.h"
 #include "tariffs/Reparos.h"
 #include "tariffs/Revision.h"
 #include "tariffs/Tablas.h"
-#include "tariffs/Valor.h"
 
 namespace vintoral {
 namespace {
@@ -27,9 +26,20 @@ bool IsRepeated(const Block& block, std::size_t head) {
   return LineaDeCategoria(block.tabla, block.tabla[head]) < head;
 }
 
-std::optional<std::size_t> HeadAbove(const Block& block, std::size_t at) {
+/// A head that the station finds; it never comes to one that repeats a name.
+bool IsLive(const Block& block, std::size_t at) {
+  return IsHead(block, at) && !IsRepeated(block, at);
+}
+
+bool HasHeadAbove(const Block& block, std::size_t at) {
   while (at-- > block.begin)
-    if (IsHead(block, at)) return at;
+    if (IsHead(block, at)) return true;
+  return false;
+}
+
+std::optional<std::size_t> LiveHeadAbove(const Block& block, std::size_t at) {
+  while (at-- > block.begin)
+    if (IsLive(block, at)) return at;
   return std::nullopt;
 }
 
@@ -55,7 +65,7 @@ String ReviewHead(const Block& block, std::size_t at) {
     return "Parece en blanco pero es una categoría: lleva un tabulador."_w;
   if (IsRepeated(block, at)) return "Categoría repetida: solo cuenta la primera."_w;
   if (typed.size() > kAnchoTarifa) return "El nombre se corta en 20 caracteres."_w;
-  const std::optional<std::size_t> above = HeadAbove(block, at);
+  const std::optional<std::size_t> above = LiveHeadAbove(block, at);
   return above ? ReviewSecondHead(block, at, *above) : String();
 }
 
@@ -68,52 +78,31 @@ bool ChargesNoHour(const Block& block, std::size_t at) {
 }
 
 String ReviewRule(const Block& block, std::size_t at) {
-  if (!HeadAbove(block, at)) return "Nunca se aplica: falta el nombre de la categoría encima."_w;
+  if (!HasHeadAbove(block, at)) return "Nunca se aplica: falta el nombre de la categoría encima."_w;
   String reparo = ReparoDeRegla(block.lineas[at]);
   if (!reparo.Empty()) return reparo;
   if (ChargesNoHour(block, at)) return "No cobra la primera hora: ponga debajo las reglas de horas."_w;
   return {};
 }
 
-/// A price changes its line only at these stays: each minute, each hour, and either side of each key of days.
-std::vector<Estadia> TellingStays(const std::vector<String>& category) {
-  std::vector<Estadia> stays;
-  for (std::int32_t minute = 0; minute < 60; ++minute) {
-    stays.push_back({0, 0, minute});
-    stays.push_back({0, 1, minute});
-  }
-  for (std::int32_t hour = 2; hour < 24; ++hour)
-    stays.push_back({0, hour, 0});
-  for (const String& linea : category) {
-    const auto key = static_cast<std::int32_t>(LeerRegla(linea).clave);
-    stays.push_back({key, 0, 0});
-    stays.push_back({key + 1, 0, 0});
-  }
-  return stays;
+/// The first live head from `at` on; the end of the block when there is none.
+std::size_t LiveHeadFrom(const Block& block, std::size_t at) {
+  while (at < block.end && !IsLive(block, at))
+    ++at;
+  return at;
 }
 
-/// Adds the lines that price some stay of the category at `head`.
-void AddReached(const Block& block, std::size_t head, std::vector<bool>& reached) {
-  const std::vector<String> own = LineasDeCategoria(block.tabla, head);
-  for (const Estadia& stay : TellingStays(own)) {
-    const Valor valor = CalcularValorDe(own, own.front(), stay);
-    for (const auto& linea : {valor.lineaMinutos, valor.lineaHoras, valor.lineaDias})
-      if (linea) reached[head + *linea] = true;
-  }
-}
-
-/// Marks the rules of the block that price no stay, where nothing else is said of them.
+/// Marks the rules that price no stay, where nothing else is said of them. Those below a second head wait
+/// until the blank line above it is there: until then they belong to both.
 void ReviewReach(const Block& block, std::vector<String>& reparos) {
-  std::vector<bool> reached(block.tabla.size());
-  std::size_t first = block.end;
-  for (std::size_t head = block.end; head-- > block.begin;) {
-    if (!IsHead(block, head) || IsRepeated(block, head)) continue;
-    AddReached(block, head, reached);
-    first = head;
-  }
-  for (std::size_t at = first; at < block.end; ++at) {
+  const std::size_t head = LiveHeadFrom(block, block.begin);
+  if (head == block.end || !RuleBelow(block, head, false)) return;
+  const std::vector<bool> reached = LineasAlcanzadas(LineasDeCategoria(block.tabla, head));
+  const std::size_t second = LiveHeadFrom(block, head + 1);
+  for (std::size_t at = head + 1; at < second; ++at) {
     const bool rule = EsRegla(block.tabla[at]) && !MarcaPrimeraHora(LeerRegla(block.tabla[at]));
-    if (rule && !reached[at] && reparos[at].Empty()) reparos[at] = "Ninguna estadía llega a esta regla."_w;
+    if (rule && !reached[at - head] && reparos[at].Empty())
+      reparos[at] = "Ninguna estadía llega a esta regla."_w;
   }
 }
 

@@ -149,11 +149,19 @@ TEST(AlcanceDeReglas, AMarkWorksWithoutPricingAStay) {
               ElementsAre("", kUnreached, "", ""));
 }
 
-TEST(AlcanceDeReglas, IsThatOfEitherNameOfSharedRules) {
+TEST(AlcanceDeReglas, IsNotToldBelowASecondHead) {
   const std::vector<std::string> reparos =
-      Review({"X", "30M = 1", "Y", "15M = 2", "45M = 3", "15M = 4", "50M = 5"});
-  EXPECT_EQ(reparos[3], "");
-  EXPECT_EQ(reparos[5], kUnreached);
+      Review({"X", "30M = 1", "15M = 9", "Y", "15M = 2", "45M = 3", "15M = 4", "50M = 5"});
+  ASSERT_EQ(reparos.size(), 8U);
+  EXPECT_EQ(reparos[2], kUnreached);
+  EXPECT_EQ(reparos[4], "");
+  EXPECT_EQ(reparos[6], "");
+}
+
+TEST(AlcanceDeReglas, ARepeatedHeadChangesNothing) {
+  const std::string repeated = "Categoría repetida: solo cuenta la primera.";
+  EXPECT_THAT(Review({"X", "", "X", "Y", "30M = 1", "15M = 9", "X", "15M = 8", "45M = 3"}),
+              ElementsAre("", "", repeated, "", "", kUnreached, repeated, kUnreached, ""));
 }
 
 }  // namespace
