@@ -28,6 +28,7 @@ Decimal LeadingDecimal(std::string_view text) {
     if (result.digits != 0) ++kept;
     if (point) ++result.decimals;
   }
+  result.length = at;
   return result;
 }
 

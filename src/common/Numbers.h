@@ -1,6 +1,7 @@
 // Numbers read from text and written to it.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
@@ -13,6 +14,7 @@ struct Decimal {
   bool negative = false;
   __extension__ unsigned __int128 digits = 0;  ///< all digits, point left out; at most 30 are kept
   int decimals = 0;                            ///< how many of them stand behind the point
+  std::size_t length = 0;                      ///< characters of the text up to the end of the number
 };
 
 /// Reads sign, digits and one point from the start of `text` (leading blanks are passed over) and stops at

@@ -55,6 +55,10 @@ ReglaTarifa LeerRegla(std::string_view linea) {
           .dosEstrellas = linea.find("**") != std::string_view::npos};
 }
 
+bool MarcaPrimeraHora(const ReglaTarifa& regla) {
+  return regla.minutos && regla.clave == 1 && regla.dosEstrellas;
+}
+
 bool ValorEsCeroDosEstrellas(std::string_view linea) {
   return ValueText(linea) == "0**";
 }

@@ -16,6 +16,7 @@ struct ReglaTarifa {
   bool minutos = false, horas = false, dias = false;
   /// "*" and "**" anywhere on the line; a line with the second holds the first too.
   bool estrella = false, dosEstrellas = false;
+  friend bool operator==(const ReglaTarifa&, const ReglaTarifa&) = default;
 };
 
 /// Nine characters of a value leave room for eight decimals at most, so this scale holds every value exactly.
@@ -25,6 +26,9 @@ inline constexpr std::int64_t kEscalaValor = 100'000'000;
 bool EsRegla(std::string_view linea);
 /// Reads a line that EsRegla; the first "=" parts key from value.
 ReglaTarifa LeerRegla(std::string_view linea);
+/// The mark of the first hour: it may make one whole hour of the minutes of a stay, and is no price of that
+/// hour itself.
+bool MarcaPrimeraHora(const ReglaTarifa& regla);
 /// Whether the text right of the "=" is "0**" and nothing else: the mark that charges a begun hour whole.
 bool ValorEsCeroDosEstrellas(std::string_view linea);
 /// Whether the line holds the unit letter of the hours.

@@ -6,7 +6,6 @@ namespace vintoral {
 namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
-constexpr std::size_t kWidthOfName = 15;
 constexpr std::size_t kWidthOfPrice = 9;
 
 }  // namespace
@@ -37,7 +36,7 @@ String LineaExtraEditada(std::string_view linea) {
   const std::size_t equals = piece.find('=');
   if (equals == std::string_view::npos) return Upper(piece.substr(0, kAnchoLinea));
   const String withoutTabs = ReplaceAll(piece.substr(0, equals), "\t", " ");
-  const std::string_view name = TrimBlanks(TrimBlanks(withoutTabs).substr(0, kWidthOfName));
+  const std::string_view name = TrimBlanks(TrimBlanks(withoutTabs).substr(0, kAnchoArticulo));
   const std::string_view price = TrimBlanks(piece.substr(equals + 1)).substr(0, kWidthOfPrice);
   return Upper(name) + " = "_w + Upper(price);
 }

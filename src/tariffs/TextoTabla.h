@@ -1,12 +1,16 @@
 // A table as its operator edits it: one text, its lines parted by CR LF.
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 #include <vector>
 
 #include "common/String.h"
 
 namespace vintoral {
+
+/// The name of an article counts this far, as the record of a sale holds it.
+inline constexpr std::size_t kAnchoArticulo = 15;
 
 /// The lines of a table without the blanks at their ends, CR LF between them and none behind the last.
 String TextoDeTabla(const std::vector<String>& tabla);

@@ -5,6 +5,7 @@
 #include <limits>
 #include <memory_resource>
 
+#include "tariffs/Categoria.h"
 #include "tariffs/Reglas.h"
 
 namespace vintoral {
@@ -12,34 +13,36 @@ namespace {
 
 /// Hundred-millionths. The largest value times the largest count of days stays far inside.
 __extension__ using Amount = __int128;
-using Rules = std::pmr::vector<ReglaTarifa>;
+
+struct Rule : ReglaTarifa {
+  std::size_t linea = 0;
+};
+using Rules = std::pmr::vector<Rule>;
+
+/// What days, hours or minutes cost, and the line that said so.
+struct Part {
+  Amount amount = 0;
+  std::optional<std::size_t> linea;
+};
 
 struct WorkingLists {
   explicit WorkingLists(std::pmr::memory_resource* memory) : minutos(memory), horas(memory), dias(memory) {}
   Rules minutos, horas, dias;
 };
 
-std::size_t LineOf(const std::vector<String>& tabla, std::string_view categoria) {
-  const std::string_view wanted = TrimBlanks(categoria);
-  const auto found = std::find_if(tabla.begin(), tabla.end(), [wanted](const String& linea) {
-    return EqualNoCase(TrimBlanks(linea), wanted);
-  });
-  return static_cast<std::size_t>(found - tabla.begin());
-}
-
 /// The mark speaks of the first hour only, but after whole days too: hours 0 is all it asks for.
-bool IsFirstHourMark(const ReglaTarifa& regla, const Estadia& estadia) {
-  return regla.clave == 1 && regla.dosEstrellas && estadia.minutos > 0 && estadia.horas == 0;
+bool IsFirstHour(const Estadia& estadia) {
+  return estadia.minutos > 0 && estadia.horas == 0;
 }
 
 /// Takes in the rule of line `at`. A first-hour mark with a line below it is never a minute rule itself; it
 /// may raise the stay to one whole hour, which the classes that are tested after it already see.
 void SortLine(const std::vector<String>& tabla, std::size_t at, Estadia& estadia, WorkingLists& lists) {
   const std::string_view linea = TrimBlanks(tabla[at]);
-  const ReglaTarifa regla = LeerRegla(linea);
+  const Rule regla{LeerRegla(linea), at};
   if (regla.minutos) {
     const bool hasNext = at + 1 < tabla.size();
-    if (!hasNext || !IsFirstHourMark(regla, estadia)) {
+    if (!hasNext || !MarcaPrimeraHora(regla) || !IsFirstHour(estadia)) {
       lists.minutos.push_back(regla);
     } else if (ValorEsCeroDosEstrellas(linea) || TieneHoras(tabla[at + 1])) {
       estadia.minutos = 0;
@@ -53,32 +56,38 @@ void SortLine(const std::vector<String>& tabla, std::size_t at, Estadia& estadia
 void Sort(const std::vector<String>& tabla, std::size_t head, Estadia& estadia, WorkingLists& lists) {
   for (std::size_t at = head; at < tabla.size(); ++at) {
     const std::string_view linea = TrimBlanks(tabla[at]);
-    if (linea.empty()) return;
+    if (TerminaCategoria(linea)) return;
     if (EsRegla(linea)) SortLine(tabla, at, estadia, lists);
   }
 }
 
-/// Minutes and days: charged by the unit, or by steps. A list that runs out keeps its last value, once.
-Amount PartBySteps(const Rules& rules, std::int32_t units) {
-  for (const ReglaTarifa& regla : rules) {
+/// A list that runs out keeps its last value, once.
+Part LastOf(const Rules& rules) {
+  return rules.empty() ? Part{} : Part{rules.back().valor, rules.back().linea};
+}
+
+/// Minutes and days: charged by the unit, or by steps.
+Part PartBySteps(const Rules& rules, std::int32_t units) {
+  for (const Rule& regla : rules) {
     const bool byUnit = regla.clave == 1 && regla.estrella && regla.valor > 0;
-    if (byUnit || regla.clave >= units) return regla.estrella ? Amount{regla.valor} * units : regla.valor;
+    if (byUnit || regla.clave >= units)
+      return {regla.estrella ? Amount{regla.valor} * units : regla.valor, regla.linea};
   }
-  return rules.empty() ? 0 : rules.back().valor;
+  return LastOf(rules);
 }
 
 /// Hours: two stars mean a flat price instead, with no minutes charged on top.
-Amount HourPart(const Rules& rules, std::int32_t hours, Amount& minutePart) {
-  for (const ReglaTarifa& regla : rules) {
+Part HourPart(const Rules& rules, std::int32_t hours, Amount& minutePart) {
+  for (const Rule& regla : rules) {
     const bool byUnit = regla.clave == 1 && regla.estrella && !regla.dosEstrellas && regla.valor > 0;
     if (!byUnit && regla.clave < hours) continue;
     if (regla.dosEstrellas) {
       minutePart = 0;
-      return regla.valor;
+      return {regla.valor, regla.linea};
     }
-    return regla.estrella ? Amount{regla.valor} * hours : regla.valor;
+    return {regla.estrella ? Amount{regla.valor} * hours : regla.valor, regla.linea};
   }
-  return rules.empty() ? 0 : rules.back().valor;
+  return LastOf(rules);
 }
 
 /// Four decimals first, halves to the even one, as the registers hold money; then the two that are shown.
@@ -96,23 +105,26 @@ Money InCents(Amount amount) {
 }  // namespace
 
 Valor CalcularValorDe(const std::vector<String>& tabla, std::string_view categoria, Estadia estadia) {
-  const std::size_t head = LineOf(tabla, categoria);
+  const std::size_t head = LineaDeCategoria(tabla, categoria);
   if (head == tabla.size()) return {.valor = {}, .contada = estadia};
   // Room for the rules of any ordinary category without asking the heap; a longer one asks it.
   std::array<std::byte, 4096> room;
   std::pmr::monotonic_buffer_resource memory(room.data(), room.size());
   WorkingLists lists(&memory);
   Sort(tabla, head, estadia, lists);
-  Amount minutes = PartBySteps(lists.minutos, estadia.minutos);
-  const Amount hours = HourPart(lists.horas, estadia.horas, minutes);
-  const Amount days = PartBySteps(lists.dias, estadia.dias);
+  Part minutes = PartBySteps(lists.minutos, estadia.minutos);
+  const Part hours = HourPart(lists.horas, estadia.horas, minutes.amount);
+  const Part days = PartBySteps(lists.dias, estadia.dias);
   return {.encontrada = true,
           .conPrecio = !lists.minutos.empty() || !lists.horas.empty() || !lists.dias.empty(),
-          .valor = InCents(days + hours + minutes),
+          .valor = InCents(days.amount + hours.amount + minutes.amount),
           .contada = estadia,
           .reglasMinutos = lists.minutos.size(),
           .reglasHoras = lists.horas.size(),
-          .reglasDias = lists.dias.size()};
+          .reglasDias = lists.dias.size(),
+          .lineaMinutos = minutes.linea,
+          .lineaHoras = hours.linea,
+          .lineaDias = days.linea};
 }
 
 }  // namespace vintoral

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -18,6 +19,8 @@ struct Valor {
   /// The stay as it was charged: a first-hour mark makes one whole hour of the minutes.
   Estadia contada;
   std::size_t reglasMinutos = 0, reglasHoras = 0, reglasDias = 0;
+  /// The lines of the table, from 0, whose values the three parts took; none where no rule counts.
+  std::optional<std::size_t> lineaMinutos = {}, lineaHoras = {}, lineaDias = {};
 };
 
 /// Prices `estadia` by the first line of `tabla` that equals `categoria`, blanks at the ends and case aside,

@@ -39,6 +39,13 @@ TEST(LeadingDecimal, KeepsDigitsAndPoint) {
   EXPECT_EQ(number.decimals, 3);
 }
 
+TEST(LeadingDecimal, TellsWhereTheNumberEnds) {
+  EXPECT_EQ(LeadingDecimal(" -12.340x").length, 8U);
+  EXPECT_EQ(LeadingDecimal("7").length, 1U);
+  EXPECT_EQ(LeadingDecimal("5 000").length, 1U);
+  EXPECT_EQ(LeadingDecimal("x7").length, 0U);
+}
+
 TEST(LeadingDecimal, SecondPointEndsTheNumber) {
   const Decimal number = LeadingDecimal("1.2.3");
   EXPECT_EQ(static_cast<std::int64_t>(number.digits), 12);

@@ -177,5 +177,26 @@ TEST(Dias, AddToHoursAndMinutes) {
   EXPECT_EQ(PriceBy({"1M = 1*", "5H = 100", "1D = 1000*"}, {1, 5, 9}).valor, Units(1109));
 }
 
+TEST(Lineas, AreThoseThatGaveTheParts) {
+  // X is line 0.
+  const std::vector<std::string_view> rules = {"5M = 1", "30M = 2", "2H = 3", "9H = 4", "1D = 5", "2D = 6"};
+  const Valor steps = PriceBy(rules, {1, 2, 30});
+  EXPECT_EQ(steps.lineaMinutos, 2U);
+  EXPECT_EQ(steps.lineaHoras, 3U);
+  EXPECT_EQ(steps.lineaDias, 5U);
+  const Valor beyond = PriceBy(rules, {3, 10, 31});
+  EXPECT_EQ(beyond.lineaMinutos, 2U);
+  EXPECT_EQ(beyond.lineaHoras, 4U);
+  EXPECT_EQ(beyond.lineaDias, 6U);
+  EXPECT_EQ(PriceBy({"1H = 600**"}, {0, 1, 0}).lineaHoras, 1U);
+}
+
+TEST(Lineas, AreNoneWhereNoRuleCounts) {
+  const Valor valor = PriceBy({"1M = 0**", "1H = 600", "1D = 3000*"}, {0, 0, 20});
+  EXPECT_EQ(valor.lineaMinutos, std::nullopt);
+  EXPECT_EQ(valor.lineaHoras, 2U);
+  EXPECT_EQ(valor.lineaDias, std::nullopt);
+}
+
 }  // namespace
 }  // namespace vintoral
