@@ -98,8 +98,7 @@ TEST(JpegDecode, ErrorAndSizeAreNoWorseThanAnotherEncoders) {
       for (const Factors& factors : {kStation, kDefault, Factors{2, 1, 1, 1, 1, 1}}) {
         SCOPED_TRACE(kind.name + " " + std::to_string(quality) + " " + std::to_string(factors[0]));
         const Bytes ours = Encode(picture, quality, factors);
-        Bytes theirs;
-        made::EncodeWithLibJpeg(picture, {quality, factors[0], factors[1]}, theirs);
+        const Bytes theirs = made::EncodeWithLibJpeg(picture, {quality, factors[0], factors[1]});
         const double error = Errors(picture, ours)[0].meanSquare;
         const double theirError = Errors(picture, theirs)[0].meanSquare;
         EXPECT_LE(error, theirError * 1.01 + 0.1);
