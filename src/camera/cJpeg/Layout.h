@@ -21,6 +21,15 @@ using SamplingFactors = std::array<SamplingFactor, kMaxComponents>;
 struct Layout {
   Layout(int pictureWidth, int pictureHeight, bool grey, const SamplingFactors& factors);
 
+  // One with all components, or one for each if a unit of all would have more than ten blocks (ITU-T T.81,
+  // B.2.3).
+  int Scans() const;
+
+  // The blocks that a component's samples take up, beyond which a scan of its own does not go (ITU-T T.81,
+  // A.2.2).
+  int BlocksAcross(int component) const;
+  int BlocksDown(int component) const;
+
   const SamplingFactor& Factor(int component) const { return factor[static_cast<std::size_t>(component)]; }
 
   int width;
@@ -33,7 +42,7 @@ struct Layout {
   int unitsDown;
 };
 
-// Whether each factor is 1 to 4, and a unit holds at most ten blocks (ITU-T T.81, B.2.3).
+// Whether each factor is 1 to 4 (ITU-T T.81, B.2.2).
 bool IsAllowed(const SamplingFactors& factors);
 
 }  // namespace vintoral
