@@ -27,6 +27,10 @@ Layout::Layout(int pictureWidth, int pictureHeight, bool grey, const SamplingFac
   }
   unitsAcross = (width + 8 * maxHorizontal - 1) / (8 * maxHorizontal);
   unitsDown = (height + 8 * maxVertical - 1) / (8 * maxVertical);
+  for (int i = 0; i < components; ++i) {
+    blocksAcross[static_cast<std::size_t>(i)] = BlocksFor(width, Factor(i).horizontal, maxHorizontal);
+    blocksDown[static_cast<std::size_t>(i)] = BlocksFor(height, Factor(i).vertical, maxVertical);
+  }
 }
 
 int Layout::Scans() const {
@@ -34,14 +38,6 @@ int Layout::Scans() const {
   for (int i = 0; i < components; ++i)
     blocks += Factor(i).horizontal * Factor(i).vertical;
   return blocks <= kMaxBlocksInUnit ? 1 : components;
-}
-
-int Layout::BlocksAcross(int component) const {
-  return BlocksFor(width, Factor(component).horizontal, maxHorizontal);
-}
-
-int Layout::BlocksDown(int component) const {
-  return BlocksFor(height, Factor(component).vertical, maxVertical);
 }
 
 bool IsAllowed(const SamplingFactors& factors) {

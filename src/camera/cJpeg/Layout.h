@@ -25,11 +25,6 @@ struct Layout {
   // B.2.3).
   int Scans() const;
 
-  // The blocks that a component's samples take up, beyond which a scan of its own does not go (ITU-T T.81,
-  // A.2.2).
-  int BlocksAcross(int component) const;
-  int BlocksDown(int component) const;
-
   const SamplingFactor& Factor(int component) const { return factor[static_cast<std::size_t>(component)]; }
 
   int width;
@@ -40,6 +35,10 @@ struct Layout {
   int maxVertical;
   int unitsAcross;
   int unitsDown;
+  // The blocks that each component's samples take up, beyond which a scan of its own does not go (ITU-T T.81,
+  // A.2.2).
+  std::array<int, kMaxComponents> blocksAcross{};
+  std::array<int, kMaxComponents> blocksDown{};
 };
 
 // Whether each factor is 1 to 4 (ITU-T T.81, B.2.2).

@@ -44,6 +44,12 @@ void ScanSymbols::Take(int component, const CodedBlock& block) {
     ++counts.ac[FormOf(*word)];
 }
 
+void ScanSymbols::TakeBeyond(int component) {
+  CodedBlock block{};
+  block.values[0] = static_cast<std::int16_t>(lastDc_[static_cast<std::size_t>(component)]);
+  Take(component, block);
+}
+
 SymbolCounts ScanSymbols::AcCounts(int selector) const {
   const Counts& counts = counts_[static_cast<std::size_t>(selector)];
   SymbolCounts ac{};

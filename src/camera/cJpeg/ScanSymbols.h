@@ -19,6 +19,8 @@ namespace vintoral {
 class ScanSymbols {
  public:
   void Take(int component, const CodedBlock& block);
+  // A block that holds no part of the picture and only completes a unit: the one that costs least.
+  void TakeBeyond(int component);
 
   const SymbolStore& Store() const { return store_; }
   const SymbolCounts& DcCounts(int selector) const { return counts_[static_cast<std::size_t>(selector)].dc; }

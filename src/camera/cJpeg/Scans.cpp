@@ -17,16 +17,30 @@ void ForEachGroup(const ColourPlanes& planes, const Layout& layout, UnitGroup& g
   }
 }
 
-// Unit by unit, component by component, the blocks of a component row by row (ITU-T T.81, A.2.3).
-void TakeInterleaved(const UnitGroup& group, const Layout& layout, int units, ScanSymbols& scan) {
-  for (int unit = 0; unit < units; ++unit) {
-    for (int component = 0; component < layout.components; ++component) {
-      const SamplingFactor& factor = layout.Factor(component);
-      for (int y = 0; y < factor.vertical; ++y) {
-        for (int x = 0; x < factor.horizontal; ++x)
-          scan.Take(component, group.Block(component, unit, x, y));
+// Takes the blocks of one component in the unit (unitX, unitY), row by row.
+void TakeUnit(const UnitGroup& group, const Layout& layout, int component, int unit, int unitX, int unitY,
+              ScanSymbols& scan) {
+  const SamplingFactor& factor = layout.Factor(component);
+  const auto at = static_cast<std::size_t>(component);
+  const int across = layout.blocksAcross[at] - unitX * factor.horizontal;
+  const int down = layout.blocksDown[at] - unitY * factor.vertical;
+  for (int y = 0; y < factor.vertical; ++y) {
+    for (int x = 0; x < factor.horizontal; ++x) {
+      if (x < across && y < down) {
+        scan.Take(component, group.Block(component, unit, x, y));
+      } else {
+        scan.TakeBeyond(component);
       }
     }
+  }
+}
+
+// Unit by unit, component by component (ITU-T T.81, A.2.3).
+void TakeInterleaved(const UnitGroup& group, const Layout& layout, int first, int units, int unitY,
+                     ScanSymbols& scan) {
+  for (int unit = 0; unit < units; ++unit) {
+    for (int component = 0; component < layout.components; ++component)
+      TakeUnit(group, layout, component, unit, first + unit, unitY, scan);
   }
 }
 
@@ -52,9 +66,10 @@ class BlockRows {
 
   // Only the blocks that hold a part of the picture belong to the scan (ITU-T T.81, A.2.2).
   void Take(int unitY, ScanSymbols& scan) {
-    const int rows = std::min(factor_.vertical, layout_.BlocksDown(component_) - unitY * factor_.vertical);
+    const auto at = static_cast<std::size_t>(component_);
+    const int rows = std::min(factor_.vertical, layout_.blocksDown[at] - unitY * factor_.vertical);
     for (int y = 0; y < rows; ++y) {
-      for (int x = 0; x < layout_.BlocksAcross(component_); ++x)
+      for (int x = 0; x < layout_.blocksAcross[at]; ++x)
         scan.Take(component_, At(x, y));
     }
   }
@@ -73,7 +88,7 @@ void CollectInterleaved(const ColourPlanes& planes, const Layout& layout, UnitGr
                         ScanSymbols& scan) {
   for (int unitY = 0; unitY < layout.unitsDown; ++unitY) {
     ForEachGroup(planes, layout, group, unitY,
-                 [&](int, int units) { TakeInterleaved(group, layout, units, scan); });
+                 [&](int first, int units) { TakeInterleaved(group, layout, first, units, unitY, scan); });
   }
 }
 

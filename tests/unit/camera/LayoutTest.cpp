@@ -33,20 +33,20 @@ TEST(Layout, AGreyPictureHasOneScanOfSingleBlocks) {
 // and 17.
 TEST(Layout, BlocksOfAComponentCoverItsSamples) {
   const Layout layout(37, 33, false, {{{3, 4}, {1, 2}, {2, 2}}});
-  EXPECT_EQ(layout.BlocksAcross(0), 5);
-  EXPECT_EQ(layout.BlocksAcross(1), 2);
-  EXPECT_EQ(layout.BlocksAcross(2), 4);
-  EXPECT_EQ(layout.BlocksDown(0), 5);
-  EXPECT_EQ(layout.BlocksDown(1), 3);
-  EXPECT_EQ(layout.BlocksDown(2), 3);
+  EXPECT_EQ(layout.blocksAcross[0], 5);
+  EXPECT_EQ(layout.blocksAcross[1], 2);
+  EXPECT_EQ(layout.blocksAcross[2], 4);
+  EXPECT_EQ(layout.blocksDown[0], 5);
+  EXPECT_EQ(layout.blocksDown[1], 3);
+  EXPECT_EQ(layout.blocksDown[2], 3);
 }
 
 // 24 pixels at a third are 8 samples, one block; 25 are 9, two.
 TEST(Layout, ASampleThatIsBegunCounts) {
-  EXPECT_EQ(Layout(24, 24, false, {{{3, 3}, {1, 1}, {1, 1}}}).BlocksAcross(1), 1);
-  EXPECT_EQ(Layout(25, 25, false, {{{3, 3}, {1, 1}, {1, 1}}}).BlocksAcross(1), 2);
-  EXPECT_EQ(Layout(25, 24, false, {{{3, 3}, {1, 1}, {1, 1}}}).BlocksDown(1), 1);
-  EXPECT_EQ(Layout(24, 25, false, {{{3, 3}, {1, 1}, {1, 1}}}).BlocksDown(1), 2);
+  EXPECT_EQ(Layout(24, 24, false, {{{3, 3}, {1, 1}, {1, 1}}}).blocksAcross[1], 1);
+  EXPECT_EQ(Layout(25, 25, false, {{{3, 3}, {1, 1}, {1, 1}}}).blocksAcross[1], 2);
+  EXPECT_EQ(Layout(25, 24, false, {{{3, 3}, {1, 1}, {1, 1}}}).blocksDown[1], 1);
+  EXPECT_EQ(Layout(24, 25, false, {{{3, 3}, {1, 1}, {1, 1}}}).blocksDown[1], 2);
 }
 
 }  // namespace

@@ -93,6 +93,16 @@ TEST(ScanSymbols, DifferencesAreOfTheComponentsOwnBlocks) {
                                             2, 0, difference(-1024), 3, 0, 2, 3, 0));
 }
 
+TEST(ScanSymbols, ABlockBeyondThePictureRepeatsTheDcOfItsComponent) {
+  ScanSymbols symbols;
+  symbols.Take(1, Block({{0, 9}, {1, 1}}));
+  symbols.Take(0, Block({{0, 4}}));
+  symbols.TakeBeyond(1);
+  symbols.Take(1, Block({{0, 10}}));
+  EXPECT_THAT(WordsOf(symbols), ElementsAre(9, 5, 0x0010, kEndOfBlock, 4, 2, kEndOfBlock,  //
+                                            0, 3, kEndOfBlock, 1, 3, kEndOfBlock));
+}
+
 TEST(ScanSymbols, CountsEachSymbolUnderItsTables) {
   ScanSymbols symbols;
   symbols.Take(0, Block({{0, 5}, {1, -3}, {20, 1}}));
