@@ -28,6 +28,13 @@ void* operator new(std::size_t size) {
 void* operator new[](std::size_t size) {
   return Take(size);
 }
+// What asks this way can do without; it is answered here so that what it gets is freed where all is.
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+  return std::malloc(size);
+}
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
+  return std::malloc(size);
+}
 void operator delete(void* memory) noexcept {
   std::free(memory);
 }
@@ -38,6 +45,12 @@ void operator delete(void* memory, std::size_t) noexcept {
   std::free(memory);
 }
 void operator delete[](void* memory, std::size_t) noexcept {
+  std::free(memory);
+}
+void operator delete(void* memory, const std::nothrow_t&) noexcept {
+  std::free(memory);
+}
+void operator delete[](void* memory, const std::nothrow_t&) noexcept {
   std::free(memory);
 }
 
