@@ -1,61 +1,65 @@
 #include "camera/cJpeg/EncodePlanes.h"
 
-#include "camera/cJpeg/Scan.h"
+#include <vector>
+
+#include "camera/cJpeg/ScanCoder.h"
+#include "camera/cJpeg/Scans.h"
 
 namespace vintoral {
 
 namespace {
 
-using CodingTables = std::array<BlockCoder::Tables, 2>;
+using Tables = std::array<CodingTables, 2>;
 
-// The size of the coded data in bytes, stuffed bytes not counted.
-std::size_t FitTables(const SymbolCounter& counter, CodingTables& tables) {
-  std::uint64_t bits = 0;
-  for (int selector = 0; selector < 2; ++selector) {
-    BlockCoder::Tables& table = tables[static_cast<std::size_t>(selector)];
-    table.dc = BuildHuffmanTable(counter.DcCounts(selector));
-    table.ac = BuildHuffmanTable(counter.AcCounts(selector));
-    bits += CodedBits(counter.DcCounts(selector), table.dc) + CodedBits(counter.AcCounts(selector), table.ac);
-  }
-  return static_cast<std::size_t>(bits / 8 + 1);
+void WriteTables(Bytes& file, int selector, const Tables& tables) {
+  const CodingTables& table = tables[static_cast<std::size_t>(selector)];
+  WriteHuffmanTable(file, TableClass::Dc, selector, table.dc);
+  WriteHuffmanTable(file, TableClass::Ac, selector, table.ac);
 }
 
-// Enough for all but contrived pictures, for which the coder makes more: stuffed bytes, and the segments
-// around the scan.
-std::size_t RoomFor(std::size_t codedSize, std::string_view comment) {
-  return codedSize * 13 / 10 + 1000 + comment.size();
+// What stands before the first scan.
+void WriteHead(Bytes& file, const Layout& layout, const std::array<QuantizationTable, 2>& tables,
+               std::string_view comment) {
+  WriteStartOfImage(file);
+  WriteJfif(file);
+  if (!comment.empty()) WriteComment(file, comment);
+  WriteComment(file, kEncoderComment);
+  WriteQuantizationTable(file, 0, tables[0]);
+  if (layout.components > 1) WriteQuantizationTable(file, 1, tables[1]);
+  WriteBaselineFrame(file, layout);
+}
+
+// One scan with the tables that it uses; those of the scan before it give way.
+void WriteScan(Bytes& file, int first, int components, const ScanSymbols& symbols, const Tables& tables) {
+  WriteTables(file, TableOf(first), tables);
+  if (components > 1) WriteTables(file, 1, tables);
+  WriteScanHeader(file, first, components);
+  CodeScan(symbols, tables, file);
 }
 
 }  // namespace
+
+std::size_t RoomForFile(std::size_t codedSize, std::size_t commentLength) {
+  return codedSize * 13 / 10 + 1000 + commentLength;
+}
 
 Bytes EncodePlanes(const ColourPlanes& planes, const std::array<QuantizationTable, 2>& tables,
                    const SamplingFactors& factors, std::string_view comment, const Kernels& kernels) {
   const Layout layout(planes.Width(), planes.Height(), planes.IsGrey(), factors);
   const std::array<Quantizer, 2> quantizers = {Quantizer(tables[0]), Quantizer(tables[1])};
-  const int selectors = layout.components > 1 ? 2 : 1;
+  const std::vector<ScanSymbols> scans = CollectScans(planes, layout, quantizers, kernels);
 
-  SymbolCounter counter;
-  ForEachBlock(planes, layout, quantizers, kernels, counter);
-  CodingTables coding;
-  const std::size_t room = RoomFor(FitTables(counter, coding), comment);
-
-  Bytes file;
-  file.reserve(room);
-  WriteStartOfImage(file);
-  WriteJfif(file);
-  if (!comment.empty()) WriteComment(file, comment);
-  WriteComment(file, kEncoderComment);
-  for (int i = 0; i < selectors; ++i)
-    WriteQuantizationTable(file, i, tables[static_cast<std::size_t>(i)]);
-  WriteBaselineFrame(file, layout);
-  for (int i = 0; i < selectors; ++i) {
-    WriteHuffmanTable(file, TableClass::Dc, i, coding[static_cast<std::size_t>(i)].dc);
-    WriteHuffmanTable(file, TableClass::Ac, i, coding[static_cast<std::size_t>(i)].ac);
+  std::vector<Tables> coding;
+  std::size_t codedSize = 0;
+  for (const ScanSymbols& scan : scans) {
+    coding.push_back(FitTables(scan));
+    codedSize += CodedSize(scan, coding.back());
   }
-  WriteScanHeader(file, layout.components);
-  BlockCoder coder(file, room - file.size(), coding);
-  ForEachBlock(planes, layout, quantizers, kernels, coder);
-  coder.Finish();
+  Bytes file;
+  file.reserve(RoomForFile(codedSize, comment.size()));
+  WriteHead(file, layout, tables, comment);
+  for (std::size_t i = 0; i < scans.size(); ++i)
+    WriteScan(file, static_cast<int>(i), layout.components / layout.Scans(), scans[i], coding[i]);
   WriteEndOfImage(file);
   return file;
 }

@@ -10,6 +10,20 @@
 
 namespace vintoral {
 
+namespace {
+
+// Of one length, the lower symbol first, as figure K.4 has it. Codes full of ones so go to symbols with many
+// magnitude bits, and print gets by with fewer stuffed bytes than in the order of the counts.
+void SortWithinLengths(HuffmanTable& table) {
+  auto symbol = table.symbols.begin();
+  for (const int codes : table.codesOfLength) {
+    std::sort(symbol, symbol + codes);
+    symbol += codes;
+  }
+}
+
+}  // namespace
+
 HuffmanTable BuildHuffmanTable(const SymbolCounts& counts) {
   HuffmanTable table;
   for (std::size_t symbol = 0; symbol < counts.size(); ++symbol) {
@@ -27,6 +41,7 @@ HuffmanTable BuildHuffmanTable(const SymbolCounts& counts) {
   for (std::size_t i = 0; i < table.symbols.size(); ++i) {
     ++table.codesOfLength[static_cast<std::size_t>(lengths[i])];
   }
+  SortWithinLengths(table);
   return table;
 }
 

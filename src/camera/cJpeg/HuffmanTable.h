@@ -25,7 +25,8 @@ struct HuffmanCode {
 };
 
 // The table that codes these counts in the fewest bits, with codes of 1 to 16 bits and none of ones alone
-// (ITU-T T.81, Annex K.2 states the same aim). Counts that are all zero give an empty table.
+// (ITU-T T.81, Annex K.2 states the same aim). Symbols of one length come in rising order. Counts that are
+// all zero give an empty table.
 HuffmanTable BuildHuffmanTable(const SymbolCounts& counts);
 
 // Throws cJpegError "Bad Huffman Table" unless the lengths fit a prefix code of at most 16 bits that leaves

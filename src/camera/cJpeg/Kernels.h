@@ -19,6 +19,13 @@ struct Kernels {
   // Colour to Y, Cb, Cr (ITU-T T.871, 7), unrounded and shifted to lie around 0 (ITU-T T.81, A.3.1).
   void (*toYcc)(const std::uint8_t* red, const std::uint8_t* green, const std::uint8_t* blue,
                 std::ptrdiff_t count, float* y, float* cb, float* cr);
+  void (*toLuma)(const std::uint8_t* red, const std::uint8_t* green, const std::uint8_t* blue,
+                 std::ptrdiff_t count, float* y);
+  // Chroma at half the density: `count` sums of four neighbours each, two from either row, and the Cb and Cr
+  // of such sums of the three colours.
+  void (*sumSquares)(const std::uint8_t* upper, const std::uint8_t* lower, std::ptrdiff_t count, float* sums);
+  void (*toChroma)(const float* redSums, const float* greenSums, const float* blueSums, std::ptrdiff_t count,
+                   float* cb, float* cr);
   void (*toGrey)(const std::uint8_t* grey, std::ptrdiff_t count, float* y);
   // Transforms and quantises kGroupBlocks blocks that lie side by side.
   void (*transform)(const float* samples, std::size_t stride, const Quantizer& quantizer, CodedBlock* blocks);

@@ -47,8 +47,8 @@ VINTORAL_INLINE void Store(float* to, const typename Lanes<N>::Float& vector) {
   *reinterpret_cast<typename Lanes<N>::FloatInMemory*>(to) = vector;
 }
 
-template <std::size_t N>
-VINTORAL_INLINE void Store(std::int32_t* to, const typename Lanes<N>::Int& vector) {
+template <std::size_t N, class Integer>
+VINTORAL_INLINE void Store(Integer* to, const typename Lanes<N>::Int& vector) {
   *reinterpret_cast<typename Lanes<N>::IntInMemory*>(to) = vector;
 }
 

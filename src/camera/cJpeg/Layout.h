@@ -21,6 +21,10 @@ using SamplingFactors = std::array<SamplingFactor, kMaxComponents>;
 struct Layout {
   Layout(int pictureWidth, int pictureHeight, bool grey, const SamplingFactors& factors);
 
+  // One with all components, or one for each if a unit of all would have more than ten blocks (ITU-T T.81,
+  // B.2.3).
+  int Scans() const;
+
   const SamplingFactor& Factor(int component) const { return factor[static_cast<std::size_t>(component)]; }
 
   int width;
@@ -31,9 +35,13 @@ struct Layout {
   int maxVertical;
   int unitsAcross;
   int unitsDown;
+  // The blocks that each component's samples take up, beyond which a scan of its own does not go (ITU-T T.81,
+  // A.2.2).
+  std::array<int, kMaxComponents> blocksAcross{};
+  std::array<int, kMaxComponents> blocksDown{};
 };
 
-// Whether each factor is 1 to 4, and a unit holds at most ten blocks (ITU-T T.81, B.2.3).
+// Whether each factor is 1 to 4 (ITU-T T.81, B.2.2).
 bool IsAllowed(const SamplingFactors& factors);
 
 }  // namespace vintoral

@@ -94,10 +94,10 @@ void WriteHuffmanTable(Bytes& file, TableClass kind, int selector, const Huffman
   file.insert(file.end(), table.symbols.begin(), table.symbols.end());
 }
 
-void WriteScanHeader(Bytes& file, int components) {
+void WriteScanHeader(Bytes& file, int first, int components) {
   PutSegment(file, kStartOfScan, 4 + 2 * static_cast<std::size_t>(components));
   PutByte(file, components);
-  for (int i = 0; i < components; ++i) {
+  for (int i = first; i < first + components; ++i) {
     PutByte(file, i + 1);
     PutByte(file, TableOf(i) << 4 | TableOf(i));  // Huffman tables for DC and AC
   }

@@ -23,14 +23,15 @@ inline int TableOf(int component) {
   return component == 0 ? 0 : 1;
 }
 
-// Each appends one segment to the file. Clauses are those of ITU-T T.81.
+// Each appends one segment to the file. Clauses are those of ITU-T T.81. A scan header names `components`
+// components from `first` on.
 void WriteStartOfImage(Bytes& file);                                                        // SOI, B.1.1.3
 void WriteJfif(Bytes& file);                                                                // APP0, B.2.4.6
 void WriteComment(Bytes& file, std::string_view text);                                      // COM, B.2.4.5
 void WriteQuantizationTable(Bytes& file, int selector, const QuantizationTable& table);     // DQT, B.2.4.1
 void WriteBaselineFrame(Bytes& file, const Layout& layout);                                 // SOF0, B.2.2
 void WriteHuffmanTable(Bytes& file, TableClass kind, int selector, const HuffmanTable& t);  // DHT, B.2.4.2
-void WriteScanHeader(Bytes& file, int components);                                          // SOS, B.2.3
+void WriteScanHeader(Bytes& file, int first, int components);                               // SOS, B.2.3
 void WriteEndOfImage(Bytes& file);                                                          // EOI, B.1.1.3
 
 }  // namespace vintoral

@@ -64,6 +64,14 @@ bool IsFullDensity(const Layout& layout, int component) {
          layout.Factor(component).vertical == layout.maxVertical;
 }
 
+bool HasHalvedChroma(const Layout& layout) {
+  const auto isOne = [](const SamplingFactor& factor) {
+    return factor.horizontal == 1 && factor.vertical == 1;
+  };
+  return layout.Factor(0).horizontal == 2 && layout.Factor(0).vertical <= 2 && isOne(layout.Factor(1)) &&
+         isOne(layout.Factor(2));
+}
+
 void Sample(const Layout& layout, int component, const std::vector<float>& pixels,
             std::vector<float>& samples) {
   const SamplingFactor& factor = layout.Factor(component);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 
@@ -43,24 +44,27 @@ VINTORAL_INLINE void ForwardDct(Float (&x)[8]) {
 // Adding 1.5 * 2^23 to a float leaves its value, rounded to a whole number, in the low bits.
 inline constexpr float kRounder = 12582912.0F;
 
-// Quantises one coefficient of N blocks and makes their tokens.
+// Quantises one coefficient of N blocks.
 template <std::size_t N>
-VINTORAL_INLINE void Quantize(typename Lanes<N>::Int& tokens, const typename Lanes<N>::Float& x,
+VINTORAL_INLINE void Quantize(typename Lanes<N>::Int& values, const typename Lanes<N>::Float& x,
                               float factor) {
   const typename Lanes<N>::Float shifted = x * factor + kRounder;
-  const typename Lanes<N>::Float rounded = shifted - kRounder;
   // A cast between vectors keeps the bits.
-  const auto value = reinterpret_cast<typename Lanes<N>::Int>(shifted);
-  const auto form = reinterpret_cast<typename Lanes<N>::Int>(rounded);
-  // Sign in bit 31, exponent from bit 23: a value of n magnitude bits has an exponent of 126 + n.
-  tokens = (value << 16) | ((form >> 23) & 15) | ((form >> 27) & 16);
+  values = reinterpret_cast<typename Lanes<N>::Int>(shifted) - std::bit_cast<std::int32_t>(kRounder);
+}
+
+// Two values of 16 bits, so that `first` comes first in memory.
+template <class Int>
+VINTORAL_INLINE void Pair(Int& pair, const Int& first, const Int& second) {
+  constexpr bool kLowFirst = std::endian::native == std::endian::little;
+  pair = kLowFirst ? (first & 0xFFFF) | second << 16 : first << 16 | (second & 0xFFFF);
 }
 
 // The columns of N blocks: [vertical frequency][block][x].
 template <std::size_t N>
 using Columns = float[8][N][8];
 
-// The tokens of N blocks: [zig-zag place][block].
+// The values of N blocks: [zig-zag place][block].
 template <std::size_t N>
 using Interleaved = std::int32_t[kBlockSize][N];
 
@@ -102,28 +106,39 @@ VINTORAL_INLINE void TransformRows(const Columns<N>& columns, const Quantizer& q
     ForwardDct(x);
 #pragma GCC unroll 8
     for (std::size_t u = 0; u < 8; ++u) {
-      typename Lanes<N>::Int tokens;
-      Quantize<N>(tokens, x[u], quantizer.factors[8 * v + u]);
-      Store<N>(zigZag[quantizer.zigZagOf[8 * v + u]], tokens);
+      typename Lanes<N>::Int values;
+      Quantize<N>(values, x[u], quantizer.factors[8 * v + u]);
+      Store<N>(zigZag[quantizer.zigZagOf[8 * v + u]], values);
     }
   }
 }
 
-// At last turned again, into the blocks; on the way each lane notes which of its block's tokens are not zero.
+// Two neighbours of each block, and which of them are not zero.
+template <std::size_t N>
+VINTORAL_INLINE void CollectPair(const Interleaved<N>& zigZag, std::size_t k, typename Lanes<N>::Int& pair,
+                                 typename Lanes<N>::Int& nonzero) {
+  typename Lanes<N>::Int first, second;
+  Load<N>(first, zigZag[k]);
+  Load<N>(second, zigZag[k + 1]);
+  nonzero |= (first != 0) & static_cast<int>(1U << k % 32);
+  nonzero |= (second != 0) & static_cast<int>(2U << k % 32);
+  Pair(pair, first, second);
+}
+
+// At last turned again, in pairs, into the blocks; on the way each lane notes which values of its block are
+// not zero.
 template <std::size_t N>
 VINTORAL_INLINE void CollectBlocks(const Interleaved<N>& zigZag, CodedBlock* blocks) {
-  typename Lanes<N>::Int nonzero[2] = {};  // of the tokens 0 to 31 and 32 to 63
-  for (std::size_t k = 0; k < kBlockSize; k += N) {
-    typename Lanes<N>::Int tokens[N];
+  typename Lanes<N>::Int nonzero[2] = {};  // of the values 0 to 31 and 32 to 63
+  for (std::size_t k = 0; k < kBlockSize; k += 2 * N) {
+    typename Lanes<N>::Int pairs[N];
 #pragma GCC unroll 8
-    for (std::size_t i = 0; i < N; ++i) {
-      Load<N>(tokens[i], zigZag[k + i]);
-      nonzero[k / 32] |= (tokens[i] != 0) & static_cast<int>(1U << (k + i) % 32);
-    }
-    Transpose(tokens);
+    for (std::size_t i = 0; i < N; ++i)
+      CollectPair<N>(zigZag, k + 2 * i, pairs[i], nonzero[k / 32]);
+    Transpose(pairs);
 #pragma GCC unroll 8
     for (std::size_t block = 0; block < N; ++block)
-      Store<N>(&blocks[block].tokens[k], tokens[block]);
+      Store<N>(&blocks[block].values[k], pairs[block]);
   }
 #pragma GCC unroll 8
   for (std::size_t block = 0; block < N; ++block) {

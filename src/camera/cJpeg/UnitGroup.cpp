@@ -7,9 +7,22 @@
 
 namespace vintoral {
 
+namespace {
+
+// The next group's part of a row: a group takes so little of each of so many rows that the processor does not
+// see by itself what comes next.
+void FetchAhead(const std::uint8_t* pixels, std::size_t count) {
+  constexpr std::size_t kCacheLine = 64;
+  for (std::size_t i = 0; i < count; i += kCacheLine)
+    __builtin_prefetch(pixels + i);
+}
+
+}  // namespace
+
 UnitGroup::UnitGroup(const Layout& layout, const std::array<Quantizer, 2>& quantizers, const Kernels& kernels)
     : layout_(layout),
       kernels_(kernels),
+      halved_(HasHalvedChroma(layout)),
       width_(8 * kGroupBlocks * static_cast<std::size_t>(layout.maxHorizontal)),
       height_(std::size_t{8} * static_cast<std::size_t>(layout.maxVertical)) {
   for (int i = 0; i < layout.components; ++i) {
@@ -18,16 +31,23 @@ UnitGroup::UnitGroup(const Layout& layout, const std::array<Quantizer, 2>& quant
     component.down = static_cast<std::size_t>(layout.Factor(i).vertical);
     component.quantizer = &quantizers[static_cast<std::size_t>(TableOf(i))];
     component.pixels.resize(width_ * height_);
-    component.edge.resize(width_);
     component.blocks.resize(kGroupBlocks * component.across * component.down);
+    for (auto& edge : edges_)
+      edge[static_cast<std::size_t>(i)].resize(width_);
+    sums_[static_cast<std::size_t>(i)].resize(width_ / 2);
   }
 }
 
 void UnitGroup::Work(const ColourPlanes& planes, int unitX, int unitY) {
-  Convert(planes, unitX * 8 * layout_.maxHorizontal, unitY * 8 * layout_.maxVertical);
+  const int left = unitX * 8 * layout_.maxHorizontal, top = unitY * 8 * layout_.maxVertical;
+  if (halved_) {
+    ConvertHalved(planes, left, top);
+  } else {
+    Convert(planes, left, top);
+  }
   for (int i = 0; i < layout_.components; ++i) {
     Component& component = components_[static_cast<std::size_t>(i)];
-    if (IsFullDensity(layout_, i)) {
+    if (halved_ || IsFullDensity(layout_, i)) {
       Transform(component, component.pixels);
     } else {
       Sample(layout_, i, component.pixels, samples_);
@@ -43,31 +63,59 @@ const CodedBlock& UnitGroup::Block(int component, int unit, int x, int y) const 
 }
 
 void UnitGroup::Convert(const ColourPlanes& planes, int left, int top) {
-  for (std::size_t row = 0; row < height_; ++row) {
-    ConvertRow(planes, left, std::min(top + static_cast<int>(row), planes.Height() - 1), row * width_);
-  }
-}
-
-void UnitGroup::ConvertRow(const ColourPlanes& planes, int left, int y, std::size_t to) {
   auto& [first, second, third] = components_;
   const auto count = static_cast<std::ptrdiff_t>(width_);
-  if (layout_.components == 1) {
-    kernels_.toGrey(RowOf(planes, 0, left, y), count, &first.pixels[to]);
-  } else {
-    kernels_.toYcc(RowOf(planes, 0, left, y), RowOf(planes, 1, left, y), RowOf(planes, 2, left, y), count,
-                   &first.pixels[to], &second.pixels[to], &third.pixels[to]);
+  for (std::size_t y = 0; y < height_; ++y) {
+    const Row row = RowOf(planes, left, top + static_cast<int>(y), 0);
+    const std::size_t to = y * width_;
+    if (layout_.components == 1) {
+      kernels_.toGrey(row[0], count, &first.pixels[to]);
+    } else {
+      kernels_.toYcc(row[0], row[1], row[2], count, &first.pixels[to], &second.pixels[to], &third.pixels[to]);
+    }
   }
 }
 
-// The pixels of a row from `left` on, as many as the group is wide.
-const std::uint8_t* UnitGroup::RowOf(const ColourPlanes& planes, int plane, int left, int y) {
-  const std::uint8_t* row = planes.Row(plane, y) + left;
-  const auto inside = static_cast<std::size_t>(planes.Width() - left);
-  if (inside >= width_) return row;
-  std::vector<std::uint8_t>& edge = components_[static_cast<std::size_t>(plane)].edge;
-  std::copy_n(row, inside, edge.begin());
-  std::fill(edge.begin() + static_cast<std::ptrdiff_t>(inside), edge.end(), row[inside - 1]);
-  return edge.data();
+// Colour is linear: the chroma of the sum is the sum of the chromas, and takes a quarter of the work.
+void UnitGroup::ConvertHalved(const ColourPlanes& planes, int left, int top) {
+  std::vector<float>& luma = components_[0].pixels;
+  const std::size_t rows = height_ / 8;  // of pixels in a row of chroma
+  for (std::size_t y = 0; y < height_; y += rows) {
+    Row row[2];
+    for (std::size_t i = 0; i < rows; ++i) {
+      row[i] = RowOf(planes, left, top + static_cast<int>(y + i), i);
+      kernels_.toLuma(row[i][0], row[i][1], row[i][2], static_cast<std::ptrdiff_t>(width_),
+                      &luma[(y + i) * width_]);
+    }
+    HalveChroma(row[0], row[rows - 1], y / rows * (width_ / 2));
+  }
+}
+
+void UnitGroup::HalveChroma(const Row& upper, const Row& lower, std::size_t to) {
+  const auto count = static_cast<std::ptrdiff_t>(width_ / 2);
+  for (std::size_t colour = 0; colour < 3; ++colour)
+    kernels_.sumSquares(upper[colour], lower[colour], count, sums_[colour].data());
+  kernels_.toChroma(sums_[0].data(), sums_[1].data(), sums_[2].data(), count, &components_[1].pixels[to],
+                    &components_[2].pixels[to]);
+}
+
+// The pixels of a row from `left` on, as many as the group is wide. One that goes on beyond the picture is
+// made in the edge given.
+UnitGroup::Row UnitGroup::RowOf(const ColourPlanes& planes, int left, int y, std::size_t edge) {
+  Row row{};
+  for (int colour = 0; colour < layout_.components; ++colour) {
+    const std::uint8_t* pixels = planes.Row(colour, std::min(y, planes.Height() - 1)) + left;
+    const auto inside = static_cast<std::size_t>(planes.Width() - left);
+    if (inside > width_) FetchAhead(pixels + width_, std::min(width_, inside - width_));
+    if (inside < width_) {
+      std::vector<std::uint8_t>& whole = edges_[edge][static_cast<std::size_t>(colour)];
+      std::copy_n(pixels, inside, whole.begin());
+      std::fill(whole.begin() + static_cast<std::ptrdiff_t>(inside), whole.end(), pixels[inside - 1]);
+      pixels = whole.data();
+    }
+    row[static_cast<std::size_t>(colour)] = pixels;
+  }
+  return row;
 }
 
 void UnitGroup::Transform(Component& component, const std::vector<float>& samples) const {

@@ -30,22 +30,29 @@ class UnitGroup {
   struct Component {
     std::size_t across = 1, down = 1;  // blocks in a unit
     const Quantizer* quantizer = nullptr;
-    std::vector<float> pixels;       // one value for each pixel of the group
-    std::vector<std::uint8_t> edge;  // a row of the plane with what goes on beyond the edge
+    std::vector<float> pixels;       // one value for each pixel of the group; or samples, if halved_
     std::vector<CodedBlock> blocks;  // row by row, the units of a row side by side
   };
 
+  // The colours of a row of the group's pixels.
+  using Row = std::array<const std::uint8_t*, 3>;
+
   void Convert(const ColourPlanes& planes, int left, int top);
-  void ConvertRow(const ColourPlanes& planes, int left, int y, std::size_t to);
-  const std::uint8_t* RowOf(const ColourPlanes& planes, int plane, int left, int y);
+  void ConvertHalved(const ColourPlanes& planes, int left, int top);
+  void HalveChroma(const Row& upper, const Row& lower, std::size_t to);
+  Row RowOf(const ColourPlanes& planes, int left, int y, std::size_t edge);
   void Transform(Component& component, const std::vector<float>& samples) const;
 
   const Layout& layout_;
   const Kernels& kernels_;
+  bool halved_;        // chroma has half the density of the pixels, at least across
   std::size_t width_;  // of the group in pixels
   std::size_t height_;
   std::array<Component, kMaxComponents> components_;
-  std::vector<float> samples_;  // of one component at its own density
+  // Rows with what goes on beyond the edge: two, by colour.
+  std::array<std::array<std::vector<std::uint8_t>, 3>, 2> edges_;
+  std::array<std::vector<float>, 3> sums_;  // of the four pixels of a chroma sample, by colour
+  std::vector<float> samples_;              // of one component at its own density
 };
 
 }  // namespace vintoral

@@ -50,14 +50,20 @@ bool cJpeg::SampleHDC(const PixelView& picture, int width, int height, int left,
 
 std::vector<std::uint8_t> cJpeg::Encode() const {
   if (planes_.IsEmpty()) return {};
-  return EncodePlanes(planes_, {luminance_, chrominance_}, factors_, comment_, BestKernels());
+  try {
+    return EncodePlanes(planes_, {luminance_, chrominance_}, factors_, comment_, BestKernels());
+  } catch (const std::bad_alloc&) {
+    return {};
+  }
 }
 
 SaveResult cJpeg::SaveFile(const std::string& path) const {
   if (path.empty()) return SaveResult::kNoPath;
   if (IsTaken(path)) return SaveResult::kExists;
   if (planes_.IsEmpty()) return SaveResult::kNoPicture;
-  switch (WriteNewFile(path, Encode())) {
+  const Bytes file = Encode();
+  if (file.empty()) return SaveResult::kNoMemory;
+  switch (WriteNewFile(path, file)) {
     case NewFileResult::kWritten:
       return SaveResult::kSaved;
     case NewFileResult::kExists:

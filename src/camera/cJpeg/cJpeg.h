@@ -19,6 +19,7 @@ enum class SaveResult {
   kExists = 2,      // there is something of that name; it is never overwritten
   kNotWritten = 3,  // the system refused to make the file or to take all of it
   kNoPicture = 4,   // nothing has been sampled
+  kNoMemory = 5,    // there is no memory to encode it
 };
 
 // Makes baseline JPEG files (ITU-T T.81, in the JFIF container of ITU-T T.871), with Huffman tables fitted to
@@ -34,9 +35,10 @@ class cJpeg {
   int Quality() const { return quality_; }
   void Quality(int quality);
 
-  // Throws "Invalid Sampling Value", and keeps what was set, if one is outside 1 to 4, or the blocks of a
-  // unit, the sum of H times V, are more than the ten that the standard allows. A grey picture has no use for
-  // them.
+  // Throws "Invalid Sampling Value", and keeps what was set, if one is outside 1 to 4. Where the blocks of a
+  // unit, the sum of H times V, are more than the ten that the standard lets be interleaved, the file has a
+  // scan for each component, with tables of its own, instead of one for all. A grey picture has no use for
+  // factors.
   void SetSamplingFrequencies(int h1, int v1, int h2, int v2, int h3, int v3);
 
   // Goes into the file as it is, before the encoder's own comment, unless empty. Throws "Illegal Comment
@@ -49,7 +51,7 @@ class cJpeg {
   // inside the picture, or if there is no memory for it.
   [[nodiscard]] bool SampleHDC(const PixelView& picture, int width, int height, int left = 0, int top = 0);
 
-  // The whole file; empty if nothing has been sampled.
+  // The whole file; empty if nothing has been sampled or there is no memory for it.
   std::vector<std::uint8_t> Encode() const;
 
   // Encodes, and writes a new file of that name (UTF-8) with one write. A file that could not be written

@@ -43,6 +43,16 @@ TEST(HuffmanTable, GivesFrequentSymbolsShortCodes) {
   EXPECT_EQ(codes[0xF0].bits, 0b110U);
 }
 
+TEST(HuffmanTable, OrdersSymbolsOfOneLength) {
+  SymbolCounts counts{};
+  for (const std::size_t symbol : {9U, 3U, 7U, 5U, 1U, 8U})
+    counts[symbol] = 10 * symbol;
+  // Merged from below, with 0 for the one that never occurs: 0 and 10, 10 and 30, 40 and 50, 70 and 80, 90
+  // and 90, 150 and 180. So 9, 8 and 7 have two bits, 5 has three, 3 four, and 1 five.
+  const HuffmanTable table = BuildHuffmanTable(counts);
+  EXPECT_THAT(table.symbols, testing::ElementsAre(7, 8, 9, 5, 3, 1));
+}
+
 TEST(HuffmanTable, GivesALoneSymbolOneBit) {
   SymbolCounts counts{};
   counts[7] = 3;

@@ -125,21 +125,31 @@ TEST(JpegCoefficients, AreTheNearestForEveryContentAndQuality) {
   }
 }
 
-// Of the 4096 combinations of factors 1 to 4 these are the 515 whose units have at most ten blocks.
-TEST(JpegCoefficients, AreTheNearestForEveryAllowedSampling) {
+// Chroma at half the density across alone, and three scans; with more than one group of units in a row.
+TEST(JpegCoefficients, AreTheNearestForEveryContentAndOtherSamplings) {
+  for (const made::PictureKind& kind : made::PictureKinds()) {
+    EXPECT_LE(FarthestCoefficient(kind.make(150, 20), {2, 1, 1, 1, 1, 1}, 75), kRounded) << kind.name;
+    EXPECT_LE(FarthestCoefficient(kind.make(300, 43), {4, 4, 1, 1, 2, 2}, 75), kRounded) << kind.name;
+  }
+}
+
+// Of the 4096 combinations of factors 1 to 4 the 515 whose units have at most ten blocks make one scan; of
+// the others, which make three, every 17th is tried.
+TEST(JpegCoefficients, AreTheNearestForEverySampling) {
   const made::MadePicture picture = made::Photograph(37, 35, 4);
-  int allowed = 0;
+  int interleaved = 0;
   for (int code = 0; code < 4096; ++code) {
     Factors factors{};
     for (int i = 0, rest = code; i < 6; ++i, rest /= 4)
       factors[static_cast<std::size_t>(i)] = 1 + rest % 4;
     const auto& f = factors;
-    if (f[0] * f[1] + f[2] * f[3] + f[4] * f[5] > 10) continue;
-    ++allowed;
+    const bool apart = f[0] * f[1] + f[2] * f[3] + f[4] * f[5] > 10;
+    if (apart && code % 17 != 0) continue;
+    interleaved += apart ? 0 : 1;
     ASSERT_LE(FarthestCoefficient(picture, factors, 90), kRounded)
         << f[0] << f[1] << " " << f[2] << f[3] << " " << f[4] << f[5];
   }
-  EXPECT_EQ(allowed, 515);
+  EXPECT_EQ(interleaved, 515);
 }
 
 }  // namespace

@@ -34,15 +34,8 @@ void ExpectBlock(const CodedBlock& block, const float* samples, const Quantizati
     const std::size_t place = kZigZag[k];
     const double exact = DctByDefinition(samples, static_cast<int>(place % 8), static_cast<int>(place / 8));
     const double quantized = exact / table.entries[place];
-    ASSERT_NEAR(block.Value(k), quantized, 0.5 + 1e-4) << "coefficient " << k;
-    ASSERT_EQ((block.nonzero >> k & 1U) != 0, k > 0 && block.Value(k) != 0) << "coefficient " << k;
-    if (block.Value(k) != 0) {
-      const std::size_t tokenClass = TokenClass(block.tokens[k]);
-      ASSERT_EQ(IsNegative(tokenClass), block.Value(k) < 0);
-      ASSERT_EQ(MagnitudeBits(tokenClass), std::ilogb(std::abs(block.Value(k))) + 1);
-    } else {
-      ASSERT_EQ(block.tokens[k], 0);
-    }
+    ASSERT_NEAR(block.values[k], quantized, 0.5 + 1e-4) << "coefficient " << k;
+    ASSERT_EQ((block.nonzero >> k & 1U) != 0, k > 0 && block.values[k] != 0) << "coefficient " << k;
   }
 }
 
@@ -84,6 +77,56 @@ TEST_P(KernelsTest, ColourIsTheStandards) {
   }
 }
 
+TEST_P(KernelsTest, LumaIsTheStandards) {
+  constexpr std::ptrdiff_t kCount = 37;
+  std::vector<std::uint8_t> red(kCount), green(kCount), blue(kCount);
+  for (std::size_t i = 0; i < kCount; ++i) {
+    red[i] = static_cast<std::uint8_t>(7 * i);
+    green[i] = static_cast<std::uint8_t>(255 - 5 * i);
+    blue[i] = static_cast<std::uint8_t>(i % 2 == 0 ? 0 : 255);
+  }
+  std::vector<float> y(kCount + 1, 1e6F);
+  GetParam()->toLuma(red.data(), green.data(), blue.data(), kCount, y.data());
+  for (std::size_t i = 0; i < kCount; ++i)
+    EXPECT_NEAR(y[i], 0.299 * red[i] + 0.587 * green[i] + 0.114 * blue[i] - 128, 1e-4);
+  EXPECT_EQ(y[kCount], 1e6F);
+}
+
+// Each of the four pixels of a square weighs the same, at the values where a sum is largest too.
+TEST_P(KernelsTest, SumSquaresAddsFourNeighbours) {
+  constexpr std::ptrdiff_t kCount = 21;
+  std::vector<std::uint8_t> upper(2 * kCount), lower(2 * kCount);
+  std::vector<float> sums(kCount + 1, -1.0F);
+  for (std::size_t i = 0; i < upper.size(); ++i) {
+    upper[i] = static_cast<std::uint8_t>(i % 2 == 0 ? 255 : 6 * i);
+    lower[i] = static_cast<std::uint8_t>(i < 4 ? 255 : 1 + i);
+  }
+  upper[1] = 255;
+  GetParam()->sumSquares(upper.data(), lower.data(), kCount, sums.data());
+  EXPECT_EQ(sums[0], 1020.0F);
+  for (std::size_t i = 2; i < kCount; ++i) {
+    const std::size_t left = 2 * i, right = left + 1;
+    EXPECT_EQ(sums[i], static_cast<float>(255 + static_cast<std::uint8_t>(6 * right) + 1 + left + 1 + right));
+  }
+  EXPECT_EQ(sums[kCount], -1.0F);
+}
+
+TEST_P(KernelsTest, ChromaOfSumsIsTheMeanOfTheStandards) {
+  constexpr std::ptrdiff_t kCount = 21;
+  std::vector<float> red(kCount), green(kCount), blue(kCount), cb(kCount), cr(kCount);
+  for (std::size_t i = 0; i < kCount; ++i) {
+    red[i] = static_cast<float>(51 * i);
+    green[i] = static_cast<float>(1020 - 50 * i);
+    blue[i] = static_cast<float>(i % 2 == 0 ? 1020 : 3);
+  }
+  GetParam()->toChroma(red.data(), green.data(), blue.data(), kCount, cb.data(), cr.data());
+  for (std::size_t i = 0; i < kCount; ++i) {
+    const double r = red[i] / 4.0, g = green[i] / 4.0, b = blue[i] / 4.0;
+    EXPECT_NEAR(cb[i], -0.168736 * r - 0.331264 * g + 0.5 * b, 3e-4);
+    EXPECT_NEAR(cr[i], 0.5 * r - 0.418688 * g - 0.081312 * b, 3e-4);
+  }
+}
+
 TEST_P(KernelsTest, SplitPartsTheBytes) {
   std::vector<std::uint8_t> pixels(3 * 41), red(41), green(41), blue(41);
   for (std::size_t i = 0; i < pixels.size(); ++i)
@@ -105,8 +148,11 @@ TEST(Kernels, AllSetsGiveTheSameFile) {
   for (const made::PictureKind& kind : made::PictureKinds()) {
     const made::MadePicture picture = kind.make(203, 77);
     const ColourPlanes planes(picture.View(), 0, 0, 203, 77);
-    for (const SamplingFactor first : {SamplingFactor{1, 1}, {2, 2}, {3, 2}}) {
-      const SamplingFactors factors = {first, {1, 1}, {2, 1}};
+    for (const SamplingFactors& factors : {SamplingFactors{{{1, 1}, {1, 1}, {1, 1}}},
+                                           {{{2, 2}, {1, 1}, {1, 1}}},
+                                           {{{2, 1}, {1, 1}, {1, 1}}},
+                                           {{{3, 2}, {1, 1}, {2, 1}}},
+                                           {{{4, 4}, {1, 1}, {3, 2}}}}) {
       EXPECT_EQ(EncodePlanes(planes, tables, factors, "", kPortableKernels),
                 EncodePlanes(planes, tables, factors, "", BestKernels()))
           << kind.name;

@@ -104,16 +104,15 @@ std::vector<std::vector<std::int16_t>> CoefficientsByLibJpeg(const std::vector<s
   return components;
 }
 
-void EncodeWithLibJpeg(const MadePicture& picture, const LibJpegSettings& settings,
-                       std::vector<std::uint8_t>& file) {
+std::size_t EncodeWithLibJpeg(const MadePicture& picture, const LibJpegSettings& settings,
+                              std::vector<std::uint8_t>& room) {
   jpeg_compress_struct info{};
   jpeg_error_mgr errors{};
   info.err = jpeg_std_error(&errors);
   errors.error_exit = Fail;
   jpeg_create_compress(&info);
-  file.resize(file.capacity());
-  unsigned char* start = file.data();
-  auto size = static_cast<unsigned long>(file.size());
+  unsigned char* start = room.data();
+  auto size = static_cast<unsigned long>(room.size());
   jpeg_mem_dest(&info, &start, &size);
   info.image_width = static_cast<JDIMENSION>(picture.width);
   info.image_height = static_cast<JDIMENSION>(picture.height);
@@ -132,12 +131,17 @@ void EncodeWithLibJpeg(const MadePicture& picture, const LibJpegSettings& settin
   }
   jpeg_finish_compress(&info);
   jpeg_destroy_compress(&info);
-  if (start == file.data()) {
-    file.resize(size);
-  } else {
-    file.assign(start, start + size);
+  if (start != room.data()) {
+    room.assign(start, start + size);
     std::free(start);
   }
+  return size;
+}
+
+std::vector<std::uint8_t> EncodeWithLibJpeg(const MadePicture& picture, const LibJpegSettings& settings) {
+  std::vector<std::uint8_t> file(picture.pixels.size() + 65536);
+  file.resize(EncodeWithLibJpeg(picture, settings, file));
+  return file;
 }
 
 PictureError ErrorOf(const MadePicture& picture, const std::vector<std::uint8_t>& decoded) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -27,10 +28,13 @@ struct LibJpegSettings {
   int h1 = 1, v1 = 1;
 };
 
-// Encodes with optimised tables and libjpeg-turbo's most exact transform, memory to memory. `file` keeps its
-// room from call to call.
-void EncodeWithLibJpeg(const MadePicture& picture, const LibJpegSettings& settings,
-                       std::vector<std::uint8_t>& file);
+// Encodes with optimised tables and libjpeg-turbo's most exact transform, from memory to the beginning of
+// `room`, which grows if it must and keeps its size otherwise. Comes back with the size of the file.
+std::size_t EncodeWithLibJpeg(const MadePicture& picture, const LibJpegSettings& settings,
+                              std::vector<std::uint8_t>& room);
+
+// The same as a file of its own.
+std::vector<std::uint8_t> EncodeWithLibJpeg(const MadePicture& picture, const LibJpegSettings& settings);
 
 // How far decoded pixels are from a picture.
 struct PictureError {

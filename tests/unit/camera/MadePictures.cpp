@@ -59,6 +59,28 @@ double Scene(double x, double y) {
   return light;
 }
 
+// The figures of plates, five dots wide and seven high, a byte a row with the leftmost dot in bit 4.
+constexpr std::uint8_t kGlyphs[16][7] = {
+    {0x0E, 0x11, 0x13, 0x15, 0x19, 0x11, 0x0E}, {0x04, 0x0C, 0x04, 0x04, 0x04, 0x04, 0x0E},
+    {0x0E, 0x11, 0x01, 0x02, 0x04, 0x08, 0x1F}, {0x1F, 0x02, 0x04, 0x02, 0x01, 0x11, 0x0E},
+    {0x02, 0x06, 0x0A, 0x12, 0x1F, 0x02, 0x02}, {0x1F, 0x10, 0x1E, 0x01, 0x01, 0x11, 0x0E},
+    {0x06, 0x08, 0x10, 0x1E, 0x11, 0x11, 0x0E}, {0x1F, 0x01, 0x02, 0x04, 0x08, 0x08, 0x08},
+    {0x0E, 0x11, 0x11, 0x0E, 0x11, 0x11, 0x0E}, {0x0E, 0x11, 0x11, 0x0F, 0x01, 0x02, 0x0C},
+    {0x0E, 0x11, 0x11, 0x1F, 0x11, 0x11, 0x11}, {0x1E, 0x11, 0x11, 0x1E, 0x11, 0x11, 0x1E},
+    {0x0E, 0x11, 0x10, 0x10, 0x10, 0x11, 0x0E}, {0x1C, 0x12, 0x11, 0x11, 0x11, 0x12, 0x1C},
+    {0x1F, 0x10, 0x10, 0x1E, 0x10, 0x10, 0x1F}, {0x1F, 0x10, 0x10, 0x1E, 0x10, 0x10, 0x10}};
+
+constexpr int kDot = 2, kCellWidth = 6 * kDot, kCellHeight = 11 * kDot, kMargin = 20;
+
+// Whether ink lies at a place of a page: words of six figures or so, every seventh line left empty.
+bool IsInk(int x, int y, unsigned seed) {
+  const int column = x / kCellWidth, line = y / kCellHeight;
+  if (line % 7 == 6 || Hash(column, line, seed) % 6 == 0) return false;
+  const int dot = x % kCellWidth / kDot, row = y % kCellHeight / kDot;
+  if (dot >= 5 || row >= 7) return false;
+  return (kGlyphs[Hash(column, line, seed + 1) % 16][row] >> (4 - dot) & 1) != 0;
+}
+
 }  // namespace
 
 MadePicture::MadePicture(int pictureWidth, int pictureHeight)
@@ -156,6 +178,16 @@ MadePicture Photograph(int width, int height, unsigned seed) {
   return picture;
 }
 
+MadePicture Text(int width, int height, unsigned seed) {
+  MadePicture picture = Flat(width, height, {255, 255, 255});
+  for (int y = kMargin; y < height - kMargin; ++y) {
+    for (int x = kMargin; x < width - kMargin; ++x) {
+      if (IsInk(x - kMargin, y - kMargin, seed)) picture.Set(x, y, {0, 0, 0});
+    }
+  }
+  return picture;
+}
+
 const std::vector<PictureKind>& PictureKinds() {
   static const std::vector<PictureKind> kinds = {
       {"flat",
@@ -166,6 +198,7 @@ const std::vector<PictureKind>& PictureKinds() {
       {"gradient", Gradient},
       {"extremes", Extremes},
       {"photograph", [](int w, int h) { return Photograph(w, h, 11); }},
+      {"text", [](int w, int h) { return Text(w, h, 11); }},
   };
   return kinds;
 }

@@ -33,6 +33,8 @@ MadePicture Extremes(int width, int height);
 // What a camera at a gate sees, more or less: soft light on rough surfaces, hard edges, small print, a noisy
 // sensor.
 MadePicture Photograph(int width, int height, unsigned seed);
+// A printed page: black on white, with no shades between.
+MadePicture Text(int width, int height, unsigned seed);
 
 struct PictureKind {
   std::string name;

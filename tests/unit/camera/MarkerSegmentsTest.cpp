@@ -103,11 +103,14 @@ TEST(MarkerSegments, BadHuffmanTableIsNotWritten) {
 
 TEST(MarkerSegments, ScanHeader) {
   Bytes file;
-  WriteScanHeader(file, 3);
+  WriteScanHeader(file, 0, 3);
   EXPECT_THAT(file, ElementsAre(0xFF, 0xDA, 0, 12, 3, 1, 0x00, 2, 0x11, 3, 0x11, 0, 63, 0));
   file.clear();
-  WriteScanHeader(file, 1);
+  WriteScanHeader(file, 0, 1);
   EXPECT_THAT(file, ElementsAre(0xFF, 0xDA, 0, 8, 1, 1, 0x00, 0, 63, 0));
+  file.clear();
+  WriteScanHeader(file, 2, 1);
+  EXPECT_THAT(file, ElementsAre(0xFF, 0xDA, 0, 8, 1, 3, 0x11, 0, 63, 0));
 }
 
 }  // namespace

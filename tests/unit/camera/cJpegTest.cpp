@@ -156,10 +156,57 @@ TEST_F(cJpegTest, RefusesFactorsOutside1To4) {
   }
 }
 
-TEST_F(cJpegTest, RefusesMoreThanTenBlocksInAUnit) {
-  EXPECT_EQ(ErrorOf([&] { jpeg.SetSamplingFrequencies(4, 2, 1, 1, 1, 1); }), "");
-  EXPECT_EQ(ErrorOf([&] { jpeg.SetSamplingFrequencies(3, 3, 1, 1, 1, 1); }), "Invalid Sampling Value");
-  EXPECT_EQ(ErrorOf([&] { jpeg.SetSamplingFrequencies(2, 2, 2, 2, 2, 2); }), "Invalid Sampling Value");
+TEST_F(cJpegTest, TenBlocksInAUnitAreInterleaved) {
+  jpeg.SetSamplingFrequencies(4, 2, 1, 1, 1, 1);
+  ASSERT_TRUE(jpeg.SampleHDC(picture.View(), 40, 24));
+  EXPECT_THAT(MarkersOf(jpeg.Encode()),
+              ElementsAre(216, 0xE0, 0xFE, 0xDB, 0xDB, 192, 0xC4, 0xC4, 0xC4, 0xC4, 0xDA, 217));
+}
+
+TEST_F(cJpegTest, ElevenBlocksInAUnitAreWrittenAsThreeScans) {
+  jpeg.SetSamplingFrequencies(3, 3, 1, 1, 1, 1);
+  ASSERT_TRUE(jpeg.SampleHDC(picture.View(), 40, 24));
+  const Bytes file = jpeg.Encode();
+  EXPECT_THAT(MarkersOf(file), ElementsAre(216, 0xE0, 0xFE, 0xDB, 0xDB, 192, 0xC4, 0xC4, 0xDA, 0xC4, 0xC4,
+                                           0xDA, 0xC4, 0xC4, 0xDA, 217));
+  const std::vector<Segment> segments = SegmentsOf(file);
+  EXPECT_EQ(segments[5].parameters[7], 0x33);
+  // Each scan has one component, and right before it the tables of that component's selector.
+  EXPECT_THAT(segments[8].parameters, ElementsAre(1, 1, 0x00, 0, 63, 0));
+  EXPECT_THAT(segments[11].parameters, ElementsAre(1, 2, 0x11, 0, 63, 0));
+  EXPECT_THAT(segments[14].parameters, ElementsAre(1, 3, 0x11, 0, 63, 0));
+  std::vector<int> selectors;
+  for (const std::size_t i : {6U, 7U, 9U, 10U, 12U, 13U})
+    selectors.push_back(segments[i].parameters[0]);
+  EXPECT_THAT(selectors, ElementsAre(0x00, 0x10, 0x01, 0x11, 0x01, 0x11));
+}
+
+TEST_F(cJpegTest, EachScanHasTablesThatFitIt) {
+  // Cb goes from 0 to 23 and back from block to block, Cr stays at 0.
+  for (int y = 0; y < 24; ++y) {
+    for (int x = 0; x < 40; ++x)
+      picture.Set(x, y, (x / 8 + y / 8) % 2 == 0 ? Rgb{100, 100, 100} : Rgb{100, 92, 141});
+  }
+  jpeg.SetSamplingFrequencies(2, 2, 2, 2, 2, 2);
+  ASSERT_TRUE(jpeg.SampleHDC(picture.View(), 40, 24));
+  const std::vector<Segment> segments = SegmentsOf(jpeg.Encode());
+  const Bytes& cb = segments[9].parameters;
+  const Bytes& cr = segments[12].parameters;
+  EXPECT_GT(cb.size(), cr.size());
+  // Sixteen numbers of codes after the selector, then the symbols: only that of no difference.
+  EXPECT_THAT(Bytes(cr.begin() + 17, cr.end()), ElementsAre(0));
+}
+
+TEST_F(cJpegTest, TakesRoomForTheCodedSizeAndTheComment) {
+  jpeg.Comment(std::string(5000, 'c'));
+  picture = made::Photograph(200, 150, 2);
+  ASSERT_TRUE(jpeg.SampleHDC(picture.View(), 200, 150));
+  const Bytes file = jpeg.Encode();
+  ASSERT_GT(file.size(), 8000U);
+  // All but what stands before the scan's data, the comment and a few hundred bytes, counts once and three
+  // tenths.
+  EXPECT_GT(file.capacity(), 6000U + (file.size() - 5900) * 13 / 10);
+  EXPECT_LT(file.capacity(), 6000U + (file.size() - 5200) * 13 / 10);
 }
 
 TEST_F(cJpegTest, KeepsTheFactorsWhenRefusing) {
