@@ -4,7 +4,6 @@
 
 #include "camera/cJpeg/EncodePlanes.h"
 #include "camera/cJpeg/MarkerSegments.h"
-#include "camera/cJpeg/NewFile.h"
 #include "camera/cJpeg/cJpegError.h"
 
 namespace vintoral {
@@ -51,21 +50,6 @@ bool cJpeg::SampleHDC(const PixelView& picture, int width, int height, int left,
 std::vector<std::uint8_t> cJpeg::Encode() const {
   if (planes_.IsEmpty()) return {};
   return EncodePlanes(planes_, {luminance_, chrominance_}, factors_, comment_, BestKernels());
-}
-
-SaveResult cJpeg::SaveFile(const std::string& path) const {
-  if (path.empty()) return SaveResult::kNoPath;
-  if (IsTaken(path)) return SaveResult::kExists;
-  if (planes_.IsEmpty()) return SaveResult::kNoPicture;
-  switch (WriteNewFile(path, Encode())) {
-    case NewFileResult::kWritten:
-      return SaveResult::kSaved;
-    case NewFileResult::kExists:
-      return SaveResult::kExists;
-    case NewFileResult::kFailed:
-      break;
-  }
-  return SaveResult::kNotWritten;
 }
 
 }  // namespace vintoral

@@ -12,15 +12,6 @@
 
 namespace vintoral {
 
-// What SaveFile comes back with. Only kSaved leaves a file behind.
-enum class SaveResult {
-  kSaved = 0,
-  kNoPath = 1,      // the path is empty
-  kExists = 2,      // there is something of that name; it is never overwritten
-  kNotWritten = 3,  // the system refused to make the file or to take all of it
-  kNoPicture = 4,   // nothing has been sampled
-};
-
 // Makes baseline JPEG files (ITU-T T.81, in the JFIF container of ITU-T T.871), with Huffman tables fitted to
 // each picture. A picture whose palette holds greys alone gives one component, any other gives Y, Cb and Cr.
 //
@@ -51,10 +42,6 @@ class cJpeg {
 
   // The whole file; empty if nothing has been sampled.
   std::vector<std::uint8_t> Encode() const;
-
-  // Encodes, and writes a new file of that name (UTF-8) with one write. A file that could not be written
-  // whole is removed again.
-  [[nodiscard]] SaveResult SaveFile(const std::string& path) const;
 
  private:
   int quality_ = 0;

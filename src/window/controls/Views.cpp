@@ -167,13 +167,13 @@ class PictureFileView : public TypedView<C, PictureView> {
   void ShowOwn() override {
     // A picture that comes back is read again: another photo may stand under the same name.
     if (!(picture_.Changed(this->model.Picture) | this->Appears())) return;
-    const String& path = this->model.Picture;
+    const String& path = this->model.Picture.Path();
     this->face.ShowPicture(path.Empty() ? QString() : fileOf_(path));
   }
 
  private:
   std::function<QString(std::string_view)> fileOf_;
-  Seen<String> picture_;
+  Seen<Picture> picture_;
 };
 
 }  // namespace
