@@ -96,7 +96,7 @@ class Gate {
   std::int64_t Retired() {
     const Register<RegistroFicha> hst(platform_.Devices().disk, form_.RutaCompartida("Vintoral.HST"),
                                       OpenMode::kRead);
-    return hst.Count();
+    return hst.Count().PassOver().value_or(0);
   }
 
  private:

@@ -14,6 +14,10 @@ Outcome Outcome::Failed(std::string_view what, std::string_view file, int error)
   return outcome;
 }
 
+bool Outcome::Missing() const {
+  return error_ == ENOENT;
+}
+
 std::string Outcome::Describe() const {
   return what_ + " " + file_ + ": " + std::generic_category().message(error_);
 }

@@ -16,6 +16,8 @@ class [[nodiscard]] Outcome {
   explicit operator bool() const { return error_ == 0; }
   /// The system's errno, 0 when done.
   int Error() const { return error_; }
+  /// There is no such file, as opposed to one that the system failed to reach.
+  bool Missing() const;
   /// "what file: reason".
   std::string Describe() const;
   /// Goes on all the same: a failure is written to standard error, and nobody else is told.

@@ -21,18 +21,15 @@ bool Form1::BuscarUsuario(std::int32_t enPantalla) {
   }
   const Register<RegistroUsuario> usuarios(platform_.disk, RutaCompartida("Vintoral.USR"), OpenMode::kRead);
   // With the users out of reach the next free number is unknown: a guess would be somebody else's.
-  if (!usuarios && !usuarios.Missing()) {
-    usuarios.Opened().PassOver();
-    return false;
-  }
-  const std::int64_t count = usuarios.Count();
-  NumeroUsuario = static_cast<std::int32_t>(count + 1);
+  const std::optional<std::int64_t> count = usuarios.Missing() ? 0 : usuarios.Count().PassOver();
+  if (!count) return false;
+  NumeroUsuario = static_cast<std::int32_t>(*count + 1);
   PuntosAcumulados = 0;
-  if (count == 0) return false;
+  if (*count == 0) return false;
 
   platform_.screen.Busy(true);
-  const std::int64_t found = BuscarPlaca(usuarios, placa);
-  const std::optional<RegistroUsuario> usuario = usuarios.Read(found);
+  const std::int64_t found = BuscarPlaca(usuarios, placa).PassOver().value_or(0);
+  const std::optional<RegistroUsuario> usuario = found > 0 ? usuarios.Read(found).PassOver() : std::nullopt;
   if (usuario) TomarUsuario(static_cast<std::int32_t>(found), *usuario);
   if (usuario && found != enPantalla) LlenarUsuario();
   if (usuario) usuarioEnPantalla_ = NumeroUsuario;
@@ -42,10 +39,9 @@ bool Form1::BuscarUsuario(std::int32_t enPantalla) {
 
 bool Form1::PlacaAdentro(const String& placa) {
   const Register<RegistroFicha> act(platform_.disk, RutaCompartida("Vintoral.ACT"), OpenMode::kRead);
-  act.Opened().PassOver();
-  const std::int64_t slot = act ? BuscarPlacaDentro(act, placa, TotalFichas) : 0;
+  const std::int64_t slot = BuscarPlacaDentro(act, placa, TotalFichas).PassOver().value_or(0);
   if (slot == 0) return false;
-  if (const std::optional<RegistroFicha> record = act.Read(slot)) FichaActual = *record;
+  if (const std::optional<RegistroFicha> record = act.Read(slot).PassOver()) FichaActual = *record;
   return true;
 }
 
@@ -73,8 +69,8 @@ void Form1::LlenarUsuario() {
 std::int64_t Form1::LeerPuntosUsuario(std::int32_t numero) {
   if (numero <= 0) return 0;
   const Register<RegistroUsuario> usuarios(platform_.disk, RutaCompartida("Vintoral.USR"), OpenMode::kRead);
-  if (!usuarios.Missing()) usuarios.Opened().PassOver();
-  const std::optional<RegistroUsuario> record = usuarios.Read(numero);
+  if (usuarios.Missing()) return 0;
+  const std::optional<RegistroUsuario> record = usuarios.Read(numero).PassOver();
   if (!record) return 0;
   UsuarioActual = *record;
   return UsuarioActual.Puntos;

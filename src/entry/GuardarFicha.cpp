@@ -10,11 +10,8 @@ std::int64_t Form1::NumeroDeFicha() const {
 
 std::optional<RegistroFicha> Form1::LeerPuesto(std::int64_t numero) {
   const Register<RegistroFicha> act(platform_.disk, RutaCompartida("Vintoral.ACT"), OpenMode::kRead);
-  const std::optional<RegistroFicha> puesto = act.Read(numero);
-  if (!puesto) {
-    act.Opened().PassOver();
-    TmrConexion.SetInterval(100);
-  }
+  const std::optional<RegistroFicha> puesto = act.Read(numero).PassOver();
+  if (!puesto) TmrConexion.SetInterval(100);
   return puesto;
 }
 

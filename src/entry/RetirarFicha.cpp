@@ -62,11 +62,10 @@ bool Form1::ConfirmacionVencida() const {
 
 std::optional<RegistroFicha> Form1::LiberarPuesto(std::int64_t numero) {
   Register<RegistroFicha> act(platform_.disk, RutaCompartida("Vintoral.ACT"), OpenMode::kReadWrite);
-  const std::optional<RegistroFicha> puesto = act ? act.Read(numero) : std::nullopt;
+  const std::optional<RegistroFicha> puesto = act.Read(numero).PassOver();
   // Without the slot, or without room for the history row, the ficha stays inside and on display: to free it
   // now would lose the money that goes with it.
   if (!puesto || !ReservarHistorial()) {
-    act.Opened().PassOver();
     TmrConexion.SetInterval(100);
     return std::nullopt;
   }
@@ -87,8 +86,8 @@ void Form1::DevolverPuesto(std::int64_t numero, const RegistroFicha& puesto) {
   TmrConexion.SetInterval(100);
   FichaActual = puesto;
   Register<RegistroFicha> act(platform_.disk, RutaCompartida("Vintoral.ACT"), OpenMode::kReadWrite);
-  const std::optional<RegistroFicha> ahora = act ? act.Read(numero) : std::nullopt;
-  if (!ahora) return act.Opened().PassOver();
+  const std::optional<RegistroFicha> ahora = act.Read(numero).PassOver();
+  if (!ahora) return;
   // Nothing to give back where another gate freed the slot, or has filled it since.
   if (puesto.EnUso && !ahora->EnUso) act.Write(numero, puesto, true).PassOver();
 }

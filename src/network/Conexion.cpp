@@ -11,7 +11,7 @@ bool Form1::CargarServidor() {
   Disk& disk = platform_.disk;
   String ruta;
   if (disk.Exists(file)) {
-    const std::optional<String> text = disk.ReadAll(file);
+    const std::optional<String> text = disk.ReadAll(file).PassOver();
     if (!text && !NumeroPorteria.Empty()) return true;  // unreadable for the moment: it stays what it is
     ruta = UTF8toANSI(Trim(PrimeraLinea(text.value_or(String()))));
   } else if (const Outcome written = disk.Replace(file, "\r\n"); !written) {
@@ -49,7 +49,8 @@ void Form1::EstadoConexion(bool conectado) {
 
 void Form1::RecortarHistorial() {
   const String path = RutaCompartida("Vintoral.HST");
-  if (!Register<RegistroFicha>(platform_.disk, path, OpenMode::kRead).EndsInACutRow()) return;
+  const Register<RegistroFicha> hst(platform_.disk, path, OpenMode::kRead);
+  if (hst.Missing() || !hst.EndsInACutRow().PassOver().value_or(false)) return;
   Register<RegistroFicha>(platform_.disk, path, OpenMode::kReadWrite).DropCutRow().PassOver();
 }
 

@@ -9,13 +9,13 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <optional>
 #include <span>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 #include "common/Outcome.h"
+#include "common/Result.h"
 #include "common/String.h"
 
 namespace vintoral {
@@ -24,13 +24,12 @@ namespace vintoral {
 class DiskFile {
  public:
   virtual ~DiskFile() = default;
-  /// Reads up to `into.size()` bytes at `offset`: the count read (fewer only at the end of the file), or
-  /// nothing when the system failed.
-  virtual std::optional<std::size_t> ReadAt(std::uint64_t offset, std::span<char> into) = 0;
+  /// Reads up to `into.size()` bytes at `offset`: the count read, fewer only at the end of the file.
+  virtual Result<std::size_t> ReadAt(std::uint64_t offset, std::span<char> into) = 0;
   /// Writes all bytes or fails.
   virtual Outcome WriteAt(std::uint64_t offset, std::span<const char> bytes) = 0;
-  /// Length in bytes, or nothing when the system failed.
-  virtual std::optional<std::uint64_t> Length() = 0;
+  /// In bytes.
+  virtual Result<std::uint64_t> Length() = 0;
   /// Returns when all that was written would survive a power cut.
   virtual Outcome Sync() = 0;
   /// Makes room for the file to grow to `length` bytes without changing its length; done where the file
@@ -57,11 +56,9 @@ class Disk {
   virtual String CurrentFolder() const = 0;
   /// A file, not a folder. Any error counts as no.
   virtual bool Exists(std::string_view path) const = 0;
-  /// Null when it can't be opened; `outcome`, where given, tells why.
-  virtual std::unique_ptr<DiskFile> Open(std::string_view path, OpenMode mode,
-                                         Outcome* outcome = nullptr) = 0;
-  /// The whole file, or nothing.
-  virtual std::optional<String> ReadAll(std::string_view path) = 0;
+  virtual Result<std::unique_ptr<DiskFile>> Open(std::string_view path, OpenMode mode) = 0;
+  /// The whole file.
+  virtual Result<String> ReadAll(std::string_view path) = 0;
   /// Replaces the whole file: written beside, synced, renamed over. A reader sees the old or the new, never
   /// half.
   virtual Outcome Replace(std::string_view path, std::string_view bytes) = 0;

@@ -130,7 +130,7 @@ bool PosixDisk::Exists(std::string_view path) const {
   return found != native && IsFile(found);
 }
 
-std::unique_ptr<DiskFile> PosixDisk::Open(std::string_view path, OpenMode mode, Outcome* outcome) {
+Result<std::unique_ptr<DiskFile>> PosixDisk::Open(std::string_view path, OpenMode mode) {
   const int flags = mode == OpenMode::kRead ? O_RDONLY : O_RDWR;
   std::string native = PathOf(path);
   std::string newIn;
@@ -146,28 +146,31 @@ std::unique_ptr<DiskFile> PosixDisk::Open(std::string_view path, OpenMode mode, 
       newIn = FolderOf(native);
     }
   }
-  if (outcome) *outcome = descriptor < 0 ? Outcome::Failed("open", native, errno) : Outcome::Done();
-  if (descriptor < 0) return nullptr;
-  return std::make_unique<PosixFile>(descriptor, std::move(native), std::move(newIn), pending_);
+  if (descriptor < 0) return Outcome::Failed("open", native, errno);
+  return Result<std::unique_ptr<DiskFile>>(
+      std::make_unique<PosixFile>(descriptor, std::move(native), std::move(newIn), pending_));
 }
 
-std::optional<String> PosixDisk::ReadAll(std::string_view path) {
-  const std::unique_ptr<DiskFile> file = Open(path, OpenMode::kRead);
-  if (!file) return std::nullopt;
+Result<String> PosixDisk::ReadAll(std::string_view path) {
+  Result<std::unique_ptr<DiskFile>> opened = Open(path, OpenMode::kRead);
+  if (!opened) return opened.Why();
+  const std::unique_ptr<DiskFile> file = opened.Take();
+  const Result<std::uint64_t> length = file->Length();
+  if (!length) return length.Why();
   // Some file systems tell a length that is not the file's: it is only where reading starts from.
-  std::size_t chunk = static_cast<std::size_t>(file->Length().value_or(0)) + 1;
+  std::size_t chunk = static_cast<std::size_t>(*length) + 1;
   std::string bytes;
   for (std::size_t end = 0; end + chunk <= kLargestFile; chunk = std::max<std::size_t>(end, 65536)) {
     bytes.resize(end + chunk);
-    const std::optional<std::size_t> got = file->ReadAt(end, {bytes.data() + end, chunk});
-    if (!got) return std::nullopt;
+    const Result<std::size_t> got = file->ReadAt(end, {bytes.data() + end, chunk});
+    if (!got) return got.Why();
     end += *got;
     if (*got < chunk) {
       bytes.resize(end);
       return String(std::move(bytes));
     }
   }
-  return std::nullopt;
+  return Outcome::Failed("read all of", PathOf(path), EFBIG);
 }
 
 Outcome PosixDisk::Replace(std::string_view path, std::string_view bytes) {

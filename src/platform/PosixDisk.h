@@ -20,8 +20,8 @@ class PosixDisk final : public Disk {
   bool Exists(std::string_view path) const override;
   /// Refuses whatever is no regular file, without waiting for the other end of a pipe. A file made by it is
   /// synced into its folder with its first Sync.
-  std::unique_ptr<DiskFile> Open(std::string_view path, OpenMode mode, Outcome* outcome = nullptr) override;
-  std::optional<String> ReadAll(std::string_view path) override;
+  Result<std::unique_ptr<DiskFile>> Open(std::string_view path, OpenMode mode) override;
+  Result<String> ReadAll(std::string_view path) override;
   /// Keeps the permissions of the file that was there; refuses one that may not be written.
   Outcome Replace(std::string_view path, std::string_view bytes) override;
   /// A link that leads nowhere is something of that name too.

@@ -69,13 +69,13 @@ Outcome PosixFile::Failed(std::string_view what) const {
   return Outcome::Failed(what, path_, errno);
 }
 
-std::optional<std::size_t> PosixFile::ReadAt(std::uint64_t offset, std::span<char> into) {
+Result<std::size_t> PosixFile::ReadAt(std::uint64_t offset, std::span<char> into) {
   std::size_t done = 0;
   while (done < into.size()) {
     const ssize_t got =
         pread(open_->Number(), into.data() + done, into.size() - done, static_cast<off_t>(offset + done));
     if (got < 0 && errno == EINTR) continue;
-    if (got < 0) return std::nullopt;
+    if (got < 0) return Failed("read");
     if (got == 0) break;
     done += static_cast<std::size_t>(got);
   }
@@ -100,9 +100,9 @@ Outcome PosixFile::WriteAt(std::uint64_t offset, std::span<const char> bytes) {
   return Outcome::Done();
 }
 
-std::optional<std::uint64_t> PosixFile::Length() {
+Result<std::uint64_t> PosixFile::Length() {
   const std::optional<FileStatus> status = StatusOf(open_->Number());
-  if (!status) return std::nullopt;
+  if (!status) return Failed("measure");
   return status->length;
 }
 
@@ -115,11 +115,12 @@ Outcome PosixFile::Sync() {
 }
 
 Outcome PosixFile::Reserve(std::uint64_t length) {
-  const std::optional<std::uint64_t> now = Length();
-  if (now && *now >= length) return Outcome::Done();
+  const Result<std::uint64_t> now = Length();
+  if (!now) return now.Why();
+  if (*now >= length) return Outcome::Done();
   // The page that the file ends in has its room already; asking for it again would cost a sync more.
-  if (now && *now % kPage != 0 && *now / kPage == (length - 1) / kPage) return Outcome::Done();
-  return MakeRoom(now.value_or(0), length - now.value_or(0));
+  if (*now % kPage != 0 && *now / kPage == (length - 1) / kPage) return Outcome::Done();
+  return MakeRoom(*now, length - *now);
 }
 
 Outcome PosixFile::MakeRoom(std::uint64_t offset, std::uint64_t size) {

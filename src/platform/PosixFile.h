@@ -22,9 +22,9 @@ class PosixFile final : public DiskFile {
   PosixFile(const PosixFile&) = delete;
   PosixFile& operator=(const PosixFile&) = delete;
 
-  std::optional<std::size_t> ReadAt(std::uint64_t offset, std::span<char> into) override;
+  Result<std::size_t> ReadAt(std::uint64_t offset, std::span<char> into) override;
   Outcome WriteAt(std::uint64_t offset, std::span<const char> bytes) override;
-  std::optional<std::uint64_t> Length() override;
+  Result<std::uint64_t> Length() override;
   Outcome Sync() override;
   Outcome Reserve(std::uint64_t length) override;
   Outcome Cut(std::uint64_t length) override;

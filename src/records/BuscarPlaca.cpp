@@ -40,7 +40,7 @@ class PlateMatcher {
 
 }  // namespace
 
-std::int64_t BuscarPlaca(const Register<RegistroUsuario>& usuarios, std::string_view plate) {
+Result<std::int64_t> BuscarPlaca(const Register<RegistroUsuario>& usuarios, std::string_view plate) {
   const PlateMatcher matcher(plate);
   std::int64_t found = 0;
   if (!matcher.Searches()) return 0;
@@ -48,11 +48,15 @@ std::int64_t BuscarPlaca(const Register<RegistroUsuario>& usuarios, std::string_
     if (matcher.Matches(bytes.data() + kUserPlateOffset)) found = number;
     return found == 0;
   };
-  return usuarios.WalkBytes(1, usuarios.Count(), visit) ? found : 0;
+  const Result<std::int64_t> count = usuarios.Count();
+  if (!count) return count.Why();
+  const Outcome walked = usuarios.WalkBytes(1, *count, visit);
+  if (!walked) return walked;
+  return found;
 }
 
-std::int64_t BuscarPlacaDentro(const Register<RegistroFicha>& fichas, std::string_view plate,
-                               std::int64_t last) {
+Result<std::int64_t> BuscarPlacaDentro(const Register<RegistroFicha>& fichas, std::string_view plate,
+                                       std::int64_t last) {
   const PlateMatcher matcher(plate);
   std::int64_t found = 0;
   if (!matcher.Searches()) return 0;
@@ -61,7 +65,9 @@ std::int64_t BuscarPlacaDentro(const Register<RegistroFicha>& fichas, std::strin
     if (inUse && matcher.Matches(bytes.data() + kFichaPlateOffset)) found = number;
     return found == 0;
   };
-  return fichas.WalkBytes(1, last, visit) ? found : 0;
+  const Outcome walked = fichas.WalkBytes(1, last, visit);
+  if (!walked) return walked;
+  return found;
 }
 
 }  // namespace vintoral

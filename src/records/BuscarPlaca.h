@@ -11,11 +11,11 @@
 
 namespace vintoral {
 
-/// Number of the first user with this plate, 0 when there is none or the system failed. A torn last record is
-/// no user yet. An empty plate finds nobody.
-std::int64_t BuscarPlaca(const Register<RegistroUsuario>& usuarios, std::string_view plate);
+/// Number of the first user with this plate, 0 when there is none. A torn last record is no user yet. An
+/// empty plate finds nobody.
+Result<std::int64_t> BuscarPlaca(const Register<RegistroUsuario>& usuarios, std::string_view plate);
 /// Number of the first slot among 1 to `last` that is in use and holds this plate, else 0.
-std::int64_t BuscarPlacaDentro(const Register<RegistroFicha>& fichas, std::string_view plate,
-                               std::int64_t last);
+Result<std::int64_t> BuscarPlacaDentro(const Register<RegistroFicha>& fichas, std::string_view plate,
+                                       std::int64_t last);
 
 }  // namespace vintoral

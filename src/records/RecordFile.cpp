@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <optional>
 
 namespace vintoral {
 namespace {
@@ -19,29 +18,30 @@ void Complete(std::span<char> record, std::size_t got, std::span<const char> bla
 
 }  // namespace
 
-std::int64_t RecordFile::Count() const {
-  const std::optional<std::uint64_t> length = file_.Length();
-  return length ? static_cast<std::int64_t>(*length / blank_.size()) : 0;
+Result<std::int64_t> RecordFile::Count() const {
+  const Result<std::uint64_t> length = file_.Length();
+  if (!length) return length.Why();
+  return static_cast<std::int64_t>(*length / blank_.size());
 }
 
-bool RecordFile::Read(std::int64_t number, std::span<char> record) const {
-  if (number < 1) return false;
+Outcome RecordFile::Read(std::int64_t number, std::span<char> record) const {
+  if (number < 1) return Outcome::Failed("read record", std::to_string(number), EINVAL);
   std::size_t got = 0;
   if (number <= kMostRecords) {
-    const std::optional<std::size_t> read = file_.ReadAt(OffsetOf(number, blank_.size()), record);
-    if (!read) return false;
+    const Result<std::size_t> read = file_.ReadAt(OffsetOf(number, blank_.size()), record);
+    if (!read) return read.Why();
     got = *read;
   }
   Complete(record, got, blank_);
-  return true;
+  return Outcome::Done();
 }
 
 Outcome RecordFile::Write(std::int64_t number, std::span<const char> record) {
   if (number < 1 || number > kMostRecords)
-    return Outcome::Failed("write a record beyond", "a register", EFBIG);
+    return Outcome::Failed("write record", std::to_string(number), EINVAL);
   const std::uint64_t offset = OffsetOf(number, blank_.size());
-  const std::optional<std::uint64_t> length = file_.Length();
-  if (!length) return Outcome::Failed("measure", "a register", EIO);
+  const Result<std::uint64_t> length = file_.Length();
+  if (!length) return length.Why();
   if (offset > *length) {
     Outcome filled = FillGap(offset);
     if (!filled) return filled;
@@ -52,8 +52,8 @@ Outcome RecordFile::Write(std::int64_t number, std::span<const char> record) {
 Outcome RecordFile::FillGap(std::uint64_t until) {
   // Under the lock, so that a row that another station appends meanwhile isn't blanked.
   const AppendLock lock(file_);
-  const std::optional<std::uint64_t> length = file_.Length();
-  if (!length) return Outcome::Failed("measure", "a register", EIO);
+  const Result<std::uint64_t> length = file_.Length();
+  if (!length) return length.Why();
   if (*length >= until) return Outcome::Done();
   if (until - *length > kLongestGap) return Outcome::Failed("write a record far beyond", "a register", EFBIG);
   std::vector<char> blanks;
@@ -69,23 +69,26 @@ Outcome RecordFile::FillGap(std::uint64_t until) {
   return Outcome::Done();
 }
 
-std::int64_t RecordFile::NextRow() const {
-  const std::optional<std::uint64_t> length = file_.Length();
-  return length ? static_cast<std::int64_t>(*length / blank_.size()) + 1 : 0;
+Result<std::int64_t> RecordFile::NextRow() const {
+  const Result<std::int64_t> count = Count();
+  if (!count) return count.Why();
+  return *count + 1;
 }
 
-bool RecordFile::EndsInACutRow() const {
+Result<bool> RecordFile::EndsInACutRow() const {
   constexpr std::uint64_t kPage = 4096;
-  const std::uint64_t length = file_.Length().value_or(0);
-  return length % kPage == 0 && length % blank_.size() != 0;
+  const Result<std::uint64_t> length = file_.Length();
+  if (!length) return length.Why();
+  return *length % kPage == 0 && *length % blank_.size() != 0;
 }
 
 Outcome RecordFile::DropCutRow() {
   // Another station may just be between its two pages.
   const AppendLock lock(file_);
-  if (!EndsInACutRow()) return Outcome::Done();
-  const std::uint64_t length = file_.Length().value_or(0);
-  return file_.Cut(length - length % blank_.size());
+  const Result<bool> cut = EndsInACutRow();
+  if (!cut || !*cut) return cut.Why();
+  const Result<std::int64_t> whole = Count();
+  return whole ? file_.Cut(static_cast<std::uint64_t>(*whole) * blank_.size()) : whole.Why();
 }
 
 BlockReader::BlockReader(DiskFile& file, std::span<const char> blank, std::int64_t first, std::int64_t last)
@@ -102,7 +105,7 @@ BlockReader::BlockReader(DiskFile& file, std::span<const char> blank, std::int64
 }
 
 bool BlockReader::Next() {
-  if (ended_ || failed_ || first_ > last_) return false;
+  if (ended_ || !failure_ || first_ > last_) return false;
   const auto count = static_cast<std::size_t>(
       std::min<std::int64_t>(last_ - first_ + 1, static_cast<std::int64_t>(capacity_)));
   if (!Load(first_, count)) return false;
@@ -112,7 +115,7 @@ bool BlockReader::Next() {
 }
 
 bool BlockReader::Previous() {
-  while (!failed_ && first_ <= last_) {
+  while (failure_ && first_ <= last_) {
     const auto count = static_cast<std::size_t>(
         std::min<std::int64_t>(last_ - first_ + 1, static_cast<std::int64_t>(capacity_)));
     last_ -= static_cast<std::int64_t>(count);
@@ -126,9 +129,9 @@ bool BlockReader::Previous() {
 bool BlockReader::Load(std::int64_t first, std::size_t count) {
   const std::size_t size = blank_.size();
   const std::span<char> into(bytes_.get(), count * size);
-  const std::optional<std::size_t> got = file_.ReadAt(OffsetOf(first, size), into);
-  failed_ = !got;
-  if (failed_) return false;
+  const Result<std::size_t> got = file_.ReadAt(OffsetOf(first, size), into);
+  failure_ = got.Why();
+  if (!got) return false;
   blockFirst_ = first;
   count_ = *got / size;
   if (const std::size_t torn = *got % size; torn != 0) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "common/Outcome.h"
+#include "common/Result.h"
 #include "platform/Disk.h"
 
 namespace vintoral {
@@ -18,16 +19,16 @@ class RecordFile {
  public:
   RecordFile(DiskFile& file, std::span<const char> blank) : file_(file), blank_(blank) {}
 
-  std::int64_t Count() const;
-  /// Fills `record`; false when `number` is below 1 or the system failed.
-  bool Read(std::int64_t number, std::span<char> record) const;
+  Result<std::int64_t> Count() const;
+  /// Fills `record`. A `number` below 1 is refused.
+  Outcome Read(std::int64_t number, std::span<char> record) const;
   /// Fills the gap with blank records when `number` lies beyond the end of the file.
   Outcome Write(std::int64_t number, std::span<const char> record);
-  /// The number that the next appended record gets, or 0 when the system failed.
-  std::int64_t NextRow() const;
+  /// The number that the next appended record gets.
+  Result<std::int64_t> NextRow() const;
   /// Whether the last record ends where a page of the file does: so a write is cut whose process was killed
   /// between two pages, and it was never confirmed.
-  bool EndsInACutRow() const;
+  Result<bool> EndsInACutRow() const;
   /// Takes such a record away, under the append lock. Whatever else a register ends in stays.
   Outcome DropCutRow();
 
@@ -48,11 +49,12 @@ class BlockReader {
  public:
   BlockReader(DiskFile& file, std::span<const char> blank, std::int64_t first, std::int64_t last);
 
-  /// Reads the next records of the range; false when there are no more or the system failed.
+  /// Reads the next records of the range; false when there are no more, or `Failure` tells why.
   bool Next();
   /// Reads the records before those of the last call, beginning at the end of the range.
   bool Previous();
-  bool Failed() const { return failed_; }
+  /// Done while the system has not failed.
+  const Outcome& Failure() const { return failure_; }
 
   /// The records of the block, whole: what a torn one lacks is blank.
   std::int64_t First() const { return blockFirst_; }
@@ -74,7 +76,7 @@ class BlockReader {
   std::int64_t blockFirst_ = 0;
   std::size_t count_ = 0;
   bool ended_ = false;
-  bool failed_ = false;
+  Outcome failure_ = Outcome::Done();
 };
 
 /// Holds the append lock as long as it lives.

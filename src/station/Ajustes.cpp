@@ -24,6 +24,13 @@ std::int16_t Short(std::int64_t value) {
 /// The largest number that money holds.
 constexpr std::int64_t kMostUnits = 922'337'203'685'477;
 
+/// One record of DAT; nothing where the file doesn't reach it.
+std::optional<RegistroMixto> ReadDat(Disk& disk, std::int64_t number) {
+  const Register<RegistroMixto> dat(disk, kDat, OpenMode::kRead);
+  if (dat.Missing() || dat.Count().PassOver().value_or(0) < number) return std::nullopt;
+  return dat.Read(number).PassOver();
+}
+
 /// Writes one record of DAT, whole on disk when this returns.
 void WriteDat(Disk& disk, std::int64_t number, const RegistroMixto& record) {
   disk.ClearReadOnly(kDat).PassOver();
@@ -34,12 +41,10 @@ void WriteDat(Disk& disk, std::int64_t number, const RegistroMixto& record) {
 }  // namespace
 
 void Form1::CargarMoneda() {
-  if (const std::optional<String> text = platform_.disk.ReadAll(kDvs)) {
-    Moneda = Left(PrimeraLinea(*text), kMonedaWidth);
-    return;
-  }
-  Moneda = "$"_w;
-  if (!platform_.disk.Exists(kDvs)) platform_.disk.Replace(kDvs, ConFinDeLinea(Moneda)).PassOver();
+  const Result<String> text = platform_.disk.ReadAll(kDvs);
+  Moneda = text ? Left(PrimeraLinea(*text), kMonedaWidth) : "$"_w;
+  if (text.Why().Missing()) return platform_.disk.Replace(kDvs, ConFinDeLinea(Moneda)).PassOver();
+  text.Why().PassOver();
 }
 
 void Form1::CopiarMoneda() {
@@ -56,9 +61,8 @@ void Form1::CargarEtiquetas() {
   etiquetasLeidas_ = stored || platform_.disk.Exists(RutaCompartida("Vintoral.ACT"));
   if (stored) {
     const Register<RegistroEtiquetas> lbl(platform_.disk, path, OpenMode::kRead);
-    const std::optional<RegistroEtiquetas> record = lbl ? lbl.Read(1) : std::nullopt;
-    lbl.Opened().PassOver();
-    if (!record || lbl.Count() < 1) return;
+    const std::optional<RegistroEtiquetas> record = lbl.Read(1).PassOver();
+    if (!record || lbl.Count().PassOver().value_or(0) < 1) return;
     EtiquetasActuales = *record;
     for (std::size_t i = 0; i < TxtEtiqueta.size(); ++i) {
       TxtEtiqueta[i].SetText(EtiquetasActuales.Etiqueta[i].Trimmed() + " "_w);
@@ -82,9 +86,7 @@ void Form1::GuardarEtiquetas() {
 }
 
 void Form1::CargarEstadoPantalla() {
-  const Register<RegistroMixto> dat(platform_.disk, kDat, OpenMode::kRead);
-  if (!dat.Missing()) dat.Opened().PassOver();
-  const std::optional<RegistroMixto> record = dat.Count() >= kEstado ? dat.Read(kEstado) : std::nullopt;
+  const std::optional<RegistroMixto> record = ReadDat(platform_.disk, kEstado);
   if (!record) return;
   PctBoton[7].Tag = Digits(record->Numero1);
   PctBoton[8].Tag = Digits(record->Numero2);
@@ -116,14 +118,13 @@ void Form1::CargarDatosCall() {
   RegistrosDePiezas pieces;
   for (std::size_t i = 0; i < pieces.size(); ++i) {
     const auto number = kPrimerRegistroDePiezas + static_cast<std::int64_t>(i);
-    pieces[i] = dat.Read(number).value_or(RegistroMixto{});
+    pieces[i] = dat.Read(number).PassOver().value_or(RegistroMixto{});
   }
   DatosCall = UnirPiezas(pieces);
 }
 
 void Form1::CargarMarcas() {
-  const Register<RegistroMixto> dat(platform_.disk, kDat, OpenMode::kRead);
-  const std::optional<RegistroMixto> record = dat.Count() >= kMarcas ? dat.Read(kMarcas) : std::nullopt;
+  const std::optional<RegistroMixto> record = ReadDat(platform_.disk, kMarcas);
   if (!record) return;
   if (record->Marca) CambiarModoFicha();
   if (record->Numero1 == 1) ImgPanico.Visible = true;

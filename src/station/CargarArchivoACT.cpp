@@ -32,7 +32,7 @@ void Form1::CargarArchivoACT() {
   const bool salidas = PctBoton[9].BorderStyle == 1;  // lists who has left: nobody of these
   LiberarMemoria();
   VistaFichas.reserve(static_cast<std::size_t>(TotalFichas));
-  act.WalkBytes(1, TotalFichas, [&](std::int64_t, std::span<const char, RegistroFicha::kSize> bytes) {
+  const auto take = [&](std::int64_t, std::span<const char, RegistroFicha::kSize> bytes) {
     if (!EstaDentro(bytes)) return true;
     const RegistroFicha record = RegistroFicha::Decode(bytes);
     const bool shown = ingresos      ? EntroHace(record, now, minutes)
@@ -40,7 +40,8 @@ void Form1::CargarArchivoACT() {
                                      : !salidas;
     if (shown) VistaFichas.push_back(record);
     return true;
-  });
+  };
+  act.WalkBytes(1, TotalFichas, take).PassOver();
 }
 
 void Form1::CargarSalidasHST() {
@@ -49,12 +50,13 @@ void Form1::CargarSalidasHST() {
   const Moment now = platform_.clock.Now();
   const int minutes = MinutesIn(CboMinutos.Text());
   LiberarMemoria();
-  hst.WalkBack(hst.Count(), 1, [&](std::int64_t, const RegistroFicha& record) {
+  const auto take = [&](std::int64_t, const RegistroFicha& record) {
     FichaAuxiliar = record;
     if (!SalioHoy(record, now)) return false;
     if (SalioHace(record, now, minutes)) VistaFichas.push_back(record);
     return true;
-  });
+  };
+  hst.WalkBack(hst.Count().PassOver().value_or(0), 1, take).PassOver();
 }
 
 }  // namespace vintoral

@@ -1,6 +1,5 @@
 // The tariff files of this station: made when missing, loaded into the tables.
 #include <algorithm>
-#include <cerrno>
 #include <iterator>
 
 #include "station/form1/Form1.h"
@@ -37,11 +36,8 @@ void Form1::CargarTablas() {
   Disk& disk = platform_.disk;
   const auto load = [&](std::string_view file, auto take) {
     if (!disk.Exists(file)) return true;
-    const std::optional<String> bytes = disk.ReadAll(file);
-    if (!bytes) {
-      Outcome::Failed("read", file, EIO).PassOver();
-      return false;
-    }
+    const std::optional<String> bytes = disk.ReadAll(file).PassOver();
+    if (!bytes) return false;
     take(DecodificarLineas(*bytes));
     return true;
   };

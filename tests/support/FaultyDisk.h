@@ -47,21 +47,19 @@ class FaultyDisk final : public Disk {
     if (Gone()) return false;
     return faults_->existsSays.value_or(disk_.Exists(path));
   }
-  std::unique_ptr<DiskFile> Open(std::string_view path, OpenMode mode, Outcome* outcome = nullptr) override {
-    int error = Gone() ? ENOTCONN : 0;
-    if (error == 0 && faults_->openReadOnly && mode != OpenMode::kRead) error = EACCES;
-    if (error != 0) {
-      if (outcome) *outcome = Outcome::Failed("open", "a faulty disk", error);
-      return nullptr;
-    }
-    std::unique_ptr<DiskFile> file = disk_.Open(path, mode, outcome);
-    return file ? std::make_unique<File>(std::move(file), faults_, operations_) : nullptr;
+  Result<std::unique_ptr<DiskFile>> Open(std::string_view path, OpenMode mode) override {
+    if (Gone()) return Error(ENOTCONN);
+    if (faults_->openReadOnly && mode != OpenMode::kRead) return Error(EACCES);
+    Result<std::unique_ptr<DiskFile>> file = disk_.Open(path, mode);
+    if (!file) return file;
+    return Result<std::unique_ptr<DiskFile>>(std::make_unique<File>(file.Take(), faults_, operations_));
   }
-  std::optional<String> ReadAll(std::string_view path) override {
-    if (Gone() || Due(faults_->failRead)) return std::nullopt;
-    std::optional<String> bytes = disk_.ReadAll(path);
-    if (bytes) bytes = Left(*bytes, static_cast<std::size_t>(faults_->cutAt));
-    return bytes;
+  Result<String> ReadAll(std::string_view path) override {
+    if (Gone()) return Error(ENOTCONN);
+    if (Due(faults_->failRead)) return Outcome::Failed("read", path, EIO);
+    const Result<String> bytes = disk_.ReadAll(path);
+    if (!bytes) return bytes;
+    return Left(*bytes, static_cast<std::size_t>(faults_->cutAt));
   }
   Outcome Replace(std::string_view path, std::string_view bytes) override {
     if (Gone()) return Error(ENOTCONN);
@@ -109,8 +107,9 @@ class FaultyDisk final : public Disk {
     File(std::unique_ptr<DiskFile> file, std::shared_ptr<Faults> faults, std::shared_ptr<int> operations)
         : file_(std::move(file)), faults_(std::move(faults)), operations_(std::move(operations)) {}
 
-    std::optional<std::size_t> ReadAt(std::uint64_t offset, std::span<char> into) override {
-      if (Gone() || Due(faults_->failRead)) return std::nullopt;
+    Result<std::size_t> ReadAt(std::uint64_t offset, std::span<char> into) override {
+      if (Gone()) return Error(ENOTCONN);
+      if (Due(faults_->failRead)) return Error(EIO);
       const std::uint64_t left = faults_->cutAt - std::min(offset, faults_->cutAt);
       return file_->ReadAt(offset, into.first(std::min<std::uint64_t>(left, into.size())));
     }
@@ -121,10 +120,12 @@ class FaultyDisk final : public Disk {
       if (torn > 0) file_->WriteAt(offset, bytes.first(torn)).PassOver();
       return Error(faults_->writeError);
     }
-    std::optional<std::uint64_t> Length() override {
-      if (Gone() || faults_->failLength) return std::nullopt;
-      const std::optional<std::uint64_t> length = file_->Length();
-      return length ? std::optional(std::min(*length, faults_->cutAt)) : std::nullopt;
+    Result<std::uint64_t> Length() override {
+      if (Gone()) return Error(ENOTCONN);
+      if (faults_->failLength) return Error(EIO);
+      const Result<std::uint64_t> length = file_->Length();
+      if (!length) return length;
+      return std::min(*length, faults_->cutAt);
     }
     Outcome Sync() override {
       if (Gone()) return Error(ENOTCONN);

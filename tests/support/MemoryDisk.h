@@ -36,7 +36,7 @@ class MemoryDisk final : public Disk {
   String CurrentFolder() const override { return folder_; }
   bool Exists(std::string_view path) const override { return files_.contains(Key(path)); }
 
-  std::unique_ptr<DiskFile> Open(std::string_view path, OpenMode mode, Outcome* outcome = nullptr) override {
+  Result<std::unique_ptr<DiskFile>> Open(std::string_view path, OpenMode mode) override {
     const std::string key = Key(path);
     const auto found = files_.find(key);
     int error = 0;
@@ -46,14 +46,14 @@ class MemoryDisk final : public Disk {
       error = EACCES;
     }
     if (folders_.contains(key)) error = EISDIR;
-    if (outcome) *outcome = error != 0 ? Outcome::Failed("open", key, error) : Outcome::Done();
-    if (error != 0) return nullptr;
+    if (error != 0) return Outcome::Failed("open", key, error);
     if (found == files_.end()) Put(path, "");
-    return std::make_unique<File>(files_.at(key).bytes, syncs_, mode == OpenMode::kRead);
+    return Result<std::unique_ptr<DiskFile>>(
+        std::make_unique<File>(files_.at(key).bytes, syncs_, mode == OpenMode::kRead));
   }
 
-  std::optional<String> ReadAll(std::string_view path) override {
-    if (!Exists(path)) return std::nullopt;
+  Result<String> ReadAll(std::string_view path) override {
+    if (!Exists(path)) return Outcome::Failed("open", Key(path), ENOENT);
     return String(Get(path));
   }
   Outcome Replace(std::string_view path, std::string_view bytes) override {
@@ -102,7 +102,7 @@ class MemoryDisk final : public Disk {
    public:
     File(std::shared_ptr<std::string> bytes, std::shared_ptr<int> syncs, bool readOnly)
         : bytes_(std::move(bytes)), syncs_(std::move(syncs)), readOnly_(readOnly) {}
-    std::optional<std::size_t> ReadAt(std::uint64_t offset, std::span<char> into) override {
+    Result<std::size_t> ReadAt(std::uint64_t offset, std::span<char> into) override {
       const std::size_t from = std::min<std::uint64_t>(offset, bytes_->size());
       return bytes_->copy(into.data(), into.size(), from);
     }
@@ -112,7 +112,7 @@ class MemoryDisk final : public Disk {
       std::copy(bytes.begin(), bytes.end(), bytes_->begin() + static_cast<std::ptrdiff_t>(offset));
       return Outcome::Done();
     }
-    std::optional<std::uint64_t> Length() override { return bytes_->size(); }
+    Result<std::uint64_t> Length() override { return bytes_->size(); }
     Outcome Sync() override {
       ++*syncs_;
       return Outcome::Done();

@@ -28,6 +28,12 @@ TEST(Outcome, PassedOverFailureIsOneLineForSupport) {
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "vintoral: write x: No space left on device\n");
 }
 
+TEST(Outcome, MissingIsNoOtherFailure) {
+  EXPECT_TRUE(Outcome::Failed("open", "x", ENOENT).Missing());
+  EXPECT_FALSE(Outcome::Failed("open", "x", EACCES).Missing());
+  EXPECT_FALSE(Outcome::Done().Missing());
+}
+
 TEST(Outcome, FailureWithoutReasonIsStillAFailure) {
   EXPECT_FALSE(Outcome::Failed("write", "x", 0));
 }

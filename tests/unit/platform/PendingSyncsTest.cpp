@@ -305,7 +305,7 @@ TEST(SyncTogether, FilesAreWrittenAndSyncedByTheEnd) {
   PosixDisk disk(folder.Path());
   SyncTogether together(disk);
   for (const char* name : {"slot", "row", "user"}) {
-    const auto file = disk.Open(name, OpenMode::kCreate);
+    const std::unique_ptr<DiskFile> file = disk.Open(name, OpenMode::kCreate).Take();
     EXPECT_TRUE(file->WriteAt(0, std::string_view(name)));
     EXPECT_TRUE(file->Sync());
   }

@@ -75,38 +75,29 @@ TEST_F(PosixDiskTest, ExistsIsForFiles) {
 }
 
 TEST_F(PosixDiskTest, OpenForReadingNeedsTheFile) {
-  Outcome outcome = Outcome::Done();
-  EXPECT_EQ(disk_.Open("x", OpenMode::kRead, &outcome), nullptr);
-  EXPECT_EQ(outcome.Error(), ENOENT);
-  EXPECT_EQ(disk_.Open("x", OpenMode::kReadWrite, &outcome), nullptr);
-  EXPECT_EQ(outcome.Error(), ENOENT);
+  EXPECT_EQ(disk_.Open("x", OpenMode::kRead).Why().Error(), ENOENT);
+  EXPECT_EQ(disk_.Open("x", OpenMode::kReadWrite).Why().Error(), ENOENT);
   EXPECT_EQ(folder_.Get("x"), "(missing)");
 }
 
 TEST_F(PosixDiskTest, CreateMakesTheFileAndKeepsOneThatIsThere) {
-  Outcome outcome = Outcome::Failed("old", "", EIO);
-  EXPECT_NE(disk_.Open("New.CRD", OpenMode::kCreate, &outcome), nullptr);
-  EXPECT_TRUE(outcome);
+  EXPECT_TRUE(disk_.Open("New.CRD", OpenMode::kCreate));
   EXPECT_EQ(folder_.Get("New.CRD"), "");
   folder_.Put("Old.CRD", "content");
-  EXPECT_NE(disk_.Open("old.crd", OpenMode::kCreate), nullptr);
+  EXPECT_TRUE(disk_.Open("old.crd", OpenMode::kCreate));
   EXPECT_EQ(folder_.Get("Old.CRD"), "content");
   EXPECT_THAT(NamesIn(""), ElementsAre("New.CRD", "Old.CRD"));
-  EXPECT_EQ(disk_.Open("No folder\\x", OpenMode::kCreate, &outcome), nullptr);
-  EXPECT_EQ(outcome.Error(), ENOENT);
+  EXPECT_EQ(disk_.Open("No folder\\x", OpenMode::kCreate).Why().Error(), ENOENT);
 }
 
 TEST_F(PosixDiskTest, NoFolderAndNoPipeIsAFile) {
   folder_.Put("Folder/x", "");
   ASSERT_EQ(mkfifo(folder_.Path("Pipe").c_str(), 0600), 0);
-  Outcome outcome = Outcome::Done();
   for (const OpenMode mode : {OpenMode::kRead, OpenMode::kReadWrite, OpenMode::kCreate}) {
-    EXPECT_EQ(disk_.Open("Folder", mode, &outcome), nullptr);
-    EXPECT_EQ(outcome.Error(), EISDIR);
-    EXPECT_EQ(disk_.Open("Pipe", mode, &outcome), nullptr);
-    EXPECT_NE(outcome.Error(), 0);
+    EXPECT_EQ(disk_.Open("Folder", mode).Why().Error(), EISDIR);
+    EXPECT_FALSE(disk_.Open("Pipe", mode));
   }
-  EXPECT_FALSE(disk_.ReadAll("Folder"));
+  EXPECT_EQ(disk_.ReadAll("Folder").Why().Error(), EISDIR);
   EXPECT_FALSE(disk_.ReadAll("Pipe"));
   EXPECT_FALSE(disk_.Exists("Pipe"));
 }
@@ -117,17 +108,28 @@ TEST_F(PosixDiskTest, ReadAllGivesEveryByte) {
     bytes += static_cast<char>(static_cast<unsigned char>(i % 251));
   folder_.Put("big", bytes);
   folder_.Put("empty", "");
-  EXPECT_EQ(disk_.ReadAll("big").value().Bytes(), bytes);
+  EXPECT_EQ(disk_.ReadAll("big").Take().Bytes(), bytes);
   EXPECT_EQ(disk_.ReadAll("empty"), ""_w);
-  EXPECT_FALSE(disk_.ReadAll("missing"));
+  EXPECT_EQ(disk_.ReadAll("missing").Why().Describe(),
+            "open " + folder_.Path("missing") + ": No such file or directory");
   EXPECT_FALSE(disk_.ReadAll(""));
 }
 
 TEST_F(PosixDiskTest, ReadAllReadsFilesThatHideTheirLength) {
   // The system's own files say 0.
   PosixDisk system("/proc/self");
-  EXPECT_THAT(system.ReadAll("status").value().Bytes(),
+  EXPECT_THAT(system.ReadAll("status").Take().Bytes(),
               testing::HasSubstr("\nPid:\t" + std::to_string(getpid()) + "\n"));
+}
+
+TEST_F(PosixDiskTest, ReadAllTellsWhyItFailed) {
+  PosixDisk system("/proc/self");
+  // Opens, and refuses to be read from its beginning, which is no mapped memory.
+  EXPECT_EQ(system.ReadAll("mem").Why().Describe(), "read /proc/self/mem: Input/output error");
+  // A terabyte of nothing: no file of the station is as large.
+  folder_.Put("huge", "");
+  std::filesystem::resize_file(folder_.Path("huge"), std::uintmax_t{1} << 40);
+  EXPECT_EQ(disk_.ReadAll("huge").Why().Error(), EFBIG);
 }
 
 TEST_F(PosixDiskTest, ReplaceMakesAndReplaces) {
@@ -140,7 +142,7 @@ TEST_F(PosixDiskTest, ReplaceMakesAndReplaces) {
 
 TEST_F(PosixDiskTest, ReplaceLeavesAnOpenReaderTheOldFile) {
   folder_.Put("x", "old");
-  const auto reader = disk_.Open("x", OpenMode::kRead);
+  const std::unique_ptr<DiskFile> reader = disk_.Open("x", OpenMode::kRead).Take();
   EXPECT_TRUE(disk_.Replace("x", "new and longer"));
   std::array<char, 20> bytes{};
   EXPECT_EQ(reader->ReadAt(0, bytes), 3u);

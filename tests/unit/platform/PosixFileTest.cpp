@@ -24,7 +24,9 @@ using test::TempFolder;
 
 class PosixFileTest : public testing::Test {
  protected:
-  std::unique_ptr<DiskFile> Open(OpenMode mode = OpenMode::kReadWrite) { return disk_.Open("file", mode); }
+  std::unique_ptr<DiskFile> Open(OpenMode mode = OpenMode::kReadWrite) {
+    return disk_.Open("file", mode).Take();
+  }
   off_t LengthOnDisk() const {
     struct stat status {};
     stat(folder_.Path("file").c_str(), &status);
@@ -53,7 +55,8 @@ TEST_F(PosixFileTest, ReadsAndWritesAtAnOffset) {
 TEST_F(PosixFileTest, OffsetThatTheSystemLacksFails) {
   folder_.Put("file", "0123");
   std::array<char, 5> bytes{};
-  EXPECT_FALSE(Open()->ReadAt(~std::uint64_t{0}, bytes));
+  EXPECT_EQ(Open()->ReadAt(~std::uint64_t{0}, bytes).Why().Describe(),
+            "read " + folder_.Path("file") + ": Invalid argument");
   EXPECT_FALSE(Open()->WriteAt(~std::uint64_t{0}, bytes));
 }
 
@@ -216,7 +219,7 @@ TEST(AppendLock, TwoStationsLoseNoRow) {
   const Register<RegistroFicha> hst(disk, "Vintoral.HST", OpenMode::kRead);
   EXPECT_EQ(folder.Get("Vintoral.HST").size(), (1 + 2 * kRows) * 188u);
   std::set<std::pair<String, int>> rows;
-  EXPECT_TRUE(hst.Walk(2, hst.Count(), [&](std::int64_t number, const RegistroFicha& ficha) {
+  EXPECT_TRUE(hst.Walk(2, *hst.Count(), [&](std::int64_t number, const RegistroFicha& ficha) {
     EXPECT_TRUE(ficha.EnUso);
     EXPECT_EQ(ficha.Posicion, number);
     rows.emplace(ficha.PorteriaSalida.Trimmed(), ficha.UsuarioPuntos);
@@ -229,7 +232,7 @@ TEST(PosixFile, IsCutUnderTheAppendLockAlone) {
   const test::TempFolder folder;
   folder.Put("register", "0123456789");
   PosixDisk disk(folder.Path());
-  const auto file = disk.Open("register", OpenMode::kReadWrite);
+  const std::unique_ptr<DiskFile> file = disk.Open("register", OpenMode::kReadWrite).Take();
   EXPECT_EQ(file->Cut(4).Error(), ENOLCK);
   EXPECT_EQ(folder.Get("register"), "0123456789");
   file->LockAppend();

@@ -15,7 +15,7 @@ using test::Hex;
 using test::MemoryDisk;
 using test::Zeros;
 
-std::int64_t FindUser(const std::string& file, std::string_view plate) {
+Result<std::int64_t> FindUser(const std::string& file, std::string_view plate) {
   MemoryDisk disk;
   disk.Put("USR", file);
   const Register<RegistroUsuario> users(disk, "USR", OpenMode::kRead);
@@ -26,7 +26,7 @@ std::string UserField(const std::string& field) {
   return field + Blanks(20 - field.size()) + Blanks(100) + Zeros(4);
 }
 
-std::int64_t FindInside(const std::string& file, std::string_view plate, std::int64_t last = 1000) {
+Result<std::int64_t> FindInside(const std::string& file, std::string_view plate, std::int64_t last = 1000) {
   MemoryDisk disk;
   disk.Put("ACT", file);
   const Register<RegistroFicha> act(disk, "ACT", OpenMode::kRead);
@@ -98,16 +98,18 @@ TEST(BuscarPlaca, FindsTheLastOfVeryMany) {
   EXPECT_EQ(FindUser(file, "plate5001"), 0);
 }
 
-TEST(BuscarPlaca, FailingSystemFindsNobody) {
+TEST(BuscarPlaca, FailingSystemIsNoEmptyRegister) {
   MemoryDisk memory;
   test::FaultyDisk disk(memory);
   memory.Put("USR", UserField("AAA111"));
   const Register<RegistroUsuario> users(disk, "USR", OpenMode::kRead);
   disk.Set().failRead = 1;
-  EXPECT_EQ(BuscarPlaca(users, "AAA111"), 0);
+  EXPECT_EQ(BuscarPlaca(users, "AAA111").Why().Error(), EIO);
   EXPECT_EQ(BuscarPlaca(users, "AAA111"), 1);
+  disk.Set().failLength = true;
+  EXPECT_EQ(BuscarPlaca(users, "AAA111").Why().Error(), EIO);
   const Register<RegistroUsuario> missing(disk, "NO", OpenMode::kRead);
-  EXPECT_EQ(BuscarPlaca(missing, "AAA111"), 0);
+  EXPECT_EQ(BuscarPlaca(missing, "AAA111").Why().Error(), ENOENT);
 }
 
 TEST(BuscarPlacaDentro, LooksAtSlotsInUseAlone) {
@@ -115,6 +117,16 @@ TEST(BuscarPlacaDentro, LooksAtSlotsInUseAlone) {
   EXPECT_EQ(FindInside(file, "ABC123"), 3);
   EXPECT_EQ(FindInside(file, "XYZ"), 2);
   EXPECT_EQ(FindInside(Slot("00 00", "ABC123"), "ABC123"), 0);
+}
+
+TEST(BuscarPlacaDentro, FailingSystemIsNoEmptyRegister) {
+  MemoryDisk memory;
+  test::FaultyDisk disk(memory);
+  memory.Put("ACT", Slot("FF FF", "A1"));
+  const Register<RegistroFicha> act(disk, "ACT", OpenMode::kRead);
+  disk.Set().failRead = 1;
+  EXPECT_EQ(BuscarPlacaDentro(act, "A1", 1000).Why().Error(), EIO);
+  EXPECT_EQ(BuscarPlacaDentro(act, "A1", 1000), 1);
 }
 
 TEST(BuscarPlacaDentro, StopsAtTheLastSlot) {

@@ -42,7 +42,7 @@ RegistroUsuario User(std::string_view plate) {
 std::vector<std::string> PlatesOf(const Users& users, std::int64_t first, std::int64_t last,
                                   std::size_t most = 1000) {
   std::vector<std::string> plates;
-  const bool walked = users.Walk(first, last, [&](std::int64_t number, const RegistroUsuario& user) {
+  const Outcome walked = users.Walk(first, last, [&](std::int64_t number, const RegistroUsuario& user) {
     plates.push_back(std::to_string(number) + " " + user.Placa.Trimmed().Bytes());
     return plates.size() < most;
   });
@@ -55,10 +55,14 @@ TEST(Register, MissingFileOpensClosed) {
   Users users(disk, kUsr, OpenMode::kReadWrite);
   EXPECT_FALSE(users);
   EXPECT_EQ(users.Opened().Error(), ENOENT);
-  EXPECT_EQ(users.Count(), 0);
-  EXPECT_FALSE(users.Read(1));
-  EXPECT_FALSE(users.Walk(1, 9, [](std::int64_t, const RegistroUsuario&) { return true; }));
-  EXPECT_FALSE(users.WalkBack(9, 1, [](std::int64_t, const RegistroUsuario&) { return true; }));
+  EXPECT_TRUE(users.Missing());
+  EXPECT_EQ(users.Count().Why().Error(), ENOENT);
+  EXPECT_EQ(users.Read(1).Why().Error(), ENOENT);
+  const auto all = [](std::int64_t, const RegistroUsuario&) { return true; };
+  EXPECT_EQ(users.Walk(1, 9, all).Error(), ENOENT);
+  EXPECT_EQ(users.WalkBack(9, 1, all).Error(), ENOENT);
+  EXPECT_EQ(users.EndsInACutRow().Why().Error(), ENOENT);
+  EXPECT_EQ(users.DropCutRow().Error(), ENOENT);
   EXPECT_EQ(users.Write(1, User("A"), true).Error(), ENOENT);
   EXPECT_EQ(users.Append([](std::int64_t) { return User("A"); }).Error(), ENOENT);
   EXPECT_EQ(users.ReserveRow().Error(), ENOENT);
@@ -89,7 +93,7 @@ TEST(Register, TornRecordHasWhatItHasAndBlanksBehind) {
   disk.Put(kUsr, UserBytes("AAA") + "BBB" + Blanks(17) + "NOM");
   const Users users(disk, kUsr, OpenMode::kRead);
   EXPECT_EQ(users.Count(), 1);
-  EXPECT_EQ(Encoded(users.Read(2).value()), "BBB" + Blanks(17) + "NOM" + Blanks(97) + Zeros(4));
+  EXPECT_EQ(Encoded(*users.Read(2)), "BBB" + Blanks(17) + "NOM" + Blanks(97) + Zeros(4));
   EXPECT_THAT(PlatesOf(users, 1, 99), ElementsAre("1 AAA", "2 BBB"));
 }
 
@@ -125,7 +129,7 @@ TEST(Register, WalksBackFromTheLast) {
     }));
     return plates;
   };
-  EXPECT_THAT(back(users.Count(), 1, 9), ElementsAre("3 C", "2 B", "1 A"));
+  EXPECT_THAT(back(*users.Count(), 1, 9), ElementsAre("3 C", "2 B", "1 A"));
   EXPECT_THAT(back(std::numeric_limits<std::int64_t>::max(), 2, 9), ElementsAre("4 TORN", "3 C", "2 B"));
   EXPECT_THAT(back(3, 1, 1), ElementsAre("3 C"));
   EXPECT_THAT(back(0, 1, 9), ElementsAre());
@@ -292,16 +296,22 @@ TEST(Register, FailuresOfTheSystemComeBack) {
   EXPECT_EQ(append().Error(), EIO);
   disk.Repair();
   disk.Set().failLength = true;
-  EXPECT_EQ(users.Count(), 0);
-  EXPECT_FALSE(users.Write(1, User("L"), false));
-  EXPECT_FALSE(append());
+  EXPECT_EQ(users.Count().Why().Error(), EIO);
+  EXPECT_EQ(users.Write(1, User("L"), false).Error(), EIO);
+  EXPECT_EQ(users.Write(9, User("L"), false).Error(), EIO);
+  EXPECT_EQ(append().Error(), EIO);
+  EXPECT_EQ(users.ReserveRow().Error(), EIO);
+  EXPECT_EQ(users.WalkBack(9, 1, [](std::int64_t, const RegistroUsuario&) { return true; }).Error(), EIO);
+  EXPECT_EQ(users.EndsInACutRow().Why().Error(), EIO);
+  EXPECT_EQ(users.DropCutRow().Error(), EIO);
   disk.Repair();
   disk.Set().failReserve = true;
   EXPECT_EQ(users.ReserveRow().Error(), ENOSPC);
   disk.Repair();
   disk.Set().goneAfter = 0;
-  EXPECT_EQ(append().Error(), EIO);
-  EXPECT_FALSE(users.Read(1));
+  EXPECT_EQ(append().Error(), ENOTCONN);
+  EXPECT_EQ(users.Read(1).Why().Error(), ENOTCONN);
+  EXPECT_EQ(users.Count().Why().Error(), ENOTCONN);
   disk.Repair();
   EXPECT_EQ(memory.Get(kUsr), UserBytes("S") + UserBytes("B"));
 }
@@ -322,10 +332,10 @@ TEST(Register, DropsARowThatWasCutAtTheEndOfAPage) {
   const std::string whole = Blanks(33 * 124);
   disk.Put(kUsr, whole + Blanks(4));
   Users users(disk, kUsr, OpenMode::kReadWrite);
-  EXPECT_TRUE(users.EndsInACutRow());
+  EXPECT_EQ(users.EndsInACutRow(), true);
   EXPECT_TRUE(users.DropCutRow());
   EXPECT_EQ(disk.Get(kUsr), whole);
-  EXPECT_FALSE(users.EndsInACutRow());
+  EXPECT_EQ(users.EndsInACutRow(), false);
   EXPECT_TRUE(users.DropCutRow());
   EXPECT_EQ(disk.Get(kUsr), whole);
 }
@@ -336,7 +346,7 @@ TEST(Register, KeepsWhateverElseARegisterEndsIn) {
        {std::size_t{4097}, std::size_t{4095}, std::size_t{100}, std::size_t{0}, std::size_t{4096} * 31}) {
     disk.Put(kUsr, Blanks(length));
     Users users(disk, kUsr, OpenMode::kReadWrite);
-    EXPECT_FALSE(users.EndsInACutRow()) << length;
+    EXPECT_EQ(users.EndsInACutRow(), false) << length;
     EXPECT_TRUE(users.DropCutRow());
     EXPECT_EQ(disk.Get(kUsr).size(), length);
   }

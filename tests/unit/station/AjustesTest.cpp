@@ -15,6 +15,7 @@ using test::Encoded;
 using test::MemoryStation;
 
 constexpr const char* kDat = "Recursos\\Vintoral.DAT";
+constexpr const char* kDvs = "Recursos\\Vintoral.DVS";
 constexpr const char* kLbl = "Multimedia\\Vintoral.LBL";
 
 void Close(MemoryStation& station) {
@@ -74,6 +75,46 @@ TEST(Etiquetas, AreStoredWhereTheyWereReadThoughTheFichasAreAway) {
   const std::string stored = station.Disk.Get("/mnt/porteria/Vintoral.LBL");
   EXPECT_EQ(stored.substr(20, 20), "PATENTE             ");
   EXPECT_EQ(stored.substr(120, 2), std::string(2, '\0'));
+}
+
+TEST(Moneda, ThatCannotBeReadIsToldAndLeftAlone) {
+  MemoryStation station;
+  station.Disk.Put(kDvs, "COP\r\n");
+  station.Start();
+  ASSERT_EQ(station.Form.Moneda, "COP"_w);
+  station.Faulty.Set().failRead = 1;
+  testing::internal::CaptureStderr();
+  station.Form.CargarMoneda();
+  EXPECT_EQ(testing::internal::GetCapturedStderr(),
+            "vintoral: read Recursos\\Vintoral.DVS: Input/output error\n");
+  EXPECT_EQ(station.Form.Moneda, "$"_w);
+  EXPECT_EQ(station.Disk.Get(kDvs), "COP\r\n");
+}
+
+TEST(Moneda, MissingFileIsMadeInSilence) {
+  MemoryStation station;
+  station.Start();
+  ASSERT_TRUE(station.Disk.Remove(kDvs));
+  station.Form.Moneda = "COP"_w;
+  testing::internal::CaptureStderr();
+  station.Form.CargarMoneda();
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+  EXPECT_EQ(station.Form.Moneda, "$"_w);
+  EXPECT_EQ(station.Disk.Get(kDvs), "$\r\n");
+}
+
+TEST(Servidor, ThatCannotBeReadIsToldAndStaysWhatItIs) {
+  MemoryStation station;
+  station.Disk.Put("Objetos\\Servidor.INI", "/mnt/porteria\r\n");
+  station.Start();
+  ASSERT_EQ(station.Form.NumeroPorteria, "02"_w);
+  station.Faulty.Set().failRead = 1;
+  testing::internal::CaptureStderr();
+  EXPECT_TRUE(station.Form.CargarServidor());
+  EXPECT_EQ(testing::internal::GetCapturedStderr(),
+            "vintoral: read Objetos\\Servidor.INI: Input/output error\n");
+  EXPECT_EQ(station.Form.NumeroPorteria, "02"_w);
+  EXPECT_EQ(station.Form.CarpetaCompartida, "/mnt/porteria"_w);
 }
 
 TEST(Vista, OfDeparturesTakesNothingFromThoseInside) {

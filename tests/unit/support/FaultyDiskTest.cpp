@@ -25,12 +25,12 @@ TEST(MemoryDisk, FindsNamesWhateverTheirCaseAndSeparators) {
 
 TEST(MemoryDisk, NeedsTheFolderAndTheRight) {
   MemoryDisk disk;
-  EXPECT_EQ(disk.Open("Recursos\\x", OpenMode::kCreate), nullptr);
+  EXPECT_FALSE(disk.Open("Recursos\\x", OpenMode::kCreate));
   EXPECT_TRUE(disk.CreateFolder("Recursos"));
   EXPECT_TRUE(disk.CreateFolder("RECURSOS"));
-  EXPECT_NE(disk.Open("Recursos\\x", OpenMode::kCreate), nullptr);
+  EXPECT_TRUE(disk.Open("Recursos\\x", OpenMode::kCreate));
   disk.SetReadOnly("Recursos\\x");
-  EXPECT_EQ(disk.Open("Recursos\\x", OpenMode::kReadWrite), nullptr);
+  EXPECT_EQ(disk.Open("Recursos\\x", OpenMode::kReadWrite).Why().Error(), EACCES);
   EXPECT_EQ(disk.Replace("Recursos\\x", "").Error(), EACCES);
   EXPECT_TRUE(disk.ClearReadOnly("Recursos\\x"));
   EXPECT_TRUE(disk.Replace("Recursos\\x", "new"));
@@ -80,7 +80,7 @@ TEST_F(FaultyDiskTest, NewFilesFailAsTold) {
 }
 
 TEST_F(FaultyDiskTest, WritesFailAsTold) {
-  const auto file = disk_.Open("x", OpenMode::kReadWrite);
+  const std::unique_ptr<DiskFile> file = disk_.Open("x", OpenMode::kReadWrite).Take();
   disk_.Set().failWrite = 2;
   EXPECT_TRUE(file->WriteAt(0, std::string_view("A")));
   EXPECT_EQ(file->WriteAt(1, std::string_view("B")).Error(), ENOSPC);
@@ -94,7 +94,7 @@ TEST_F(FaultyDiskTest, WritesFailAsTold) {
 
 TEST_F(FaultyDiskTest, FileSeemsToEnd) {
   disk_.Set().cutAt = 4;
-  const auto file = disk_.Open("x", OpenMode::kRead);
+  const std::unique_ptr<DiskFile> file = disk_.Open("x", OpenMode::kRead).Take();
   std::array<char, 10> bytes{};
   EXPECT_EQ(file->Length(), 4u);
   EXPECT_EQ(file->ReadAt(2, bytes), 2u);
@@ -105,12 +105,12 @@ TEST_F(FaultyDiskTest, FileSeemsToEnd) {
 TEST_F(FaultyDiskTest, FolderGoesAfterSoManyOperations) {
   disk_.Set().goneAfter = 2;
   EXPECT_TRUE(disk_.Exists("x"));
-  const auto file = disk_.Open("x", OpenMode::kReadWrite);
-  ASSERT_NE(file, nullptr);
-  EXPECT_FALSE(file->Length());
+  const std::unique_ptr<DiskFile> file = disk_.Open("x", OpenMode::kReadWrite).Take();
+  EXPECT_EQ(file->Length().Why().Error(), ENOTCONN);
   EXPECT_EQ(file->WriteAt(0, std::string_view("A")).Error(), ENOTCONN);
   EXPECT_FALSE(disk_.Exists("x"));
-  EXPECT_EQ(disk_.Open("x", OpenMode::kRead), nullptr);
+  EXPECT_EQ(disk_.Open("x", OpenMode::kRead).Why().Error(), ENOTCONN);
+  EXPECT_EQ(disk_.ReadAll("x").Why().Error(), ENOTCONN);
   disk_.Repair();
   EXPECT_TRUE(disk_.Exists("x"));
   EXPECT_EQ(memory_.Get("x"), "0123456789");
@@ -121,12 +121,10 @@ TEST_F(FaultyDiskTest, LiesAndRefuses) {
   EXPECT_FALSE(disk_.Exists("x"));
   disk_.Set() = {.existsSays = true, .openReadOnly = true};
   EXPECT_TRUE(disk_.Exists("y"));
-  Outcome outcome = Outcome::Done();
-  EXPECT_EQ(disk_.Open("x", OpenMode::kReadWrite, &outcome), nullptr);
-  EXPECT_EQ(outcome.Error(), EACCES);
-  EXPECT_NE(disk_.Open("x", OpenMode::kRead), nullptr);
+  EXPECT_EQ(disk_.Open("x", OpenMode::kReadWrite).Why().Error(), EACCES);
+  EXPECT_TRUE(disk_.Open("x", OpenMode::kRead));
   disk_.Set() = {.failSync = true};
-  EXPECT_EQ(disk_.Open("x", OpenMode::kReadWrite)->Sync().Error(), EIO);
+  EXPECT_EQ(disk_.Open("x", OpenMode::kReadWrite).Take()->Sync().Error(), EIO);
   EXPECT_EQ(disk_.EndTogether().Error(), EIO);
 }
 
