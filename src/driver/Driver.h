@@ -14,6 +14,7 @@
 #include <nlohmann/json.hpp>
 
 #include "platform/headless/HeadlessPlatform.h"
+#include "platform/pictures/PictureDecoder.h"
 #include "station/form1/Form1.h"
 #include "station/form1/Input.h"
 
@@ -31,7 +32,9 @@ class Driver {
 
  private:
   struct Station {
-    explicit Station(const std::string& folder) : platform(folder), form(platform.Devices()), input(form) {}
+    explicit Station(const std::string& folder)
+        : platform(folder, pictures), form(platform.Devices()), input(form) {}
+    PictureDecoder pictures;
     HeadlessPlatform platform;
     Form1 form;
     Input input;

@@ -49,6 +49,7 @@ enum class OpenMode {
   kCreate,     ///< made when missing
 };
 
+/// Files may be opened for reading, and read, by other threads too; all else belongs to the station's own.
 class Disk {
  public:
   virtual ~Disk() = default;

@@ -13,6 +13,7 @@
 #include "common/Moment.h"
 #include "platform/headless/Recording.h"
 #include "platform/headless/VirtualClock.h"
+#include "platform/pictures/PictureDecoder.h"
 #include "station/form1/Form1.h"
 #include "station/form1/Input.h"
 #include "support/FaultyDisk.h"
@@ -105,7 +106,8 @@ class MemoryStation {
   RecordingScreen Screen{Events};
   RecordingSystem System{Events, Screen};
   RecordingSound Sound{Events};
-  Form1 Form{Platform{Clock, Screen, Sound, System, Faulty}};
+  PictureDecoder Pictures;
+  Form1 Form{Platform{Clock, Screen, Sound, System, Faulty, Pictures}};
   Input Hands{Form};
 
   /// What the operator will answer, box by box.
