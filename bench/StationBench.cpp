@@ -22,6 +22,7 @@
 
 #include "common/Numbers.h"
 #include "platform/headless/HeadlessPlatform.h"
+#include "platform/pictures/PictureDecoder.h"
 #include "records/Register.h"
 #include "records/RegistroUsuario.h"
 #include "station/form1/Form1.h"
@@ -63,7 +64,8 @@ class WorkFolder {
 
 class Gate {
  public:
-  explicit Gate(const std::string& folder) : platform_(folder), form_(platform_.Devices()), input_(form_) {
+  explicit Gate(const std::string& folder)
+      : platform_(folder, pictures_), form_(platform_.Devices()), input_(form_) {
     platform_.Screen.OnWait = [this] {
       if (!platform_.Screen.Answer(Answer::kYes)) platform_.Screen.Answer(Answer::kOk);
     };
@@ -106,6 +108,7 @@ class Gate {
     input_.Character('\r');
   }
 
+  PictureDecoder pictures_;
   HeadlessPlatform platform_;
   Form1 form_;
   Input input_;

@@ -12,10 +12,7 @@ void Station::PrepareToolkit() {
   QGuiApplication::setQuitOnLastWindowClosed(false);  // the station says when it ends
 }
 
-Station::Station(const std::string& folder)
-    : Devices(folder),
-      Form(Devices.Devices()),
-      Window(Form, [this](std::string_view path) { return QString::fromStdString(Devices.FileOf(path)); }) {
+Station::Station(const std::string& folder) : Devices(folder), Form(Devices.Devices()), Window(Form) {
   Devices.Screen.Owner = &Window;
   Devices.Screen.BeforeWaiting = [this] { Window.Appear(); };
 }

@@ -14,6 +14,7 @@
 #include <nlohmann/json.hpp>
 
 #include "platform/headless/HeadlessPlatform.h"
+#include "platform/pictures/PictureDecoder.h"
 #include "station/form1/Form1.h"
 #include "station/forms/Input.h"
 
@@ -32,7 +33,8 @@ class Driver {
  private:
   struct Station {
     explicit Station(const std::string& folder)
-        : platform(folder), form(platform.Devices()), forms(form.OpenForms), input(forms) {}
+        : platform(folder, pictures), form(platform.Devices()), forms(form.OpenForms), input(forms) {}
+    PictureDecoder pictures;
     HeadlessPlatform platform;
     Form1 form;
     Forms& forms;

@@ -54,6 +54,7 @@ enum class OpenMode {
   kCreate,     ///< made when missing
 };
 
+/// Files may be opened for reading, and read, by other threads too; all else belongs to the station's own.
 class Disk {
  public:
   virtual ~Disk() = default;
@@ -67,6 +68,9 @@ class Disk {
   /// Replaces the whole file: written beside, synced, renamed over. A reader sees the old or the new, never
   /// half.
   virtual Outcome Replace(std::string_view path, std::string_view bytes) = 0;
+  /// Makes a file that did not exist: readers see none or all of it. Nothing is changed, and the error is
+  /// EEXIST, when there is anything of that name. It is not synced: a power cut soon after may lose it.
+  virtual Outcome CreateNew(std::string_view path, std::string_view bytes) = 0;
   /// Does nothing when the folder is there already.
   virtual Outcome CreateFolder(std::string_view path) = 0;
   virtual Outcome Remove(std::string_view path) = 0;

@@ -2,6 +2,7 @@
 
 #include "platform/Clock.h"
 #include "platform/Disk.h"
+#include "platform/Pictures.h"
 #include "platform/Screen.h"
 #include "platform/Sound.h"
 #include "platform/System.h"
@@ -15,6 +16,7 @@ struct Platform {
   Sound& sound;
   System& system;
   Disk& disk;
+  const Pictures& pictures;
 };
 
 }  // namespace vintoral

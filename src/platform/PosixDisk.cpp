@@ -12,6 +12,7 @@
 
 #include "platform/FileStatus.h"
 #include "platform/NativePath.h"
+#include "platform/NewFile.h"
 #include "platform/PosixFile.h"
 
 namespace vintoral {
@@ -185,6 +186,12 @@ Outcome PosixDisk::Replace(std::string_view path, std::string_view bytes) {
   }
   SyncFolder(folder);
   return Outcome::Done();
+}
+
+Outcome PosixDisk::CreateNew(std::string_view path, std::string_view bytes) {
+  const std::string native = FindIgnoringCase(PathOf(path));
+  const int error = native.empty() ? ENOENT : WriteNewFile(native, bytes);
+  return error == 0 ? Outcome::Done() : Outcome::Failed("make", native, error);
 }
 
 Outcome PosixDisk::CreateFolder(std::string_view path) {

@@ -24,6 +24,8 @@ class PosixDisk final : public Disk {
   Result<String> ReadAll(std::string_view path) override;
   /// Keeps the permissions of the file that was there; refuses one that may not be written.
   Outcome Replace(std::string_view path, std::string_view bytes) override;
+  /// A link that leads nowhere is something of that name too.
+  Outcome CreateNew(std::string_view path, std::string_view bytes) override;
   Outcome CreateFolder(std::string_view path) override;
   Outcome Remove(std::string_view path) override;
   Outcome ClearReadOnly(std::string_view path) override;

@@ -9,7 +9,6 @@
 #include <QTest>
 #include <QWindow>
 
-#include "platform/NativePath.h"
 #include "window/controls/CaptionLabel.h"
 #include "window/controls/ListField.h"
 
@@ -28,13 +27,13 @@ Gate::Gate() : disk_(folder_.Path()) {
   screen_.OnShown = [this](QMessageBox& dialog, const Box& box) { AnswerBox(dialog, box); };
 }
 
-Gate::~Gate() = default;
+Gate::~Gate() {
+  window_.reset();  // which may still be reading a picture from the disk
+}
 
 void Gate::Start() {
-  form_ = std::make_unique<Form1>(Platform{clock_, screen_, sound_, system_, disk_});
-  window_ = std::make_unique<MainWindow>(*form_, [this](std::string_view path) {
-    return QString::fromStdString(FindIgnoringCase(disk_.PathOf(path)));
-  });
+  form_ = std::make_unique<Form1>(Platform{clock_, screen_, sound_, system_, disk_, pictures_});
+  window_ = std::make_unique<MainWindow>(*form_);
   screen_.Owner = window_.get();
   screen_.BeforeWaiting = [this] { window_->Refresh(); };
   form_->Form_Load();

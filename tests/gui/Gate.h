@@ -13,6 +13,7 @@
 #include "platform/desktop/DesktopScreen.h"
 #include "platform/headless/Recording.h"
 #include "platform/headless/VirtualClock.h"
+#include "platform/pictures/PictureDecoder.h"
 #include "station/form1/Form1.h"
 #include "support/TempFolder.h"
 #include "window/form1/MainWindow.h"
@@ -76,6 +77,7 @@ class Gate : public testing::Test {
   RecordingSound sound_{events_};
   RecordingSystem system_{events_, unused_};
   PosixDisk disk_;
+  PictureDecoder pictures_;
   std::deque<Answer> answers_;
 };
 

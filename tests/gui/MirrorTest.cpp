@@ -78,11 +78,11 @@ TEST_F(Mirrored, ADamagedPictureIsBlank) {
 }
 
 TEST_F(Mirrored, ANewPhotoUnderTheSameNameIsShown) {
-  const QString file = QString::fromStdString(folder_.Path("foto.png"));
+  const QString file = QString::fromStdString(folder_.Path("foto.jpg"));
   QImage photo(40, 30, QImage::Format_RGB32);
   photo.fill(Qt::red);
   ASSERT_TRUE(photo.save(file));
-  form_->Picture2.Picture = "foto.png"_w;
+  form_->Picture2.Picture = "foto.jpg"_w;
   form_->Picture2.Visible = true;
   window_->Refresh();
   AwaitPicture("Picture2");
@@ -95,6 +95,44 @@ TEST_F(Mirrored, ANewPhotoUnderTheSameNameIsShown) {
   window_->Refresh();
   AwaitPicture("Picture2");
   EXPECT_NE(Picture(Face("Picture2")), before);
+}
+
+TEST_F(Mirrored, PixelsAreShownAtOnce) {
+  auto frame = std::make_shared<cImage>();
+  ASSERT_TRUE(frame->Create(40, 30, 24));
+  for (int y = 0; y < 30; ++y) {
+    for (int x = 0; x < 40; ++x)
+      frame->hDC().Row(y)[3 * x + 2] = 255;  // red
+  }
+  form_->Picture2.Visible = true;
+  form_->Picture2.Picture = vintoral::Picture(frame);
+  window_->Refresh();
+  const QColor shown = Picture(Face("Picture2")).pixelColor(Face("Picture2").rect().center());
+  EXPECT_EQ(shown, QColor(Qt::red));
+}
+
+TEST_F(Mirrored, ALargePhotoIsSharp) {
+  const QSize place = Face("Picture2").size() * Face("Picture2").devicePixelRatio();
+  constexpr int kStripe = 4;
+  QImage stripes(place * 2, QImage::Format_RGB32);
+  stripes.fill(Qt::black);
+  QPainter painter(&stripes);
+  for (int x = 0; x < stripes.width(); x += 2 * kStripe)
+    painter.fillRect(x, 0, kStripe, stripes.height(), Qt::white);
+  painter.end();
+  ASSERT_TRUE(stripes.save(QString::fromStdString(folder_.Path("rayas.jpg")), nullptr, 95));
+  form_->Picture2.Picture = "rayas.jpg"_w;
+  form_->Picture2.Visible = true;
+  window_->Refresh();
+  AwaitPicture("Picture2");
+  const QImage shown = Picture(Face("Picture2"));
+  int darkest = 255, lightest = 0;
+  for (int x = shown.width() / 4; x < shown.width() * 3 / 4; ++x) {
+    const int grey = qGray(shown.pixel(x, shown.height() / 2));
+    darkest = std::min(darkest, grey);
+    lightest = std::max(lightest, grey);
+  }
+  EXPECT_GT(lightest - darkest, 200);
 }
 
 }  // namespace

@@ -60,6 +60,15 @@ class CheckCore(HouseTest):
                 self.write("src/tariffs/Fare.cpp", f"#include <vector>\n#include {name}\n")
                 self.assert_refuses("src/tariffs/Fare.cpp:2", name.strip('<>"'))
 
+    def test_a_library_that_one_folder_alone_may_know(self):
+        self.write("src/platform/pictures/Reader.cpp", "#include <jpeglib.h>\n#include <jerror.h>\n")
+        self.assert_passes()
+        (self.root / "stamp").unlink()
+        for face in ["window", "driver", "platform/desktop"]:
+            with self.subTest(face):
+                self.write(f"src/{face}/Photo.cpp", "#include <jpeglib.h>\n")
+                self.assert_refuses(f"src/{face}/Photo.cpp:1", "only platform/pictures")
+
     def test_toolkit_in_a_header_and_in_headless(self):
         self.write("src/platform/headless/Sound.h", "#include <QObject>\n")
         self.assert_refuses("src/platform/headless/Sound.h:1")
@@ -73,7 +82,8 @@ class CheckCore(HouseTest):
         self.assert_refuses("QString")
 
     def test_face_of_the_core(self):
-        for face in ["window/Main.h", "app/App.h", "driver/Driver.h", "platform/desktop/Sound.h"]:
+        for face in ["window/Main.h", "app/App.h", "driver/Driver.h", "platform/desktop/Sound.h",
+                     "platform/pictures/PictureDecoder.h"]:
             with self.subTest(face):
                 self.write("src/" + face, "")
                 self.write("src/entry/Guardar.cpp", f'#include "{face}"\n')

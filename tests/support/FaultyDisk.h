@@ -14,8 +14,8 @@ namespace vintoral::test {
 /// What goes wrong. May be changed at any time, files that are open already included. Counts go down as the
 /// operations pass; each is 1 for "the next one" and 0 for "none".
 struct Faults {
-  int failWrite = 0;           ///< this WriteAt or Replace fails once
-  bool failAllWrites = false;  ///< every WriteAt, Replace and Reserve fails
+  int failWrite = 0;           ///< this WriteAt, Replace or CreateNew fails once
+  bool failAllWrites = false;  ///< every WriteAt, Replace, CreateNew and Reserve fails
   int writeError = ENOSPC;
   /// A WriteAt that fails has put this many of its bytes, as on a disk that filled up on the way.
   std::size_t tornBytes = 0;
@@ -24,7 +24,7 @@ struct Faults {
   bool failSync = false;
   bool failLength = false;
   std::optional<bool> existsSays = {};  ///< whatever is really there
-  bool openReadOnly = false;            ///< files open for reading alone, and may not be replaced
+  bool openReadOnly = false;            ///< files open for reading alone, and may not be replaced or made
   /// Files seem to end here.
   std::uint64_t cutAt = std::numeric_limits<std::uint64_t>::max();
   /// After this many more operations of any kind, the folder is gone: everything fails with ENOTCONN until
@@ -66,6 +66,12 @@ class FaultyDisk final : public Disk {
     if (faults_->openReadOnly) return Error(EACCES);
     if (FailsWrite(*faults_)) return Error(faults_->writeError);
     return disk_.Replace(path, bytes);
+  }
+  Outcome CreateNew(std::string_view path, std::string_view bytes) override {
+    if (Gone()) return Error(ENOTCONN);
+    if (faults_->openReadOnly) return Error(EACCES);
+    if (FailsWrite(*faults_)) return Error(faults_->writeError);
+    return disk_.CreateNew(path, bytes);
   }
   Outcome CreateFolder(std::string_view path) override {
     if (Gone()) return Error(ENOTCONN);

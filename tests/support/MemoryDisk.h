@@ -71,6 +71,13 @@ class MemoryDisk final : public Disk {
     Put(path, bytes);
     return Outcome::Done();
   }
+  Outcome CreateNew(std::string_view path, std::string_view bytes) override {
+    const std::string key = Key(path);
+    if (files_.contains(key) || folders_.contains(key)) return Outcome::Failed("make", key, EEXIST);
+    if (!HasParent(key)) return Outcome::Failed("make", key, ENOENT);
+    Put(path, bytes);
+    return Outcome::Done();
+  }
   Outcome CreateFolder(std::string_view path) override {
     const std::string key = Key(path);
     if (files_.contains(key)) return Outcome::Failed("make folder", key, EEXIST);

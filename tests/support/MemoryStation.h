@@ -14,6 +14,7 @@
 #include "common/Moment.h"
 #include "platform/headless/Recording.h"
 #include "platform/headless/VirtualClock.h"
+#include "platform/pictures/PictureDecoder.h"
 #include "station/form1/Form1.h"
 #include "station/forms/Input.h"
 #include "support/FaultyDisk.h"
@@ -113,7 +114,8 @@ class MemoryStation {
   RecordingScreen Screen{Events, Clock};
   RecordingSystem System{Events, Screen};
   RecordingSound Sound{Events};
-  Form1 Form{Platform{Clock, Screen, Sound, System, Faulty}};
+  PictureDecoder Pictures;
+  Form1 Form{Platform{Clock, Screen, Sound, System, Faulty, Pictures}};
   Input Hands{Form.OpenForms};
 
   /// What the operator will answer, box by box.

@@ -1,11 +1,6 @@
 #include "camera/cImage/Bitmap.h"
 
 #include <bit>
-#include <cerrno>
-#include <cstdio>
-#include <cstring>
-#include <fstream>
-#include <iterator>
 
 #include "camera/cImage/BitmapHeader.h"
 #include "camera/cImage/LittleEndian.h"
@@ -107,24 +102,6 @@ std::vector<std::uint8_t> WriteBitmapFile(const cImage& picture) {
                                                  4 * picture.Palette().size()));
   bytes.insert(bytes.end(), packed.begin(), packed.end());
   return bytes;
-}
-
-std::optional<cImage> LoadBitmap(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  if (!file) return std::nullopt;
-  const std::vector<std::uint8_t> bytes{std::istreambuf_iterator<char>(file), {}};
-  return ReadBitmapFile(bytes);
-}
-
-bool SaveBitmap(const cImage& picture, const std::string& path) {
-  const std::vector<std::uint8_t> bytes = WriteBitmapFile(picture);
-  if (bytes.empty()) return false;
-  std::ofstream file(path, std::ios::binary | std::ios::trunc);
-  file.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-  file.close();
-  if (file) return true;
-  std::fprintf(stderr, "cannot write %s: %s\n", path.c_str(), std::strerror(errno));
-  return false;
 }
 
 }  // namespace vintoral

@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <optional>
 #include <span>
-#include <string>
 #include <vector>
 
 #include "camera/cImage/cImage.h"
@@ -22,9 +21,5 @@ std::optional<cImage> ReadBitmapFile(std::span<const std::uint8_t> bytes);
 // Empty if the picture is.
 std::vector<std::uint8_t> WritePackedBitmap(const cImage& picture);
 std::vector<std::uint8_t> WriteBitmapFile(const cImage& picture);
-
-// The same from and to a file; saving replaces what was there. The path is UTF-8.
-std::optional<cImage> LoadBitmap(const std::string& path);
-[[nodiscard]] bool SaveBitmap(const cImage& picture, const std::string& path);
 
 }  // namespace vintoral

@@ -4,7 +4,6 @@
 
 #include "camera/cJpeg/EncodePlanes.h"
 #include "camera/cJpeg/MarkerSegments.h"
-#include "camera/cJpeg/NewFile.h"
 #include "camera/cJpeg/cJpegError.h"
 
 namespace vintoral {
@@ -55,23 +54,6 @@ std::vector<std::uint8_t> cJpeg::Encode() const {
   } catch (const std::bad_alloc&) {
     return {};
   }
-}
-
-SaveResult cJpeg::SaveFile(const std::string& path) const {
-  if (path.empty()) return SaveResult::kNoPath;
-  if (IsTaken(path)) return SaveResult::kExists;
-  if (planes_.IsEmpty()) return SaveResult::kNoPicture;
-  const Bytes file = Encode();
-  if (file.empty()) return SaveResult::kNoMemory;
-  switch (WriteNewFile(path, file)) {
-    case NewFileResult::kWritten:
-      return SaveResult::kSaved;
-    case NewFileResult::kExists:
-      return SaveResult::kExists;
-    case NewFileResult::kFailed:
-      break;
-  }
-  return SaveResult::kNotWritten;
 }
 
 }  // namespace vintoral

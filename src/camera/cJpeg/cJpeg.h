@@ -12,16 +12,6 @@
 
 namespace vintoral {
 
-// What SaveFile comes back with. Only kSaved leaves a file behind.
-enum class SaveResult {
-  kSaved = 0,
-  kNoPath = 1,      // the path is empty
-  kExists = 2,      // there is something of that name; it is never overwritten
-  kNotWritten = 3,  // the system refused to make the file or to take all of it
-  kNoPicture = 4,   // nothing has been sampled
-  kNoMemory = 5,    // there is no memory to encode it
-};
-
 // Makes baseline JPEG files (ITU-T T.81, in the JFIF container of ITU-T T.871), with Huffman tables fitted to
 // each picture. A picture whose palette holds greys alone gives one component, any other gives Y, Cb and Cr.
 //
@@ -51,12 +41,11 @@ class cJpeg {
   // inside the picture, or if there is no memory for it.
   [[nodiscard]] bool SampleHDC(const PixelView& picture, int width, int height, int left = 0, int top = 0);
 
+  // Has something been sampled?
+  bool HasPicture() const { return !planes_.IsEmpty(); }
+
   // The whole file; empty if nothing has been sampled or there is no memory for it.
   std::vector<std::uint8_t> Encode() const;
-
-  // Encodes, and writes a new file of that name (UTF-8) with one write. A file that could not be written
-  // whole is removed again.
-  [[nodiscard]] SaveResult SaveFile(const std::string& path) const;
 
  private:
   int quality_ = 0;

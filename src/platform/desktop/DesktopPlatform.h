@@ -9,6 +9,7 @@
 #include "platform/desktop/DesktopScreen.h"
 #include "platform/desktop/DesktopSound.h"
 #include "platform/desktop/DesktopSystem.h"
+#include "platform/pictures/PictureDecoder.h"
 
 namespace vintoral {
 
@@ -17,11 +18,12 @@ class DesktopPlatform {
   /// `folder`: the station's folder, a path of this system.
   explicit DesktopPlatform(const std::string& folder);
 
-  Platform Devices() { return {Clock, Screen, Sound, System, Disk}; }
+  Platform Devices() { return {Clock, Screen, Sound, System, Disk, Pictures}; }
   /// The file of this system that a station path means, whatever the case of its name.
   std::string FileOf(std::string_view path) const;
 
   PosixDisk Disk;
+  PictureDecoder Pictures;
   DesktopClock Clock;
   DesktopScreen Screen;
   DesktopSound Sound;

@@ -12,12 +12,13 @@ namespace vintoral {
 
 class HeadlessPlatform {
  public:
-  /// `folder`: the station's folder, a native path.
-  explicit HeadlessPlatform(const std::string& folder) : disk_(folder) {}
+  /// `folder`: the station's folder, a native path. The decoder links a library, so it comes from outside.
+  HeadlessPlatform(const std::string& folder, const Pictures& pictures)
+      : disk_(folder), pictures_(pictures) {}
   HeadlessPlatform(const HeadlessPlatform&) = delete;
   HeadlessPlatform& operator=(const HeadlessPlatform&) = delete;
 
-  Platform Devices() { return {Clock, Screen, sound_, System, disk_}; }
+  Platform Devices() { return {Clock, Screen, sound_, System, disk_, pictures_}; }
 
   Recording Events;
   VirtualClock Clock;
@@ -27,6 +28,7 @@ class HeadlessPlatform {
  private:
   RecordingSound sound_{Events};
   PosixDisk disk_;
+  const Pictures& pictures_;
 };
 
 }  // namespace vintoral

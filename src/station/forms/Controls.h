@@ -11,6 +11,7 @@
 #include "common/Money.h"
 #include "common/String.h"
 #include "platform/Clock.h"
+#include "platform/Picture.h"
 #include "station/forms/KeyVerdict.h"
 
 namespace vintoral {
@@ -239,13 +240,13 @@ class PictureBox : public Control {
   void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
   int BorderStyle = 0;  ///< 0 up, 1 pressed
   Color BackColor = kWhite;
-  String Picture;  ///< station path of the picture file that it shows, empty for none
+  vintoral::Picture Picture;
 };
 
 class Image : public Control {
  public:
   void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
-  String Picture;  ///< as of PictureBox
+  vintoral::Picture Picture;
 };
 
 class CommandButton : public Control {

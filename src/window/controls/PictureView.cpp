@@ -1,57 +1,45 @@
 #include "window/controls/PictureView.h"
 
-#include <QCoreApplication>
-#include <QImageReader>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPointer>
-#include <QThreadPool>
 #include <algorithm>
 
 #include "window/controls/Icons.h"
+#include "window/controls/PictureLoader.h"
 #include "window/controls/Theme.h"
 
 namespace vintoral {
 
-namespace {
-
-/// Scaled while it is decoded: the whole picture never stands in memory.
-QImage Read(const QString& file, QSize place, Qt::AspectRatioMode mode) {
-  QImageReader reader(file);
-  reader.setAutoTransform(true);
-  const QSize whole = reader.size();
-  if (whole.isValid()) reader.setScaledSize(whole.scaled(place, mode));
-  return reader.read();
-}
-
-}  // namespace
-
 PictureView::PictureView(Look look, QWidget* parent) : QWidget(parent), look_(std::move(look)) {}
 
-void PictureView::ShowPicture(const QString& file) {
-  file_ = file;
+void PictureView::ShowPicture(const Picture& picture, PictureLoader& loader) {
+  shown_ = picture;
+  loader_ = &loader;
   ++request_;
-  stale_ = loading_ = !file.isEmpty();
-  if (file.isEmpty() || !look_.lasts) picture_ = {};
+  stale_ = loading_ = !picture.Empty();
+  if (picture.Empty() || !look_.lasts) picture_ = {};
   update();
 }
 
 void PictureView::resizeEvent(QResizeEvent* /*event*/) {
-  stale_ = !file_.isEmpty();
+  stale_ = !shown_.Empty();
+}
+
+PicturePlace PictureView::Place() const {
+  const QSize pixels = (QSizeF(size()) * devicePixelRatioF()).toSize();
+  return {pixels.width(), pixels.height(), look_.fills};
 }
 
 void PictureView::Load() {
   stale_ = false;
+  if (shown_.Pixels()) return Take(ImageIn(Place(), *shown_.Pixels()));
   loading_ = true;
   const int request = ++request_;
-  const QSize place = (QSizeF(size()) * devicePixelRatioF()).toSize();
-  const auto mode = look_.fills ? Qt::KeepAspectRatioByExpanding : Qt::KeepAspectRatio;
-  QThreadPool::globalInstance()->start([file = file_, place, mode, request, view = QPointer(this)] {
-    const QImage image = Read(file, place, mode);
-    const auto arrive = [image, request, view] {
-      if (view && view->request_ == request) view->Take(image);
-    };
-    QMetaObject::invokeMethod(QCoreApplication::instance(), arrive, Qt::QueuedConnection);
+  loader_->Load(shown_.Path(), Place(), [request, view = QPointer(this)](const QImage& image) {
+    if (!view || view->request_ != request) return;
+    view->Take(image);
+    view->update();
   });
 }
 
@@ -59,7 +47,6 @@ void PictureView::Take(const QImage& image) {
   loading_ = false;
   picture_ = QPixmap::fromImage(image);
   picture_.setDevicePixelRatio(devicePixelRatioF());
-  update();
 }
 
 void PictureView::PaintPlaceholder(QPainter& painter) const {

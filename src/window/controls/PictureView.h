@@ -1,13 +1,16 @@
-// A picture from a file, scaled to its place; a calm sign where there is none. A damaged file shows as none.
-//
-// Files are read beside the event loop: a photo of many megapixels, or one on a slow share, delays no key.
+// A picture, scaled to its place; a calm sign where there is none. A damaged file shows as none.
 #pragma once
 
 #include <QImage>
 #include <QPixmap>
 #include <QWidget>
 
+#include "platform/Picture.h"
+#include "platform/Pictures.h"
+
 namespace vintoral {
+
+class PictureLoader;
 
 class PictureView : public QWidget {
  public:
@@ -18,8 +21,8 @@ class PictureView : public QWidget {
   };
   PictureView(Look look, QWidget* parent);
 
-  /// Path of the file on this system; empty for none. The same path again reads the file again.
-  void ShowPicture(const QString& file);
+  /// A file is read through `loader`, which outlives the view; the same file again is read again.
+  void ShowPicture(const Picture& picture, PictureLoader& loader);
   /// Is the file still being read?
   bool Loading() const { return loading_; }
   bool HasPicture() const { return !picture_.isNull(); }
@@ -30,12 +33,15 @@ class PictureView : public QWidget {
 
  private:
   void Load();
+  /// Its place in the pixels of the screen.
+  PicturePlace Place() const;
   void Take(const QImage& image);
   void PaintPlaceholder(QPainter& painter) const;
   Look look_;
-  QString file_;
-  QPixmap picture_;
-  bool stale_ = false;    ///< to be read when it is next painted
+  Picture shown_;
+  PictureLoader* loader_ = nullptr;
+  QPixmap picture_;       ///< as it is painted
+  bool stale_ = false;    ///< to be made when it is next painted
   bool loading_ = false;  ///< being read
   int request_ = 0;       ///< the newest reading; an older one is passed over when it arrives
 };

@@ -160,20 +160,19 @@ class LightView : public TypedView<PictureBox, Light> {
 template <class C>
 class PictureFileView : public TypedView<C, PictureView> {
  public:
-  PictureFileView(C& control, PictureView& view, const std::function<QString(std::string_view)>& fileOf)
-      : TypedView<C, PictureView>(control, view), fileOf_(fileOf) {}
+  PictureFileView(C& control, PictureView& view, PictureLoader& loader)
+      : TypedView<C, PictureView>(control, view), loader_(loader) {}
 
  protected:
   void ShowOwn() override {
     // A picture that comes back is read again: another photo may stand under the same name.
-    if (!(picture_.Changed(this->model.Picture) | this->Appears())) return;
-    const String& path = this->model.Picture;
-    this->face.ShowPicture(path.Empty() ? QString() : fileOf_(path));
+    if (picture_.Changed(this->model.Picture) | this->Appears())
+      this->face.ShowPicture(this->model.Picture, loader_);
   }
 
  private:
-  std::function<QString(std::string_view)> fileOf_;
-  Seen<String> picture_;
+  PictureLoader& loader_;
+  Seen<Picture> picture_;
 };
 
 }  // namespace
@@ -213,7 +212,7 @@ void Bind(Stage& stage, PictureBox& picture, IconButton& button) {
 }
 
 void Bind(Stage& stage, PictureBox& picture, PictureView& view) {
-  stage.mirror.Add(std::make_unique<PictureFileView<PictureBox>>(picture, view, stage.fileOf));
+  stage.mirror.Add(std::make_unique<PictureFileView<PictureBox>>(picture, view, stage.pictures));
 }
 
 void Bind(Stage& stage, PictureBox& picture, Light& light, QColor color) {
@@ -221,7 +220,7 @@ void Bind(Stage& stage, PictureBox& picture, Light& light, QColor color) {
 }
 
 void Bind(Stage& stage, Image& image, PictureView& view) {
-  stage.mirror.Add(std::make_unique<PictureFileView<Image>>(image, view, stage.fileOf));
+  stage.mirror.Add(std::make_unique<PictureFileView<Image>>(image, view, stage.pictures));
 }
 
 void BindPlain(Stage& stage, Control& control, QWidget& widget) {

@@ -3,7 +3,6 @@
 
 #include <QColor>
 #include <QString>
-#include <functional>
 
 #include "station/form1/Form1.h"
 
@@ -19,6 +18,7 @@ class IconButton;
 class Light;
 class ListField;
 class Mirror;
+class PictureLoader;
 class PictureView;
 class TextField;
 
@@ -27,7 +27,7 @@ struct Stage {
   Form1& form;
   Mirror& mirror;
   Hands& hands;
-  std::function<QString(std::string_view)> fileOf;  ///< station path to a file of this system
+  PictureLoader& pictures;
 };
 
 void Bind(Stage& stage, TextBox& box, TextField& field);

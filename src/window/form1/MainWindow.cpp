@@ -25,15 +25,16 @@ constexpr QSize kUsualSize{1366, 728};
 
 }  // namespace
 
-MainWindow::MainWindow(Form1& form, std::function<QString(std::string_view)> fileOf)
+MainWindow::MainWindow(Form1& form)
     : form_(form),
       mirror_(form),
       ticker_(form.OpenForms, form.Devices().clock, [this] { Refresh(); }),
-      hands_(form.OpenForms, [this] { Refresh(); }) {
+      hands_(form.OpenForms, [this] { Refresh(); }),
+      pictures_(form.Devices().pictures, form.Devices().disk) {
   setObjectName(QStringLiteral("Form1"));
   setWindowTitle(QString::fromLatin1(Form1::kTitulo));
   setWindowIcon(QIcon(QStringLiteral(":/icons/vintoral.svg")));
-  Stage stage{form_, mirror_, hands_, std::move(fileOf)};
+  Stage stage{form_, mirror_, hands_, pictures_};
   Build(stage);
   new InputFilter(*this, mirror_, hands_);  // the window owns it
   resize(kUsualSize);

@@ -2,11 +2,11 @@
 #pragma once
 
 #include <QWidget>
-#include <functional>
 
 #include "station/form1/Form1.h"
 #include "window/controls/Hands.h"
 #include "window/controls/Mirror.h"
+#include "window/controls/PictureLoader.h"
 #include "window/controls/Ticker.h"
 
 class QHBoxLayout;
@@ -17,8 +17,8 @@ struct Stage;
 
 class MainWindow : public QWidget {
  public:
-  /// `fileOf` turns a station path into a file of this system. The station outlives its window.
-  MainWindow(Form1& form, std::function<QString(std::string_view)> fileOf);
+  /// The station outlives its window.
+  explicit MainWindow(Form1& form);
 
   /// Brings everything up to date: after an event, and before a wait inside one.
   void Refresh();
@@ -39,6 +39,7 @@ class MainWindow : public QWidget {
   Mirror mirror_;
   Ticker ticker_;
   Hands hands_;
+  PictureLoader pictures_;
 };
 
 }  // namespace vintoral

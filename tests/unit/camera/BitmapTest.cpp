@@ -3,10 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <stb/stb_image.h>
-#include <unistd.h>
 
-#include <cstdlib>
-#include <filesystem>
 #include <random>
 
 #include "unit/camera/MadePictures.h"
@@ -14,7 +11,6 @@
 namespace vintoral {
 namespace {
 
-namespace fs = std::filesystem;
 using testing::ElementsAre;
 using testing::ElementsAreArray;
 using Bytes = std::vector<std::uint8_t>;
@@ -205,22 +201,6 @@ TEST(Bitmap, AnotherReaderSeesTheSameAtEachDepth) {
     EXPECT_EQ(ColoursOf(ReadBitmapFile(file)), colours) << bitCount;
     EXPECT_EQ(ReadBitmapFile(file)->BitCount(), bitCount);
   }
-}
-
-TEST(Bitmap, SavesReplacesAndLoads) {
-  std::string pattern = (fs::temp_directory_path() / "vintoral-bitmap-XXXXXX").string();
-  const fs::path folder = mkdtemp(pattern.data());
-  const std::string path = (folder / "PIC1TMP01.bmp").string();
-  cImage first;
-  ASSERT_TRUE(first.Create(50, 50, 8));
-  EXPECT_TRUE(SaveBitmap(first, path));
-  EXPECT_TRUE(SaveBitmap(FourPixels(), path));
-  EXPECT_EQ(fs::file_size(path), 70U);
-  EXPECT_EQ(ColoursOf(LoadBitmap(path)), kFour);
-  EXPECT_FALSE(LoadBitmap((folder / "none.bmp").string()));
-  EXPECT_FALSE(SaveBitmap(FourPixels(), (folder / "none" / "a.bmp").string()));
-  EXPECT_FALSE(SaveBitmap({}, path));
-  fs::remove_all(folder);
 }
 
 }  // namespace

@@ -175,6 +175,25 @@ TEST_F(PosixDiskTest, ReplaceWritesWhereALinkPoints) {
   EXPECT_THAT(NamesIn("real"), ElementsAre("x"));
 }
 
+TEST_F(PosixDiskTest, CreateNewMakesAFileOnce) {
+  ASSERT_TRUE(disk_.CreateFolder("Im\xE1genes ACT"));
+  EXPECT_TRUE(disk_.CreateNew("IM\xC1GENES ACT\\000007.jpg", "photo"));
+  EXPECT_EQ(folder_.Get("Im\xC3\xA1genes ACT/000007.jpg"), "photo");
+  const Outcome again = disk_.CreateNew("Im\xE1genes ACT\\000007.jpg", "other");
+  EXPECT_EQ(again.Error(), EEXIST);
+  EXPECT_THAT(again.Describe(), testing::HasSubstr(folder_.Path("Im\xC3\xA1genes ACT/000007.jpg")));
+  EXPECT_EQ(folder_.Get("Im\xC3\xA1genes ACT/000007.jpg"), "photo");
+  EXPECT_THAT(NamesIn("Im\xC3\xA1genes ACT"), ElementsAre("000007.jpg"));
+}
+
+TEST_F(PosixDiskTest, CreateNewKnowsANameInOtherCase) {
+  folder_.Put("Logo.jpg", "old");
+  EXPECT_EQ(disk_.CreateNew("LOGO.JPG", "new").Error(), EEXIST);
+  EXPECT_EQ(disk_.CreateNew("No folder\\x", "new").Error(), ENOENT);
+  EXPECT_EQ(disk_.CreateNew(std::string_view("a\0b", 3), "new").Error(), ENOENT);
+  EXPECT_THAT(NamesIn(""), ElementsAre("Logo.jpg"));
+}
+
 TEST_F(PosixDiskTest, CreateFolderIsDoneWhenItIsThere) {
   EXPECT_TRUE(disk_.CreateFolder("Multimedia"));
   EXPECT_TRUE(disk_.CreateFolder("Multimedia\\Im\xE1genes ACT"));

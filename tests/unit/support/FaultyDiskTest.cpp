@@ -39,6 +39,16 @@ TEST(MemoryDisk, NeedsTheFolderAndTheRight) {
   EXPECT_EQ(disk.Remove("recursos\\X").Error(), ENOENT);
 }
 
+TEST(MemoryDisk, CreateNewMakesAFileOnce) {
+  MemoryDisk disk;
+  EXPECT_EQ(disk.CreateNew("Fondos\\a.jpg", "x").Error(), ENOENT);
+  ASSERT_TRUE(disk.CreateFolder("Fondos"));
+  EXPECT_TRUE(disk.CreateNew("Fondos\\a.jpg", "first"));
+  EXPECT_EQ(disk.CreateNew("FONDOS\\A.jpg", "second").Error(), EEXIST);
+  EXPECT_EQ(disk.Get("Fondos\\a.jpg"), "first");
+  EXPECT_EQ(disk.CreateNew("Fondos", "x").Error(), EEXIST);
+}
+
 TEST(MemoryDisk, ListsFilesOfOneFolder) {
   MemoryDisk disk;
   disk.Put("Fondos\\b.jpg", "");
@@ -54,6 +64,20 @@ class FaultyDiskTest : public testing::Test {
   MemoryDisk memory_;
   FaultyDisk disk_{memory_};
 };
+
+TEST_F(FaultyDiskTest, NewFilesFailAsTold) {
+  disk_.Set().failWrite = 1;
+  EXPECT_EQ(disk_.CreateNew("y", "1").Error(), ENOSPC);
+  disk_.Set().openReadOnly = true;
+  EXPECT_EQ(disk_.CreateNew("y", "2").Error(), EACCES);
+  disk_.Repair();
+  disk_.Set().goneAfter = 0;
+  EXPECT_EQ(disk_.CreateNew("y", "3").Error(), ENOTCONN);
+  EXPECT_EQ(memory_.Get("y"), "(missing)");
+  disk_.Repair();
+  EXPECT_TRUE(disk_.CreateNew("y", "4"));
+  EXPECT_EQ(memory_.Get("y"), "4");
+}
 
 TEST_F(FaultyDiskTest, WritesFailAsTold) {
   const std::unique_ptr<DiskFile> file = disk_.Open("x", OpenMode::kReadWrite).Take();

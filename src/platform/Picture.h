@@ -1,0 +1,37 @@
+// A picture as a value: what a control shows and what a camera gives.
+#pragma once
+
+#include <memory>
+#include <utility>
+
+#include "camera/cImage/cImage.h"
+#include "common/String.h"
+
+namespace vintoral {
+
+class Picture {
+ public:
+  /// Nothing.
+  Picture() = default;
+  /// The file at this station path; an empty path is nothing. A path is a picture wherever one is asked for.
+  Picture(String path) : path_(std::move(path)) {}
+  /// Pixels that nobody changes any more, so that a live frame can be shown, stamped and stored without a
+  /// copy; null is nothing.
+  Picture(std::shared_ptr<const cImage> pixels) : pixels_(std::move(pixels)) {}
+
+  bool Empty() const { return path_.Empty() && pixels_ == nullptr; }
+  /// Empty unless the picture is a file.
+  const String& Path() const { return path_; }
+  /// Null unless the picture is pixels.
+  const std::shared_ptr<const cImage>& Pixels() const { return pixels_; }
+
+  /// The same path, or the very same pixels: comparing them one by one would cost more than showing them
+  /// again.
+  friend bool operator==(const Picture&, const Picture&) = default;
+
+ private:
+  String path_;
+  std::shared_ptr<const cImage> pixels_;
+};
+
+}  // namespace vintoral
