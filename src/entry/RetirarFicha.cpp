@@ -4,6 +4,7 @@
 #include "entry/Puesto.h"
 #include "records/Register.h"
 #include "station/form1/Form1.h"
+#include "station/form1/Sonidos.h"
 
 namespace vintoral {
 namespace {
@@ -102,7 +103,7 @@ void Form1::RetirarFicha() {
   if (!confirmada) return Cancelar();
   if (ConfirmacionVencida(*this)) {
     Cancelar();
-    return MidiWav("Sonidos\\Vintoral-7.wav");
+    return MidiWav(sonido::kOlvidada);
   }
   TmrHoraFecha.SetEnabled(false);
   SyncTogether onDisk(platform_.disk);
@@ -110,7 +111,7 @@ void Form1::RetirarFicha() {
     RefrescarVista();
     LimpiarCampos();
     onDisk.Finish().PassOver();
-    MidiWav("Sonidos\\Vintoral-4.wav");
+    MidiWav(sonido::kHecho);
   } else {
     platform_.screen.Beep();  // the ficha stays on display
   }
