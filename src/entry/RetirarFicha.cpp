@@ -15,7 +15,8 @@ String CuentaDeSalida(const Form1& form) {
 }
 
 void FijarValor(Form1& form) {
-  // Twice the same account: no minute turned over between the value shown and the value charged.
+  // Priced until two results in a row agree: then no minute has turned over between the value shown and the
+  // value charged.
   const auto account = [&form] {
     form.LblValor.Visible = false;
     form.TmrHoraFecha_Timer();
