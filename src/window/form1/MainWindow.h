@@ -3,16 +3,14 @@
 
 #include <QWidget>
 
-#include "station/form1/Form1.h"
 #include "window/controls/Hands.h"
 #include "window/controls/Mirror.h"
 #include "window/controls/PictureLoader.h"
 #include "window/controls/Ticker.h"
 
-class QHBoxLayout;
-
 namespace vintoral {
 
+class Form1;
 struct Stage;
 
 class MainWindow : public QWidget {
@@ -35,7 +33,6 @@ class MainWindow : public QWidget {
   void Build(Stage& stage);
   QWidget* BuildLeft(Stage& stage);
 
-  Form1& form_;
   Mirror mirror_;
   Ticker ticker_;
   Hands hands_;
