@@ -75,6 +75,13 @@ TEST_F(Snapshot, KnowsNamesExactlyAsTheyAreSpelt) {
   EXPECT_NE(taker_.Add("Box"), nullptr);
 }
 
+TEST_F(Snapshot, HasAControlOnce) {
+  const auto& label = Added<LabelState>("Label");
+  Added<TextBoxState>("Box");
+  EXPECT_EQ(&Added<LabelState>("Label"), &label);
+  EXPECT_EQ(snapshot_.controls.size(), 2U);
+}
+
 TEST_F(Snapshot, ACopyOfTheModelIsNewsOnce) {
   auto& label = Added<LabelState>("Label");
   ShowAll(label.caption, label.ground, label.visible, label.enabled, label.toolTip);
@@ -141,13 +148,18 @@ TEST_F(Snapshot, OfATextBox) {
   main_.box.Select(4, 3);
   main_.box.Locked = true;
   main_.box.BackColor = kYellow;
+  main_.box.MaxLength = 20;
+  EXPECT_EQ(*box.caret, 0U);
+  EXPECT_TRUE(box.caret.News());
   taker_.Take();
+  EXPECT_EQ(*box.caret, 7U);
+  EXPECT_EQ(box.maxLength, 20U);
   EXPECT_EQ(*box.text, "uno dos"_w);
   EXPECT_TRUE(*box.locked);
   EXPECT_EQ(*box.ground, kYellow);
   EXPECT_EQ(box.selectionStart, 4U);
   EXPECT_EQ(box.selectionLength, 3U);
-  EXPECT_TRUE(box.text.News() && box.locked.News() && box.ground.News());
+  EXPECT_TRUE(box.text.News() && box.locked.News() && box.ground.News() && box.caret.News());
   EXPECT_FALSE(box.remarks.News());
 }
 

@@ -17,7 +17,7 @@ class Mirror {
   /// `form` is loaded now, but may go at any time.
   Mirror(Forms& forms, Form& form) : taker_(forms, form, snapshot_) {}
 
-  /// The control of this name, in the snapshot from here on. The window was built for another form when there
+  /// The control of this name, part of the snapshot from here on. The window was built for another form when there
   /// is none of this name and kind: that ends the program.
   template <class S>
   S& StateOf(const std::string& control) {

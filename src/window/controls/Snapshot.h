@@ -75,6 +75,8 @@ struct TextBoxState : ControlState {
   Value<std::vector<LineRemark>> remarks;
   std::size_t selectionStart = 0;
   std::size_t selectionLength = 0;
+  Value<std::size_t> caret;   ///< at the start of the selection, or at its end
+  std::size_t maxLength = 0;  ///< 0: no limit
 };
 
 struct LabelState : ControlState {

@@ -36,6 +36,8 @@ class Copier : public ControlVisitor {
     state.ground.Take(box.BackColor);
     state.selectionStart = box.SelStart;
     state.selectionLength = box.SelLength;
+    state.caret.Take(box.Caret());
+    state.maxLength = box.MaxLength;
     TakeRemarks(state.remarks, box.Marks);
   }
   void Visit(Label& label) override {
@@ -113,6 +115,9 @@ ControlState* SnapshotTaker::Add(std::string_view name) {
   const auto& all = form_->Controls();
   const auto found = std::find_if(all.begin(), all.end(), [&](const Control* c) { return c->Name == name; });
   if (found == all.end()) return nullptr;
+  const auto known = std::find(controls_.begin(), controls_.end(), *found);
+  if (known != controls_.end())
+    return snapshot_.controls[static_cast<std::size_t>(known - controls_.begin())].get();
   controls_.push_back(*found);
   std::unique_ptr<ControlState>& state = snapshot_.controls.emplace_back();
   Copy(**found, state);

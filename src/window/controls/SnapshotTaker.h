@@ -17,7 +17,8 @@ class SnapshotTaker {
   /// `form` is loaded now, but may go at any time.
   SnapshotTaker(Forms& forms, Form& form, FormSnapshot& snapshot);
 
-  /// A control becomes part of the snapshot; null when the form has none of that name, spelt exactly so.
+  /// A control is part of the snapshot from here on; null when the form has none of that name, spelt exactly
+  /// so.
   ControlState* Add(std::string_view name);
   /// Brings the snapshot up to date: what is the same as before is not copied. Of a form that is gone it
   /// only says that it is no longer shown.
