@@ -7,14 +7,14 @@
 #include <memory>
 #include <vector>
 
-#include "station/form1/ScreenModel.h"
+#include "station/forms/Form.h"
 #include "window/controls/View.h"
 
 namespace vintoral {
 
 class Mirror {
  public:
-  explicit Mirror(ScreenModel& model) : model_(model) {}
+  explicit Mirror(Form& model) : model_(model) {}
 
   View& Add(std::unique_ptr<View> view);
   /// A part of a widget counts as its whole: the editor inside a list.
@@ -31,7 +31,7 @@ class Mirror {
 
  private:
   void ShowFocus();
-  ScreenModel& model_;
+  Form& model_;
   std::vector<std::unique_ptr<View>> views_;
   QHash<const QObject*, View*> byWidget_;
   QHash<const Control*, View*> byControl_;

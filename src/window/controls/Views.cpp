@@ -3,14 +3,18 @@
 #include <QCheckBox>
 #include <QPalette>
 
+#include "station/forms/TextCaret.h"
 #include "window/controls/CaptionLabel.h"
+#include "window/controls/CurveView.h"
 #include "window/controls/Hands.h"
 #include "window/controls/IconButton.h"
 #include "window/controls/Light.h"
 #include "window/controls/ListField.h"
 #include "window/controls/Mirror.h"
 #include "window/controls/PictureView.h"
+#include "window/controls/PushButton.h"
 #include "window/controls/Text.h"
+#include "window/controls/TextEditor.h"
 #include "window/controls/TextField.h"
 #include "window/controls/Theme.h"
 
@@ -49,6 +53,45 @@ class TextBoxView : public TypedView<TextBox, TextField> {
   Seen<String> text_;
   Seen<bool> locked_;
   Seen<Color> ground_;
+};
+
+/// One text for each line, empty where nothing is remarked.
+QStringList ReasonsOf(const std::vector<LineMark>& marks) {
+  QStringList reasons;
+  for (const LineMark& mark : marks) {
+    const auto line = static_cast<qsizetype>(mark.line);
+    if (reasons.size() <= line) reasons.resize(line + 1);
+    reasons[line] = ToQString(mark.reason);
+  }
+  return reasons;
+}
+
+class EditorView : public TypedView<TextBox, TextEditor> {
+ public:
+  using TypedView::TypedView;
+
+ protected:
+  void ShowOwn() override {
+    const bool text = text_.Changed(model.Text());
+    if (text) face.ShowText(ToQString(model.Text()));
+    const bool marks = marks_.Changed(model.Marks);
+    if (marks) face.ShowReasons(ReasonsOf(model.Marks));
+    const bool caret = caret_.Changed(model.Caret());
+    face.ShowCaret(static_cast<int>(model.SelStart), static_cast<int>(model.SelLength),
+                   model.Caret() == model.SelStart);
+    if (text || marks || caret || Appears()) TellPlace();
+  }
+
+ private:
+  void TellPlace() const {
+    if (!face.onPlace) return;
+    const std::size_t caret = model.Caret(), line = LineAt(model.Text(), caret);
+    const std::size_t column = caret - LineStart(model.Text(), caret);
+    face.onPlace(line + 1, column + 1, ReasonsOf(model.Marks).value(static_cast<qsizetype>(line)));
+  }
+  Seen<String> text_;
+  Seen<std::vector<LineMark>> marks_;
+  Seen<std::size_t> caret_;
 };
 
 class LabelView : public TypedView<Label, CaptionLabel> {
@@ -141,6 +184,34 @@ class ButtonView : public TypedView<PictureBox, IconButton> {
   Seen<int> border_;
 };
 
+class CommandView : public TypedView<CommandButton, PushButton> {
+ public:
+  using TypedView::TypedView;
+
+ protected:
+  void ShowOwn() override {
+    if (caption_.Changed(model.Caption)) face.setText(ToQString(model.Caption));
+  }
+
+ private:
+  Seen<String> caption_;
+};
+
+class ChartView : public TypedView<Chart, CurveView> {
+ public:
+  using TypedView::TypedView;
+
+ protected:
+  void ShowOwn() override {
+    if (caption_.Changed(model.Caption) | values_.Changed(model.Values))
+      face.ShowCurve(ToQString(model.Caption), model.Values);
+  }
+
+ private:
+  Seen<String> caption_;
+  Seen<std::vector<Money>> values_;
+};
+
 class LightView : public TypedView<PictureBox, Light> {
  public:
   LightView(PictureBox& picture, Light& light, QColor color) : TypedView(picture, light), color_(color) {}
@@ -184,6 +255,14 @@ void Bind(Stage& stage, TextBox& box, TextField& field) {
   field.onPaste = [&hands](const QString& text) { hands.Paste(text); };
 }
 
+void Bind(Stage& stage, TextBox& box, TextEditor& editor) {
+  View& view = stage.mirror.Add(std::make_unique<EditorView>(box, editor));
+  stage.mirror.AddPart(*editor.viewport(), view);
+  Hands& hands = stage.hands;
+  editor.onCaret = [&hands, &box](int start, int length) { hands.MoveCaret(box, start, length); };
+  editor.onPaste = [&hands](const QString& text) { hands.Paste(text); };
+}
+
 void Bind(Stage& stage, Label& label, CaptionLabel& caption) {
   stage.mirror.Add(std::make_unique<LabelView>(label, caption));
 }
@@ -221,6 +300,14 @@ void Bind(Stage& stage, PictureBox& picture, Light& light, QColor color) {
 
 void Bind(Stage& stage, Image& image, PictureView& view) {
   stage.mirror.Add(std::make_unique<PictureFileView<Image>>(image, view, stage.pictures));
+}
+
+void Bind(Stage& stage, CommandButton& command, PushButton& button) {
+  stage.mirror.Add(std::make_unique<CommandView>(command, button));
+}
+
+void Bind(Stage& stage, Chart& chart, CurveView& view) {
+  stage.mirror.Add(std::make_unique<ChartView>(chart, view));
 }
 
 void BindPlain(Stage& stage, Control& control, QWidget& widget) {

@@ -13,6 +13,7 @@ class QWidget;
 namespace vintoral {
 
 class CaptionLabel;
+class CurveView;
 class Hands;
 class IconButton;
 class Light;
@@ -20,6 +21,8 @@ class ListField;
 class Mirror;
 class PictureLoader;
 class PictureView;
+class PushButton;
+class TextEditor;
 class TextField;
 
 /// What the panels are built on.
@@ -31,6 +34,7 @@ struct Stage {
 };
 
 void Bind(Stage& stage, TextBox& box, TextField& field);
+void Bind(Stage& stage, TextBox& box, TextEditor& editor);
 void Bind(Stage& stage, Label& label, CaptionLabel& caption);
 /// A label that is a mere bar of colour.
 void Bind(Stage& stage, Label& label, Light& bar);
@@ -42,6 +46,8 @@ void Bind(Stage& stage, PictureBox& picture, PictureView& view);
 /// A light that is on while the control is shown; `color` where the model gives it none of its own.
 void Bind(Stage& stage, PictureBox& picture, Light& light, QColor color);
 void Bind(Stage& stage, Image& image, PictureView& view);
+void Bind(Stage& stage, CommandButton& command, PushButton& button);
+void Bind(Stage& stage, Chart& chart, CurveView& view);
 /// A control of which only presence, use and tooltip show.
 void BindPlain(Stage& stage, Control& control, QWidget& widget);
 

@@ -77,6 +77,7 @@ QWidget* MainWindow::BuildLeft(Stage& stage) {
 
 void MainWindow::Refresh() {
   mirror_.Sync();
+  if (OnRefresh) OnRefresh();
   ticker_.Arm();
 }
 
@@ -86,8 +87,7 @@ void MainWindow::Appear() {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-  form_.CerrarVentana();
-  Refresh();
+  hands_.CloseBox(form_);
   event->setAccepted(form_.Terminado());
 }
 

@@ -1,0 +1,128 @@
+#include "window/form6/Form6Window.h"
+
+#include <QStackedLayout>
+#include <QVBoxLayout>
+
+#include "window/controls/CaptionLabel.h"
+#include "window/controls/CurveView.h"
+#include "window/controls/PushButton.h"
+#include "window/controls/Text.h"
+#include "window/controls/TextEditor.h"
+#include "window/controls/TextField.h"
+#include "window/controls/Theme.h"
+#include "window/controls/Views.h"
+
+namespace vintoral {
+
+namespace {
+
+constexpr QSize kUsualSize{1040, 560};
+constexpr int kMargin = 12;
+constexpr int kTabHeight = 36;
+
+CaptionLabel* NewLabel(const CaptionLabel::Look& look, QWidget* parent) {
+  auto* const label = new CaptionLabel(look, parent);
+  label->setFixedSize(label->sizeHint().width(), kTabHeight);
+  return label;
+}
+
+CaptionLabel* NewTab(const Label& tab, QWidget* parent) {
+  CaptionLabel::Look look;
+  look.weight = QFont::Bold;
+  look.alignment = Qt::AlignCenter;
+  look.padding = 16;
+  look.sample = ToQString(tab.Caption);
+  look.outlined = true;
+  CaptionLabel* const label = NewLabel(look, parent);
+  label->setCursor(Qt::PointingHandCursor);
+  return label;
+}
+
+CaptionLabel* NewCaption(const QString& sample, QRgb color, QWidget* parent) {
+  CaptionLabel::Look look;
+  look.color = color;
+  look.sample = sample;
+  return NewLabel(look, parent);
+}
+
+}  // namespace
+
+Form6Window::Form6Window(Form6& form, Form1& station, Hands& hands, PictureLoader& pictures, QWidget* owner)
+    : DialogWindow(form, hands, owner),
+      curve_(new CurveView(this)),
+      place_(NewCaption(QStringLiteral("Línea 999, columna 99"), theme::kMuted, this)),
+      remark_(new CaptionLabel({}, this)) {
+  Stage stage{station, mirror_, hands, pictures};
+  auto* const column = new QVBoxLayout(this);
+  column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  column->setSpacing(theme::kGap);
+  const auto row = [&](int stretch) -> QHBoxLayout& {
+    auto* const made = new QHBoxLayout;
+    made->setSpacing(theme::kGap);
+    column->addLayout(made, stretch);
+    return *made;
+  };
+  BuildTabs(stage, form, row(0));
+  BuildTexts(stage, form, row(1));
+  BuildFoot(stage, form, row(0));
+  resize(kUsualSize);
+}
+
+void Form6Window::BuildTabs(Stage& stage, Form6& form, QHBoxLayout& row) {
+  for (std::size_t tab = 0; tab < form.TxtTarifas.size(); ++tab) {
+    CaptionLabel* const label = NewTab(form.LblFuncion[tab], this);
+    row.addWidget(label);
+    Bind(stage, form.LblFuncion[tab], *label);
+  }
+  row.addStretch(1);
+  CaptionLabel* const caption =
+      NewCaption(ToQString(form.LblFuncion[Form6::kMoneda].Caption), theme::kText, this);
+  row.addWidget(caption);
+  Bind(stage, form.LblFuncion[Form6::kMoneda], *caption);
+  auto* const currency = new TextField(this);
+  currency->SetWidthFor(static_cast<int>(form.TxtMoneda.MaxLength));
+  theme::CoverGround(*currency, theme::kWindow);
+  row.addWidget(currency);
+  connect(currency, &QLineEdit::textChanged, curve_, &CurveView::ShowCurrency);
+  Bind(stage, form.TxtMoneda, *currency);
+}
+
+void Form6Window::BuildTexts(Stage& stage, Form6& form, QHBoxLayout& row) {
+  auto* const texts = new QWidget(this);
+  auto* const stack = new QStackedLayout(texts);
+  stack->setStackingMode(QStackedLayout::StackAll);
+  for (TextBox& box : form.TxtTarifas) {
+    auto* const editor = new TextEditor(texts);
+    theme::CoverGround(*editor, theme::kWindow);
+    stack->addWidget(editor);
+    editor->onPlace = [this](std::size_t line, std::size_t column, const QString& remark) {
+      ShowPlace(line, column, remark);
+    };
+    Bind(stage, box, *editor);
+  }
+  row.addWidget(texts, 3);
+  row.addWidget(curve_, 2);
+  Bind(stage, form.PctCurva, *curve_);
+}
+
+void Form6Window::BuildFoot(Stage& stage, Form6& form, QHBoxLayout& row) {
+  row.addWidget(place_);
+  row.addWidget(remark_, 1);
+  CaptionLabel* const examples = NewCaption(ToQString(form.LblEjemplo.Caption), theme::kAccent, this);
+  examples->setCursor(Qt::PointingHandCursor);
+  row.addWidget(examples);
+  Bind(stage, form.LblEjemplo, *examples);
+  for (const std::size_t command : {Form6::kGuardar, Form6::kCancelar}) {
+    const bool main = command == Form6::kGuardar;
+    auto* const button = new PushButton(main ? PushButton::Rank::kMain : PushButton::Rank::kPlain, this);
+    row.addWidget(button);
+    Bind(stage, form.CmdFuncion[command], *button);
+  }
+}
+
+void Form6Window::ShowPlace(std::size_t line, std::size_t column, const QString& remark) {
+  place_->ShowCaption(QStringLiteral("Línea %1, columna %2").arg(line).arg(column));
+  remark_->ShowCaption(remark);
+}
+
+}  // namespace vintoral

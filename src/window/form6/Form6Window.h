@@ -1,0 +1,33 @@
+// The window of the tariff dialog: the tables as text behind three tabs, what a stay costs beside them, and
+// the currency symbol.
+#pragma once
+
+#include "tariffs/form6/Form6.h"
+#include "window/controls/DialogWindow.h"
+
+class QHBoxLayout;
+
+namespace vintoral {
+
+class CaptionLabel;
+class CurveView;
+class Form1;
+class PictureLoader;
+struct Stage;
+
+class Form6Window : public DialogWindow {
+ public:
+  Form6Window(Form6& form, Form1& station, Hands& hands, PictureLoader& pictures, QWidget* owner);
+
+ private:
+  void BuildTabs(Stage& stage, Form6& form, QHBoxLayout& row);
+  void BuildTexts(Stage& stage, Form6& form, QHBoxLayout& row);
+  void BuildFoot(Stage& stage, Form6& form, QHBoxLayout& row);
+  void ShowPlace(std::size_t line, std::size_t column, const QString& remark);
+
+  CurveView* curve_;
+  CaptionLabel* place_;
+  CaptionLabel* remark_;
+};
+
+}  // namespace vintoral
