@@ -7,6 +7,7 @@
 #include "common/Numbers.h"
 #include "driver/Operation.h"
 #include "driver/Properties.h"
+#include "platform/headless/PassTime.h"
 
 namespace vintoral {
 
@@ -32,7 +33,7 @@ void Driver::Run() {
 }
 
 void Driver::Step() {
-  if (until_) return PassTime();
+  if (until_) return LetTimePass();
   Reply();
   const std::optional<std::string> line = read_();
   if (!line) throw Stopped();
@@ -60,15 +61,11 @@ Json Driver::WaitingJson() const {
   return {{"wait", std::max<std::int64_t>(waiting->until - station_->platform.Clock.Ticks(), 0)}};
 }
 
-void Driver::PassTime() {
-  VirtualClock& clock = station_->platform.Clock;
-  // A tick that opens a box or waits is answered from in there, so nothing is left to pass for those in
-  // between.
+void Driver::LetTimePass() {
+  // Taken first: a tick that opens a box or waits is answered from within, where none of this time is left to
+  // pass.
   const std::int64_t until = *std::exchange(until_, std::nullopt);
-  const Waiting* const waiting = station_->platform.Screen.Innermost();
-  const bool waits = waiting != nullptr && waiting->box == nullptr && waiting->form == nullptr;
-  AdvanceUntil(clock, station_->forms, waits ? std::min(until, waiting->until) : until);
-  if (clock.Ticks() < until && !station_->forms.Ended()) until_ = until;
+  until_ = PassTime(station_->platform.Clock, station_->forms, station_->platform.Screen.Innermost(), until);
 }
 
 void Driver::Execute(const std::string& line) {

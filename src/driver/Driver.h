@@ -46,7 +46,7 @@ class Driver {
   void Reply();
   Json WaitingJson() const;
   /// Lets time pass that was asked for, as far as the station's innermost wait.
-  void PassTime();
+  void LetTimePass();
   void Execute(const std::string& line);
   void Dispatch(const Json& operation);
   void Start(const Json& operation);

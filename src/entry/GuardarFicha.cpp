@@ -9,8 +9,8 @@ namespace {
 
 /// The photo that the operator compares with who stands at the gate.
 void MostrarFotoConfirmacion(Form1& form) {
-  const bool sinCamara = form.ImgIndicador[4].Visible;
-  const bool conMemoria = form.ImgIndicador[2].Visible;
+  const bool sinCamara = form.ImgIndicador[indicador::kCamaraDesactivada].Visible;
+  const bool conMemoria = form.ImgIndicador[indicador::kMemoriaRostros].Visible;
   if (!sinCamara) MostrarFija(form, conMemoria ? String() : MostrarFotoUsuario(form, form.NumeroUsuario));
   AvisarSinImagen(form);
 }
@@ -67,7 +67,7 @@ void Form1::GuardarFicha() {
   SyncTogether onDisk(platform_.disk);
   if (!puesto->EnUso) AnotarEntrada(*this, registro, numero);
   RefrescarVista();
-  ImgIndicador[3].Visible = false;
+  ImgIndicador[indicador::kFotosAdicionales].Visible = false;
   LimpiarCampos();
   onDisk.Finish().PassOver();
 }

@@ -7,12 +7,12 @@ namespace vintoral {
 namespace {
 
 void OfrecerFactura(Form1& form) {
-  if (form.PctBoton[14].BorderStyle != 1) return;
+  if (form.PctBoton[boton::kFacturas].BorderStyle != 1) return;
   form.ChkFactura.Tag = "0"_w;  // it is ticked once for each display
   form.ChkFactura.Value = 0;
   form.ChkFactura.Enabled = false;
   form.ChkFactura.Visible = true;
-  form.ImgIndicador[5].Visible = true;
+  form.ImgIndicador[indicador::kImprimirFactura].Visible = true;
 }
 
 void MostrarFilas(Form1& form) {
@@ -71,8 +71,8 @@ void MostrarUsuario(Form1& form) {
 
 void MostrarFichaAdentro(Form1& form) {
   OfrecerFactura(form);
-  form.PctBoton[5].Visible = false;
-  form.PctBoton[6].Visible = true;
+  form.PctBoton[boton::kGuardar].Visible = false;
+  form.PctBoton[boton::kRetirar].Visible = true;
   if (form.TxtBarCode.Visible) {
     form.TxtBarCodeOK.Visible = true;
     form.TxtBarCodeOK.BackColor = kYellow;
@@ -89,9 +89,9 @@ void MostrarFichaAdentro(Form1& form) {
 void MostrarFichaNueva(Form1& form) {
   form.ChkFactura.Tag = "0"_w;
   form.ChkFactura.Visible = false;
-  form.ImgIndicador[5].Visible = false;
-  form.PctBoton[5].Visible = true;
-  form.PctBoton[6].Visible = false;
+  form.ImgIndicador[indicador::kImprimirFactura].Visible = false;
+  form.PctBoton[boton::kGuardar].Visible = true;
+  form.PctBoton[boton::kRetirar].Visible = false;
   form.TxtCampo[0].Locked = true;
   form.LblCampo[0].Visible = false;
   for (std::size_t i = 1; i < form.TxtCampo.size(); ++i) {

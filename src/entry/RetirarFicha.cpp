@@ -4,6 +4,7 @@
 #include "entry/Puesto.h"
 #include "records/Register.h"
 #include "station/form1/Form1.h"
+#include "station/form1/Sonidos.h"
 
 namespace vintoral {
 namespace {
@@ -14,7 +15,8 @@ String CuentaDeSalida(const Form1& form) {
 }
 
 void FijarValor(Form1& form) {
-  // Twice the same account: no minute turned over between the value shown and the value charged.
+  // Priced until two results in a row agree: then no minute has turned over between the value shown and the
+  // value charged.
   const auto account = [&form] {
     form.LblValor.Visible = false;
     form.TmrHoraFecha_Timer();
@@ -102,7 +104,7 @@ void Form1::RetirarFicha() {
   if (!confirmada) return Cancelar();
   if (ConfirmacionVencida(*this)) {
     Cancelar();
-    return MidiWav("Sonidos\\Vintoral-7.wav");
+    return MidiWav(sonido::kOlvidada);
   }
   TmrHoraFecha.SetEnabled(false);
   SyncTogether onDisk(platform_.disk);
@@ -110,7 +112,7 @@ void Form1::RetirarFicha() {
     RefrescarVista();
     LimpiarCampos();
     onDisk.Finish().PassOver();
-    MidiWav("Sonidos\\Vintoral-4.wav");
+    MidiWav(sonido::kHecho);
   } else {
     platform_.screen.Beep();  // the ficha stays on display
   }

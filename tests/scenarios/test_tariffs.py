@@ -1,7 +1,7 @@
 """Tariff tables and fares: worked examples asked of the tables, and the same stays on the screen."""
 import datetime
 
-from station import ESC, DrivenDay, ansi, inside, lines, main, stamp, user
+from station import CONTROL, ESC, DrivenDay, ansi, inside, lines, main, sounds, stamp, user
 
 NOON = datetime.datetime(2026, 11, 20, 14, 0)
 
@@ -230,6 +230,73 @@ class OnTheScreen(DrivenDay):
         station = self.running()
         station.call_up(7)
         self.assertEqual(station.caption("LblValor"), "$ 1.00")
+
+
+class TheDialog(DrivenDay):
+    """Ctrl+T: the operator edits the tables while the gate is held."""
+
+    def opened(self):
+        station = self.running()
+        reply = station.key(ord("T"), CONTROL)
+        self.assertEqual(reply["waiting"], {"form": "Form6"})
+        self.assertEqual(sounds(reply), ["Sonidos\\Vintoral-5.wav"])
+        return station
+
+    def test_it_holds_the_main_screen(self):
+        station = self.opened()
+        state = station.state()
+        self.assertEqual((state["active"], state["forms"], state["focus"]),
+                         ("Form6", ["Form1", "Form6"], "Form6.TxtTarifas(0)"))
+        for operation, fields in (("click", {"control": "PctBoton(11)"}), ("focus", {"control": "TxtCampo(1)"}),
+                                  ("set", {"control": "Form1.TxtCampo(0)", "text": "7"}), ("close", {}),
+                                  ("unload", {"form": "Form1"}), ("hover", {"control": "Form1"})):
+            with self.subTest(operation):
+                reply = station.attempt(operation, **fields)
+                self.assertFalse(reply["ok"])
+                self.assertIn("Form1", reply["error"])
+                self.assertEqual((reply["waiting"], reply["events"]), ({"form": "Form6"}, []))
+
+    def test_a_new_tariff_prices_at_once_and_after_a_restart(self):
+        station = self.opened()
+        station.set("Form6.TxtTarifas(0)", "auto\n 1h=700")
+        self.assertEqual(station.text("Form6.TxtTarifas(0)"), "auto\r\n 1h=700")
+        self.assertEqual(station.get("Form6.TxtTarifas(0)")["Tag"], "1")
+        reply = station.click("Form6.CmdFuncion(1)")
+        self.assertIsNone(reply["waiting"])
+        self.assertEqual(station.state("forms"), ["Form1"])
+        fare = {"category": "AUTO", "entry": "20/11/2026 10:00:00", "exit": "20/11/2026 11:00:00"}
+        self.assertEqual(station.do("fare", **fare)["fare"]["value"], "700.00")
+        self.assertEqual((self.folder / "Recursos/Vintoral.EMP").read_bytes(), lines("AUTO", "1H=700"))
+        station.close()
+        again = self.running()
+        self.assertEqual(again.do("fare", **fare)["fare"]["value"], "700.00")
+        self.assertEqual(again.get("CboTarifa(1)")["List"], ["AUTO"])
+
+    def test_nothing_is_kept_by_esc_by_cancel_and_by_the_close_box(self):
+        station = self.opened()
+        before = self.folder.all_bytes()
+        for leave in (lambda: station.key(ESC), lambda: station.click("Form6.CmdFuncion(0)"),
+                      lambda: station.do("unload", form="Form6")):
+            station.set("Form6.TxtTarifas(0)", "NADA")
+            station.set("Form6.TxtMoneda", "X")
+            self.assertIsNone(leave()["waiting"])
+            self.assertEqual(self.folder.all_bytes(), before)
+            self.assertEqual(station.state("Moneda"), "$")
+            station.key(ord("T"), CONTROL)
+
+    def test_the_gate_lives_on_behind_it(self):
+        station = self.opened()
+        station.advance(60_000)
+        self.assertEqual(station.get("LblFechaEnt")["Caption"], "14:01  (20/11/2026)")
+        station.type("X")
+        self.assertTrue(station.text("Form6.TxtTarifas(0)").startswith("X\r\nAUTOMOVIL\r\n"))
+
+    def test_a_form_that_is_not_loaded(self):
+        station = self.running()
+        for operation, fields in (("unload", {"form": "Form6"}), ("click", {"control": "Form6.CmdFuncion(0)"})):
+            reply = station.attempt(operation, **fields)
+            self.assertFalse(reply["ok"])
+            self.assertIn("Form6", reply["error"])
 
 
 class Points(DrivenDay):

@@ -13,8 +13,8 @@ namespace vintoral {
 // A picture that owns its pixels, laid out as a device-independent bitmap: 1, 4, 8 or 24 bits, rows padded to
 // 32 bits and lying bottom to top, a palette of 2, 16 or 256 colours below 24 bits.
 //
-// What gives an altered picture leaves this one as it was, and gives none if this one is empty or memory runs
-// out.
+// The functions that return a picture (Greyscale, Resample, Mirror, Rotate) do not change this one, and
+// return nothing when it is empty or memory runs out.
 class cImage {
  public:
   static constexpr int kMaxSide = 65500;

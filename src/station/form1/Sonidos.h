@@ -7,6 +7,7 @@ namespace vintoral {
 
 namespace sonido {
 inline constexpr std::string_view kConectando = "Sonidos\\Vintoral-1.wav";
+inline constexpr std::string_view kHecho = "Sonidos\\Vintoral-4.wav";
 inline constexpr std::string_view kClic = "Sonidos\\Vintoral-5.wav";
 inline constexpr std::string_view kOlvidada = "Sonidos\\Vintoral-7.wav";
 }  // namespace sonido

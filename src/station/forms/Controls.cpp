@@ -37,7 +37,7 @@ void EditableText::Replace(std::size_t start, std::size_t length, const String& 
 void EditableText::Insert(const String& text) {
   const std::size_t length = End() - Start();
   const std::size_t kept = text_.Size() - length;
-  const std::size_t room = MaxLength == 0 ? text.Size() : MaxLength > kept ? MaxLength - kept : 0;
+  const std::size_t room = MaxLength == 0 ? text.Size() : MaxLength - std::min(MaxLength, kept);
   Replace(Start(), length, Left(text, room));
 }
 

@@ -1,13 +1,25 @@
 #include "tariffs/form6/Form6.h"
 
 #include "station/form1/Form1.h"
-#include "station/forms/Input.h"
+#include "station/forms/Keys.h"
+#include "station/forms/TextCaret.h"
+#include "tariffs/Categoria.h"
+#include "tariffs/Curva.h"
+#include "tariffs/Revision.h"
+#include "tariffs/TextoTabla.h"
 
 namespace vintoral {
 namespace {
 
-void MarkChanges(TextBox& box) {
-  box.OnChange = [&box] { box.Tag = "1"_w; };
+using Revision = std::vector<String> (*)(const std::vector<String>&);
+constexpr std::array<Revision, 3> kRevisiones = {RevisarTarifas, RevisarExtras, RevisarPrepago};
+
+std::vector<LineMark> MarksOf(const std::vector<String>& reasons) {
+  std::vector<LineMark> marks;
+  for (std::size_t line = 0; line < reasons.size(); ++line) {
+    if (!reasons[line].Empty()) marks.push_back({line, reasons[line]});
+  }
+  return marks;
 }
 
 }  // namespace
@@ -46,9 +58,10 @@ void Form6::Design() {
 void Form6::Connect() {
   for (std::size_t tab = 0; tab < TxtTarifas.size(); ++tab) {
     LblFuncion[tab].OnClick = [this, tab] { LblFuncion_Click(tab); };
-    MarkChanges(TxtTarifas[tab]);
+    TxtTarifas[tab].OnChange = [this, tab] { Cambiado(tab); };
   }
-  MarkChanges(TxtMoneda);
+  TxtTarifas[kTiempos].OnCaret = [this] { MostrarCurva(); };
+  TxtMoneda.OnChange = [this] { TxtMoneda.Tag = "1"_w; };
   TxtMoneda.KeyRule = [](char character) { return character == ' ' ? KeyVerdict::kDrop : KeyVerdict::kPass; };
   CmdFuncion[kGuardar].OnClick = [this] { Guardar(); };
   CmdFuncion[kCancelar].OnClick = [this] { station_.OpenForms.Unload(*this); };
@@ -63,7 +76,32 @@ void Form6::LblFuncion_Click(std::size_t tab) {
     LblFuncion[each].BackColor = each == tab ? kActiveTab : kOtherTab;
     TxtTarifas[each].Visible = each == tab;
   }
+  PctCurva.Visible = tab == kTiempos;
+  Revisar(tab);
+  MostrarCurva();
   SetFocus(&TxtTarifas[tab]);
+}
+
+void Form6::Cambiado(std::size_t tab) {
+  TxtTarifas[tab].Tag = "1"_w;
+  Revisar(tab);
+  if (tab != kTiempos) return;
+  curvaVigente_ = false;
+  MostrarCurva();
+}
+
+void Form6::Revisar(std::size_t tab) {
+  TxtTarifas[tab].Marks = MarksOf(kRevisiones[tab](LineasDeTexto(TxtTarifas[tab].Text())));
+}
+
+void Form6::MostrarCurva() {
+  const TextBox& text = TxtTarifas[kTiempos];
+  const std::vector<String> lines = LineasDeTexto(text.Text());
+  const String category = CategoriaEnLinea(lines, LineAt(text.Text(), text.Caret()));
+  if (curvaVigente_ && category == PctCurva.Caption) return;
+  PctCurva.Caption = category;
+  PctCurva.Values = CurvaDeTarifa(lines, category);
+  curvaVigente_ = true;
 }
 
 void Form6::Guardar() {

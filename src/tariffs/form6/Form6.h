@@ -35,8 +35,16 @@ class Form6 : public Form {
   void Design();
   void Connect();
   void Guardar();
+  /// The operator has changed the text of a tab.
+  void Cambiado(std::size_t tab);
+  /// Marks the lines of a tab that won't do what they seem to say.
+  void Revisar(std::size_t tab);
+  /// Draws the category where the caret stands; nothing to do while it stands in the same one.
+  void MostrarCurva();
 
   Form1& station_;
+  /// The curve that is shown is of the text as it stands.
+  bool curvaVigente_ = false;
 };
 
 }  // namespace vintoral

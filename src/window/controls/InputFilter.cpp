@@ -16,6 +16,11 @@ InputFilter::InputFilter(QWidget& window, Mirror& mirror, Hands& hands)
   qApp->installEventFilter(this);
 }
 
+void InputFilter::Close() {
+  qApp->removeEventFilter(this);
+  QCoreApplication::removePostedEvents(this);
+}
+
 bool InputFilter::InWindow(const QObject* watched) const {
   if (!watched->isWidgetType()) return false;
   const auto* const widget = static_cast<const QWidget*>(watched);

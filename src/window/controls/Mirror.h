@@ -17,8 +17,8 @@ class Mirror {
   /// `form` is loaded now, but may go at any time.
   Mirror(Forms& forms, Form& form) : taker_(forms, form, snapshot_) {}
 
-  /// The control of this name, part of the snapshot from here on. The window was built for another form when there
-  /// is none of this name and kind: that ends the program.
+  /// The control of this name, part of the snapshot from here on. The window was built for another form when
+  /// there is none of this name and kind: that ends the program.
   template <class S>
   S& StateOf(const std::string& control) {
     auto* const state = dynamic_cast<S*>(taker_.Add(control));

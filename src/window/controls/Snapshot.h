@@ -116,6 +116,7 @@ struct FormSnapshot {
   std::string name;
   std::vector<std::unique_ptr<ControlState>> controls;
   bool shown = false;                   ///< the form is on the screen
+  bool modal = false;                   ///< it holds all other forms
   bool focusOnForm = false;             ///< no control has the keyboard
   const ControlState* focus = nullptr;  ///< null, too, when the focused control is none of these
 };

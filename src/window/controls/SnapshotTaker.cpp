@@ -129,6 +129,7 @@ void SnapshotTaker::Take() {
   const bool loaded = forms_.Find(snapshot_.name) == form_;
   snapshot_.shown = loaded && form_->Shown() && !forms_.Ended();
   if (!loaded) return;
+  snapshot_.modal = forms_.IsModal(*form_);
   snapshot_.focus = nullptr;
   snapshot_.focusOnForm = form_->Focus() == nullptr;
   for (std::size_t i = 0; i < controls_.size(); ++i) {

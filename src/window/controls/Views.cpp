@@ -4,14 +4,18 @@
 #include <QPalette>
 #include <optional>
 
+#include "station/forms/TextCaret.h"
 #include "window/controls/CaptionLabel.h"
+#include "window/controls/CurveView.h"
 #include "window/controls/Hands.h"
 #include "window/controls/IconButton.h"
 #include "window/controls/Light.h"
 #include "window/controls/ListField.h"
 #include "window/controls/Mirror.h"
 #include "window/controls/PictureView.h"
+#include "window/controls/PushButton.h"
 #include "window/controls/Text.h"
+#include "window/controls/TextEditor.h"
 #include "window/controls/TextField.h"
 #include "window/controls/Theme.h"
 
@@ -44,6 +48,41 @@ class TextBoxView : public TypedView<TextBoxState, TextField> {
       face.setPalette(palette);
     }
     face.ShowCaret(static_cast<int>(state.selectionStart), static_cast<int>(state.selectionLength));
+  }
+};
+
+/// One text for each line, empty where nothing is remarked.
+QStringList ReasonsOf(const std::vector<LineRemark>& remarks) {
+  QStringList reasons;
+  for (const LineRemark& remark : remarks) {
+    const auto line = static_cast<qsizetype>(remark.line);
+    if (reasons.size() <= line) reasons.resize(line + 1);
+    reasons[line] = ToQString(remark.reason);
+  }
+  return reasons;
+}
+
+class EditorView : public TypedView<TextBoxState, TextEditor> {
+ public:
+  using TypedView::TypedView;
+
+ protected:
+  void ShowOwn() override {
+    const bool text = state.text.News();
+    if (text) face.ShowText(ToQString(*state.text));
+    const bool remarks = state.remarks.News();
+    if (remarks) face.ShowReasons(ReasonsOf(*state.remarks));
+    face.ShowCaret(static_cast<int>(state.selectionStart), static_cast<int>(state.selectionLength),
+                   *state.caret == state.selectionStart);
+    if (state.caret.News() | text | remarks | Appears()) TellPlace();
+  }
+
+ private:
+  void TellPlace() const {
+    if (!face.onPlace) return;
+    const std::size_t caret = *state.caret, line = LineAt(*state.text, caret);
+    const std::size_t column = caret - LineStart(*state.text, caret);
+    face.onPlace(line + 1, column + 1, ReasonsOf(*state.remarks).value(static_cast<qsizetype>(line)));
   }
 };
 
@@ -104,6 +143,26 @@ class ButtonView : public TypedView<PictureBoxState, IconButton> {
   }
 };
 
+class CommandView : public TypedView<ButtonState, PushButton> {
+ public:
+  using TypedView::TypedView;
+
+ protected:
+  void ShowOwn() override {
+    if (state.caption.News()) face.setText(ToQString(*state.caption));
+  }
+};
+
+class ChartView : public TypedView<ChartState, CurveView> {
+ public:
+  using TypedView::TypedView;
+
+ protected:
+  void ShowOwn() override {
+    if (state.caption.News() | state.values.News()) face.ShowCurve(ToQString(*state.caption), *state.values);
+  }
+};
+
 class LightView : public TypedView<PictureBoxState, Light> {
  public:
   LightView(PictureBoxState& picture, Light& light, QColor color)
@@ -151,6 +210,15 @@ void Bind(Stage& stage, const ControlName& name, TextField& field) {
   field.onPaste = [&hands](const QString& text) { hands.Paste(text); };
 }
 
+void Bind(Stage& stage, const ControlName& name, TextEditor& editor) {
+  View& view = AddView<EditorView, TextBoxState>(stage, name, editor);
+  stage.mirror.AddPart(*editor.viewport(), view);
+  Hands& hands = stage.hands;
+  const ControlId& id = view.State().id;
+  editor.onCaret = [&hands, id](int start, int length) { hands.MoveCaret(id, start, length); };
+  editor.onPaste = [&hands](const QString& text) { hands.Paste(text); };
+}
+
 void Bind(Stage& stage, const ControlName& name, CaptionLabel& caption) {
   AddView<LabelView, LabelState>(stage, name, caption);
 }
@@ -179,6 +247,14 @@ void Bind(Stage& stage, const ControlName& name, PictureView& view) {
 
 void Bind(Stage& stage, const ControlName& name, Light& light, QColor color) {
   AddView<LightView, PictureBoxState>(stage, name, light, color);
+}
+
+void Bind(Stage& stage, const ControlName& name, PushButton& button) {
+  AddView<CommandView, ButtonState>(stage, name, button);
+}
+
+void Bind(Stage& stage, const ControlName& name, CurveView& view) {
+  AddView<ChartView, ChartState>(stage, name, view);
 }
 
 void BindPlain(Stage& stage, const ControlName& name, QWidget& widget) {

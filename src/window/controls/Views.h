@@ -12,6 +12,7 @@ class QWidget;
 namespace vintoral {
 
 class CaptionLabel;
+class CurveView;
 class Hands;
 class IconButton;
 class Light;
@@ -19,6 +20,8 @@ class ListField;
 class Mirror;
 class PictureLoader;
 class PictureView;
+class PushButton;
+class TextEditor;
 class TextField;
 
 /// What the panels of a form's window are built on.
@@ -40,6 +43,8 @@ struct ControlName {
 
 /// A text box.
 void Bind(Stage& stage, const ControlName& name, TextField& field);
+/// A text box of several lines.
+void Bind(Stage& stage, const ControlName& name, TextEditor& editor);
 /// A label.
 void Bind(Stage& stage, const ControlName& name, CaptionLabel& caption);
 /// A label that is a mere bar of colour.
@@ -54,6 +59,10 @@ void Bind(Stage& stage, const ControlName& name, IconButton& button);
 void Bind(Stage& stage, const ControlName& name, PictureView& view);
 /// A picture box that is a light, on while it is shown; `color` where the model gives it none of its own.
 void Bind(Stage& stage, const ControlName& name, Light& light, QColor color);
+/// A command button.
+void Bind(Stage& stage, const ControlName& name, PushButton& button);
+/// A chart.
+void Bind(Stage& stage, const ControlName& name, CurveView& view);
 /// A control of which only presence, use and tooltip show.
 void BindPlain(Stage& stage, const ControlName& name, QWidget& widget);
 

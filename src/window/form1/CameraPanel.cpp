@@ -15,6 +15,7 @@ namespace {
 
 constexpr int kArrowRow = 32;
 constexpr int kArrowIcon = 20;
+constexpr int kMessageInset = 6;
 
 }  // namespace
 
@@ -40,8 +41,8 @@ void CameraPanel::BuildPictures(Stage& stage) {
 
   CaptionLabel::Look look;
   look.weight = QFont::Bold;
-  look.color = theme::kMuted;
   look.alignment = Qt::AlignCenter;
+  look.outlined = true;  // to be read over any picture
   message_ = new CaptionLabel(look, this);
   Bind(stage, "LblWebCamMsg", *message_);
 }
@@ -68,7 +69,8 @@ int CameraPanel::HeightAt(int width) {
 void CameraPanel::resizeEvent(QResizeEvent* /*event*/) {
   const int height = this->height() - kArrowRow;
   pictures_->setGeometry(0, 0, width(), height);
-  message_->setGeometry(0, height - kArrowRow, width(), kArrowRow);
+  message_->setGeometry(kMessageInset, height - kArrowRow - kMessageInset, width() - 2 * kMessageInset,
+                        kArrowRow);
   arrows_->setGeometry(0, height, width(), kArrowRow);
 }
 

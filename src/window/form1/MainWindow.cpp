@@ -77,6 +77,7 @@ QWidget* MainWindow::BuildLeft(Stage& stage) {
 
 void MainWindow::Refresh() {
   mirror_.Sync();
+  if (OnRefresh) OnRefresh();
   ticker_.Arm();
 }
 

@@ -1,7 +1,8 @@
-// The station's one window.
+// The station's main window, and what all windows share: the hands, the ticks, the reading of pictures.
 #pragma once
 
 #include <QWidget>
+#include <functional>
 
 #include "window/controls/Hands.h"
 #include "window/controls/Mirror.h"
@@ -25,6 +26,11 @@ class MainWindow : public QWidget {
   /// Runs the timers that are due, as the event loop does by itself.
   void Tick() { ticker_.Tick(); }
   const Mirror& Shown() const { return mirror_; }
+  /// Runs with each refresh, for the other windows.
+  std::function<void()> OnRefresh;
+
+  Hands& AllHands() { return hands_; }
+  PictureLoader& Pictures() { return pictures_; }
 
  protected:
   void closeEvent(QCloseEvent* event) override;

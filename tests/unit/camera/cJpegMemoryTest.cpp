@@ -2,16 +2,15 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
+#include "camera/SaveFile.h"
 #include "camera/cJpeg/cJpeg.h"
+#include "support/MemoryDisk.h"
 #include "unit/camera/FailingMemory.h"
 #include "unit/camera/MadePictures.h"
 
 namespace vintoral {
 namespace {
 
-namespace fs = std::filesystem;
 using Bytes = std::vector<std::uint8_t>;
 
 struct Attempt {
@@ -60,24 +59,22 @@ TEST_F(cJpegMemoryTest, ScansApartGiveNothingEither) {
 }
 
 TEST_F(cJpegMemoryTest, SaveFileTellsAndLeavesNoFile) {
-  std::string pattern = (fs::temp_directory_path() / "vintoral-jpeg-XXXXXX").string();
-  const fs::path folder = mkdtemp(pattern.data());
-  const std::string path = (folder / "a.jpg").string();
-  const int last = PiecesFor(jpeg) - 1;
-  for (const int allowed : {0, last / 2, last}) {
+  test::MemoryDisk disk;
+  for (const int allowed : {0, PiecesFor(jpeg) / 2}) {
     SaveResult result = SaveResult::kSaved;
     {
       const made::FailingMemory memory(allowed);
-      result = jpeg.SaveFile(path);
+      result = SaveFile(jpeg, disk, "a.jpg");
     }
     EXPECT_EQ(result, SaveResult::kNoMemory) << allowed;
-    EXPECT_TRUE(fs::is_empty(folder));
+    EXPECT_FALSE(disk.Exists("a.jpg"));
   }
-  EXPECT_EQ(jpeg.SaveFile(path), SaveResult::kSaved);
-  fs::remove_all(folder);
+  EXPECT_EQ(SaveFile(jpeg, disk, "a.jpg"), SaveResult::kSaved);
+  EXPECT_TRUE(disk.Exists("a.jpg"));
 }
 
 TEST_F(cJpegMemoryTest, SamplingHoldsNothingWithoutMemory) {
+  test::MemoryDisk disk;
   ASSERT_FALSE(jpeg.Encode().empty());
   bool sampled = true;
   {
@@ -85,7 +82,7 @@ TEST_F(cJpegMemoryTest, SamplingHoldsNothingWithoutMemory) {
     sampled = jpeg.SampleHDC(picture.View(), 30, 20);
   }
   EXPECT_FALSE(sampled);
-  EXPECT_EQ(jpeg.SaveFile("never.jpg"), SaveResult::kNoPicture);
+  EXPECT_EQ(SaveFile(jpeg, disk, "never.jpg"), SaveResult::kNoPicture);
 }
 
 }  // namespace

@@ -61,6 +61,18 @@ TEST_F(TextBoxTest, TypingGoesInAtTheCaretWhichMovesBehindIt) {
   EXPECT_EQ(changes_, 1);
 }
 
+TEST_F(TextBoxTest, TypingEndsWhereTheBoxIsFull) {
+  box_.MaxLength = 4;
+  Given("ABC"_w, 1);
+  box_.Insert("xyz"_w);
+  EXPECT_EQ(box_.Text(), "AxBC"_w);
+  box_.Insert("z"_w);
+  EXPECT_EQ(box_.Text(), "AxBC"_w);
+  Given("ABCDEF"_w, 0);  // the program may put in more
+  box_.Insert("z"_w);
+  EXPECT_EQ(box_.Text(), "ABCDEF"_w);
+}
+
 TEST_F(TextBoxTest, TypingReplacesTheSelection) {
   Given("ABCDE"_w, 1, 3);
   box_.Insert("x"_w);

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "platform/headless/PassTime.h"
 #include "unit/station/forms/FormsFixture.h"
 
 namespace vintoral {
@@ -34,8 +35,11 @@ TEST_F(FormsTest, ALoadedFormIsThereButNotShown) {
 
 TEST_F(FormsTest, AModalFormHoldsAllOthersUntilItGoes) {
   TestForm& form = Load("Form6");
+  EXPECT_FALSE(forms_.IsModal(form));
   steps_ = {[&] {
               ASSERT_NE(screen_.Innermost(), nullptr);
+              EXPECT_TRUE(forms_.IsModal(form));
+              EXPECT_FALSE(forms_.IsModal(main_));
               EXPECT_EQ(screen_.Innermost()->form, &form);
               EXPECT_EQ(screen_.Shown(), nullptr);
               EXPECT_EQ(&forms_.Active(), &form);
@@ -44,7 +48,11 @@ TEST_F(FormsTest, AModalFormHoldsAllOthersUntilItGoes) {
               forms_.Activate(main_);
               EXPECT_EQ(&forms_.Active(), &form);
             },
-            [&] { forms_.Unload(form); }};
+            [&] {
+              forms_.Hide(form);
+              EXPECT_FALSE(forms_.IsModal(form));
+              forms_.Unload(form);
+            }};
   forms_.ShowModal(form);
   EXPECT_THAT(steps_, IsEmpty());
   EXPECT_EQ(screen_.Innermost(), nullptr);
@@ -226,6 +234,49 @@ TEST_F(FormsTest, ABoxUnderADialogWaitsForItsTurn) {
             },
             [&] { EXPECT_TRUE(screen_.Answer(Answer::kNo)); }};
   EXPECT_EQ(screen_.Show(box), Answer::kNo);
+  EXPECT_THAT(steps_, IsEmpty());
+}
+
+// ---- Time that is asked for
+// -----------------------------------------------------------------------------------
+
+TEST_F(FormsTest, TimePassesToTheEndOfAWaitAndTheRestAfterIt) {
+  std::optional<std::int64_t> left;
+  steps_ = {[&] {
+    left = PassTime(clock_, forms_, screen_.Innermost(), 5000);
+    EXPECT_EQ(clock_.Ticks(), 2000);
+  }};
+  screen_.Wait(2000);
+  ASSERT_EQ(left, 5000);
+  EXPECT_EQ(PassTime(clock_, forms_, screen_.Innermost(), *left), std::nullopt);
+  EXPECT_EQ(clock_.Ticks(), 5000);
+}
+
+TEST_F(FormsTest, TimePassesWholeUnderABoxAndADialog) {
+  TestForm& form = Load("Form6");
+  steps_ = {[&] {
+    EXPECT_EQ(PassTime(clock_, forms_, screen_.Innermost(), 700), std::nullopt);
+    forms_.Unload(form);
+  }};
+  forms_.ShowModal(form);
+  const Box box{"Título"_w, "Texto"_w};
+  steps_ = {[&] {
+    EXPECT_EQ(PassTime(clock_, forms_, screen_.Innermost(), 900), std::nullopt);
+    EXPECT_TRUE(screen_.Answer(Answer::kOk));
+  }};
+  screen_.Show(box);
+  EXPECT_EQ(clock_.Ticks(), 900);
+}
+
+TEST_F(FormsTest, NoTimeIsLeftToPassAfterTheEnd) {
+  main_.Clock.OnTick = [this] { forms_.End(); };
+  main_.Clock.SetInterval(100);
+  main_.Clock.SetEnabled(true);
+  steps_ = {[&] {
+    EXPECT_EQ(PassTime(clock_, forms_, screen_.Innermost(), 5000), std::nullopt);
+    screen_.Close();
+  }};
+  screen_.Wait(2000);
   EXPECT_THAT(steps_, IsEmpty());
 }
 

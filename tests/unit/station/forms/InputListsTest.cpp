@@ -181,6 +181,35 @@ TEST_F(MinutesTest, BackspaceTakesTheLastCharacterAndStopsAtNone) {
   EXPECT_EQ(station_.Beeps(), 0);
 }
 
+TEST_F(MinutesTest, TypingGoesInWhereTheCaretStands) {
+  minutes_.SetText("45"_w);
+  hands_.Key(keys::kLeft, 0);
+  station_.Type("7");
+  EXPECT_EQ(minutes_.Text(), "475"_w);
+  hands_.MoveCaret(minutes_, 0, 1);
+  station_.Type("1");
+  EXPECT_EQ(minutes_.Text(), "175"_w);
+  hands_.ControlKey(keys::kHome, 0);
+  hands_.ControlKey(keys::kDelete, 0);
+  EXPECT_EQ(minutes_.Text(), "75"_w);
+  EXPECT_EQ(minutes_.ListIndex(), -1);
+}
+
+TEST_F(MinutesTest, WhatIsNoDigitIsDroppedFromAPasteToo) {
+  minutes_.SetText({});
+  hands_.Paste("a 4-5 Min."_w);
+  EXPECT_EQ(minutes_.Text(), "45"_w);
+  EXPECT_EQ(station_.Beeps(), 1);
+  hands_.ReplaceText(minutes_, "x20"_w);
+  EXPECT_EQ(minutes_.Text(), "20"_w);
+}
+
+TEST_F(MinutesTest, AnItemThatIsSetIsChosen) {
+  hands_.ReplaceText(minutes_, "30 minutos"_w);
+  EXPECT_EQ(minutes_.ListIndex(), 1);
+  EXPECT_EQ(minutes_.Text(), "30 Minutos"_w);
+}
+
 TEST_F(MinutesTest, EnterRefreshesTheGridAtOnce) {
   station_.Pass(10 * 60'000);
   form_.PctBoton[8].BorderStyle = 1;  // who has been inside for so many minutes

@@ -1,0 +1,24 @@
+// A button with its name on it.
+#pragma once
+
+#include <QAbstractButton>
+
+namespace vintoral {
+
+class PushButton : public QAbstractButton {
+ public:
+  enum class Rank { kPlain, kMain };  ///< the main one of a window stands out
+  PushButton(Rank rank, QWidget* parent);
+  QSize sizeHint() const override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void enterEvent(QEnterEvent* event) override;
+  void leaveEvent(QEvent* event) override;
+
+ private:
+  QColor Ground() const;
+  Rank rank_;
+};
+
+}  // namespace vintoral
