@@ -52,6 +52,8 @@ Form6Window::Form6Window(Form6& form, Form1& station, Hands& hands, PictureLoade
       curve_(new CurveView(this)),
       place_(NewCaption(QStringLiteral("Línea 999, columna 99"), theme::kMuted, this)),
       remark_(new CaptionLabel({}, this)) {
+  place_->setObjectName(QStringLiteral("place"));
+  remark_->setObjectName(QStringLiteral("remark"));
   Stage stage{station, mirror_, hands, pictures};
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
