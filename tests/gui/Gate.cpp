@@ -84,12 +84,19 @@ void Gate::Click(const QString& name) {
 }
 
 void Gate::InTariffs(const std::function<void()>& steps) {
-  QTimer::singleShot(0, window_.get(), [&] {
+  bool up = false;
+  QTimer waiting;
+  QObject::connect(&waiting, &QTimer::timeout, [&] {
+    if (up || dialogs_->Find("Form6") == nullptr) return;
+    up = true;
+    waiting.stop();
     steps();
     // The dialog holds the test until it is gone.
     if (form_->Form6 != nullptr) form_->OpenForms.Unload(*form_->Form6);
   });
+  waiting.start(0);
   Key(Qt::Key_T, Qt::ControlModifier);
+  EXPECT_TRUE(up) << "no dialog came up";
 }
 
 void Gate::AnswerBox(QMessageBox& dialog, const Box& box) {

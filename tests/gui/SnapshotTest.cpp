@@ -306,6 +306,24 @@ TEST_F(Snapshot, KnowsWhetherTheFormIsShown) {
   EXPECT_FALSE(snapshot_.shown);
 }
 
+TEST_F(Snapshot, KnowsWhetherTheFormHoldsAllOthers) {
+  taker_.Take();
+  EXPECT_FALSE(snapshot_.modal);
+  Sample& dialog = forms_.Load(std::make_unique<Sample>("Dialog"));
+  FormSnapshot snapshot;
+  SnapshotTaker taker(forms_, dialog, snapshot);
+  screen_.OnWait = [&] {
+    taker.Take();
+    EXPECT_TRUE(snapshot.modal);
+    taker_.Take();
+    EXPECT_FALSE(snapshot_.modal);
+    forms_.Hide(dialog);
+  };
+  forms_.ShowModal(dialog);
+  taker.Take();
+  EXPECT_FALSE(snapshot.modal);
+}
+
 TEST_F(Snapshot, StaysAsItWasWhenItsFormGoes) {
   Sample& dialog = forms_.Load(std::make_unique<Sample>("Dialog"));
   FormSnapshot snapshot;

@@ -27,7 +27,7 @@ void DialogWindow::Refresh() {
 
 void DialogWindow::Appear() {
   setWindowModality(mirror_.Snapshot().modal ? Qt::ApplicationModal : Qt::NonModal);
-  QRect place(QPoint(), size().boundedTo(screen()->availableSize()));
+  QRect place(QPoint(), size().boundedTo(screen()->availableSize()).expandedTo(minimumSizeHint()));
   place.moveCenter(parentWidget()->geometry().center());
   setGeometry(place);
   show();

@@ -59,6 +59,8 @@ Form6Window::Form6Window(Forms& forms, Form& form, Hands& hands, PictureLoader& 
       curve_(new CurveView(this)),
       place_(NewCaption(QStringLiteral("Línea 999, columna 99"), theme::kMuted, this)),
       remark_(new CaptionLabel({}, this)) {
+  place_->setObjectName(QStringLiteral("place"));
+  remark_->setObjectName(QStringLiteral("remark"));
   Stage stage{mirror_, hands, pictures};
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
