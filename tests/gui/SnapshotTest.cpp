@@ -95,16 +95,29 @@ TEST_F(Snapshot, ACopyOfTheModelIsNewsOnce) {
   EXPECT_FALSE(label.ground.News() || label.visible.News() || label.enabled.News() || label.toolTip.News());
 }
 
-TEST_F(Snapshot, WhatIsTheSameIsNotCopied) {
-  const String caption = "longer than any text that fits into the string itself"_w;
-  main_.label.Caption = caption;
-  const auto& label = Added<LabelState>("Label");
-  const char* const kept = label.caption->Bytes().data();
-  main_.label.Caption = "x"_w;
-  main_.label.Caption = caption;
-  taker_.Take();
-  EXPECT_EQ(label.caption->Bytes().data(), kept);
-  EXPECT_EQ(*label.caption, caption);
+/// Knows how often a number has been copied into one.
+struct Counted {
+  Counted(int of = 0) : number(of) {}
+  Counted(const Counted&) = default;
+  Counted& operator=(const Counted& other) {
+    number = other.number;
+    ++copies;
+    return *this;
+  }
+  friend bool operator==(const Counted& left, const Counted& right) { return left.number == right.number; }
+  int number;
+  int copies = 0;
+};
+
+TEST(SnapshotValue, IsCopiedOnlyWhenItDiffers) {
+  Value<Counted> value;
+  value.Take(5);
+  ASSERT_EQ(value->number, 5);
+  EXPECT_EQ(value->copies, 1);
+  value.Take(5);
+  EXPECT_EQ(value->copies, 1);
+  value.Take(6);
+  EXPECT_EQ(value->copies, 2);
 }
 
 TEST_F(Snapshot, OfEveryControl) {
@@ -142,8 +155,8 @@ TEST_F(Snapshot, TellsWhatTakesTheFocus) {
 
 TEST_F(Snapshot, OfATextBox) {
   auto& box = Added<TextBoxState>("Box");
-  EXPECT_TRUE(box.text->Empty() && !*box.locked && *box.ground == kWhite && box.remarks->empty());
-  ShowAll(box.text, box.locked, box.ground, box.remarks);
+  EXPECT_TRUE(box.text->Empty() && !*box.locked && *box.ground == kWhite && box.marks->empty());
+  ShowAll(box.text, box.locked, box.ground, box.marks);
   main_.box.SetText("uno dos"_w);
   main_.box.Select(4, 3);
   main_.box.Locked = true;
@@ -160,27 +173,27 @@ TEST_F(Snapshot, OfATextBox) {
   EXPECT_EQ(box.selectionStart, 4U);
   EXPECT_EQ(box.selectionLength, 3U);
   EXPECT_TRUE(box.text.News() && box.locked.News() && box.ground.News() && box.caret.News());
-  EXPECT_FALSE(box.remarks.News());
+  EXPECT_FALSE(box.marks.News());
 }
 
-TEST_F(Snapshot, OfTheRemarksBesideAText) {
+TEST_F(Snapshot, OfTheMarksBesideAText) {
   auto& box = Added<TextBoxState>("Box");
-  ShowAll(box.remarks);
+  ShowAll(box.marks);
   main_.box.Marks = {{2, "sin precio"_w}};
   taker_.Take();
-  EXPECT_EQ(*box.remarks, (std::vector<LineRemark>{{2, "sin precio"_w}}));
-  EXPECT_TRUE(box.remarks.News());
+  EXPECT_EQ(*box.marks, (std::vector<LineMark>{{2, "sin precio"_w}}));
+  EXPECT_TRUE(box.marks.News());
   taker_.Take();
-  EXPECT_FALSE(box.remarks.News());
+  EXPECT_FALSE(box.marks.News());
   main_.box.Marks = {{3, "sin precio"_w}};  // another line alone
   taker_.Take();
-  EXPECT_EQ(*box.remarks, (std::vector<LineRemark>{{3, "sin precio"_w}}));
+  EXPECT_EQ(*box.marks, (std::vector<LineMark>{{3, "sin precio"_w}}));
   main_.box.Marks = {{3, "sin unidad"_w}};  // another reason alone
   taker_.Take();
-  EXPECT_EQ(*box.remarks, (std::vector<LineRemark>{{3, "sin unidad"_w}}));
+  EXPECT_EQ(*box.marks, (std::vector<LineMark>{{3, "sin unidad"_w}}));
   main_.box.Marks.clear();
   taker_.Take();
-  EXPECT_TRUE(box.remarks->empty());
+  EXPECT_TRUE(box.marks->empty());
 }
 
 TEST_F(Snapshot, OfALabel) {

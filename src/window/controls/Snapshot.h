@@ -12,6 +12,7 @@
 #include "common/Money.h"
 #include "common/String.h"
 #include "platform/Picture.h"
+#include "station/forms/LineMark.h"
 
 namespace vintoral {
 
@@ -60,19 +61,11 @@ struct ControlState {
   bool takesFocus = false;
 };
 
-/// A remark at the margin of one line, from 0.
-struct LineRemark {
-  std::size_t line = 0;
-  String reason;
-
-  friend bool operator==(const LineRemark&, const LineRemark&) = default;
-};
-
 struct TextBoxState : ControlState {
   Value<String> text;
   Value<bool> locked;
   Value<ModelColor> ground;
-  Value<std::vector<LineRemark>> remarks;
+  Value<std::vector<LineMark>> marks;
   std::size_t selectionStart = 0;
   std::size_t selectionLength = 0;
   Value<std::size_t> caret;   ///< at the start of the selection, or at its end

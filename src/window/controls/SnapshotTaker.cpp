@@ -1,7 +1,6 @@
 #include "window/controls/SnapshotTaker.h"
 
 #include <algorithm>
-#include <iterator>
 
 #include "station/forms/Forms.h"
 
@@ -10,19 +9,6 @@ namespace vintoral {
 namespace {
 
 static_assert(kUncolored == kWhite);
-
-void TakeRemarks(Value<std::vector<LineRemark>>& remarks, const std::vector<LineMark>& marks) {
-  const bool same = std::equal(remarks->begin(), remarks->end(), marks.begin(), marks.end(),
-                               [](const LineRemark& remark, const LineMark& mark) {
-                                 return remark.line == mark.line && remark.reason == mark.reason;
-                               });
-  if (same) return;
-  std::vector<LineRemark> now;
-  std::transform(marks.begin(), marks.end(), std::back_inserter(now), [](const LineMark& mark) {
-    return LineRemark{mark.line, mark.reason};
-  });
-  remarks.Take(now);
-}
 
 /// Copies one control into its state, which it makes when there is none yet.
 class Copier : public ControlVisitor {
@@ -38,7 +24,7 @@ class Copier : public ControlVisitor {
     state.selectionLength = box.SelLength;
     state.caret.Take(box.Caret());
     state.maxLength = box.MaxLength;
-    TakeRemarks(state.remarks, box.Marks);
+    state.marks.Take(box.Marks);
   }
   void Visit(Label& label) override {
     auto& state = Of<LabelState>(label);

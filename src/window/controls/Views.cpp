@@ -52,12 +52,12 @@ class TextBoxView : public TypedView<TextBoxState, TextField> {
 };
 
 /// One text for each line, empty where nothing is remarked.
-QStringList ReasonsOf(const std::vector<LineRemark>& remarks) {
+QStringList ReasonsOf(const std::vector<LineMark>& marks) {
   QStringList reasons;
-  for (const LineRemark& remark : remarks) {
-    const auto line = static_cast<qsizetype>(remark.line);
+  for (const LineMark& mark : marks) {
+    const auto line = static_cast<qsizetype>(mark.line);
     if (reasons.size() <= line) reasons.resize(line + 1);
-    reasons[line] = ToQString(remark.reason);
+    reasons[line] = ToQString(mark.reason);
   }
   return reasons;
 }
@@ -70,11 +70,11 @@ class EditorView : public TypedView<TextBoxState, TextEditor> {
   void ShowOwn() override {
     const bool text = state.text.News();
     if (text) face.ShowText(ToQString(*state.text));
-    const bool remarks = state.remarks.News();
-    if (remarks) face.ShowReasons(ReasonsOf(*state.remarks));
+    const bool marks = state.marks.News();
+    if (marks) face.ShowReasons(ReasonsOf(*state.marks));
     face.ShowCaret(static_cast<int>(state.selectionStart), static_cast<int>(state.selectionLength),
                    *state.caret == state.selectionStart);
-    if (state.caret.News() | text | remarks | Appears()) TellPlace();
+    if (state.caret.News() | text | marks | Appears()) TellPlace();
   }
 
  private:
@@ -82,7 +82,7 @@ class EditorView : public TypedView<TextBoxState, TextEditor> {
     if (!face.onPlace) return;
     const std::size_t caret = *state.caret, line = LineAt(*state.text, caret);
     const std::size_t column = caret - LineStart(*state.text, caret);
-    face.onPlace(line + 1, column + 1, ReasonsOf(*state.remarks).value(static_cast<qsizetype>(line)));
+    face.onPlace(line + 1, column + 1, ReasonsOf(*state.marks).value(static_cast<qsizetype>(line)));
   }
 };
 
