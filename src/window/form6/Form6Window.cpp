@@ -19,6 +19,7 @@ namespace {
 constexpr QSize kUsualSize{1040, 560};
 constexpr int kMargin = 12;
 constexpr int kTabHeight = 36;
+constexpr QSize kPlaceSize{204, 24};  // for "Línea 999, columna 100"
 
 CaptionLabel* NewLabel(const CaptionLabel::Look& look, QWidget* parent) {
   auto* const label = new CaptionLabel(look, parent);
@@ -50,7 +51,7 @@ CaptionLabel* NewCaption(const QString& sample, QRgb color, QWidget* parent) {
 Form6Window::Form6Window(Form6& form, Form1& station, Hands& hands, PictureLoader& pictures, QWidget* owner)
     : DialogWindow(form, hands, owner),
       curve_(new CurveView(this)),
-      place_(NewCaption(QStringLiteral("Línea 999, columna 99"), theme::kMuted, this)),
+      place_(NewCaption(QString(), theme::kMuted, this)),
       remark_(new CaptionLabel({}, this)) {
   place_->setObjectName(QStringLiteral("place"));
   remark_->setObjectName(QStringLiteral("remark"));
@@ -66,6 +67,7 @@ Form6Window::Form6Window(Form6& form, Form1& station, Hands& hands, PictureLoade
   };
   BuildTabs(stage, form, row(0));
   BuildTexts(stage, form, row(1));
+  BuildPlace(row(0));
   BuildFoot(stage, form, row(0));
   resize(kUsualSize);
 }
@@ -107,12 +109,18 @@ void Form6Window::BuildTexts(Stage& stage, Form6& form, QHBoxLayout& row) {
   Bind(stage, form.PctCurva, *curve_);
 }
 
-void Form6Window::BuildFoot(Stage& stage, Form6& form, QHBoxLayout& row) {
+void Form6Window::BuildPlace(QHBoxLayout& row) {
+  place_->setFixedSize(kPlaceSize);
+  remark_->setFixedHeight(kPlaceSize.height());
   row.addWidget(place_);
   row.addWidget(remark_, 1);
+}
+
+void Form6Window::BuildFoot(Stage& stage, Form6& form, QHBoxLayout& row) {
   CaptionLabel* const examples = NewCaption(ToQString(form.LblEjemplo.Caption), theme::kAccent, this);
   examples->setCursor(Qt::PointingHandCursor);
   row.addWidget(examples);
+  row.addStretch(1);
   Bind(stage, form.LblEjemplo, *examples);
   for (const std::size_t command : {Form6::kGuardar, Form6::kCancelar}) {
     const bool main = command == Form6::kGuardar;

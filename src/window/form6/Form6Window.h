@@ -22,6 +22,7 @@ class Form6Window : public DialogWindow {
  private:
   void BuildTabs(Stage& stage, Form6& form, QHBoxLayout& row);
   void BuildTexts(Stage& stage, Form6& form, QHBoxLayout& row);
+  void BuildPlace(QHBoxLayout& row);
   void BuildFoot(Stage& stage, Form6& form, QHBoxLayout& row);
   void ShowPlace(std::size_t line, std::size_t column, const QString& remark);
 
