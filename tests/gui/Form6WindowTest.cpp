@@ -222,6 +222,19 @@ TEST_F(Tariffs, AMarkedLineSaysWhyWhereTheCaretStands) {
   });
 }
 
+TEST_F(Tariffs, TheLongestRemarkCanBeRead) {
+  InTariffs([&] {
+    form_->Form6->TxtTarifas[0].Marks = {{0,
+                                          "Sus reglas valen también para AGENTE INMOBILIARIOS: falta una "
+                                          "línea en blanco encima."_w}};
+    window_->Refresh();
+    ASSERT_FALSE(Remark().isEmpty());
+    EXPECT_TRUE(Face<CaptionLabel>("remark").Fits());
+    Face<CaptionLabel>("place").ShowCaption("Línea 999, columna 100");
+    EXPECT_TRUE(Face<CaptionLabel>("place").Fits());
+  });
+}
+
 TEST_F(Tariffs, AWrongLineIsMarkedAsItIsTyped) {
   InTariffs([&] {
     Fill(0, "AUTO\n1M = 5");

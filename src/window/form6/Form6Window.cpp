@@ -19,6 +19,7 @@ namespace {
 constexpr QSize kUsualSize{1040, 560};
 constexpr int kMargin = 12;
 constexpr int kTabHeight = 36;
+constexpr QSize kPlaceSize{204, 24};              // for "Línea 999, columna 100"
 constexpr std::size_t kTabs = 3, kCurrency = 3;   // of LblFuncion
 constexpr std::size_t kCancel = 0, kConfirm = 1;  // of CmdFuncion
 
@@ -57,7 +58,7 @@ CaptionLabel* NewCaption(const QString& sample, QRgb color, QWidget* parent) {
 Form6Window::Form6Window(Forms& forms, Form& form, Hands& hands, PictureLoader& pictures, QWidget* owner)
     : DialogWindow(forms, form, hands, owner),
       curve_(new CurveView(this)),
-      place_(NewCaption(QStringLiteral("Línea 999, columna 99"), theme::kMuted, this)),
+      place_(NewCaption(QString(), theme::kMuted, this)),
       remark_(new CaptionLabel({}, this)) {
   place_->setObjectName(QStringLiteral("place"));
   remark_->setObjectName(QStringLiteral("remark"));
@@ -73,6 +74,7 @@ Form6Window::Form6Window(Forms& forms, Form& form, Hands& hands, PictureLoader& 
   };
   BuildTabs(stage, row(0));
   BuildTexts(stage, row(1));
+  BuildPlace(row(0));
   BuildFoot(stage, row(0));
   resize(kUsualSize);
 }
@@ -113,12 +115,18 @@ void Form6Window::BuildTexts(Stage& stage, QHBoxLayout& row) {
   Bind(stage, "PctCurva", *curve_);
 }
 
-void Form6Window::BuildFoot(Stage& stage, QHBoxLayout& row) {
+void Form6Window::BuildPlace(QHBoxLayout& row) {
+  place_->setFixedSize(kPlaceSize);
+  remark_->setFixedHeight(kPlaceSize.height());
   row.addWidget(place_);
   row.addWidget(remark_, 1);
+}
+
+void Form6Window::BuildFoot(Stage& stage, QHBoxLayout& row) {
   CaptionLabel* const examples = NewCaption(CaptionOf(stage, "LblEjemplo"), theme::kAccent, this);
   examples->setCursor(Qt::PointingHandCursor);
   row.addWidget(examples);
+  row.addStretch(1);
   Bind(stage, "LblEjemplo", *examples);
   for (const std::size_t command : {kConfirm, kCancel}) {
     const bool main = command == kConfirm;

@@ -20,6 +20,7 @@ class Form6Window : public DialogWindow {
  private:
   void BuildTabs(Stage& stage, QHBoxLayout& row);
   void BuildTexts(Stage& stage, QHBoxLayout& row);
+  void BuildPlace(QHBoxLayout& row);
   void BuildFoot(Stage& stage, QHBoxLayout& row);
   void ShowPlace(std::size_t line, std::size_t column, const QString& remark);
 
