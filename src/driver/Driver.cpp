@@ -62,8 +62,8 @@ Json Driver::WaitingJson() const {
 }
 
 void Driver::LetTimePass() {
-  // Taken first: a tick that opens a box or waits is answered from within, where none of this time is left to
-  // pass.
+  // Taken first: a tick that opens a box or waits is answered from within, and the rest passes when that is
+  // over.
   const std::int64_t until = *std::exchange(until_, std::nullopt);
   until_ = PassTime(station_->platform.Clock, station_->forms, station_->platform.Screen.Innermost(), until);
 }

@@ -6,14 +6,14 @@ namespace {
 
 /// True when the number opened a ficha or a form. One out of range empties the field; a slot that can't be
 /// read leaves the number to be tried again.
-bool AbrirNumero(Form1& station) {
-  TextBox& field = station.TxtCampo[0];
+bool AbrirNumero(Form1& form) {
+  TextBox& field = form.TxtCampo[0];
   const std::int64_t number = LeadingInteger(Trim(field.Text()));
-  if (number < 1 || number > station.TotalFichas) {
+  if (number < 1 || number > form.TotalFichas) {
     field.SetText({});
     return false;
   }
-  station.MostrarFicha();
+  form.MostrarFicha();
   return field.Locked;
 }
 

@@ -13,7 +13,10 @@ bool PlacaAdentro(Form1& form, const String& placa) {
                                     OpenMode::kRead);
   const std::int64_t slot = BuscarPlacaDentro(act, placa, form.TotalFichas).PassOver().value_or(0);
   if (slot == 0) return false;
-  if (const std::optional<RegistroFicha> record = act.Read(slot).PassOver()) form.FichaActual = *record;
+  const std::optional<RegistroFicha> record = act.Read(slot).PassOver();
+  form.FichaActual = record.value_or(RegistroFicha{});
+  if (!record)
+    form.FichaActual.NumeroFicha = Digits(slot, 4);  // out of reach since: its number is known all the same
   return true;
 }
 

@@ -110,6 +110,7 @@ void Form1::MostrarFicha() {
   const std::optional<RegistroFicha> puesto = LeerPuesto(*this, NumeroDeFicha(*this));
   if (!puesto) return;
   FichaActual = *puesto;
+  CarpetaMostrada = CarpetaCompartida;
   if (FichaActual.EnUso) {
     MostrarFichaAdentro(*this);
   } else {

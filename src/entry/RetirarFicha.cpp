@@ -28,7 +28,10 @@ void FijarValor(Form1& form) {
 }
 
 /// Too late to charge what the question showed; of a ficha that went back to idle under it nothing is shown.
+/// The path of the data folder may have been corrected meanwhile: the slot of that number is then somebody
+/// else's.
 bool ConfirmacionVencida(const Form1& form) {
+  if (form.CarpetaMostrada != form.CarpetaCompartida) return true;
   constexpr std::int64_t kStillCounts = 60'000;
   const std::optional<Moment> shown = MomentOfStamp(form.LblFechaSal.Caption);
   const Moment now = form.Devices().clock.Now().WholeMinute();

@@ -21,7 +21,10 @@ bool Form1::CargarServidor() {
   NumeroPorteria = principal ? "01"_w : "02"_w;
   EsCliente = principal ? 0 : -1;
   const String carpeta = principal ? disk.CurrentFolder() + "\\Multimedia"_w : ruta;
-  if (carpeta != CarpetaCompartida) OlvidarEtiquetas();
+  if (carpeta != CarpetaCompartida) {
+    OlvidarEtiquetas();
+    UsuarioEnFormulario = 0;  // a number of the other folder's users
+  }
   CarpetaCompartida = carpeta;
   if (TotalFichas > 0) MostrarPorteria();  // a path corrected while connecting makes it another gate
   return true;

@@ -21,7 +21,8 @@ bool IsListed(const Form1& form, const RegistroFicha& ficha, Moment now) {
 // FichaActual stays what it is: the fare of a ficha on display is computed from it.
 void Form1::CargarArchivoACT() {
   const Register<RegistroFicha> act(platform_.disk, RutaCompartida("Vintoral.ACT"), OpenMode::kRead);
-  if (!act) return;
+  if (act.Missing()) return;
+  if (!act) return act.Opened().PassOver();
   const Moment now = platform_.clock.Now();
   LiberarMemoria();
   VistaFichas.reserve(static_cast<std::size_t>(TotalFichas));

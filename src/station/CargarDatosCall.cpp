@@ -6,7 +6,8 @@ namespace vintoral {
 
 void Form1::CargarDatosCall() {
   const Register<RegistroMixto> dat(platform_.disk, archivo::kEstado, OpenMode::kRead);
-  if (!dat) return;
+  if (dat.Missing()) return;
+  if (!dat) return dat.Opened().PassOver();
   RegistrosDePiezas pieces;
   for (std::size_t i = 0; i < pieces.size(); ++i) {
     const auto number = kPrimerRegistroDePiezas + static_cast<std::int64_t>(i);

@@ -4,11 +4,11 @@
 namespace vintoral {
 namespace {
 
-void TomarEtiquetas(Form1& form, const RegistroEtiquetas& stored) {
-  form.EtiquetasActuales = stored;
+void TomarEtiquetas(Form1& form, const RegistroEtiquetas& guardadas) {
+  form.EtiquetasActuales = guardadas;
   // In barcode mode the first label names the box of the codes.
   for (std::size_t i = form.CmdBarCode.Visible ? 1 : 0; i < form.TxtEtiqueta.size(); ++i)
-    form.TxtEtiqueta[i].SetText(stored.Etiqueta[i].Trimmed() + " "_w);
+    form.TxtEtiqueta[i].SetText(guardadas.Etiqueta[i].Trimmed() + " "_w);
 }
 
 }  // namespace

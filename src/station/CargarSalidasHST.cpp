@@ -7,7 +7,10 @@ namespace vintoral {
 
 void Form1::CargarSalidasHST() {
   const Register<RegistroFicha> hst(platform_.disk, RutaCompartida("Vintoral.HST"), OpenMode::kRead);
-  if (!hst) return BuscarEnlaceYa();
+  if (!hst) {
+    if (!hst.Missing()) hst.Opened().PassOver();
+    return BuscarEnlaceYa();
+  }
   const Moment now = platform_.clock.Now();
   const int minutes = MinutosDelMonitor(*this);
   LiberarMemoria();

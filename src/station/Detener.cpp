@@ -7,6 +7,7 @@ void Form1::Detener(const String& texto) {
   for (Timer* timer : Timers())
     timer->SetEnabled(false);
   if (iniciado_) Form_Unload();
+  iniciado_ = false;  // stored: a signal under the box must not store it again
   platform_.screen.Show(
       {"Vintoral - Imposible Continuar"_w, texto, Icon::kCritical, {Answer::kOk}, Answer::kOk});
   Terminar();

@@ -23,7 +23,7 @@ bool IsForgotten(const Form1& form, Moment now) {
 
 void Form1::TmrHorario_Timer() {
   const Moment now = platform_.clock.Now();
-  BaseReloj = now;
+  BaseReloj = now;  // the clock as the last tick saw it: a jump is what lies between two ticks
   CountMinute(*this, now);
   if (!IsForgotten(*this, now)) return;
   Cancelar();

@@ -9,10 +9,9 @@
 
 namespace vintoral {
 
-/// Lets time pass until `until` (Ticks), but no further than to the end of the wait for time in which the
-/// station is
-/// (`innermost`, null or another one for none): the operation behind it goes on at that moment. What is left
-/// to pass after that, or nothing.
+/// Lets time pass until `until` (Ticks), but no further than the end of the innermost wait if that is one for
+/// time: the operation behind it goes on at that moment. Returns `until` while time has still to pass, else
+/// nothing.
 template <class Timers>
 std::optional<std::int64_t> PassTime(VirtualClock& clock, Timers& timers, const Waiting* innermost,
                                      std::int64_t until) {

@@ -46,11 +46,12 @@ void RecordingScreen::Wait(std::int64_t milliseconds) {
 
 namespace {
 
-/// The innermost that holds the operator. A wait holds nobody: what lies under it is still there to be used.
+/// The innermost that holds the operator: no wait for time, under which all is still there to be used, and no
+/// box that has its answer.
 template <class Waits>
 auto* Holding(Waits& waits) {
   const auto found = std::find_if(waits.rbegin(), waits.rend(), [](const Waiting& waiting) {
-    return waiting.box != nullptr || waiting.form != nullptr;
+    return (waiting.box != nullptr && !waiting.answer) || waiting.form != nullptr;
   });
   return found == waits.rend() ? nullptr : &*found;
 }

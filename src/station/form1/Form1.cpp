@@ -101,8 +101,8 @@ void Form1::Terminar() {
   platform_.system.End();
 }
 
-bool Form1::Preguntar(const String& titulo, const String& texto, Answer preselected) {
-  const Box box{titulo, texto, Icon::kExclamation, {Answer::kYes, Answer::kNo}, preselected};
+bool Form1::Preguntar(const String& titulo, const String& texto, Answer preseleccionada) {
+  const Box box{titulo, texto, Icon::kExclamation, {Answer::kYes, Answer::kNo}, preseleccionada};
   return platform_.screen.Show(box) == Answer::kYes;
 }
 

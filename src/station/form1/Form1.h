@@ -1,9 +1,9 @@
 // The main screen, and with it the station: the operator has one screen, so the station is one class.
 //
 // This header is its table of contents. Each operation is defined in a file of its own name in its
-// subsystem's folder (the four CrearArchivo in CrearArchivos.cpp, questions about the screen in Form1.cpp),
-// and reads as the list of what happens. Its steps are functions of that file; what can be said without the
-// screen is a plain function elsewhere.
+// subsystem's folder (the four CrearArchivo in CrearArchivos.cpp; in Form1.cpp how the form is wired, where
+// its focus goes and what operations of several folders share), and reads as the list of what happens. Its
+// steps are functions of that file; what can be said without the screen is a plain function elsewhere.
 #pragma once
 
 #include <array>
@@ -52,6 +52,7 @@ class Form1 : public ScreenModel {
   /// would get; 0 without a plate.
   std::int32_t NumeroUsuario = 0;
   std::int32_t UsuarioEnFormulario = 0;    ///< the user whose record filled the form in, 0 for none
+  String CarpetaMostrada;                  ///< the data folder that the ficha on display was read from
   std::vector<RegistroFicha> VistaFichas;  ///< element 0 is record 1 of the view
   std::int32_t InicioPagina = 1;           ///< first record of the grid page, from 1
   std::int32_t TotalVista() const { return static_cast<std::int32_t>(VistaFichas.size()); }
@@ -235,7 +236,7 @@ class Form1 : public ScreenModel {
 
  private:
   void Terminar();
-  bool Preguntar(const String& titulo, const String& texto, Answer preselected);
+  bool Preguntar(const String& titulo, const String& texto, Answer preseleccionada);
   String ProtegidaContraEscritura() const;
   void ConectarCampos();
   void ConectarEtiquetas();

@@ -78,7 +78,7 @@ bool Forms::Reaches(const Form& form) const {
 }
 
 std::int64_t Forms::NextTick() const {
-  const Timer* const first = FirstDue(std::numeric_limits<std::int64_t>::max());
+  const Timer* const first = ended_ ? nullptr : FirstDue(std::numeric_limits<std::int64_t>::max());
   return first == nullptr ? -1 : first->Due();
 }
 

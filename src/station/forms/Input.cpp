@@ -126,8 +126,11 @@ bool Input::Takes(const Control& control) const {
 void Input::Key(int code, int mask) {
   const Forms::Handling handling(forms_);
   if (KeyDown(code, mask)) return;
+  const Control* const focus = Focused();
   ControlKey(code, mask);
-  if (const char character = CharacterOf(code, mask); character != 0) Character(character);
+  const char character = CharacterOf(code, mask);
+  // What the key has done in one control must not type into the next.
+  if (character != 0 && Focused() == focus) Character(character);
 }
 
 bool Input::KeyDown(int code, int mask) {
@@ -140,7 +143,7 @@ void Input::ControlKey(int code, int mask) {
   if (forms_.Ended()) return;
   if (code == keys::kTab) return forms_.Active().MoveFocus((mask & keys::kShift) != 0);
   Control* const focus = Focused();
-  if (focus == nullptr) return;
+  if (focus == nullptr || !focus->Visible || !focus->Enabled) return;
   if (EditableText* text = TextOf(focus)) EditKey(*focus, *text, code, mask);
   if (auto* list = dynamic_cast<ComboBox*>(focus)) return ChoiceKey(*list, code);
   if (auto* rows = dynamic_cast<ListBox*>(focus)) return RowKey(*rows, code);
@@ -261,8 +264,8 @@ std::optional<String> Input::CopyKey(bool cut) {
   const Forms::Handling handling(forms_);
   Control* const focus = Focused();
   EditableText* const text = TextOf(focus);
-  if (text == nullptr || VerdictOn(*text, cut ? kControlX : kControlC) != KeyVerdict::kPass)
-    return std::nullopt;
+  if (text == nullptr || !focus->Visible || !focus->Enabled) return std::nullopt;
+  if (VerdictOn(*text, cut ? kControlX : kControlC) != KeyVerdict::kPass) return std::nullopt;
   const String selected = Mid(text->Text(), text->SelStart + 1, text->SelLength);
   if (cut && !selected.Empty() && !IsLocked(*focus)) {
     text->EraseForward();
@@ -274,6 +277,7 @@ std::optional<String> Input::CopyKey(bool cut) {
 void Input::ReplaceText(Control& control, const String& text) {
   const Forms::Handling handling(forms_);
   if (!Takes(control)) return;
+  forms_.Activate(*control.Owner);
   if (auto* list = dynamic_cast<ComboBox*>(&control)) {
     const auto item = std::find_if(list->List().begin(), list->List().end(),
                                    [&](const String& i) { return EqualNoCase(Trim(i), Trim(text)); });
@@ -285,12 +289,12 @@ void Input::ReplaceText(Control& control, const String& text) {
   EditableText* const into = TextOf(&control);
   if (into == nullptr || IsLocked(control)) return;
   Form& form = *control.Owner;
-  forms_.Activate(form);
   Control* const focus = form.Focus();
   form.SetFocus(&control);
   into->SelectAll();
-  if (form.Focus() == &control) Paste(text);
-  form.SetFocus(focus);
+  if (form.Focus() != &control) return;
+  Paste(text);
+  if (form.Focus() == &control) form.SetFocus(focus);  // a change may have led it elsewhere
 }
 
 void Input::Focus(Control& control) {
@@ -334,6 +338,7 @@ void Input::Leave(Form& form) {
 bool Input::Select(Control& control, int index) {
   const Forms::Handling handling(forms_);
   if (!Takes(control) || index < 0) return false;
+  forms_.Activate(*control.Owner);
   const auto row = static_cast<std::size_t>(index);
   if (auto* list = dynamic_cast<ComboBox*>(&control)) {
     if (row >= list->List().size()) return false;
@@ -353,6 +358,7 @@ bool Input::Select(Control& control, int index) {
 bool Input::Check(Control& control, int value) {
   const Forms::Handling handling(forms_);
   if (!Takes(control)) return false;
+  forms_.Activate(*control.Owner);
   if (auto* tick = dynamic_cast<CheckBox*>(&control); tick != nullptr && (value == 0 || value == 1)) {
     tick->Value = value;
     Raise(control.OnClick);
@@ -374,6 +380,7 @@ bool Input::Tick(Control& control, int row, int value) {
   const auto at = static_cast<std::size_t>(row);
   if (list == nullptr || !Takes(control) || row < 0 || at >= list->Checked.size()) return false;
   if (value != 0 && value != 1) return false;
+  forms_.Activate(*control.Owner);
   list->Checked[at] = value == 1;
   Raise(list->OnTick, at);
   return true;
@@ -384,6 +391,7 @@ bool Input::Scroll(Control& control, int top) {
   auto* const list = dynamic_cast<ListBox*>(&control);
   if (list == nullptr || !Takes(control) || top < 0) return false;
   if (static_cast<std::size_t>(top) >= list->List.size()) return false;
+  forms_.Activate(*control.Owner);
   list->TopIndex = top;
   Raise(list->OnScroll);
   return true;

@@ -107,6 +107,38 @@ TEST_F(CargarServidorTest, AFileThatCantBeMadeEndsTheProgram) {
   EXPECT_TRUE(form_.Terminado());
 }
 
+TEST_F(CargarServidorTest, AFichaOfTheOtherFolderIsNotRetiredFromThisOne) {
+  station_.StartConnected();
+  station_.Enter("7", "ABC");
+  station_.TypeAndEnter("7");
+  ASSERT_TRUE(form_.FichaEnPantalla());
+  const std::string act = station_.Disk.Get(kAct);
+  station_.Disk.Put("/mnt/porteria/Vintoral.ACT", act);
+  station_.Disk.Put("/mnt/porteria/Vintoral.HST", std::string(RegistroFicha::kSize, ' '));
+  station_.UnderBox = [this] {
+    station_.Disk.Put(kServer, "/mnt/porteria\r\n");
+    ASSERT_TRUE(form_.CargarServidor());
+  };
+  station_.Answers = {Answer::kYes};
+  station_.Events.Take();
+  station_.Hands.Key(keys::kDelete, 0);
+  EXPECT_EQ(station_.Disk.Get("/mnt/porteria/Vintoral.ACT"), act);
+  EXPECT_EQ(station_.Disk.Get("/mnt/porteria/Vintoral.HST").size(), RegistroFicha::kSize);
+  EXPECT_FALSE(form_.FichaEnPantalla());
+  const std::vector<String> heard = station_.Heard();
+  EXPECT_EQ(heard.empty() ? String() : heard.back(), "Sonidos\\Vintoral-7.wav"_w);
+}
+
+TEST_F(CargarServidorTest, TheUserInTheFormIsForgottenWithTheFolder) {
+  station_.StartConnected();
+  form_.UsuarioEnFormulario = 3;
+  ASSERT_TRUE(form_.CargarServidor());
+  EXPECT_EQ(form_.UsuarioEnFormulario, 3);
+  station_.Disk.Put(kServer, "/mnt/porteria\r\n");
+  ASSERT_TRUE(form_.CargarServidor());
+  EXPECT_EQ(form_.UsuarioEnFormulario, 0);
+}
+
 TEST(Servidor, ThatCannotBeReadIsToldAndStaysWhatItIs) {
   MemoryStation station;
   station.Disk.Put("Objetos\\Servidor.INI", "/mnt/porteria\r\n");

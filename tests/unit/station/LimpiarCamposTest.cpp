@@ -109,7 +109,7 @@ class LimpiarCamposTest : public testing::Test {
 TEST_F(LimpiarCamposTest, EveryControlIsAsItWasAtIdle) {
   form_.LimpiarCampos();
   const Seen idle = Screen();
-  // What a start leaves and clearing leaves: the texts by hand, for the comparison alone would take any.
+  // What clearing is compared with is written down once by hand: two wrong screens would be alike too.
   ASSERT_EQ(form_.TxtCampo[0].Text(), ""_w);
   ASSERT_EQ(form_.LblCampo[0].BackColor, 0x80C0FF);
   ASSERT_EQ(form_.TxtEfectivo.Text(), "0"_w);
@@ -120,8 +120,8 @@ TEST_F(LimpiarCamposTest, EveryControlIsAsItWasAtIdle) {
   int changed = 0;
   for (const auto& [name, properties] : idle)
     changed += dirty.at(name) != properties ? 1 : 0;
-  // 6 fields and 6 rows, 2 lists, 8 values, 2 lists and 2 codes of a ticket, 2 signs, 2 buttons, the tick,
-  // the cell, 2 cards, photo, points and 4 of their labels, 2 arrows, 5 pictures, the focus.
+  // 6 fields and 6 rows, 2 lists, 6 values, the 2 of a ticket's validity and its 2 codes, 2 signs, 2 buttons,
+  // the tick, the cell, 2 cards, photo, points and 4 of their labels, 2 arrows, 5 pictures, the focus.
   EXPECT_EQ(changed, 6 + 6 + 2 + 6 + 2 + 2 + 2 + 2 + 1 + 1 + 2 + 1 + 1 + 4 + 2 + 5 + 1);
   form_.LimpiarCampos();
   const Seen clean = Screen();

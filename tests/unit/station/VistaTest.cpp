@@ -1,4 +1,5 @@
 // The view of the grid, from those inside and from those who left.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <string>
@@ -158,6 +159,22 @@ TEST_F(VistaTest, MinutesAreTheNumberInTheBoxAndNeverNegative) {
   for (const auto& [text, minutes] : texts) {
     form_.CboMinutos.SetText(text);
     EXPECT_EQ(MinutosDelMonitor(form_), minutes) << text.Bytes();
+  }
+}
+
+TEST(Vista, RegistersThatCannotBeOpenedAreTold) {
+  MemoryStation station;
+  station.StartConnected();
+  const std::vector<std::pair<const char*, void (Form1::*)()>> loads = {
+      {"Multimedia\\Vintoral.ACT", &Form1::CargarArchivoACT},
+      {"Multimedia\\Vintoral.HST", &Form1::CargarSalidasHST},
+      {"Recursos\\Vintoral.DAT", &Form1::CargarDatosCall}};
+  for (const auto& [file, load] : loads) {
+    station.Disk.Remove(file).PassOver();
+    ASSERT_TRUE(station.Disk.CreateFolder(file));
+    testing::internal::CaptureStderr();
+    (station.Form.*load)();
+    EXPECT_THAT(testing::internal::GetCapturedStderr(), testing::EndsWith(": Is a directory\n")) << file;
   }
 }
 

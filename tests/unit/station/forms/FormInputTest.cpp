@@ -343,5 +343,58 @@ TEST_F(FormInputTest, ControlAndAMarkAll) {
   EXPECT_EQ(line_.Text(), "ABC"_w);
 }
 
+// ---- What stays where it is
+// -----------------------------------------------------------------------------------
+
+TEST_F(FormInputTest, KeysDoNothingInAFocusThatIsHiddenOrDisabled) {
+  line_.SetText("ABC"_w);
+  main_.SetFocus(&line_);
+  for (bool Control::*shown : {&Control::Visible, &Control::Enabled}) {
+    line_.*shown = false;
+    line_.SelectAll();
+    hands_.ControlKey(keys::kDelete, 0);
+    EXPECT_EQ(hands_.CopyKey(true), std::nullopt);
+    EXPECT_EQ(line_.Text(), "ABC"_w);
+    line_.*shown = true;
+  }
+  hands_.ControlKey(keys::kDelete, 0);
+  EXPECT_EQ(line_.Text(), ""_w);
+}
+
+TEST_F(FormInputTest, AKeyThatMovesTheFocusTypesNothingThere) {
+  main_.SetFocus(&main_.Button);
+  main_.Button.OnClick = [this] { main_.SetFocus(&line_); };
+  hands_.Key(keys::kSpace, 0);
+  EXPECT_EQ(main_.Focus(), &line_);
+  EXPECT_TRUE(line_.Text().Empty());
+}
+
+TEST_F(FormInputTest, AReplacementLeavesTheFocusWhereItsChangeHasLedIt) {
+  main_.SetFocus(&main_.Button);
+  hands_.ReplaceText(line_, "a"_w);
+  EXPECT_EQ(main_.Focus(), &main_.Button);
+  line_.OnChange = [this] { main_.SetFocus(&lines_); };
+  hands_.ReplaceText(line_, "b"_w);
+  EXPECT_EQ(main_.Focus(), &lines_);
+}
+
+TEST_F(FormInputTest, ChoosingInAModelessFormMakesItActive) {
+  TestForm& form = Load("Form2");
+  forms_.Show(form);
+  form.List.List = {"A"_w, "B"_w};
+  form.List.Checked = {false, false};
+  const std::vector<std::function<void()>> uses = {[&] { static_cast<void>(hands_.Select(form.List, 1)); },
+                                                   [&] { static_cast<void>(hands_.Check(form.Tick, 1)); },
+                                                   [&] { static_cast<void>(hands_.Tick(form.List, 0, 1)); },
+                                                   [&] { static_cast<void>(hands_.Scroll(form.List, 1)); },
+                                                   [&] { hands_.ReplaceText(form.Texts[0], "x"_w); }};
+  for (const auto& use : uses) {
+    forms_.Activate(main_);
+    ASSERT_EQ(&forms_.Active(), &main_);
+    use();
+    EXPECT_EQ(&forms_.Active(), &form);
+  }
+}
+
 }  // namespace
 }  // namespace vintoral

@@ -175,6 +175,8 @@ TEST_F(FormsTest, TheEndUnloadsEverythingAndStopsTheTimers) {
   EXPECT_EQ(forms_.NextTick(), -1);
   EXPECT_FALSE(main_.Clock.Enabled);
   EXPECT_THAT(log_, ElementsAre("Form6 unload", "Form6 freed"));
+  main_.Clock.SetEnabled(true);
+  EXPECT_EQ(forms_.NextTick(), -1);
   TestForm& late = Load("Form7");
   forms_.ShowModal(late);
   forms_.Show(late);
@@ -217,6 +219,8 @@ TEST_F(FormsTest, ABoxUnderAWaitIsStillAnswered) {
             [&] {
               EXPECT_EQ(screen_.Shown(), &box);
               EXPECT_TRUE(screen_.Answer(Answer::kYes));
+              EXPECT_EQ(screen_.Shown(), nullptr);  // it has its answer: nobody is held by it any more
+              EXPECT_FALSE(screen_.Answer(Answer::kNo));
             },
             [&] { clock_.Advance(100); }};
   EXPECT_EQ(screen_.Show(box), Answer::kYes);
