@@ -1,8 +1,10 @@
 // Windows of dialogs: they come, hold the others and go with their forms.
 #include <QApplication>
+#include <QKeyEvent>
 #include <QMessageBox>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QScreen>
 #include <QTest>
 #include <QTimer>
 
@@ -43,6 +45,8 @@ TEST_F(DialogsOfAGate, ADialogComesUpInFrontOfTheMainWindow) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == Dialog(); }));
     EXPECT_EQ(Dialog()->objectName(), "Form6");
     EXPECT_EQ(Dialog()->windowTitle(), "Vintoral 10.25");
+    const QSize room = Dialog()->screen()->availableSize();
+    EXPECT_EQ(Dialog()->size(), QSize(1040, 560).boundedTo(room).expandedTo(Dialog()->minimumSizeHint()));
     // In the middle of what it stands before, as far as half pixels go.
     const QPoint apart = Dialog()->geometry().center() - window_->geometry().center();
     EXPECT_LE(apart.manhattanLength(), 2);
@@ -109,6 +113,9 @@ TEST_F(DialogsOfAGate, AWindowWhoseFormIsGoneIsOffTheScreenAtOnce) {
   ASSERT_FALSE(dialog.isNull());  // it may be in the middle of an event
   EXPECT_FALSE(dialog->isVisible());
   EXPECT_FALSE(dialog->isEnabled());
+  QKeyEvent late(QEvent::KeyPress, Qt::Key_5, Qt::NoModifier, QStringLiteral("5"));
+  QCoreApplication::sendEvent(dialog, &late);
+  EXPECT_EQ(Shown("TxtCampo(0)"), "");
   LetGo();
   EXPECT_TRUE(dialog.isNull());
 }
@@ -126,6 +133,27 @@ class Staying : public Form6 {
   using Form6::Form6;
   bool Form_QueryUnload() override { return false; }
 };
+
+TEST_F(DialogsOfAGate, WithoutAFocusedControlTheKeyboardRests) {
+  InTariffs([&] {
+    EXPECT_EQ(Focused(), "TxtTarifas(0)");
+    form_->Form6->SetFocus(nullptr);
+    window_->Refresh();
+    EXPECT_EQ(Focused(), "Form6");
+  });
+}
+
+TEST_F(DialogsOfAGate, WindowsGoWithWhoKeepsThem) {
+  form_->OpenForms.Show(Load());
+  window_->Refresh();
+  const QPointer<DialogWindow> dialog = Dialog();
+  ASSERT_FALSE(dialog.isNull());
+  screen_.Owner = nullptr;
+  dialogs_.reset();
+  EXPECT_TRUE(dialog.isNull());
+  window_->Refresh();
+  EXPECT_TRUE(window_->isVisible());
+}
 
 TEST_F(DialogsOfAGate, AFormThatRefusesKeepsItsWindow) {
   Form6& form = form_->OpenForms.Load(std::make_unique<Staying>(*form_));
@@ -186,6 +214,7 @@ TEST_F(DialogsOfAGate, ABoxBelongsToTheWindowInFront) {
   });
   screen_.Show(box);
   EXPECT_EQ(owners, std::vector<QWidget*>({dialog, window_.get()}));
+  EXPECT_TRUE(window_->findChildren<QMessageBox*>().isEmpty());
 }
 
 TEST_F(DialogsOfAGate, ABoxWhoseWindowGoesAnswersHarmlessly) {

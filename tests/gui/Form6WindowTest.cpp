@@ -277,6 +277,47 @@ TEST_F(Tariffs, GuardarByMouseStoresAndCloses) {
   });
 }
 
+TEST_F(Tariffs, WhatTheMousePastesGoesIntoTheText) {
+  InTariffs([&] {
+    Fill(0, "AUTO");
+    Text(0).onPaste(QStringLiteral("MOVIL\n1M = 5"));
+    EXPECT_EQ(TextShown(0), "AUTOMOVIL\n1M = 5");
+  });
+}
+
+TEST_F(Tariffs, ButtonsShowRankPressAndKeyboard) {
+  InTariffs([&] {
+    auto& save = Face<PushButton>("CmdFuncion(1)");
+    auto& cancel = Face<PushButton>("CmdFuncion(0)");
+    const auto ground = [&](QWidget& button) {
+      const QImage shown = Picture(button);
+      const QPointF inside = QPointF(12, button.height() / 2.0) * shown.devicePixelRatio();
+      return QColor(shown.pixel(inside.toPoint()));
+    };
+    EXPECT_EQ(ground(save), QColor::fromRgb(theme::kAccent));
+    EXPECT_EQ(ground(cancel), QColor::fromRgb(theme::kField));
+    const QImage idle = Picture(cancel);
+    cancel.setAttribute(Qt::WA_UnderMouse);
+    const int over = ground(cancel).lightness();
+    EXPECT_LT(over, 255);
+    cancel.setDown(true);
+    EXPECT_LT(ground(cancel).lightness(), over);
+    cancel.setDown(false);
+    cancel.setAttribute(Qt::WA_UnderMouse, false);
+    EXPECT_EQ(Picture(cancel), idle);
+    Key(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_NE(Picture(cancel), idle);
+    EXPECT_EQ(cancel.size(), QSize(128, 38));
+  });
+}
+
+TEST_F(Tariffs, WhatIsClickedInvitesTheHand) {
+  InTariffs([&] {
+    for (const char* name : {"LblFuncion(0)", "LblFuncion(2)", "LblEjemplo"})
+      EXPECT_EQ(Face(name).cursor().shape(), Qt::PointingHandCursor) << name;
+  });
+}
+
 TEST_F(Tariffs, GuardarByKey) {
   InTariffs([&] {
     Key(Qt::Key_Tab);

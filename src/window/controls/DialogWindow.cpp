@@ -31,7 +31,6 @@ void DialogWindow::Appear() {
   place.moveCenter(parentWidget()->geometry().center());
   setGeometry(place);
   show();
-  activateWindow();
 }
 
 void DialogWindow::Retire() {

@@ -15,11 +15,6 @@ constexpr QSize kSize{128, 38};  // to be hit without aiming
 PushButton::PushButton(Rank rank, QWidget* parent) : QAbstractButton(parent), rank_(rank) {
   setFocusPolicy(Qt::NoFocus);  // the focus is the station's to give
   setFixedSize(kSize);
-  theme::CoverGround(*this, theme::kWindow);
-}
-
-QSize PushButton::sizeHint() const {
-  return kSize;
 }
 
 void PushButton::enterEvent(QEnterEvent* /*event*/) {

@@ -9,7 +9,6 @@ class PushButton : public QAbstractButton {
  public:
   enum class Rank { kPlain, kMain };  ///< the main one of a window stands out
   PushButton(Rank rank, QWidget* parent);
-  QSize sizeHint() const override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
