@@ -68,7 +68,7 @@ void MeasureKeys(int argc, char** argv, const std::string& folder) {
   station.Form.TxtCampo[0].SetText(Digits(kFichas));  // the one slot that is free
   Type(station.Window, Qt::Key_Return, QStringLiteral("\r"));
 
-  QWidget& field = *station.Window.Shown().WidgetOf(station.Form.TxtCampo[1]);
+  QWidget& field = *station.Window.Shown().WidgetOf("TxtCampo(1)");
   PaintWatch watch(field);
   std::vector<double> times;
   constexpr int kKeys = 4000;

@@ -12,8 +12,9 @@ void Station::PrepareToolkit() {
   QGuiApplication::setQuitOnLastWindowClosed(false);  // the station says when it ends
 }
 
-Station::Station(const std::string& folder) : Devices(folder), Form(Devices.Devices()), Window(Form) {
-  Devices.Screen.Owner = &Window;
+Station::Station(const std::string& folder)
+    : Devices(folder), Form(Devices.Devices()), Window(Form), Dialogs(Form.OpenForms, Window) {
+  Devices.Screen.Owner = [this] { return Dialogs.Active(); };
   Devices.Screen.BeforeWaiting = [this] { Window.Appear(); };
 }
 

@@ -1,10 +1,11 @@
-// The whole station of a desktop: devices, model and window.
+// The whole station of a desktop: devices, model and windows.
 #pragma once
 
 #include <string>
 
 #include "platform/desktop/DesktopPlatform.h"
 #include "station/form1/Form1.h"
+#include "window/Dialogs.h"
 #include "window/form1/MainWindow.h"
 
 namespace vintoral {
@@ -22,6 +23,7 @@ class Station {
   DesktopPlatform Devices;
   Form1 Form;
   MainWindow Window;
+  vintoral::Dialogs Dialogs;
 };
 
 }  // namespace vintoral

@@ -25,7 +25,8 @@ class Curve : public testing::Test {
  protected:
   Curve() { view_.resize(400, 320); }
   QImage Shown(const std::vector<Money>& values, const QString& category = QStringLiteral("AUTO")) {
-    view_.ShowCurve(category, values, QStringLiteral("$"));
+    view_.ShowCurve(category, values);
+    view_.ShowCurrency(QStringLiteral("$"));
     return view_.grab().toImage().convertToFormat(QImage::Format_RGB32);
   }
   /// The rows of this column of the widget that show the line, from above.
@@ -98,7 +99,8 @@ TEST_F(Curve, TellsTheValuesOfAnHourTwoAndADay) {
 TEST_F(Curve, AnotherCategoryOrCurrencyShows) {
   const QImage before = Shown(Values(Flat));
   EXPECT_NE(Shown(Values(Flat), QStringLiteral("MOTO")), before);
-  view_.ShowCurve(QStringLiteral("AUTO"), Values(Flat), QStringLiteral("US$"));
+  Shown(Values(Flat));
+  view_.ShowCurrency(QStringLiteral("US$"));
   EXPECT_NE(view_.grab().toImage().convertToFormat(QImage::Format_RGB32), before);
 }
 

@@ -7,8 +7,10 @@
 #include <QMessageBox>
 #include <QPixmap>
 #include <QTest>
+#include <QTimer>
 #include <QWindow>
 
+#include "tariffs/form6/Form6.h"
 #include "window/controls/CaptionLabel.h"
 #include "window/controls/ListField.h"
 
@@ -28,13 +30,15 @@ Gate::Gate() : disk_(folder_.Path()) {
 }
 
 Gate::~Gate() {
+  dialogs_.reset();
   window_.reset();  // which may still be reading a picture from the disk
 }
 
 void Gate::Start() {
   form_ = std::make_unique<Form1>(Platform{clock_, screen_, sound_, system_, disk_, pictures_});
   window_ = std::make_unique<MainWindow>(*form_);
-  screen_.Owner = window_.get();
+  dialogs_ = std::make_unique<Dialogs>(form_->OpenForms, *window_);
+  screen_.Owner = [this] { return dialogs_->Active(); };
   screen_.BeforeWaiting = [this] { window_->Refresh(); };
   form_->Form_Load();
   window_->resize(1366, 768);
@@ -47,6 +51,7 @@ void Gate::Start() {
 void Gate::Restart() {
   form_->TotalFichas = 0;
   form_->CerrarVentana();
+  dialogs_.reset();
   window_.reset();
   Start();
 }
@@ -58,24 +63,40 @@ void Gate::Advance(std::int64_t milliseconds) {
 }
 
 void Gate::Key(Qt::Key key, Qt::KeyboardModifiers modifiers) {
-  QTest::keyClick(window_->windowHandle(), key, modifiers);
+  QTest::keyClick(Front().windowHandle(), key, modifiers);
   QCoreApplication::processEvents();
 }
 
 void Gate::Type(const QString& text) {
   for (const QChar letter : text) {
     const int key = letter.toUpper().unicode();
-    QTest::simulateEvent(window_->windowHandle(), true, key, Qt::NoModifier, letter, false);
-    QTest::simulateEvent(window_->windowHandle(), false, key, Qt::NoModifier, letter, false);
+    QTest::simulateEvent(Front().windowHandle(), true, key, Qt::NoModifier, letter, false);
+    QTest::simulateEvent(Front().windowHandle(), false, key, Qt::NoModifier, letter, false);
   }
   QCoreApplication::processEvents();
 }
 
 void Gate::Click(const QString& name) {
   QWidget& face = Face(name);
-  const QPoint at = face.mapTo(window_.get(), face.rect().center());
-  QTest::mouseClick(window_->windowHandle(), Qt::LeftButton, Qt::NoModifier, at);
+  const QPoint at = face.mapTo(face.window(), face.rect().center());
+  QTest::mouseClick(face.window()->windowHandle(), Qt::LeftButton, Qt::NoModifier, at);
   QCoreApplication::processEvents();
+}
+
+void Gate::InTariffs(const std::function<void()>& steps) {
+  bool up = false;
+  QTimer waiting;
+  QObject::connect(&waiting, &QTimer::timeout, [&] {
+    if (up || dialogs_->Find("Form6") == nullptr) return;
+    up = true;
+    waiting.stop();
+    steps();
+    // The dialog holds the test until it is gone.
+    if (form_->Form6 != nullptr) form_->OpenForms.Unload(*form_->Form6);
+  });
+  waiting.start(0);
+  Key(Qt::Key_T, Qt::ControlModifier);
+  EXPECT_TRUE(up) << "no dialog came up";
 }
 
 void Gate::AnswerBox(QMessageBox& dialog, const Box& box) {
@@ -92,7 +113,7 @@ void Gate::AnswerBox(QMessageBox& dialog, const Box& box) {
 }
 
 QString Gate::Focused() const {
-  const QWidget* const focus = window_->focusWidget();
+  const QWidget* const focus = Front().focusWidget();
   return focus == nullptr ? QString() : focus->objectName();
 }
 

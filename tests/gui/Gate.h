@@ -6,6 +6,7 @@
 #include <QString>
 #include <QWidget>
 #include <deque>
+#include <functional>
 #include <optional>
 #include <ostream>
 
@@ -16,6 +17,7 @@
 #include "platform/pictures/PictureDecoder.h"
 #include "station/form1/Form1.h"
 #include "support/TempFolder.h"
+#include "window/Dialogs.h"
 #include "window/form1/MainWindow.h"
 
 inline void PrintTo(const QString& text, std::ostream* out) {
@@ -47,6 +49,8 @@ class Gate : public testing::Test {
   /// Types text, letter by letter.
   void Type(const QString& text);
   void Click(const QString& name);
+  /// Opens the tariff dialog with Control and T, and runs `steps` while it is up. It is gone afterwards.
+  void InTariffs(const std::function<void()>& steps);
   /// The next box is answered by pressing this button; each box takes one answer, in order.
   void WillAnswer(Answer answer) { answers_.push_back(answer); }
 
@@ -56,6 +60,8 @@ class Gate : public testing::Test {
     return dynamic_cast<W&>(*window_->findChild<QWidget*>(name));
   }
   QWidget& Face(const QString& name) { return Face<QWidget>(name); }
+  /// The window that keys go to.
+  QWidget& Front() const { return *dialogs_->Active(); }
   /// The name of the control whose widget has the keyboard.
   QString Focused() const;
   /// What the widget shows, whatever its kind.
@@ -70,6 +76,7 @@ class Gate : public testing::Test {
   std::vector<Box> boxes_;  ///< all that came up, in order
   std::unique_ptr<Form1> form_;
   std::unique_ptr<MainWindow> window_;
+  std::unique_ptr<Dialogs> dialogs_;
 
  private:
   void AnswerBox(QMessageBox& dialog, const Box& box);

@@ -15,7 +15,7 @@ class Layout : public Gate {
   QMap<QString, QRect> Places() const {
     QMap<QString, QRect> places;
     for (const Control* control : form_->Controls()) {
-      const QWidget* const widget = window_->Shown().WidgetOf(*control);
+      const QWidget* const widget = window_->Shown().WidgetOf(control->Name);
       if (widget == nullptr) continue;
       places[widget->objectName()] = QRect(widget->mapTo(window_.get(), QPoint()), widget->size());
     }

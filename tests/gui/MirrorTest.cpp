@@ -6,6 +6,7 @@
 #include <QTest>
 
 #include "gui/Gate.h"
+#include "window/controls/CaptionLabel.h"
 #include "window/controls/PictureView.h"
 
 namespace vintoral::test {
@@ -95,6 +96,36 @@ TEST_F(Mirrored, ANewPhotoUnderTheSameNameIsShown) {
   window_->Refresh();
   AwaitPicture("Picture2");
   EXPECT_NE(Picture(Face("Picture2")), before);
+}
+
+TEST_F(Mirrored, AFichaWithoutPhotoShowsTheLivePictureAndSaysSo) {
+  auto frame = std::make_shared<cImage>();
+  ASSERT_TRUE(frame->Create(320, 240, 24));  // black, as a camera at night
+  form_->Picture1.Picture = vintoral::Picture(frame);
+  Type("7");
+  Key(Qt::Key_Return);
+  Type("klm483");
+  WillAnswer(Answer::kYes);
+  Key(Qt::Key_Insert);
+  EXPECT_FALSE(Face("LblWebCamMsg").isVisible());
+  Type("7");
+  Key(Qt::Key_Return);
+  ASSERT_EQ(Shown("LblCampo(1)"), "KLM483");
+  EXPECT_TRUE(Face("Picture1").isVisible());
+  EXPECT_FALSE(Face("Picture2").isVisible());
+  auto& message = Face<CaptionLabel>("LblWebCamMsg");
+  EXPECT_TRUE(message.isVisible());
+  EXPECT_EQ(message.Caption(), "SIN IMAGEN");
+  // Over the picture, on a ground of its own.
+  auto& picture = Face("Picture1");
+  const QRect place(picture.mapTo(window_.get(), QPoint()), picture.size());
+  const QRect over(message.mapTo(window_.get(), QPoint()), message.size());
+  EXPECT_TRUE(place.contains(over));
+  const QImage shown = Picture(*window_);
+  const double ratio = shown.devicePixelRatio();
+  const auto at = [&](QPoint point) { return QColor(shown.pixel((QPointF(point) * ratio).toPoint())); };
+  EXPECT_EQ(at(place.center()), QColor(Qt::black));
+  EXPECT_EQ(at(over.topLeft() + QPoint(12, 6)), QColor(Qt::white));
 }
 
 TEST_F(Mirrored, PixelsAreShownAtOnce) {

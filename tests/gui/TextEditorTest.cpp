@@ -118,6 +118,14 @@ TEST_F(Editor, MarksCharactersAcrossLines) {
   EXPECT_FALSE(editor_.textCursor().hasSelection());
 }
 
+TEST_F(Editor, TheCaretStandsAtEitherEndOfWhatIsMarked) {
+  editor_.ShowCaret(2, 6, true);
+  EXPECT_EQ(editor_.textCursor().selectedText(), QStringLiteral("TO\u20291M"));
+  EXPECT_EQ(Shown(), Caret(0, 2));
+  editor_.ShowCaret(2, 7);
+  EXPECT_EQ(Shown(), Caret(1, 3));
+}
+
 TEST_F(Editor, HalfALineEndBeginsNoLine) {
   editor_.ShowText(QStringLiteral("A\rB\r\nC\nD"));
   EXPECT_EQ(editor_.blockCount(), 2);

@@ -3,11 +3,13 @@
 #include <QApplication>
 #include <QEventLoop>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 #include <QSize>
 #include <QTimer>
 #include <algorithm>
 #include <chrono>
+#include <utility>
 
 namespace vintoral {
 
@@ -49,16 +51,15 @@ QString Utf16(const String& text) {
   return QString::fromStdString(text.ToUtf8());
 }
 
-}  // namespace
+using Button = std::pair<QPushButton*, Answer>;
 
-Answer DesktopScreen::Show(const Box& box) {
-  if (BeforeWaiting) BeforeWaiting();
-  QMessageBox dialog(Owner);
+/// The buttons, in screen order.
+std::vector<Button> Build(QMessageBox& dialog, const Box& box) {
   dialog.setWindowTitle(Utf16(box.title));
   dialog.setTextFormat(Qt::PlainText);
   dialog.setText(Utf16(box.text));
   dialog.setIcon(SignOf(box.icon));
-  std::vector<std::pair<QPushButton*, Answer>> buttons;
+  std::vector<Button> buttons;
   for (const Answer answer : box.buttons) {
     // Buttons of one role stand in the order in which they are added.
     QPushButton* const button = dialog.addButton(Caption(answer), QMessageBox::ActionRole);
@@ -67,15 +68,31 @@ Answer DesktopScreen::Show(const Box& box) {
     if (answer == box.preselected) dialog.setDefaultButton(button);
     if (answer == HarmlessAnswer(box)) dialog.setEscapeButton(button);
   }
-  if (OnShown) QTimer::singleShot(0, &dialog, [&] { OnShown(dialog, box); });
-  const bool busy = busy_;
-  Busy(false);  // the pointer that answers a box is an ordinary one
-  dialog.exec();
-  Busy(busy);
-  const auto pressed = std::find_if(buttons.begin(), buttons.end(), [&](const auto& button) {
+  return buttons;
+}
+
+Answer AnswerOf(const QMessageBox& dialog, const std::vector<Button>& buttons, const Box& box) {
+  const auto pressed = std::find_if(buttons.begin(), buttons.end(), [&](const Button& button) {
     return button.first == dialog.clickedButton();
   });
   return pressed == buttons.end() ? HarmlessAnswer(box) : pressed->second;
+}
+
+}  // namespace
+
+Answer DesktopScreen::Show(const Box& box) {
+  if (BeforeWaiting) BeforeWaiting();
+  // It goes with the window that it belongs to, should that be closed beneath it.
+  const QPointer<QMessageBox> dialog(new QMessageBox(Owner ? Owner() : nullptr));
+  const std::vector<Button> buttons = Build(*dialog, box);
+  if (OnShown) QTimer::singleShot(0, dialog, [&] { OnShown(*dialog, box); });
+  const bool busy = busy_;
+  Busy(false);  // the pointer that answers a box is an ordinary one
+  dialog->exec();
+  Busy(busy);
+  const Answer answer = dialog ? AnswerOf(*dialog, buttons, box) : HarmlessAnswer(box);
+  delete dialog;
+  return answer;
 }
 
 void DesktopScreen::ShowModal(const ScreenForm& form) {

@@ -21,8 +21,8 @@ class DesktopScreen : public Screen {
 
   /// Runs before each box, dialog and wait: shows the windows up to date.
   std::function<void()> BeforeWaiting;
-  /// The window that boxes belong to.
-  QWidget* Owner = nullptr;
+  /// The window that the next box belongs to; without it, none.
+  std::function<QWidget*()> Owner;
   /// Runs when a box has come up, in its event loop: a test answers it here.
   std::function<void(QMessageBox&, const Box&)> OnShown;
 

@@ -13,6 +13,7 @@
 #include "platform/Clock.h"
 #include "platform/Picture.h"
 #include "station/forms/KeyVerdict.h"
+#include "station/forms/LineMark.h"
 
 namespace vintoral {
 
@@ -129,14 +130,6 @@ class EditableText {
   std::size_t Start() const;
   std::size_t End() const;
   bool caretFirst_ = false;  ///< the caret stands at the start of the selection
-};
-
-/// A remark at the margin of one line.
-struct LineMark {
-  std::size_t line = 0;  ///< from 0
-  String reason;
-
-  friend bool operator==(const LineMark&, const LineMark&) = default;
 };
 
 /// An entry box with a caret, of one line or of many.

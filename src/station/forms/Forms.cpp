@@ -69,6 +69,10 @@ void Forms::Activate(Form& form) {
   if (modal_.empty() && form.Shown()) used_ = &form;
 }
 
+bool Forms::IsModal(const Form& form) const {
+  return form.Shown() && std::find(modal_.begin(), modal_.end(), &form) != modal_.end();
+}
+
 bool Forms::Reaches(const Form& form) const {
   return form.Shown() && (modal_.empty() || modal_.back() == &form);
 }

@@ -48,6 +48,8 @@ class Forms {
   Form& Active() const;
   /// Hands use `form` from here on. Does nothing when a modal form holds it.
   void Activate(Form& form);
+  /// It is shown, and its caller waits until it goes.
+  bool IsModal(const Form& form) const;
   /// No modal form stands before it.
   bool Reaches(const Form& form) const;
 

@@ -29,15 +29,18 @@ std::int64_t StepsTo(std::int64_t most, std::int64_t step) {
 
 CurveView::CurveView(QWidget* parent) : QWidget(parent) {}
 
-void CurveView::ShowCurve(const QString& category, const std::vector<Money>& values,
-                          const QString& currency) {
+void CurveView::ShowCurve(const QString& category, const std::vector<Money>& values) {
   category_ = category;
   values_ = values;
-  currency_ = currency;
   const Money most = values.empty() ? Money() : *std::max_element(values.begin(), values.end());
   const std::int64_t units = most.Units() + (most.Raw() % Money::kScale == 0 ? 0 : 1);
   step_ = AxisStep(units);
   top_ = std::max<std::int64_t>(1, StepsTo(units, step_)) * step_;
+  update();
+}
+
+void CurveView::ShowCurrency(const QString& currency) {
+  currency_ = currency;
   update();
 }
 

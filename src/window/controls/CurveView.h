@@ -14,7 +14,9 @@ class CurveView : public QWidget {
 
   /// One value for each minute from 0 to 24 hours; none for a category without a price. `category` empty: no
   /// category is being edited.
-  void ShowCurve(const QString& category, const std::vector<Money>& values, const QString& currency);
+  void ShowCurve(const QString& category, const std::vector<Money>& values);
+  /// The symbol beside each value.
+  void ShowCurrency(const QString& currency);
   /// Whole units between the lines of an axis that reaches to `most`: 1, 2 or 5 with zeros, five steps at
   /// most.
   static std::int64_t AxisStep(std::int64_t most);

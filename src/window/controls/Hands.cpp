@@ -4,86 +4,111 @@
 #include <QGuiApplication>
 #include <QKeyEvent>
 
+#include "station/forms/Input.h"
 #include "window/controls/KeyMap.h"
 #include "window/controls/Text.h"
 
 namespace vintoral {
 
+namespace {
+
+/// Control with C, X or V, where the rules of the focused text let it through.
+bool ClipboardKey(Input& input, char character) {
+  constexpr char kControlC = 3, kControlV = 22, kControlX = 24;
+  QClipboard& clipboard = *QGuiApplication::clipboard();
+  if (character == kControlV) return input.PasteKey(FromQString(clipboard.text()));
+  if (character != kControlC && character != kControlX) return false;
+  const std::optional<String> copied = input.CopyKey(character == kControlX);
+  if (copied && !copied->Empty()) clipboard.setText(ToQString(*copied));
+  return copied.has_value();
+}
+
+}  // namespace
+
 Hands::Hands(Forms& forms, std::function<void()> afterwards)
-    : forms_(forms), input_(forms), afterwards_(std::move(afterwards)) {}
+    : forms_(forms), afterwards_(std::move(afterwards)) {}
 
 template <class Action>
 void Hands::Do(Action action) {
   if (forms_.Ended()) return;
-  action();
+  Input input(forms_);
+  action(input);
   afterwards_();
+}
+
+template <class Action>
+void Hands::DoWith(const ControlId& id, Action action) {
+  DoWith(id.form, [&](Input& input, const Form& form) {
+    if (Control* const control = form.Find(id.control)) action(input, *control);
+  });
+}
+
+template <class Action>
+void Hands::DoWith(const std::string& form, Action action) {
+  Do([&](Input& input) {
+    if (Form* const found = forms_.Find(form)) action(input, *found);
+  });
 }
 
 void Hands::Key(const QKeyEvent& event) {
   const StationKey key = StationKeyOf(event);
   const String characters = CharactersOf(event);
   if (key.code == 0 && characters.Empty()) return;
-  Do([&] {
-    if (key.code != 0 && input_.KeyDown(key.code, key.mask)) return;
-    if (key.code != 0) input_.ControlKey(key.code, key.mask);
+  Do([&](Input& input) {
+    if (key.code != 0 && input.KeyDown(key.code, key.mask)) return;
+    if (key.code != 0) input.ControlKey(key.code, key.mask);
     for (const char character : characters.Bytes()) {
-      if (!ClipboardKey(character)) input_.Character(character);
+      if (!ClipboardKey(input, character)) input.Character(character);
     }
   });
 }
 
-bool Hands::ClipboardKey(char character) {
-  constexpr char kControlC = 3, kControlV = 22, kControlX = 24;
-  QClipboard& clipboard = *QGuiApplication::clipboard();
-  if (character == kControlV) return input_.PasteKey(FromQString(clipboard.text()));
-  if (character != kControlC && character != kControlX) return false;
-  const std::optional<String> copied = input_.CopyKey(character == kControlX);
-  if (copied && !copied->Empty()) clipboard.setText(ToQString(*copied));
-  return copied.has_value();
-}
-
 void Hands::Type(const QString& text) {
   const String characters = FromQString(text);
-  Do([&] {
+  Do([&](Input& input) {
     for (const char character : characters.Bytes())
-      input_.Character(character);
+      input.Character(character);
   });
 }
 
 void Hands::Paste(const QString& text) {
-  Do([&] { input_.Paste(FromQString(text)); });
+  Do([&](Input& input) { input.Paste(FromQString(text)); });
 }
 
-void Hands::Focus(Control& control) {
-  Do([&] { input_.Focus(control); });
+void Hands::Focus(const ControlId& id) {
+  DoWith(id, [](Input& input, Control& control) { input.Focus(control); });
 }
 
-void Hands::Click(Control& control) {
-  Do([&] { input_.Click(control); });
+void Hands::Click(const ControlId& id) {
+  DoWith(id, [](Input& input, Control& control) { input.Click(control); });
 }
 
-void Hands::DoubleClick(Control& control) {
-  Do([&] { input_.DoubleClick(control); });
+void Hands::DoubleClick(const ControlId& id) {
+  DoWith(id, [](Input& input, Control& control) { input.DoubleClick(control); });
 }
 
-void Hands::Hover(Control& control) {
-  Do([&] { input_.Hover(control); });
+void Hands::Hover(const ControlId& id) {
+  DoWith(id, [](Input& input, Control& control) { input.Hover(control); });
 }
 
-void Hands::Select(Control& control, int index) {
-  Do([&] { static_cast<void>(input_.Select(control, index)); });  // no such row: nothing was chosen
+void Hands::Select(const ControlId& id, int index) {
+  DoWith(id, [&](Input& input, Control& control) {
+    static_cast<void>(input.Select(control, index));  // no such row: nothing was chosen
+  });
 }
 
-void Hands::MoveCaret(Control& control, int start, int length) {
-  Do([&] { input_.MoveCaret(control, static_cast<std::size_t>(start), static_cast<std::size_t>(length)); });
+void Hands::MoveCaret(const ControlId& id, int start, int length) {
+  DoWith(id, [&](Input& input, Control& control) {
+    input.MoveCaret(control, static_cast<std::size_t>(start), static_cast<std::size_t>(length));
+  });
 }
 
-void Hands::Leave(Form& form) {
-  Do([&] { input_.Leave(form); });
+void Hands::Leave(const std::string& form) {
+  DoWith(form, [](Input& input, Form& found) { input.Leave(found); });
 }
 
-void Hands::CloseBox(Form& form) {
-  Do([&] { input_.CloseBox(form); });
+void Hands::CloseBox(const std::string& form) {
+  DoWith(form, [](Input& input, Form& found) { input.CloseBox(found); });
 }
 
 }  // namespace vintoral

@@ -3,13 +3,17 @@
 #pragma once
 
 #include <functional>
+#include <string>
 
-#include "station/forms/Input.h"
+#include "window/controls/Snapshot.h"
 
 class QKeyEvent;
 class QString;
 
 namespace vintoral {
+
+class Forms;
+class Input;
 
 class Hands {
  public:
@@ -20,23 +24,25 @@ class Hands {
   /// Characters that came without a key of their own: a dead key with its letter, an input method.
   void Type(const QString& text);
   void Paste(const QString& text);
-  void Focus(Control& control);
-  void Click(Control& control);
-  void DoubleClick(Control& control);
-  void Hover(Control& control);
-  void Select(Control& control, int index);
-  void MoveCaret(Control& control, int start, int length);
-  void Leave(Form& form);
-  void CloseBox(Form& form);
+  // What is done to a control whose form has gone meanwhile falls without a word.
+  void Focus(const ControlId& id);
+  void Click(const ControlId& id);
+  void DoubleClick(const ControlId& id);
+  void Hover(const ControlId& id);
+  void Select(const ControlId& id, int index);
+  void MoveCaret(const ControlId& id, int start, int length);
+  void Leave(const std::string& form);
+  void CloseBox(const std::string& form);
 
  private:
   template <class Action>
   void Do(Action action);
-  /// Control with C, X or V, where the rules of the focused text let it through.
-  bool ClipboardKey(char character);
+  template <class Action>
+  void DoWith(const ControlId& id, Action action);
+  template <class Action>
+  void DoWith(const std::string& form, Action action);
 
   Forms& forms_;
-  Input input_;
   std::function<void()> afterwards_;
 };
 

@@ -16,6 +16,11 @@ InputFilter::InputFilter(QWidget& window, Mirror& mirror, Hands& hands)
   qApp->installEventFilter(this);
 }
 
+void InputFilter::Close() {
+  qApp->removeEventFilter(this);
+  QCoreApplication::removePostedEvents(this);
+}
+
 bool InputFilter::InWindow(const QObject* watched) const {
   if (!watched->isWidgetType()) return false;
   const auto* const widget = static_cast<const QWidget*>(watched);
@@ -42,11 +47,12 @@ bool InputFilter::eventFilter(QObject* watched, QEvent* event) {
       return false;
     case QEvent::MouseButtonDblClick:
       if (const View* view = InWindow(watched) ? mirror_.Of(watched) : nullptr)
-        hands_.DoubleClick(view->Model());
+        hands_.DoubleClick(view->State().id);
       return false;
     case QEvent::Enter:
     case QEvent::ToolTip:  // a button that was pressed meanwhile has another text
-      if (const View* view = InWindow(watched) ? mirror_.Of(watched) : nullptr) hands_.Hover(view->Model());
+      if (const View* view = InWindow(watched) ? mirror_.Of(watched) : nullptr)
+        hands_.Hover(view->State().id);
       return false;
     default:
       return false;
@@ -67,17 +73,17 @@ bool InputFilter::InputMethod(QObject* watched, QInputMethodEvent& event) {
 void InputFilter::Press(const QObject* watched, const QMouseEvent& event) {
   const View* const view = mirror_.Of(watched);
   pressed_ = event.button() == Qt::LeftButton ? watched : nullptr;
-  if (view != nullptr && view->Model().TakesFocus()) hands_.Focus(view->Model());
+  if (view != nullptr && view->State().takesFocus) hands_.Focus(view->State().id);
 }
 
 void InputFilter::Release(const QObject* watched, const QMouseEvent& event) {
-  View* const view = mirror_.Of(watched);
+  const View* const view = mirror_.Of(watched);
   if (view == nullptr || watched != pressed_ || event.button() != Qt::LeftButton) return;
   pressed_ = nullptr;
   if (!view->Widget().rect().contains(event.position().toPoint())) return;
   // The widget ends its own handling of the click first: what a click does may wait in a box.
   QMetaObject::invokeMethod(
-      this, [this, view] { hands_.Click(view->Model()); }, Qt::QueuedConnection);
+      this, [this, id = view->State().id] { hands_.Click(id); }, Qt::QueuedConnection);
 }
 
 }  // namespace vintoral

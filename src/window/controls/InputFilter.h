@@ -16,6 +16,8 @@ class Mirror;
 class InputFilter : public QObject {
  public:
   InputFilter(QWidget& window, Mirror& mirror, Hands& hands);
+  /// Nothing passes any more, and what is on its way is dropped.
+  void Close();
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

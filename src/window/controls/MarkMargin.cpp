@@ -14,7 +14,7 @@ namespace {
 void PaintSign(QPainter& painter, QPointF center) {
   const QPointF corners[] = {center + QPointF(0, -6.5), center + QPointF(7, 6), center + QPointF(-7, 6)};
   painter.setPen(QPen(QColor::fromRgb(theme::kText), 1.25, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-  painter.setBrush(theme::FromModel(kLightOrange));
+  painter.setBrush(QColor::fromRgb(theme::kWarning));
   painter.drawPolygon(corners, 3);
   painter.setPen(QPen(QColor::fromRgb(theme::kText), 1.75, Qt::SolidLine, Qt::RoundCap));
   painter.drawLine(center + QPointF(0, -2), center + QPointF(0, 1.5));

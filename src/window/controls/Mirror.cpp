@@ -1,30 +1,41 @@
 #include "window/controls/Mirror.h"
 
 #include <QWidget>
+#include <algorithm>
 
 namespace vintoral {
 
 View& Mirror::Add(std::unique_ptr<View> view) {
   byWidget_.insert(&view->Widget(), view.get());
-  byControl_.insert(&view->Model(), view.get());
+  byState_.insert(&view->State(), view.get());
   views_.push_back(std::move(view));
   return *views_.back();
 }
 
-QWidget* Mirror::WidgetOf(const Control& control) const {
-  const View* const view = byControl_.value(&control, nullptr);
-  return view == nullptr ? nullptr : &view->Widget();
+void Mirror::Fail(const std::string& control) const {
+  qFatal("%s has no %s of the kind that its window shows", snapshot_.name.c_str(), control.c_str());
+}
+
+QWidget* Mirror::WidgetOf(const std::string& control) const {
+  const auto found = std::find_if(views_.begin(), views_.end(),
+                                  [&](const auto& view) { return view->State().id.control == control; });
+  return found == views_.end() ? nullptr : &(*found)->Widget();
 }
 
 void Mirror::Sync() {
+  Take();
+  Show();
+}
+
+void Mirror::Show() {
   for (const auto& view : views_)
-    view->Sync();
+    view->Show();
   ShowFocus();
 }
 
-void Mirror::ShowFocus() {
-  const Control* const control = model_.Focus();
-  QWidget* const widget = control == nullptr ? rest_ : WidgetOf(*control);
+void Mirror::ShowFocus() const {
+  const View* const view = byState_.value(snapshot_.focus, nullptr);
+  QWidget* const widget = snapshot_.focusOnForm ? rest_ : view == nullptr ? nullptr : &view->Widget();
   if (widget != nullptr && widget->window()->focusWidget() != widget) widget->setFocus(Qt::OtherFocusReason);
 }
 

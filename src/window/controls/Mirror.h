@@ -7,34 +7,50 @@
 #include <memory>
 #include <vector>
 
-#include "station/form1/ScreenModel.h"
+#include "window/controls/SnapshotTaker.h"
 #include "window/controls/View.h"
 
 namespace vintoral {
 
 class Mirror {
  public:
-  explicit Mirror(ScreenModel& model) : model_(model) {}
+  /// `form` is loaded now, but may go at any time.
+  Mirror(Forms& forms, Form& form) : taker_(forms, form, snapshot_) {}
 
+  /// The control of this name, part of the snapshot from here on. The window was built for another form when
+  /// there is none of this name and kind: that ends the program.
+  template <class S>
+  S& StateOf(const std::string& control) {
+    auto* const state = dynamic_cast<S*>(taker_.Add(control));
+    if (state == nullptr) Fail(control);
+    return *state;
+  }
   View& Add(std::unique_ptr<View> view);
   /// A part of a widget counts as its whole: the editor inside a list.
   void AddPart(const QObject& part, View& whole) { byWidget_.insert(&part, &whole); }
   /// Where the keyboard rests when no control has it.
   void RestOn(QWidget& widget) { rest_ = &widget; }
 
+  /// From the model into the snapshot.
+  void Take() { taker_.Take(); }
+  /// From the snapshot into the widgets.
+  void Show();
   void Sync();
+  const FormSnapshot& Snapshot() const { return snapshot_; }
 
   /// Null for a widget that shows no control.
-  View* Of(const QObject* widget) const { return byWidget_.value(widget, nullptr); }
-  /// Null for a control that nothing shows.
-  QWidget* WidgetOf(const Control& control) const;
+  const View* Of(const QObject* widget) const { return byWidget_.value(widget, nullptr); }
+  /// Null for a name of no control, or of one that nothing shows.
+  QWidget* WidgetOf(const std::string& control) const;
 
  private:
-  void ShowFocus();
-  ScreenModel& model_;
+  [[noreturn]] void Fail(const std::string& control) const;
+  void ShowFocus() const;
+  FormSnapshot snapshot_;
+  SnapshotTaker taker_;
   std::vector<std::unique_ptr<View>> views_;
   QHash<const QObject*, View*> byWidget_;
-  QHash<const Control*, View*> byControl_;
+  QHash<const ControlState*, View*> byState_;
   QWidget* rest_ = nullptr;
 };
 

@@ -72,13 +72,13 @@ void TextEditor::ShowText(const QString& text) {
   shown_ = now;
 }
 
-void TextEditor::ShowCaret(int start, int length) {
+void TextEditor::ShowCaret(int start, int length, bool caretFirst) {
   const int from = ToDocument(start);
   const int to = ToDocument(start + length);
   QTextCursor cursor = textCursor();
   if (cursor.selectionStart() == from && cursor.selectionEnd() == to) return;
-  cursor.setPosition(from);
-  cursor.setPosition(to, QTextCursor::KeepAnchor);
+  cursor.setPosition(caretFirst ? to : from);
+  cursor.setPosition(caretFirst ? from : to, QTextCursor::KeepAnchor);
   setTextCursor(cursor);
 }
 

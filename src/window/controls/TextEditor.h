@@ -21,11 +21,15 @@ class TextEditor : public QPlainTextEdit {
   std::function<void(int, int)> onCaret;
   /// Something was pasted by the mouse; line ends stand as the clipboard has them.
   std::function<void(const QString&)> onPaste;
+  /// The line and column of the caret, from 1, and what is remarked on that line: the shown text, its caret
+  /// or its marks are others.
+  std::function<void(std::size_t line, std::size_t column, const QString& remark)> onPlace;
 
   /// What is shown keeps its place: the box does not scroll.
   void ShowText(const QString& text);
-  /// Shows the caret at `start`, or `length` characters marked from there. A new place is scrolled into view.
-  void ShowCaret(int start, int length);
+  /// Shows the caret at `start`, or `length` characters marked from there with the caret at their end, or at
+  /// their start. A new place is scrolled into view.
+  void ShowCaret(int start, int length, bool caretFirst = false);
   /// A warning beside each line whose text here is not empty, with that text for a tooltip.
   void ShowReasons(const QStringList& reasons);
 

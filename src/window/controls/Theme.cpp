@@ -17,7 +17,7 @@ QFont TextFont(int pixels, QFont::Weight weight) {
   return font;
 }
 
-QColor FromModel(Color color) {
+QColor FromModel(std::int32_t color) {
   return QColor(color & 0xFF, (color >> 8) & 0xFF, (color >> 16) & 0xFF);
 }
 

@@ -4,8 +4,7 @@
 
 #include <QColor>
 #include <QFont>
-
-#include "station/forms/Controls.h"
+#include <cstdint>
 
 class QApplication;
 class QPainter;
@@ -27,6 +26,7 @@ inline constexpr QRgb kAccentPale = 0xFFDCEDF5;
 inline constexpr QRgb kDisplay = 0xFF14263A;  ///< the dark panel of the amount
 inline constexpr QRgb kDisplayText = 0xFFFFFFFF;
 inline constexpr QRgb kDisplayMuted = 0xFFB7C8D8;
+inline constexpr QRgb kWarning = 0xFFFFC080;        ///< behind a sign that something is wrong
 inline constexpr QRgb kOff = 0xFFC3CCD5;            ///< a light that is out
 inline constexpr QRgb kPictureGround = 0xFFDDE3E9;  ///< where a picture may stand
 
@@ -47,7 +47,7 @@ inline constexpr double kRadius = 5;
 /// The system's own family at `pixels` height.
 QFont TextFont(int pixels, QFont::Weight weight = QFont::Normal);
 /// A colour of the model, whose low byte is red.
-QColor FromModel(Color color);
+QColor FromModel(std::int32_t color);
 /// Lets a widget on a card cover what lies behind it up to its corners.
 void CoverGround(QWidget& widget, QRgb ground = kCard);
 /// The ring around what has the keyboard; brighter on a dark ground.

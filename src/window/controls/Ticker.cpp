@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "station/forms/Forms.h"
+
 namespace vintoral {
 
 Ticker::Ticker(Forms& forms, const Clock& clock, std::function<void()> afterwards)

@@ -5,9 +5,10 @@
 #include <functional>
 
 #include "platform/Clock.h"
-#include "station/forms/Forms.h"
 
 namespace vintoral {
+
+class Forms;
 
 class Ticker {
  public:

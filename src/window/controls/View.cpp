@@ -6,8 +6,8 @@
 
 namespace vintoral {
 
-View::View(Control& control, QWidget& widget) : control_(control), widget_(widget) {
-  widget_.setObjectName(QString::fromStdString(control_.Name));
+View::View(ControlState& state, QWidget& widget) : state_(state), widget_(widget) {
+  widget_.setObjectName(QString::fromStdString(state_.id.control));
   widget_.setAttribute(Qt::WA_NoMousePropagation);  // a click belongs to one control
   // What is hidden keeps its place, so that nothing else moves.
   QSizePolicy policy = widget_.sizePolicy();
@@ -15,17 +15,18 @@ View::View(Control& control, QWidget& widget) : control_(control), widget_(widge
   widget_.setSizePolicy(policy);
 }
 
-void View::Sync() {
+void View::Show() {
   // What is hidden is brought up to date when it appears, and costs nothing until then.
-  appears_ = visible_.Changed(control_.Visible) && control_.Visible;
-  if (control_.Visible) ShowOwn();
-  if (enabled_.Changed(control_.Enabled)) widget_.setEnabled(control_.Enabled);
-  if (widget_.isHidden() == control_.Visible) widget_.setVisible(control_.Visible);
-  if (toolTip_.Changed(control_.ToolTipText)) ShowToolTip();
+  const bool visible = *state_.visible;
+  appears_ = state_.visible.News() && visible;
+  if (visible) ShowOwn();
+  if (state_.enabled.News()) widget_.setEnabled(*state_.enabled);
+  if (widget_.isHidden() == visible) widget_.setVisible(visible);
+  if (state_.toolTip.News()) ShowToolTip();
 }
 
 void View::ShowToolTip() {
-  const QString text = ToQString(TrimBlanks(control_.ToolTipText));
+  const QString text = ToQString(TrimBlanks(*state_.toolTip));
   // "<F4> Imprimir" would pass for rich text.
   widget_.setToolTip(text.isEmpty()
                          ? QString()

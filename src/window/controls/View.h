@@ -1,8 +1,7 @@
-// One control of the model and the widget that shows it.
+// One control of the snapshot and the widget that shows it.
 #pragma once
 
-#include "station/forms/Controls.h"
-#include "window/controls/Seen.h"
+#include "window/controls/Snapshot.h"
 
 class QWidget;
 
@@ -10,14 +9,15 @@ namespace vintoral {
 
 class View {
  public:
-  View(Control& control, QWidget& widget);
+  /// Both outlive the view.
+  View(ControlState& state, QWidget& widget);
   View(const View&) = delete;
   View& operator=(const View&) = delete;
   virtual ~View() = default;
 
   /// Brings the widget up to date; what is the same as before is left alone.
-  void Sync();
-  Control& Model() const { return control_; }
+  void Show();
+  const ControlState& State() const { return state_; }
   QWidget& Widget() const { return widget_; }
 
  protected:
@@ -28,12 +28,9 @@ class View {
 
  private:
   void ShowToolTip();
-  Control& control_;
+  ControlState& state_;
   QWidget& widget_;
-  Seen<bool> visible_;
   bool appears_ = false;
-  Seen<bool> enabled_;
-  Seen<String> toolTip_;
 };
 
 }  // namespace vintoral

@@ -2,15 +2,20 @@
 
 #include <QCheckBox>
 #include <QPalette>
+#include <optional>
 
+#include "station/forms/TextCaret.h"
 #include "window/controls/CaptionLabel.h"
+#include "window/controls/CurveView.h"
 #include "window/controls/Hands.h"
 #include "window/controls/IconButton.h"
 #include "window/controls/Light.h"
 #include "window/controls/ListField.h"
 #include "window/controls/Mirror.h"
 #include "window/controls/PictureView.h"
+#include "window/controls/PushButton.h"
 #include "window/controls/Text.h"
+#include "window/controls/TextEditor.h"
 #include "window/controls/TextField.h"
 #include "window/controls/Theme.h"
 
@@ -19,212 +24,241 @@ namespace vintoral {
 namespace {
 
 /// A view with its control and its widget in their own types.
-template <class C, class W>
+template <class S, class W>
 class TypedView : public View {
  public:
-  TypedView(C& control, W& widget) : View(control, widget), model(control), face(widget) {}
+  TypedView(S& control, W& widget) : View(control, widget), state(control), face(widget) {}
 
  protected:
-  C& model;
+  S& state;
   W& face;
 };
 
-class TextBoxView : public TypedView<TextBox, TextField> {
+class TextBoxView : public TypedView<TextBoxState, TextField> {
  public:
   using TypedView::TypedView;
 
  protected:
   void ShowOwn() override {
-    if (text_.Changed(model.Text())) face.setText(ToQString(model.Text()));
-    if (locked_.Changed(model.Locked)) face.ShowLocked(model.Locked);
-    if (ground_.Changed(model.BackColor)) {
+    if (state.text.News()) face.setText(ToQString(*state.text));
+    if (state.locked.News()) face.ShowLocked(*state.locked);
+    if (state.ground.News()) {
       QPalette palette = face.palette();
-      palette.setColor(QPalette::Base, theme::FromModel(model.BackColor));
+      palette.setColor(QPalette::Base, theme::FromModel(*state.ground));
       face.setPalette(palette);
     }
-    face.ShowCaret(static_cast<int>(model.SelStart), static_cast<int>(model.SelLength));
+    face.ShowCaret(static_cast<int>(state.selectionStart), static_cast<int>(state.selectionLength));
   }
-
- private:
-  Seen<String> text_;
-  Seen<bool> locked_;
-  Seen<Color> ground_;
 };
 
-class LabelView : public TypedView<Label, CaptionLabel> {
+/// One text for each line, empty where nothing is remarked.
+QStringList ReasonsOf(const std::vector<LineMark>& marks) {
+  QStringList reasons;
+  for (const LineMark& mark : marks) {
+    const auto line = static_cast<qsizetype>(mark.line);
+    if (reasons.size() <= line) reasons.resize(line + 1);
+    reasons[line] = ToQString(mark.reason);
+  }
+  return reasons;
+}
+
+class EditorView : public TypedView<TextBoxState, TextEditor> {
  public:
   using TypedView::TypedView;
 
  protected:
   void ShowOwn() override {
-    if (caption_.Changed(model.Caption)) face.ShowCaption(ToQString(TrimBlanks(model.Caption)));
-    if (!ground_.Changed(model.BackColor)) return;
-    // White is a label without a colour of its own.
-    face.ShowGround(model.BackColor == kWhite ? std::nullopt
-                                              : std::optional(theme::FromModel(model.BackColor)));
+    const bool text = state.text.News();
+    if (text) face.ShowText(ToQString(*state.text));
+    const bool marks = state.marks.News();
+    if (marks) face.ShowReasons(ReasonsOf(*state.marks));
+    face.ShowCaret(static_cast<int>(state.selectionStart), static_cast<int>(state.selectionLength),
+                   *state.caret == state.selectionStart);
+    if (state.caret.News() | text | marks | Appears()) TellPlace();
   }
 
  private:
-  Seen<String> caption_;
-  Seen<Color> ground_;
+  void TellPlace() const {
+    if (!face.onPlace) return;
+    const std::size_t caret = *state.caret, line = LineAt(*state.text, caret);
+    const std::size_t column = caret - LineStart(*state.text, caret);
+    face.onPlace(line + 1, column + 1, ReasonsOf(*state.marks).value(static_cast<qsizetype>(line)));
+  }
 };
 
-class BarView : public TypedView<Label, Light> {
+class LabelView : public TypedView<LabelState, CaptionLabel> {
  public:
   using TypedView::TypedView;
 
  protected:
   void ShowOwn() override {
-    if (ground_.Changed(model.BackColor)) face.ShowColor(theme::FromModel(model.BackColor));
+    if (state.caption.News()) face.ShowCaption(ToQString(TrimBlanks(*state.caption)));
+    if (!state.ground.News()) return;
+    face.ShowGround(*state.ground == kUncolored ? std::nullopt
+                                                : std::optional(theme::FromModel(*state.ground)));
   }
-
- private:
-  Seen<Color> ground_;
 };
 
-class ComboBoxView : public TypedView<ComboBox, ListField> {
+class BarView : public TypedView<LabelState, Light> {
  public:
   using TypedView::TypedView;
 
  protected:
   void ShowOwn() override {
-    const bool rows = rows_.Changed(model.List());
-    if (rows) face.ShowRows(model.List());
-    if (rows | index_.Changed(model.ListIndex()) | text_.Changed(model.Text()))
-      face.ShowRow(model.ListIndex(), ToQString(TrimBlanks(model.Text())));
+    if (state.ground.News()) face.ShowColor(theme::FromModel(*state.ground));
   }
-
- private:
-  Seen<std::vector<String>> rows_;
-  Seen<int> index_;
-  Seen<String> text_;
 };
 
-class ListBoxView : public TypedView<ListBox, ListField> {
+class ListView : public TypedView<ListState, ListField> {
  public:
   using TypedView::TypedView;
 
  protected:
   void ShowOwn() override {
-    const bool rows = rows_.Changed(model.List);
-    if (rows) face.ShowRows(model.List);
-    if (!(rows | index_.Changed(model.ListIndex))) return;
-    const auto index = static_cast<std::size_t>(model.ListIndex);
-    face.ShowRow(model.ListIndex, index < model.List.size() ? ToQString(model.List[index]) : QString());
+    const bool rows = state.rows.News();
+    if (rows) face.ShowRows(*state.rows);
+    if (rows | state.row.News() | state.text.News())
+      face.ShowRow(*state.row, ToQString(TrimBlanks(*state.text)));
   }
-
- private:
-  Seen<std::vector<String>> rows_;
-  Seen<int> index_;
 };
 
-class CheckBoxView : public TypedView<CheckBox, QCheckBox> {
+class CheckBoxView : public TypedView<ButtonState, QCheckBox> {
  public:
   using TypedView::TypedView;
 
  protected:
   void ShowOwn() override {
-    if (face.isChecked() != (model.Value != 0)) face.setChecked(model.Value != 0);
+    // A click has turned the widget's own tick over, whatever came of it.
+    if (face.isChecked() != *state.on) face.setChecked(*state.on);
   }
 };
 
-class ButtonView : public TypedView<PictureBox, IconButton> {
+class ButtonView : public TypedView<PictureBoxState, IconButton> {
  public:
   using TypedView::TypedView;
 
  protected:
   void ShowOwn() override {
-    if (border_.Changed(model.BorderStyle)) face.ShowPressed(model.BorderStyle == 1);
+    if (state.pressed.News()) face.ShowPressed(*state.pressed);
   }
-
- private:
-  Seen<int> border_;
 };
 
-class LightView : public TypedView<PictureBox, Light> {
+class CommandView : public TypedView<ButtonState, PushButton> {
  public:
-  LightView(PictureBox& picture, Light& light, QColor color) : TypedView(picture, light), color_(color) {}
+  using TypedView::TypedView;
 
  protected:
   void ShowOwn() override {
-    if (ground_.Changed(model.BackColor))
-      face.ShowColor(model.BackColor == kWhite ? color_ : theme::FromModel(model.BackColor));
+    if (state.caption.News()) face.setText(ToQString(*state.caption));
+  }
+};
+
+class ChartView : public TypedView<ChartState, CurveView> {
+ public:
+  using TypedView::TypedView;
+
+ protected:
+  void ShowOwn() override {
+    if (state.caption.News() | state.values.News()) face.ShowCurve(ToQString(*state.caption), *state.values);
+  }
+};
+
+class LightView : public TypedView<PictureBoxState, Light> {
+ public:
+  LightView(PictureBoxState& picture, Light& light, QColor color)
+      : TypedView(picture, light), color_(color) {}
+
+ protected:
+  void ShowOwn() override {
+    if (state.ground.News())
+      face.ShowColor(*state.ground == kUncolored ? color_ : theme::FromModel(*state.ground));
   }
 
  private:
   QColor color_;
-  Seen<Color> ground_;
 };
 
-/// Of a picture box or an image.
-template <class C>
-class PictureFileView : public TypedView<C, PictureView> {
+class PictureFileView : public TypedView<ImageState, PictureView> {
  public:
-  PictureFileView(C& control, PictureView& view, PictureLoader& loader)
-      : TypedView<C, PictureView>(control, view), loader_(loader) {}
+  PictureFileView(ImageState& image, PictureView& view, PictureLoader& loader)
+      : TypedView(image, view), loader_(loader) {}
 
  protected:
   void ShowOwn() override {
     // A picture that comes back is read again: another photo may stand under the same name.
-    if (picture_.Changed(this->model.Picture) | this->Appears())
-      this->face.ShowPicture(this->model.Picture, loader_);
+    if (state.picture.News() | Appears()) face.ShowPicture(*state.picture, loader_);
   }
 
  private:
   PictureLoader& loader_;
-  Seen<Picture> picture_;
 };
+
+/// Adds the view of a control of kind S, made with what follows its state.
+template <class V, class S, class W, class... More>
+View& AddView(Stage& stage, const ControlName& name, W& widget, More&&... more) {
+  S& state = stage.mirror.StateOf<S>(name.text);
+  return stage.mirror.Add(std::make_unique<V>(state, widget, std::forward<More>(more)...));
+}
 
 }  // namespace
 
-void Bind(Stage& stage, TextBox& box, TextField& field) {
-  stage.mirror.Add(std::make_unique<TextBoxView>(box, field));
+void Bind(Stage& stage, const ControlName& name, TextField& field) {
+  const View& view = AddView<TextBoxView, TextBoxState>(stage, name, field);
   Hands& hands = stage.hands;
-  field.onCaret = [&hands, &box](int start, int length) { hands.MoveCaret(box, start, length); };
+  const ControlId& id = view.State().id;
+  field.onCaret = [&hands, id](int start, int length) { hands.MoveCaret(id, start, length); };
   field.onPaste = [&hands](const QString& text) { hands.Paste(text); };
 }
 
-void Bind(Stage& stage, Label& label, CaptionLabel& caption) {
-  stage.mirror.Add(std::make_unique<LabelView>(label, caption));
+void Bind(Stage& stage, const ControlName& name, TextEditor& editor) {
+  View& view = AddView<EditorView, TextBoxState>(stage, name, editor);
+  stage.mirror.AddPart(*editor.viewport(), view);
+  Hands& hands = stage.hands;
+  const ControlId& id = view.State().id;
+  editor.onCaret = [&hands, id](int start, int length) { hands.MoveCaret(id, start, length); };
+  editor.onPaste = [&hands](const QString& text) { hands.Paste(text); };
 }
 
-void Bind(Stage& stage, Label& label, Light& bar) {
-  stage.mirror.Add(std::make_unique<BarView>(label, bar));
+void Bind(Stage& stage, const ControlName& name, CaptionLabel& caption) {
+  AddView<LabelView, LabelState>(stage, name, caption);
 }
 
-void Bind(Stage& stage, ComboBox& list, ListField& field) {
-  View& view = stage.mirror.Add(std::make_unique<ComboBoxView>(list, field));
+void Bind(Stage& stage, const ControlName& name, Light& bar) {
+  AddView<BarView, LabelState>(stage, name, bar);
+}
+
+void Bind(Stage& stage, const ControlName& name, ListField& field) {
+  View& view = AddView<ListView, ListState>(stage, name, field);
   if (field.Editor() != nullptr) stage.mirror.AddPart(*field.Editor(), view);
-  field.onChosen = [&hands = stage.hands, &list](int index) { hands.Select(list, index); };
+  field.onChosen = [&hands = stage.hands, id = view.State().id](int row) { hands.Select(id, row); };
 }
 
-void Bind(Stage& stage, ListBox& list, ListField& field) {
-  stage.mirror.Add(std::make_unique<ListBoxView>(list, field));
-  field.onChosen = [&hands = stage.hands, &list](int index) { hands.Select(list, index); };
+void Bind(Stage& stage, const ControlName& name, QCheckBox& box) {
+  AddView<CheckBoxView, ButtonState>(stage, name, box);
 }
 
-void Bind(Stage& stage, CheckBox& tick, QCheckBox& box) {
-  stage.mirror.Add(std::make_unique<CheckBoxView>(tick, box));
+void Bind(Stage& stage, const ControlName& name, IconButton& button) {
+  AddView<ButtonView, PictureBoxState>(stage, name, button);
 }
 
-void Bind(Stage& stage, PictureBox& picture, IconButton& button) {
-  stage.mirror.Add(std::make_unique<ButtonView>(picture, button));
+void Bind(Stage& stage, const ControlName& name, PictureView& view) {
+  AddView<PictureFileView, ImageState>(stage, name, view, stage.pictures);
 }
 
-void Bind(Stage& stage, PictureBox& picture, PictureView& view) {
-  stage.mirror.Add(std::make_unique<PictureFileView<PictureBox>>(picture, view, stage.pictures));
+void Bind(Stage& stage, const ControlName& name, Light& light, QColor color) {
+  AddView<LightView, PictureBoxState>(stage, name, light, color);
 }
 
-void Bind(Stage& stage, PictureBox& picture, Light& light, QColor color) {
-  stage.mirror.Add(std::make_unique<LightView>(picture, light, color));
+void Bind(Stage& stage, const ControlName& name, PushButton& button) {
+  AddView<CommandView, ButtonState>(stage, name, button);
 }
 
-void Bind(Stage& stage, Image& image, PictureView& view) {
-  stage.mirror.Add(std::make_unique<PictureFileView<Image>>(image, view, stage.pictures));
+void Bind(Stage& stage, const ControlName& name, CurveView& view) {
+  AddView<ChartView, ChartState>(stage, name, view);
 }
 
-void BindPlain(Stage& stage, Control& control, QWidget& widget) {
-  stage.mirror.Add(std::make_unique<View>(control, widget));
+void BindPlain(Stage& stage, const ControlName& name, QWidget& widget) {
+  AddView<View, ControlState>(stage, name, widget);
 }
 
 }  // namespace vintoral

@@ -3,16 +3,16 @@
 
 #include <QColor>
 #include <QString>
-
-#include "station/form1/Form1.h"
+#include <cstddef>
+#include <string>
 
 class QCheckBox;
-class QListWidget;
 class QWidget;
 
 namespace vintoral {
 
 class CaptionLabel;
+class CurveView;
 class Hands;
 class IconButton;
 class Light;
@@ -20,29 +20,50 @@ class ListField;
 class Mirror;
 class PictureLoader;
 class PictureView;
+class PushButton;
+class TextEditor;
 class TextField;
 
-/// What the panels are built on.
+/// What the panels of a form's window are built on.
 struct Stage {
-  Form1& form;
   Mirror& mirror;
   Hands& hands;
   PictureLoader& pictures;
 };
 
-void Bind(Stage& stage, TextBox& box, TextField& field);
-void Bind(Stage& stage, Label& label, CaptionLabel& caption);
+/// The name of a control of the form: "TxtEfectivo", or of a family {"TxtCampo", 2}.
+struct ControlName {
+  ControlName(const char* name) : text(name) {}
+  ControlName(const char* family, std::size_t index)
+      : text(std::string(family) + "(" + std::to_string(index) + ")") {}
+  std::string text;
+};
+
+// A form that has no such control of that kind ends the program.
+
+/// A text box.
+void Bind(Stage& stage, const ControlName& name, TextField& field);
+/// A text box of several lines.
+void Bind(Stage& stage, const ControlName& name, TextEditor& editor);
+/// A label.
+void Bind(Stage& stage, const ControlName& name, CaptionLabel& caption);
 /// A label that is a mere bar of colour.
-void Bind(Stage& stage, Label& label, Light& bar);
-void Bind(Stage& stage, ComboBox& list, ListField& field);
-void Bind(Stage& stage, ListBox& list, ListField& field);
-void Bind(Stage& stage, CheckBox& tick, QCheckBox& box);
-void Bind(Stage& stage, PictureBox& picture, IconButton& button);
-void Bind(Stage& stage, PictureBox& picture, PictureView& view);
-/// A light that is on while the control is shown; `color` where the model gives it none of its own.
-void Bind(Stage& stage, PictureBox& picture, Light& light, QColor color);
-void Bind(Stage& stage, Image& image, PictureView& view);
+void Bind(Stage& stage, const ControlName& name, Light& bar);
+/// A combo box or a list box.
+void Bind(Stage& stage, const ControlName& name, ListField& field);
+/// A check box.
+void Bind(Stage& stage, const ControlName& name, QCheckBox& box);
+/// A picture box that is a button.
+void Bind(Stage& stage, const ControlName& name, IconButton& button);
+/// A picture box or an image.
+void Bind(Stage& stage, const ControlName& name, PictureView& view);
+/// A picture box that is a light, on while it is shown; `color` where the model gives it none of its own.
+void Bind(Stage& stage, const ControlName& name, Light& light, QColor color);
+/// A command button.
+void Bind(Stage& stage, const ControlName& name, PushButton& button);
+/// A chart.
+void Bind(Stage& stage, const ControlName& name, CurveView& view);
 /// A control of which only presence, use and tooltip show.
-void BindPlain(Stage& stage, Control& control, QWidget& widget);
+void BindPlain(Stage& stage, const ControlName& name, QWidget& widget);
 
 }  // namespace vintoral

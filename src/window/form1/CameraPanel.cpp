@@ -15,6 +15,7 @@ namespace {
 
 constexpr int kArrowRow = 32;
 constexpr int kArrowIcon = 20;
+constexpr int kMessageInset = 6;
 
 }  // namespace
 
@@ -28,22 +29,22 @@ void CameraPanel::BuildPictures(Stage& stage) {
   auto* const stack = new QStackedLayout(pictures_);
   stack->setStackingMode(QStackedLayout::StackAll);
   const PictureView::Look live{QStringLiteral("camera-none"), true, false};
-  const auto picture = [&](PictureBox& box, const PictureView::Look& look) {
+  const auto picture = [&](const char* name, const PictureView::Look& look) {
     auto* const view = new PictureView(look, pictures_);
     stack->addWidget(view);
-    Bind(stage, box, *view);
+    Bind(stage, name, *view);
   };
-  picture(stage.form.Picture1, live);
-  picture(stage.form.dspPreview, live);
-  picture(stage.form.PctAppCamera, live);
-  picture(stage.form.Picture2, PictureView::Look{});
+  picture("Picture1", live);
+  picture("dspPreview", live);
+  picture("PctAppCamera", live);
+  picture("Picture2", PictureView::Look{});
 
   CaptionLabel::Look look;
   look.weight = QFont::Bold;
-  look.color = theme::kMuted;
   look.alignment = Qt::AlignCenter;
+  look.outlined = true;  // to be read over any picture
   message_ = new CaptionLabel(look, this);
-  Bind(stage, stage.form.LblWebCamMsg, *message_);
+  Bind(stage, "LblWebCamMsg", *message_);
 }
 
 void CameraPanel::BuildArrows(Stage& stage) {
@@ -54,11 +55,11 @@ void CameraPanel::BuildArrows(Stage& stage) {
     row->addWidget(button);
     return button;
   };
-  Bind(stage, stage.form.PctFotoDetalle[0], *arrow(QStringLiteral("arrow-left")));
+  Bind(stage, {"PctFotoDetalle", 0}, *arrow(QStringLiteral("arrow-left")));
   row->addStretch(1);
-  BindPlain(stage, stage.form.ImgFotoDetalle, *arrow(QStringLiteral("arrow-down")));
+  BindPlain(stage, "ImgFotoDetalle", *arrow(QStringLiteral("arrow-down")));
   row->addStretch(1);
-  Bind(stage, stage.form.PctFotoDetalle[1], *arrow(QStringLiteral("arrow-right")));
+  Bind(stage, {"PctFotoDetalle", 1}, *arrow(QStringLiteral("arrow-right")));
 }
 
 int CameraPanel::HeightAt(int width) {
@@ -68,7 +69,8 @@ int CameraPanel::HeightAt(int width) {
 void CameraPanel::resizeEvent(QResizeEvent* /*event*/) {
   const int height = this->height() - kArrowRow;
   pictures_->setGeometry(0, 0, width(), height);
-  message_->setGeometry(0, height - kArrowRow, width(), kArrowRow);
+  message_->setGeometry(kMessageInset, height - kArrowRow - kMessageInset, width() - 2 * kMessageInset,
+                        kArrowRow);
   arrows_->setGeometry(0, height, width(), kArrowRow);
 }
 

@@ -14,7 +14,8 @@ namespace vintoral {
 
 namespace {
 
-constexpr int kCategoryRow = 6, kOptionsRow = 7;
+constexpr std::size_t kFields = 6;
+constexpr int kCategoryRow = kFields, kOptionsRow = kCategoryRow + 1;
 
 TextField* NewField(QWidget* parent) {
   auto* const field = new TextField(parent);
@@ -31,7 +32,7 @@ FieldsPanel::FieldsPanel(Stage& stage, QWidget* parent) : Card(theme::kCard, the
   rows->setHorizontalSpacing(6);
   rows->setVerticalSpacing(4);
   rows->setColumnStretch(2, 1);
-  for (std::size_t i = 0; i < stage.form.TxtCampo.size(); ++i) {
+  for (std::size_t i = 0; i < kFields; ++i) {
     BuildLabel(stage, i, *rows);
     BuildField(stage, i, *rows);
   }
@@ -50,8 +51,8 @@ void FieldsPanel::BuildLabel(Stage& stage, std::size_t index, QGridLayout& rows)
   label->BePlainWhenLocked();
   inside->addWidget(label);
   rows.addWidget(panel, static_cast<int>(index), 0);
-  BindPlain(stage, stage.form.PctEtiqueta[index], *panel);
-  Bind(stage, stage.form.TxtEtiqueta[index], *label);
+  BindPlain(stage, {"PctEtiqueta", index}, *panel);
+  Bind(stage, {"TxtEtiqueta", index}, *label);
 }
 
 void FieldsPanel::BuildField(Stage& stage, std::size_t index, QGridLayout& rows) {
@@ -72,8 +73,8 @@ void FieldsPanel::BuildField(Stage& stage, std::size_t index, QGridLayout& rows)
   }
   rows.addWidget(row, static_cast<int>(index), 1, 1, number ? 1 : 2);
   rows.addWidget(field, static_cast<int>(index), 1, 1, number ? 1 : 2);
-  Bind(stage, stage.form.LblCampo[index], *row);
-  Bind(stage, stage.form.TxtCampo[index], *field);
+  Bind(stage, {"LblCampo", index}, *row);
+  Bind(stage, {"TxtCampo", index}, *field);
 }
 
 void FieldsPanel::BuildNumberTools(Stage& stage, QGridLayout& rows) {
@@ -82,17 +83,18 @@ void FieldsPanel::BuildNumberTools(Stage& stage, QGridLayout& rows) {
   auto* const tools = new QGridLayout(place);
   tools->setContentsMargins(0, 0, 0, 0);
   tools->setHorizontalSpacing(6);
-  const auto button = [&](CommandButton& command, const QString& icon) {
-    auto* const face = new IconButton(icon, kEdge, kIcon, IconButton::Kind::kTool, place);
+  const auto button = [&](const char* name) {
+    auto* const face =
+        new IconButton(QString::fromLatin1(name), kEdge, kIcon, IconButton::Kind::kTool, place);
     tools->addWidget(face, 0, 0);
-    BindPlain(stage, command, *face);
+    BindPlain(stage, name, *face);
   };
-  button(stage.form.CmdNumeroFicha, QStringLiteral("CmdNumeroFicha"));
-  button(stage.form.CmdBarCode, QStringLiteral("CmdBarCode"));
-  for (TextBox* const code : {&stage.form.TxtBarCode, &stage.form.TxtBarCodeOK}) {
+  button("CmdNumeroFicha");
+  button("CmdBarCode");
+  for (const char* const code : {"TxtBarCode", "TxtBarCodeOK"}) {
     auto* const field = NewField(place);
     tools->addWidget(field, 0, 1);
-    Bind(stage, *code, *field);
+    Bind(stage, code, *field);
   }
   rows.addWidget(place, 0, 2);
 }
@@ -105,13 +107,13 @@ void FieldsPanel::BuildCategory(Stage& stage, QGridLayout& rows) {
   auto* const label = new CaptionLabel(look, this);
   label->setFixedWidth(theme::kLabelWidth);
   rows.addWidget(label, kCategoryRow, 0);
-  Bind(stage, stage.form.LblCategoria, *label);
-  for (ComboBox& list : stage.form.CboTarifa) {
+  Bind(stage, "LblCategoria", *label);
+  for (const std::size_t list : {0U, 1U}) {
     auto* const field = new ListField(false, this);
     field->setFont(theme::TextFont(theme::kTextPixels));
     field->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     rows.addWidget(field, kCategoryRow, 1, 1, 2);
-    Bind(stage, list, *field);
+    Bind(stage, {"CboTarifa", list}, *field);
   }
 }
 
@@ -119,7 +121,7 @@ void FieldsPanel::BuildOptions(Stage& stage, QGridLayout& rows) {
   auto* const invoice = new QCheckBox(QStringLiteral("Factura"), this);
   invoice->setFocusPolicy(Qt::NoFocus);
   rows.addWidget(invoice, kOptionsRow, 0);
-  Bind(stage, stage.form.ChkFactura, *invoice);
+  Bind(stage, "ChkFactura", *invoice);
 
   auto* const validity = new QWidget(this);
   auto* const inside = new QHBoxLayout(validity);
@@ -132,8 +134,8 @@ void FieldsPanel::BuildOptions(Stage& stage, QGridLayout& rows) {
   inside->addWidget(count);
   inside->addWidget(unit);
   rows.addWidget(validity, kOptionsRow, 1, 1, 2);
-  Bind(stage, stage.form.TxtMaxEntrada, *count);
-  Bind(stage, stage.form.LstModEntrada, *unit);
+  Bind(stage, "TxtMaxEntrada", *count);
+  Bind(stage, "LstModEntrada", *unit);
 }
 
 }  // namespace vintoral

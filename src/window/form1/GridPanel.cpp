@@ -32,20 +32,20 @@ CaptionLabel* NewInfo(const QString& sample, QRgb color, QWidget* parent) {
 
 CellSheet::CellSheet(Stage& stage, QWidget* parent) : QWidget(parent) {
   wallpaper_ = new PictureView({QString(), true, true}, this);
-  Bind(stage, stage.form.ImgFondo, *wallpaper_);
+  Bind(stage, "ImgFondo", *wallpaper_);
   ground_ = NewInfo(QString(), theme::kMuted, this);
-  Bind(stage, stage.form.LblFondo, *ground_);
+  Bind(stage, "LblFondo", *ground_);
   auto* const drawing = new PictureView({}, this);
-  Bind(stage, stage.form.PctFicha, *drawing);
+  Bind(stage, "PctFicha", *drawing);
   for (std::size_t i = 0; i < cells_.size(); ++i) {
     cells_[i] = new PictureView({}, this);
-    Bind(stage, stage.form.ImgFicha[i], *cells_[i]);
+    Bind(stage, {"ImgFicha", i}, *cells_[i]);
   }
   shade_ = new QWidget(this);
   shade_->setAttribute(Qt::WA_TransparentForMouseEvents);
-  BindPlain(stage, stage.form.PctSeleccion, *shade_);
+  BindPlain(stage, "PctSeleccion", *shade_);
   frame_ = new CellFrame(this);
-  BindPlain(stage, stage.form.ShpCelda, *frame_);
+  BindPlain(stage, "ShpCelda", *frame_);
 }
 
 QRect CellSheet::CellRect(int cell) const {
@@ -77,7 +77,7 @@ GridPanel::GridPanel(Stage& stage, QWidget* parent) : QWidget(parent) {
   inside->setContentsMargins(0, 0, 0, 0);
   inside->addWidget(new CellSheet(stage, frame));
   column->addWidget(frame, 1);
-  BindPlain(stage, stage.form.FraFicha, *frame);
+  BindPlain(stage, "FraFicha", *frame);
 }
 
 QWidget* GridPanel::BuildHead(Stage& stage) {
@@ -87,25 +87,26 @@ QWidget* GridPanel::BuildHead(Stage& stage) {
   auto* const row = new QHBoxLayout(head);
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(4);
-  const auto icon = [&](Image& image, const QString& name) {
-    auto* const button = new IconButton(name, kHeadRow, kIcon, IconButton::Kind::kPlain, head);
+  const auto icon = [&](const char* name) {
+    auto* const button =
+        new IconButton(QString::fromLatin1(name), kHeadRow, kIcon, IconButton::Kind::kPlain, head);
     row->addWidget(button);
-    BindPlain(stage, image, *button);
+    BindPlain(stage, name, *button);
   };
   auto* const count = NewInfo(QStringLiteral("1000 (1/20)"), theme::kText, head);
   row->addWidget(count);
-  Bind(stage, stage.form.LblInfo[0], *count);
-  icon(stage.form.ImgContador, QStringLiteral("ImgContador"));
+  Bind(stage, {"LblInfo", 0}, *count);
+  icon("ImgContador");
   auto* const counter = NewInfo(QStringLiteral("0000"), theme::kAccent, head);
   counter->setFixedWidth(kCounterWidth);
   row->addWidget(counter);
-  Bind(stage, stage.form.LblInfo[4], *counter);
+  Bind(stage, {"LblInfo", 4}, *counter);
   row->addStretch(1);
   auto* const minutes = new ListField(true, head);
   minutes->setFixedWidth(kMinutesWidth);
   row->addWidget(minutes);
-  Bind(stage, stage.form.CboMinutos, *minutes);
-  icon(stage.form.ImgCambiarFondo, QStringLiteral("ImgCambiarFondo"));
+  Bind(stage, "CboMinutos", *minutes);
+  icon("ImgCambiarFondo");
   return head;
 }
 

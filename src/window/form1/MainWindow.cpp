@@ -5,6 +5,7 @@
 #include <QIcon>
 #include <QVBoxLayout>
 
+#include "station/form1/Form1.h"
 #include "window/controls/InputFilter.h"
 #include "window/controls/Theme.h"
 #include "window/controls/Views.h"
@@ -26,15 +27,14 @@ constexpr QSize kUsualSize{1366, 728};
 }  // namespace
 
 MainWindow::MainWindow(Form1& form)
-    : form_(form),
-      mirror_(form),
+    : mirror_(form.OpenForms, form),
       ticker_(form.OpenForms, form.Devices().clock, [this] { Refresh(); }),
       hands_(form.OpenForms, [this] { Refresh(); }),
       pictures_(form.Devices().pictures, form.Devices().disk) {
   setObjectName(QStringLiteral("Form1"));
   setWindowTitle(QString::fromLatin1(Form1::kTitulo));
   setWindowIcon(QIcon(QStringLiteral(":/icons/vintoral.svg")));
-  Stage stage{form_, mirror_, hands_, pictures_};
+  Stage stage{mirror_, hands_, pictures_};
   Build(stage);
   new InputFilter(*this, mirror_, hands_);  // the window owns it
   resize(kUsualSize);
@@ -77,6 +77,7 @@ QWidget* MainWindow::BuildLeft(Stage& stage) {
 
 void MainWindow::Refresh() {
   mirror_.Sync();
+  if (OnRefresh) OnRefresh();
   ticker_.Arm();
 }
 
@@ -86,9 +87,9 @@ void MainWindow::Appear() {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-  form_.CerrarVentana();
-  Refresh();
-  event->setAccepted(form_.Terminado());
+  hands_.CloseBox(mirror_.Snapshot().name);
+  Refresh();  // the program may have ended without its window
+  event->setAccepted(!mirror_.Snapshot().shown);
 }
 
 }  // namespace vintoral

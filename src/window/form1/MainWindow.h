@@ -1,18 +1,17 @@
-// The station's one window.
+// The station's main window, and what all windows share: the hands, the ticks, the reading of pictures.
 #pragma once
 
 #include <QWidget>
+#include <functional>
 
-#include "station/form1/Form1.h"
 #include "window/controls/Hands.h"
 #include "window/controls/Mirror.h"
 #include "window/controls/PictureLoader.h"
 #include "window/controls/Ticker.h"
 
-class QHBoxLayout;
-
 namespace vintoral {
 
+class Form1;
 struct Stage;
 
 class MainWindow : public QWidget {
@@ -27,6 +26,11 @@ class MainWindow : public QWidget {
   /// Runs the timers that are due, as the event loop does by itself.
   void Tick() { ticker_.Tick(); }
   const Mirror& Shown() const { return mirror_; }
+  /// Runs with each refresh, for the other windows.
+  std::function<void()> OnRefresh;
+
+  Hands& AllHands() { return hands_; }
+  PictureLoader& Pictures() { return pictures_; }
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -35,7 +39,6 @@ class MainWindow : public QWidget {
   void Build(Stage& stage);
   QWidget* BuildLeft(Stage& stage);
 
-  Form1& form_;
   Mirror mirror_;
   Ticker ticker_;
   Hands hands_;

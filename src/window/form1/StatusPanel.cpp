@@ -12,6 +12,7 @@ namespace vintoral {
 namespace {
 
 constexpr int kEdge = 30, kIcon = 24;
+constexpr std::size_t kIndicators = 6;
 
 }  // namespace
 
@@ -32,11 +33,11 @@ QHBoxLayout* StatusPanel::BuildAlert(Stage& stage) {
   look.sample = QStringLiteral("IMPOSIBLE ENVIAR");
   auto* const mail = new CaptionLabel(look, this);
   row->addWidget(mail, 1);
-  Bind(stage, stage.form.LblInfo[3], *mail);
+  Bind(stage, {"LblInfo", 3}, *mail);
   auto* const panic =
       new IconButton(QStringLiteral("ImgPanico"), kEdge, kIcon, IconButton::Kind::kPlain, this);
   row->addWidget(panic);
-  BindPlain(stage, stage.form.ImgPanico, *panic);
+  BindPlain(stage, "ImgPanico", *panic);
   return row;
 }
 
@@ -44,11 +45,11 @@ QHBoxLayout* StatusPanel::BuildIndicators(Stage& stage) {
   auto* const row = new QHBoxLayout;
   row->setSpacing(4);
   row->addStretch(1);
-  for (std::size_t i = 0; i < stage.form.ImgIndicador.size(); ++i) {
+  for (std::size_t i = 0; i < kIndicators; ++i) {
     auto* const sign =
         new IconButton(QStringLiteral("ImgIndicador-%1").arg(i), kEdge, kIcon, IconButton::Kind::kSign, this);
     row->addWidget(sign);
-    BindPlain(stage, stage.form.ImgIndicador[i], *sign);
+    BindPlain(stage, {"ImgIndicador", i}, *sign);
   }
   return row;
 }

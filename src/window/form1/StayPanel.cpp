@@ -34,7 +34,7 @@ void StayPanel::BuildStamp(Stage& stage, std::size_t sign, std::size_t row, QGri
   look.sample = QStringLiteral("ENT");
   auto* const indicator = new CaptionLabel(look, this);
   rows.addWidget(indicator, static_cast<int>(row), 0);
-  Bind(stage, stage.form.LblIndicador[sign], *indicator);
+  Bind(stage, {"LblIndicador", sign}, *indicator);
 
   look.pixels = theme::kStrongPixels;
   look.weight = QFont::Bold;
@@ -42,7 +42,7 @@ void StayPanel::BuildStamp(Stage& stage, std::size_t sign, std::size_t row, QGri
   look.sample = QStringLiteral("00:00  (00/00/0000)");
   auto* const stamp = new CaptionLabel(look, this);
   rows.addWidget(stamp, static_cast<int>(row), 1);
-  Bind(stage, sign == kEntry ? stage.form.LblFechaEnt : stage.form.LblFechaSal, *stamp);
+  Bind(stage, sign == kEntry ? "LblFechaEnt" : "LblFechaSal", *stamp);
 }
 
 void StayPanel::BuildStay(Stage& stage, QGridLayout& rows) {
@@ -53,7 +53,7 @@ void StayPanel::BuildStay(Stage& stage, QGridLayout& rows) {
   look.sample = QStringLiteral("000D 00H 00M");
   auto* const stay = new CaptionLabel(look, this);
   rows.addWidget(stay, 2, 1);
-  Bind(stage, stage.form.LblInfo[1], *stay);
+  Bind(stage, {"LblInfo", 1}, *stay);
 
   look.pixels = theme::kCaptionPixels;
   look.weight = QFont::Bold;

@@ -42,7 +42,7 @@ void ToolBar::BuildGroup(Stage& stage, std::initializer_list<std::size_t> button
                                         kIconEdge, IconButton::Kind::kTool, this);
     row.addWidget(button);
     places_.push_back(button);
-    Bind(stage, stage.form.PctBoton[index], *button);
+    Bind(stage, {"PctBoton", index}, *button);
   }
   row.addSpacing(kGroupGap - kButtonGap);
 }
@@ -57,7 +57,7 @@ void ToolBar::BuildLights(Stage& stage, QHBoxLayout& row) {
     auto* const light = new Light(QSize(8, 22), lights);
     column->addWidget(light);
     places_.push_back(light);
-    Bind(stage, stage.form.PctBuscar[i], *light, QColor::fromRgb(kColors[i]));
+    Bind(stage, {"PctBuscar", i}, *light, QColor::fromRgb(kColors[i]));
   }
   row.addWidget(lights);
   row.addSpacing(kGroupGap - kButtonGap);
@@ -71,11 +71,11 @@ void ToolBar::BuildLink(Stage& stage, QHBoxLayout& row) {
   look.sample = QStringLiteral("P00");
   auto* const station = new CaptionLabel(look, this);
   row.addWidget(station);
-  Bind(stage, stage.form.LblInfo[2], *station);
-  for (Label& bar : stage.form.LblConexion) {
+  Bind(stage, {"LblInfo", 2}, *station);
+  for (const std::size_t bar : {0U, 1U, 2U}) {
     auto* const face = new Light(QSize(10, 34), this);
     row.addWidget(face);
-    Bind(stage, bar, *face);
+    Bind(stage, {"LblConexion", bar}, *face);
   }
 }
 

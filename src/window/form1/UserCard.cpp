@@ -46,14 +46,14 @@ QWidget* UserCard::BuildPhoto(Stage& stage) {
   stack->setStackingMode(QStackedLayout::StackAll);
   const PictureView::Look look{QStringLiteral("person"), true, false};
   stack->addWidget(new PictureView(look, place));  // the calm sign while no user is known
-  for (PictureBox& box : stage.form.PctUsuario) {
+  for (const std::size_t box : {0U, 1U}) {
     auto* const view = new PictureView(look, place);
     stack->addWidget(view);
-    Bind(stage, box, *view);
+    Bind(stage, {"PctUsuario", box}, *view);
   }
   auto* const photo = new PictureView(look, place);
   stack->addWidget(photo);
-  Bind(stage, stage.form.ImgUsuario, *photo);
+  Bind(stage, "ImgUsuario", *photo);
   return place;
 }
 
@@ -71,11 +71,11 @@ QWidget* UserCard::BuildPoints(Stage& stage) {
   auto* const star =
       new IconButton(QStringLiteral("ImgPuntos"), kStarEdge, kStarIcon, IconButton::Kind::kPlain, place);
   row->addWidget(star, 0, 4);
-  BindPlain(stage, stage.form.ImgPuntos, *star);
+  BindPlain(stage, "ImgPuntos", *star);
   const auto label = [&](std::size_t index, int pixels, const QString& sample, int at) {
     auto* const face = NewLabel(pixels, theme::kText, sample, place);
     row->addWidget(face, 0, at);
-    Bind(stage, stage.form.LblPuntos[index], *face);
+    Bind(stage, {"LblPuntos", index}, *face);
   };
   label(0, theme::kCaptionPixels, QString(), 1);
   label(2, theme::kCaptionPixels, QString(), 3);

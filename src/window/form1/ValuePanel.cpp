@@ -53,7 +53,7 @@ void ValuePanel::BuildValue(Stage& stage, QGridLayout& rows) {
   auto* const value = NewAmount(theme::kValuePixels, this);
   rows.addWidget(NewCaption(QStringLiteral("VALOR"), this), 0, 0, 1, 2);
   rows.addWidget(value, 1, 0, 1, 2);
-  Bind(stage, stage.form.LblValor, *value);
+  Bind(stage, "LblValor", *value);
 }
 
 void ValuePanel::BuildCash(Stage& stage, QGridLayout& rows) {
@@ -64,14 +64,14 @@ void ValuePanel::BuildCash(Stage& stage, QGridLayout& rows) {
   theme::CoverGround(*cash, theme::kDisplay);
   rows.addWidget(NewCaption(QStringLiteral("EFECTIVO"), this), 2, 0);
   rows.addWidget(cash, 3, 0);
-  Bind(stage, stage.form.TxtEfectivo, *cash);
+  Bind(stage, "TxtEfectivo", *cash);
 }
 
 void ValuePanel::BuildChange(Stage& stage, QGridLayout& rows) {
   auto* const change = NewAmount(theme::kAmountPixels, this);
   rows.addWidget(NewCaption(QStringLiteral("CAMBIO"), this), 2, 1);
   rows.addWidget(change, 3, 1);
-  Bind(stage, stage.form.LblCambio, *change);
+  Bind(stage, "LblCambio", *change);
 }
 
 }  // namespace vintoral

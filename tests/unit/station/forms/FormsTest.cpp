@@ -35,8 +35,11 @@ TEST_F(FormsTest, ALoadedFormIsThereButNotShown) {
 
 TEST_F(FormsTest, AModalFormHoldsAllOthersUntilItGoes) {
   TestForm& form = Load("Form6");
+  EXPECT_FALSE(forms_.IsModal(form));
   steps_ = {[&] {
               ASSERT_NE(screen_.Innermost(), nullptr);
+              EXPECT_TRUE(forms_.IsModal(form));
+              EXPECT_FALSE(forms_.IsModal(main_));
               EXPECT_EQ(screen_.Innermost()->form, &form);
               EXPECT_EQ(screen_.Shown(), nullptr);
               EXPECT_EQ(&forms_.Active(), &form);
@@ -45,7 +48,11 @@ TEST_F(FormsTest, AModalFormHoldsAllOthersUntilItGoes) {
               forms_.Activate(main_);
               EXPECT_EQ(&forms_.Active(), &form);
             },
-            [&] { forms_.Unload(form); }};
+            [&] {
+              forms_.Hide(form);
+              EXPECT_FALSE(forms_.IsModal(form));
+              forms_.Unload(form);
+            }};
   forms_.ShowModal(form);
   EXPECT_THAT(steps_, IsEmpty());
   EXPECT_EQ(screen_.Innermost(), nullptr);

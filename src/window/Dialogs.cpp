@@ -1,0 +1,72 @@
+#include "window/Dialogs.h"
+
+#include <algorithm>
+#include <array>
+
+#include "station/forms/Forms.h"
+#include "window/controls/DialogWindow.h"
+#include "window/form1/MainWindow.h"
+#include "window/form6/Form6Window.h"
+
+namespace vintoral {
+
+namespace {
+
+struct Maker {
+  std::string_view name;
+  DialogWindow* (*make)(Forms& forms, Form& form, MainWindow& main);
+};
+
+template <class W>
+DialogWindow* Make(Forms& forms, Form& form, MainWindow& main) {
+  return new W(forms, form, main.AllHands(), main.Pictures(), &main);
+}
+
+constexpr std::array kMakers = {Maker{"Form6", &Make<Form6Window>}};
+
+}  // namespace
+
+Dialogs::Dialogs(Forms& forms, MainWindow& main) : forms_(forms), main_(main) {
+  main_.OnRefresh = [this] { Refresh(); };
+}
+
+Dialogs::~Dialogs() {
+  main_.OnRefresh = nullptr;
+  qDeleteAll(windows_);
+}
+
+void Dialogs::Refresh() {
+  RetireGone();
+  for (Form* form : forms_.Loaded()) {
+    DialogWindow* const window = form->Shown() ? WindowOf(*form) : windows_.value(form);
+    if (window != nullptr) window->Refresh();
+  }
+}
+
+void Dialogs::RetireGone() {
+  const std::vector<Form*> loaded = forms_.Loaded();
+  windows_.removeIf([&](const auto& each) {
+    const bool gone = std::find(loaded.begin(), loaded.end(), each.key()) == loaded.end();
+    if (gone) each.value()->Retire();
+    return gone;
+  });
+}
+
+DialogWindow* Dialogs::WindowOf(Form& form) {
+  if (DialogWindow* const made = windows_.value(&form)) return made;
+  const auto maker = std::find_if(kMakers.begin(), kMakers.end(),
+                                  [&](const Maker& each) { return each.name == form.Name(); });
+  if (maker == kMakers.end()) return nullptr;
+  return windows_[&form] = maker->make(forms_, form, main_);
+}
+
+DialogWindow* Dialogs::Find(std::string_view name) const {
+  return windows_.value(forms_.Find(name));
+}
+
+QWidget* Dialogs::Active() const {
+  DialogWindow* const dialog = windows_.value(&forms_.Active());
+  return dialog == nullptr ? static_cast<QWidget*>(&main_) : dialog;
+}
+
+}  // namespace vintoral

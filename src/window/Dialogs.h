@@ -1,0 +1,39 @@
+// The windows of the dialogs: one for each dialog that is loaded and has been shown, kept like it.
+#pragma once
+
+#include <QHash>
+#include <string_view>
+
+class QWidget;
+
+namespace vintoral {
+
+class DialogWindow;
+class Form;
+class Forms;
+class MainWindow;
+
+class Dialogs {
+ public:
+  /// Follows each refresh of the main window, which it must not outlive.
+  Dialogs(Forms& forms, MainWindow& main);
+  ~Dialogs();
+  Dialogs(const Dialogs&) = delete;
+  Dialogs& operator=(const Dialogs&) = delete;
+
+  /// Of a dialog by its name; null when it has no window.
+  DialogWindow* Find(std::string_view name) const;
+  /// The window of the form that keys reach: what comes up now stands before it.
+  QWidget* Active() const;
+
+ private:
+  void Refresh();
+  void RetireGone();
+  DialogWindow* WindowOf(Form& form);
+
+  Forms& forms_;
+  MainWindow& main_;
+  QHash<const Form*, DialogWindow*> windows_;
+};
+
+}  // namespace vintoral
