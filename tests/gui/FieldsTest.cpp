@@ -6,6 +6,8 @@
 #include <QTest>
 
 #include "gui/Gate.h"
+#include "window/controls/ListField.h"
+#include "window/controls/TextField.h"
 
 namespace vintoral::test {
 namespace {
@@ -165,6 +167,43 @@ TEST_F(Fields, LabelIsEditedInPlaceAndKept) {
   EXPECT_NE(Focused(), "TxtEtiqueta(2)");
   Restart();
   EXPECT_EQ(Shown("TxtEtiqueta(2)").trimmed(), "DUEÑO");
+}
+
+TEST_F(Fields, TheMinutesShowTheirCaretAndTakeTheMousesToo) {
+  ComboBox& minutes = form_->CboMinutos;
+  minutes.Enabled = true;
+  minutes.SetText("45"_w);
+  form_->SetFocus(&minutes);
+  window_->Refresh();
+  TextField& editor = *Face<ListField>("CboMinutos").Editor();
+  EXPECT_EQ(editor.cursorPosition(), 2);
+  Key(Qt::Key_Left);
+  EXPECT_EQ(editor.cursorPosition(), 1);
+  Type("7");
+  EXPECT_EQ(Shown("CboMinutos"), "475");
+  editor.onCaret(0, 1);  // as a drag over the first digit tells
+  Type("1");
+  EXPECT_EQ(minutes.Text(), "175"_w);
+  editor.onPaste("a9");
+  EXPECT_EQ(minutes.Text(), "1975"_w);
+}
+
+TEST_F(Fields, TheCaretOfTheMinutesStandsInTheTextAsItIsShown) {
+  ComboBox& minutes = form_->CboMinutos;
+  minutes.Enabled = true;
+  ASSERT_EQ(minutes.Text(), "           P01 MONITOR"_w);
+  form_->SetFocus(&minutes);
+  window_->Refresh();
+  TextField& editor = *Face<ListField>("CboMinutos").Editor();
+  EXPECT_EQ(editor.text(), "P01 MONITOR");
+  EXPECT_EQ(editor.cursorPosition(), 11);
+  editor.onCaret(3, 0);
+  EXPECT_EQ(minutes.SelStart, 14u);
+  EXPECT_EQ(editor.cursorPosition(), 3);
+}
+
+TEST_F(Fields, TheTitleBarTellsTheProgram) {
+  EXPECT_EQ(window_->windowTitle(), "Vintoral 10.25");
 }
 
 }  // namespace

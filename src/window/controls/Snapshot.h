@@ -2,6 +2,7 @@
 // for the station and never sees it half changed.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -82,6 +83,11 @@ struct ListState : ControlState {
   Value<std::vector<String>> rows;
   Value<int> row;  ///< the chosen one, from 0; -1 for none
   Value<String> text;
+  std::size_t selectionStart = 0;  ///< in a text that is edited
+  std::size_t selectionLength = 0;
+
+  /// The list shows its text without the blanks around it; this many stand before it.
+  std::size_t BlanksBefore() const { return std::min(text->Bytes().find_first_not_of(' '), text->Size()); }
 };
 
 /// Of a button, a frame, a tick and an option.

@@ -36,6 +36,8 @@ class Copier : public ControlVisitor {
     state.rows.Take(list.List());
     state.row.Take(list.ListIndex());
     state.text.Take(list.Text());
+    state.selectionStart = list.SelStart;
+    state.selectionLength = list.SelLength;
   }
   void Visit(ListBox& list) override {
     static const String kNoRow;

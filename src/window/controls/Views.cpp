@@ -2,6 +2,7 @@
 
 #include <QCheckBox>
 #include <QPalette>
+#include <algorithm>
 #include <optional>
 
 #include "station/forms/TextCaret.h"
@@ -119,6 +120,11 @@ class ListView : public TypedView<ListState, ListField> {
     if (rows) face.ShowRows(*state.rows);
     if (rows | state.row.News() | state.text.News())
       face.ShowRow(*state.row, ToQString(TrimBlanks(*state.text)));
+    if (TextField* editor = face.Editor()) {
+      const std::size_t before = std::min(state.BlanksBefore(), state.selectionStart);
+      editor->ShowCaret(static_cast<int>(state.selectionStart - before),
+                        static_cast<int>(state.selectionLength));
+    }
   }
 };
 
@@ -229,8 +235,16 @@ void Bind(Stage& stage, const ControlName& name, Light& bar) {
 
 void Bind(Stage& stage, const ControlName& name, ListField& field) {
   View& view = AddView<ListView, ListState>(stage, name, field);
-  if (field.Editor() != nullptr) stage.mirror.AddPart(*field.Editor(), view);
-  field.onChosen = [&hands = stage.hands, id = view.State().id](int row) { hands.Select(id, row); };
+  Hands& hands = stage.hands;
+  const auto& state = static_cast<const ListState&>(view.State());
+  field.onChosen = [&hands, id = state.id](int row) { hands.Select(id, row); };
+  TextField* const editor = field.Editor();
+  if (editor == nullptr) return;
+  stage.mirror.AddPart(*editor, view);
+  editor->onCaret = [&hands, &state](int start, int length) {
+    hands.MoveCaret(state.id, start + static_cast<int>(state.BlanksBefore()), length);
+  };
+  editor->onPaste = [&hands](const QString& text) { hands.Paste(text); };
 }
 
 void Bind(Stage& stage, const ControlName& name, QCheckBox& box) {
