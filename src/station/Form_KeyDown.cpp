@@ -22,7 +22,7 @@ bool Form1::Form_KeyDown(int KeyCode, int Shift) {
   const KeyCommand* const row = FindKeyCommand(*this, KeyCode, Shift);
   if (row == nullptr) return false;
   if (row->button) {
-    PctBoton_Click(*row->button);
+    PctBoton_Click(static_cast<int>(*row->button));
   } else if (row->action != nullptr) {
     row->action(*this, KeyCode);
   }

@@ -165,6 +165,15 @@ TEST_F(MinutesTest, ADigitOverAnItemOfTheListStartsANewNumber) {
   EXPECT_EQ(minutes_.Text(), "7"_w);
 }
 
+TEST_F(MinutesTest, WhatIsNoDigitLeavesTheWrittenMinutes) {
+  minutes_.SetText("15 Min. ATRAS"_w);
+  station_.Type("x");
+  EXPECT_EQ(minutes_.Text(), "15 Min. ATRAS"_w);
+  EXPECT_EQ(station_.Beeps(), 1);
+  station_.Type("\b");
+  EXPECT_EQ(minutes_.Text(), "15 Min. ATRA"_w);
+}
+
 TEST_F(MinutesTest, AnythingElseBeepsAndIsDropped) {
   minutes_.SetText("4"_w);
   station_.Type("a ,");
