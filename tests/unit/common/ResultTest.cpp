@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace vintoral {
 namespace {
@@ -28,9 +29,10 @@ TEST(Result, OrTheReasonWhyThereIsNone) {
 }
 
 TEST(Result, EqualsItsValueAlone) {
-  EXPECT_TRUE(Result<int>(7) == 7);
-  EXPECT_FALSE(Result<int>(7) == 8);
-  EXPECT_FALSE(Result<int>(Outcome::Failed("count", "x", EIO)) == 0);
+  const std::vector<Result<int>> results = {7, Outcome::Failed("count", "x", EIO)};
+  EXPECT_TRUE(results[0] == 7);
+  EXPECT_FALSE(results[0] == 8);
+  EXPECT_FALSE(results[1] == 0);
 }
 
 TEST(Result, PassedOverFailureIsOneLineForSupport) {
