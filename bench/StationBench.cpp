@@ -65,7 +65,7 @@ class WorkFolder {
 class Gate {
  public:
   explicit Gate(const std::string& folder)
-      : platform_(folder, pictures_), form_(platform_.Devices()), input_(form_) {
+      : platform_(folder, pictures_), form_(platform_.Devices()), input_(form_.OpenForms) {
     platform_.Screen.OnWait = [this] {
       if (!platform_.Screen.Answer(Answer::kYes)) platform_.Screen.Answer(Answer::kOk);
     };
@@ -78,7 +78,7 @@ class Gate {
       user.Placa = "XYZ"_w + Digits(number, 4);
       users.Write(number, user, false).PassOver();
     }
-    AdvanceTime(platform_.Clock, form_, 4000);
+    AdvanceTime(platform_.Clock, form_.OpenForms, 4000);
     for (int slot = 1; slot <= kInside; ++slot) {
       BeforeSave(slot);
       Save();
