@@ -6,8 +6,8 @@
 #include <filesystem>
 
 #include "support/MemoryStation.h"
-#include "tariffs/form6/Form6.h"
 #include "support/TempFolder.h"
+#include "tariffs/form6/Form6.h"
 
 namespace vintoral {
 namespace {
