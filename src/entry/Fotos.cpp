@@ -6,7 +6,7 @@
 namespace vintoral {
 
 String MostrarFotoUsuario(Form1& form, std::int32_t numero) {
-  const String foto = form.RutaCompartida("Imágenes USR\\"_w + Digits(numero, 6) + ".jpg"_w);
+  String foto = form.RutaCompartida("Imágenes USR\\"_w + Digits(numero, 6) + ".jpg"_w);
   if (!form.Devices().disk.Exists(foto)) return {};
   form.ImgUsuario.Picture = form.PctUsuario[0].Picture = foto;
   form.ImgUsuario.Visible = form.PctUsuario[1].Visible = true;

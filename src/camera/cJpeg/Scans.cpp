@@ -75,7 +75,10 @@ class BlockRows {
   }
 
  private:
-  CodedBlock& At(int x, int y) { return blocks_[static_cast<std::size_t>(y * stride_ + x)]; }
+  CodedBlock& At(int x, int y) {
+    return blocks_[static_cast<std::size_t>(y) * static_cast<std::size_t>(stride_) +
+                   static_cast<std::size_t>(x)];
+  }
 
   const Layout& layout_;
   int component_;
@@ -95,6 +98,7 @@ void CollectInterleaved(const ColourPlanes& planes, const Layout& layout, UnitGr
 void CollectApart(const ColourPlanes& planes, const Layout& layout, UnitGroup& group,
                   std::vector<ScanSymbols>& scans) {
   std::vector<BlockRows> rows;
+  rows.reserve(scans.size());
   for (int i = 0; i < layout.components; ++i)
     rows.emplace_back(layout, i);
   for (int unitY = 0; unitY < layout.unitsDown; ++unitY) {

@@ -33,7 +33,7 @@ constexpr std::uint32_t MagnitudeOffset(bool negative, int bits) {
 }
 
 // Words that have the same code fall into a form: the run, the sign, and the number of magnitude bits.
-inline constexpr std::size_t kSymbolForms = 16 * 32;
+inline constexpr std::size_t kSymbolForms = std::size_t{16} * 32;
 
 // Sign and number of magnitude bits of each value of twelve bits; looked up, as it is asked for every value.
 inline constexpr auto kLowerForm = [] {

@@ -79,7 +79,7 @@ void UnitGroup::Convert(const ColourPlanes& planes, int left, int top) {
 // Colour is linear: the chroma of the sum is the sum of the chromas, and takes a quarter of the work.
 void UnitGroup::ConvertHalved(const ColourPlanes& planes, int left, int top) {
   std::vector<float>& luma = components_[0].pixels;
-  const std::size_t rows = height_ / 8;  // of pixels in a row of chroma
+  const std::size_t rows = std::max<std::size_t>(height_ / 8, 1);  // of pixels in a row of chroma
   for (std::size_t y = 0; y < height_; y += rows) {
     Row row[2];
     for (std::size_t i = 0; i < rows; ++i) {
