@@ -6,6 +6,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace vintoral::test {
 
@@ -23,6 +24,16 @@ inline std::string Hex(std::string_view text) {
     const int value = digit(text[i]) * 16 + digit(text.at(i + 1));
     bytes += static_cast<char>(static_cast<unsigned char>(value));
     ++i;
+  }
+  return bytes;
+}
+
+/// A file of the tariffs, extras or prepaid loads: each line a record of 100 bytes.
+inline std::string TariffFile(const std::vector<std::string>& lines) {
+  std::string bytes;
+  for (std::string line : lines) {
+    line.resize(100, ' ');
+    bytes += line;
   }
   return bytes;
 }

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "support/Bytes.h"
 #include "support/MemoryStation.h"
 #include "tariffs/form6/Form6.h"
 
@@ -11,6 +12,7 @@ namespace vintoral {
 namespace {
 
 using test::MemoryStation;
+using test::TariffFile;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -19,22 +21,13 @@ constexpr const char* kXtr = "Recursos\\Vintoral.XTR";
 constexpr const char* kRje = "Recursos\\Vintoral.RJE";
 constexpr const char* kDvs = "Recursos\\Vintoral.DVS";
 
-std::string File(const std::vector<std::string>& lines) {
-  std::string bytes;
-  for (std::string line : lines) {
-    line.resize(100, ' ');
-    bytes += line;
-  }
-  return bytes;
-}
-
 /// A station with small tables of its own, and the steps of the dialog that will show them.
 class EditarTablasTest : public testing::Test {
  protected:
   EditarTablasTest() {
-    station_.Disk.Put(kEmp, File({" auto", " 1m = 5*", "", " moto"}));
-    station_.Disk.Put(kXtr, File({"", " cafe = 5"}));
-    station_.Disk.Put(kRje, File({" Minutos = Valor", " 120 = mil", ""}));
+    station_.Disk.Put(kEmp, TariffFile({" auto", " 1m = 5*", "", " moto"}));
+    station_.Disk.Put(kXtr, TariffFile({"", " cafe = 5"}));
+    station_.Disk.Put(kRje, TariffFile({" Minutos = Valor", " 120 = mil", ""}));
     station_.Disk.Put(kDvs, "COP\r\n");
     station_.StartConnected();
     Open();
@@ -209,23 +202,23 @@ TEST_F(EditarTablasTest, SavingWithoutAChangeWritesNothing) {
   const int writes = station_.Disk.Syncs();
   Save();
   EXPECT_EQ(station_.Disk.Syncs(), writes);
-  EXPECT_EQ(Emp(), File({" auto", " 1m = 5*", "", " moto"}));
+  EXPECT_EQ(Emp(), TariffFile({" auto", " 1m = 5*", "", " moto"}));
   EXPECT_EQ(Dvs(), "COP\r\n");
 }
 
 TEST_F(EditarTablasTest, AChangedTabIsWrittenWholeAndTheOthersAreLeftAlone) {
   dialog_->TxtTarifas[0].SetText(dialog_->TxtTarifas[0].Text() + "\r\n1h = 900\r\n"_w);
   Save();
-  EXPECT_EQ(Emp(), File({"AUTO", "1M = 5*", "", "MOTO", "1H = 900", ""}));
-  EXPECT_EQ(Xtr(), File({"", " cafe = 5"}));
-  EXPECT_EQ(Rje(), File({" Minutos = Valor", " 120 = mil", ""}));
+  EXPECT_EQ(Emp(), TariffFile({"AUTO", "1M = 5*", "", "MOTO", "1H = 900", ""}));
+  EXPECT_EQ(Xtr(), TariffFile({"", " cafe = 5"}));
+  EXPECT_EQ(Rje(), TariffFile({" Minutos = Valor", " 120 = mil", ""}));
   EXPECT_EQ(Dvs(), "COP\r\n");
 }
 
 TEST_F(EditarTablasTest, AFileShrinksWithItsTable) {
   dialog_->TxtTarifas[0].SetText(" automovil "_w);
   Save();
-  EXPECT_EQ(Emp(), File({"AUTOMOVIL"}));
+  EXPECT_EQ(Emp(), TariffFile({"AUTOMOVIL"}));
   Open();
   EXPECT_EQ(dialog_->TxtTarifas[0].Text(), "AUTOMOVIL"_w);
 }
@@ -233,20 +226,20 @@ TEST_F(EditarTablasTest, AFileShrinksWithItsTable) {
 TEST_F(EditarTablasTest, ChangedExtrasLeaveTheTariffFileAsItWas) {
   dialog_->TxtTarifas[1].SetText("abcdefghijklmnopqrstuvwxy = 1234567890"_w);
   Save();
-  EXPECT_EQ(Xtr(), File({"ABCDEFGHIJKLMNO = 123456789"}));
-  EXPECT_EQ(Emp(), File({" auto", " 1m = 5*", "", " moto"}));
+  EXPECT_EQ(Xtr(), TariffFile({"ABCDEFGHIJKLMNO = 123456789"}));
+  EXPECT_EQ(Emp(), TariffFile({" auto", " 1m = 5*", "", " moto"}));
 }
 
 TEST_F(EditarTablasTest, PrepaidLoadsKeepTheirCaseAndTheirBlanksInFront) {
   dialog_->TxtTarifas[2].SetText("\r\n Minutos = Valor\r\n  120 = Mil\r\n"_w);
   Save();
-  EXPECT_EQ(Rje(), File({"", " Minutos = Valor", "  120 = Mil", ""}));
+  EXPECT_EQ(Rje(), TariffFile({"", " Minutos = Valor", "  120 = Mil", ""}));
 }
 
 TEST_F(EditarTablasTest, ALongPrepaidLineEndsWithItsRecord) {
   dialog_->TxtTarifas[2].SetText("x\r\n"_w + String(120, 'a') + "\r\ny"_w);
   Save();
-  EXPECT_EQ(Rje(), File({"x", std::string(100, 'a'), "y"}));
+  EXPECT_EQ(Rje(), TariffFile({"x", std::string(100, 'a'), "y"}));
   EXPECT_EQ(form_.TablaPrepago[1].Size(), 100u);
 }
 
@@ -255,28 +248,28 @@ TEST_F(EditarTablasTest, TheStarsOfALongLineVanishWithTheFirstSave) {
   const std::string line = "1M = 100               **";
   ASSERT_EQ(line.size(), 25u);
   MemoryStation station;
-  station.Disk.Put(kEmp, File({"AUTO", line}));
+  station.Disk.Put(kEmp, TariffFile({"AUTO", line}));
   station.Form.CargarTablas();
   EXPECT_EQ(station.Form.TablaTarifas[1], "1M = 100            "_w);  // 20 characters
-  EXPECT_EQ(station.Disk.Get(kEmp), File({"AUTO", line}));
+  EXPECT_EQ(station.Disk.Get(kEmp), TariffFile({"AUTO", line}));
   station.Form.OpenForms.Load(std::make_unique<Form6>(station.Form));
   EXPECT_EQ(station.Form.Form6->TxtTarifas[0].Text(), "AUTO\r\n1M = 100"_w);
   station.Form.Form6->TxtTarifas[0].Tag = "1"_w;
   station.Form.ActualizarTarifas();
   station.Form.CopiarTarifas();
-  EXPECT_EQ(station.Disk.Get(kEmp), File({"AUTO", "1M = 100"}));
+  EXPECT_EQ(station.Disk.Get(kEmp), TariffFile({"AUTO", "1M = 100"}));
 }
 
 TEST_F(EditarTablasTest, ALongLineThatIsTypedIsCutOnItsWayToTheFile) {
   dialog_->TxtTarifas[0].SetText("auto\r\n 1m = 100               **"_w);
   Save();
-  EXPECT_EQ(Emp(), File({"AUTO", "1M = 100"}));
+  EXPECT_EQ(Emp(), TariffFile({"AUTO", "1M = 100"}));
 }
 
 TEST_F(EditarTablasTest, TheFileOfAnEmptiedTabIsWrittenFromItsOldTable) {
   dialog_->TxtTarifas[0].SetText(""_w);
   Save();
-  EXPECT_EQ(Emp(), File({"AUTO", "1M = 5*", "", "MOTO"}));
+  EXPECT_EQ(Emp(), TariffFile({"AUTO", "1M = 5*", "", "MOTO"}));
   EXPECT_THAT(categories_.List(), ElementsAre("AUTO"_w, "MOTO"_w));
 }
 
@@ -284,8 +277,8 @@ TEST_F(EditarTablasTest, EmptiedExtrasAndLoadsAreWrittenFromTheirOldTablesToo) {
   dialog_->TxtTarifas[1].SetText(" \r\n"_w);
   dialog_->TxtTarifas[2].SetText(""_w);
   Save();
-  EXPECT_EQ(Xtr(), File({"", "CAFE = 5"}));
-  EXPECT_EQ(Rje(), File({" Minutos = Valor", " 120 = mil", ""}));
+  EXPECT_EQ(Xtr(), TariffFile({"", "CAFE = 5"}));
+  EXPECT_EQ(Rje(), TariffFile({" Minutos = Valor", " 120 = mil", ""}));
   EXPECT_THAT(form_.TablaExtras, ElementsAre(""_w, "CAFE = 5"_w));
 }
 
@@ -293,14 +286,14 @@ TEST_F(EditarTablasTest, AReadOnlyFileIsWrittenAllTheSame) {
   station_.Disk.SetReadOnly(kRje);
   dialog_->TxtTarifas[2].SetText("x"_w);
   EXPECT_EQ(SaveFailing({}), "");
-  EXPECT_EQ(Rje(), File({"x"}));
+  EXPECT_EQ(Rje(), TariffFile({"x"}));
 }
 
 TEST_F(EditarTablasTest, AFileThatIsMissingIsMadeAnew) {
   ASSERT_TRUE(station_.Disk.Remove(kXtr));
   dialog_->TxtTarifas[1].SetText("te = 3"_w);
   Save();
-  EXPECT_EQ(Xtr(), File({"TE = 3"}));
+  EXPECT_EQ(Xtr(), TariffFile({"TE = 3"}));
 }
 
 TEST_F(EditarTablasTest, AFileThatCannotBeWrittenKeepsTheLaterOnesAsTheyWere) {
@@ -308,9 +301,9 @@ TEST_F(EditarTablasTest, AFileThatCannotBeWrittenKeepsTheLaterOnesAsTheyWere) {
   dialog_->TxtTarifas[1].SetText("te = 3"_w);
   dialog_->TxtTarifas[2].SetText("x"_w);
   EXPECT_EQ(SaveFailing({.failWrite = 2}), "vintoral: use a faulty disk: No space left on device\n");
-  EXPECT_EQ(Emp(), File({"CAMION"}));
-  EXPECT_EQ(Xtr(), File({"", " cafe = 5"}));
-  EXPECT_EQ(Rje(), File({" Minutos = Valor", " 120 = mil", ""}));
+  EXPECT_EQ(Emp(), TariffFile({"CAMION"}));
+  EXPECT_EQ(Xtr(), TariffFile({"", " cafe = 5"}));
+  EXPECT_EQ(Rje(), TariffFile({" Minutos = Valor", " 120 = mil", ""}));
   // The station goes on with what was typed.
   EXPECT_THAT(form_.TablaExtras, ElementsAre("TE = 3"_w));
   EXPECT_THAT(form_.TablaPrepago, ElementsAre("x"_w));
@@ -328,7 +321,7 @@ TEST_F(EditarTablasTest, TheNextStartReadsWhatWasSaved) {
   again.StartConnected();
   EXPECT_EQ(again.Form.TablaTarifas, form_.TablaTarifas);
   EXPECT_THAT(again.Form.TablaExtras, ElementsAre("TE = 3"_w));
-  EXPECT_THAT(again.Form.TablaPrepago, ElementsAre(String(File({"x"})), String(File({" Y"}))));
+  EXPECT_THAT(again.Form.TablaPrepago, ElementsAre(String(TariffFile({"x"})), String(TariffFile({" Y"}))));
   EXPECT_THAT(again.Form.CboTarifa[1].List(), ElementsAre("CAMION"_w));
   EXPECT_EQ(again.Form.Moneda, "S/."_w);
 }
@@ -341,9 +334,9 @@ TEST_F(EditarTablasTest, TheCurrencyIsWrittenTrimmedAsOneLine) {
   Save();
   EXPECT_EQ(form_.Moneda, "US$"_w);
   EXPECT_EQ(Dvs(), "US$\r\n");
-  EXPECT_EQ(Emp(), File({" auto", " 1m = 5*", "", " moto"}));
-  EXPECT_EQ(Xtr(), File({"", " cafe = 5"}));
-  EXPECT_EQ(Rje(), File({" Minutos = Valor", " 120 = mil", ""}));
+  EXPECT_EQ(Emp(), TariffFile({" auto", " 1m = 5*", "", " moto"}));
+  EXPECT_EQ(Xtr(), TariffFile({"", " cafe = 5"}));
+  EXPECT_EQ(Rje(), TariffFile({" Minutos = Valor", " 120 = mil", ""}));
 }
 
 TEST_F(EditarTablasTest, TheCurrencyHasTenCharacters) {

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "support/Bytes.h"
 #include "support/MemoryStation.h"
 #include "tariffs/Curva.h"
 #include "tariffs/form6/Form6.h"
@@ -14,6 +15,7 @@ namespace vintoral {
 namespace {
 
 using test::MemoryStation;
+using test::TariffFile;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -21,20 +23,11 @@ constexpr const char* kEmp = "Recursos\\Vintoral.EMP";
 constexpr const char* kXtr = "Recursos\\Vintoral.XTR";
 constexpr const char* kDvs = "Recursos\\Vintoral.DVS";
 
-std::string File(const std::vector<std::string>& lines) {
-  std::string bytes;
-  for (std::string line : lines) {
-    line.resize(100, ' ');
-    bytes += line;
-  }
-  return bytes;
-}
-
 class Form6Test : public testing::Test {
  protected:
   Form6Test() {
-    station_.Disk.Put(kEmp, File({" auto", " 1m = 5*", "", " moto", " 1h = 600"}));
-    station_.Disk.Put(kXtr, File({"", " cafe = 5"}));
+    station_.Disk.Put(kEmp, TariffFile({" auto", " 1m = 5*", "", " moto", " 1h = 600"}));
+    station_.Disk.Put(kXtr, TariffFile({"", " cafe = 5"}));
     station_.StartConnected();
   }
   /// Opens the dialog by its key, does `steps` in it, and leaves it by Esc where they have not left it
@@ -127,7 +120,7 @@ TEST_F(Form6Test, SavingTakesTheTextIntoTableListAndFile) {
   }});
   EXPECT_THAT(form_.TablaTarifas, ElementsAre("AUTOMOVIL"_w, "1H=700"_w));
   EXPECT_EQ(form_.CboTarifa[1].Text(), "AUTOMOVIL"_w);
-  EXPECT_EQ(station_.Disk.Get(kEmp), File({"AUTOMOVIL", "1H=700"}));
+  EXPECT_EQ(station_.Disk.Get(kEmp), TariffFile({"AUTOMOVIL", "1H=700"}));
   EXPECT_EQ(form_.Moneda, "COP"_w);
   EXPECT_EQ(station_.Disk.Get(kDvs), "COP\r\n");
   Dialog({[this] { EXPECT_EQ(Tab(0).Text(), "AUTOMOVIL\r\n1H=700"_w); }});
@@ -252,7 +245,7 @@ TEST_F(Form6Test, AMarkKeepsNothingFromBeingSaved) {
     ASSERT_FALSE(Tab(0).Marks.empty());
     hands_.Click(Boxes().CmdFuncion[1]);
   }});
-  EXPECT_EQ(station_.Disk.Get(kEmp), File({"AUTO", "5 = X"}));
+  EXPECT_EQ(station_.Disk.Get(kEmp), TariffFile({"AUTO", "5 = X"}));
 }
 
 TEST_F(Form6Test, TheCurveIsOfTheCategoryUnderTheCaret) {
