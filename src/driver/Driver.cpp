@@ -43,22 +43,17 @@ void Driver::Step() {
 void Driver::Reply() {
   if (!reply_) return;
   Json reply = *std::exchange(reply_, std::nullopt);
-  reply["now"] = station_ ? Json(MomentText(station_->platform.Clock.Now())) : Json(nullptr);
-  reply["waiting"] = station_ ? WaitingJson() : Json(nullptr);
+  reply["now"] = nullptr;
+  reply["waiting"] = nullptr;
   reply["events"] = Json::array();
   if (station_) {
-    for (const DeviceEvent& event : station_->platform.Events.Take())
+    HeadlessPlatform& platform = station_->platform;
+    reply["now"] = MomentText(platform.Clock.Now());
+    reply["waiting"] = WaitingJson(platform.Screen.Innermost(), platform.Clock.Ticks());
+    for (const DeviceEvent& event : platform.Events.Take())
       reply["events"].push_back(EventJson(event));
   }
   write_(reply.dump(-1, ' ', false, Json::error_handler_t::replace));
-}
-
-Json Driver::WaitingJson() const {
-  const Waiting* const waiting = station_->platform.Screen.Innermost();
-  if (waiting == nullptr) return nullptr;
-  if (waiting->box != nullptr) return BoxJson(*waiting->box);
-  if (waiting->form != nullptr) return {{"form", waiting->form->Name()}};
-  return {{"wait", std::max<std::int64_t>(waiting->until - station_->platform.Clock.Ticks(), 0)}};
 }
 
 void Driver::LetTimePass() {

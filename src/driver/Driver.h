@@ -44,7 +44,6 @@ class Driver {
   /// Answers the operation before, then reads and carries out the next one.
   void Step();
   void Reply();
-  Json WaitingJson() const;
   /// Lets time pass that was asked for, as far as the station's innermost wait.
   void LetTimePass();
   void Execute(const std::string& line);

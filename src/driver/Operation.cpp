@@ -175,6 +175,13 @@ Json BoxJson(const Box& box) {
             {"default", NameOf(box.preselected)}}}};
 }
 
+Json WaitingJson(const Waiting* waiting, std::int64_t now) {
+  if (waiting == nullptr) return nullptr;
+  if (waiting->box != nullptr) return BoxJson(*waiting->box);
+  if (waiting->form != nullptr) return {{"form", waiting->form->Name()}};
+  return {{"wait", std::max<std::int64_t>(waiting->until - now, 0)}};
+}
+
 Json EventJson(const DeviceEvent& event) {
   switch (event.kind) {
     case DeviceEvent::Kind::kSound:

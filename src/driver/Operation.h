@@ -76,6 +76,8 @@ Control* FindNamed(const Forms& forms, const std::string& name);
 int ItemIndex(const Control& control, const Json& operation);
 
 Json BoxJson(const Box& box);
+/// What the station waits for, `now` in Clock::Ticks; null when it waits for nothing.
+Json WaitingJson(const Waiting* waiting, std::int64_t now);
 Json EventJson(const DeviceEvent& event);
 Json FareJson(const Form1& station, const String& category, const String& entry, const String& exit);
 

@@ -45,22 +45,27 @@ bool PendingSyncs::LeavesFlushTo(const File& last, const File& file) const {
   const std::optional<FileStatus> status = calls_.Status(file.open->Number());
   const std::optional<FileStatus> other = calls_.Status(last.open->Number());
   if (!status || !other || status->device != other->device) return false;
-  const auto known = inPlace_.find(IdentityOf(*status));
-  return known != inPlace_.end() && known->second == *status;
+  const Seen* const seen = Unchanged(*status);
+  return seen != nullptr && seen->inPlace;
+}
+
+const PendingSyncs::Seen* PendingSyncs::Unchanged(const FileStatus& status) const {
+  const auto seen = seen_.find(IdentityOf(status));
+  return seen != seen_.end() && seen->second.status == status ? &seen->second : nullptr;
 }
 
 Outcome PendingSyncs::SyncNow(const Descriptor& file, const std::string& path) {
   // Looked at before the sync, so that what was seen is on the disk after it.
   const std::optional<FileStatus> status = calls_.Status(file.Number());
-  const bool inPlace = status && calls_.WritesInPlace(file.Number(), status->length);
+  // The map is asked for once, of a file that has been the same at two syncs: one that grows each time is
+  // never written in place.
+  const Seen* const seen = status ? Unchanged(*status) : nullptr;
+  const bool inPlace =
+      seen != nullptr && (seen->inPlace || calls_.WritesInPlace(file.Number(), status->length));
   const int error = calls_.Sync(file.Number());
   // A file system that doesn't know the request has nothing that it could lose.
   if (error != 0 && !UnknownRequest(error)) return Outcome::Failed("sync", path, error);
-  if (inPlace) {
-    inPlace_[IdentityOf(*status)] = *status;
-  } else if (status) {
-    inPlace_.erase(IdentityOf(*status));
-  }
+  if (status) seen_[IdentityOf(*status)] = {*status, inPlace};
   return Outcome::Done();
 }
 

@@ -39,17 +39,24 @@ class PendingSyncs {
   };
   /// Device and inode.
   using Identity = std::pair<std::uint64_t, std::uint64_t>;
+  struct Seen {
+    FileStatus status;
+    bool inPlace = false;  ///< it is written in place as long as it stays like this
+  };
   static Identity IdentityOf(const FileStatus& status) { return {status.device, status.inode}; }
 
   Outcome Wait();
   /// Whether `file` would survive a power cut once its data have arrived and `last` has been synced.
   bool LeavesFlushTo(const File& last, const File& file) const;
+  /// The file that `status` was asked of, as it was when it was last synced whole; nothing when it has
+  /// changed.
+  const Seen* Unchanged(const FileStatus& status) const;
   Outcome Sync(const File& file) { return SyncNow(*file.open, file.path); }
 
   SyncCalls& calls_;
   std::vector<File> files_;
-  Outcome started_ = Outcome::Done();       ///< the first failure to begin
-  std::map<Identity, FileStatus> inPlace_;  ///< files that are written in place while they stay like this
+  Outcome started_ = Outcome::Done();  ///< the first failure to begin
+  std::map<Identity, Seen> seen_;      ///< how each file was when it was last synced whole
   int depth_ = 0;
 };
 

@@ -151,6 +151,26 @@ TEST(BoxJson, HasAllThatTheOperatorSees) {
       R"({"box":{"title":"Título","text":"¿Sí?","icon":"exclamation","buttons":["yes","no"],"default":"no"}})");
 }
 
+class NamedForm final : public ScreenForm {
+ public:
+  const std::string& Name() const override { return name_; }
+  bool Shown() const override { return true; }
+
+ private:
+  const std::string name_ = "Form4";
+};
+
+TEST(WaitingJson, TellsTheBoxTheDialogOrTheMillisecondsLeft) {
+  const Box box{"Título"_w, "¿Sí?"_w, Icon::kExclamation, {Answer::kYes}, Answer::kYes};
+  const NamedForm form;
+  const Waiting forBox{.box = &box}, forForm{.form = &form}, forTime{.until = 12'500};
+  EXPECT_EQ(WaitingJson(nullptr, 0), nullptr);
+  EXPECT_EQ(WaitingJson(&forBox, 7), BoxJson(box));
+  EXPECT_EQ(WaitingJson(&forForm, 7).dump(), R"({"form":"Form4"})");
+  EXPECT_EQ(WaitingJson(&forTime, 10'500).dump(), R"({"wait":2000})");
+  EXPECT_EQ(WaitingJson(&forTime, 12'501).dump(), R"({"wait":0})");
+}
+
 TEST(EventJson, TellsEachDevice) {
   using Kind = DeviceEvent::Kind;
   EXPECT_EQ(EventJson({Kind::kSound, "Sonidos\\a.wav"_w, true}).dump(),

@@ -24,6 +24,7 @@ TEST(Arranque, ValuesOfTheRunAreSet) {
   EXPECT_EQ(form.LimiteFilas, 10946);
   EXPECT_EQ(form.InicioPagina, 1);
   EXPECT_EQ(form.PrimerNumero, 1);
+  EXPECT_EQ(form.PuntosAcumulados, 0);  // nobody's until a ficha is called up
 }
 
 TEST(Arranque, ClockAndMinutesCountFromTheStart) {
