@@ -52,7 +52,10 @@ class PropertyWriter : public ControlVisitor {
     out_["BackColor"] = box.BackColor;
     out_["Picture"] = !box.Picture.Empty();
   }
-  void Visit(Image& image) override { out_["Picture"] = !image.Picture.Empty(); }
+  void Visit(Image& image) override {
+    out_["Picture"] = !image.Picture.Empty();
+    out_["Caption"] = image.Caption.ToUtf8();
+  }
   void Visit(CommandButton& button) override { out_["Caption"] = button.Caption.ToUtf8(); }
   void Visit(Frame& frame) override { out_["Caption"] = frame.Caption.ToUtf8(); }
   void Visit(Shape&) override {}

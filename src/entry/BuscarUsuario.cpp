@@ -1,5 +1,5 @@
 #include "common/Numbers.h"
-#include "entry/Fotos.h"
+#include "station/form1/Fotos.h"
 #include "records/BuscarPlaca.h"
 #include "records/Register.h"
 #include "station/form1/Form1.h"

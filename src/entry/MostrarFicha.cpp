@@ -1,5 +1,5 @@
 #include "common/Numbers.h"
-#include "entry/Fotos.h"
+#include "station/form1/Fotos.h"
 #include "entry/Puesto.h"
 #include "station/form1/Form1.h"
 
@@ -40,25 +40,9 @@ void MostrarRegistro(Form1& form) {
   form.CboTarifa[1].Visible = false;
 }
 
-/// The focus frame goes around the ficha's cell where its page is shown.
-void MarcarCelda(Form1& form) {
-  form.ShpCelda.Cell = -1;
-  form.ShpCelda.Visible = true;
-  const auto cells = static_cast<std::int32_t>(form.ImgFicha.size());
-  for (std::int32_t cell = 0; cell < cells && form.InicioPagina + cell <= form.TotalVista(); ++cell) {
-    const RegistroFicha& shown = form.VistaFichas[static_cast<std::size_t>(form.InicioPagina + cell - 1)];
-    if (shown.Posicion == NumeroDeFicha(form)) form.ShpCelda.Cell = cell;
-  }
-}
-
 void MostrarFotoEntrada(Form1& form) {
   const String foto = form.RutaCompartida("Imágenes ACT\\"_w + Digits(NumeroDeFicha(form), 6) + ".jpg"_w);
-  if (form.Devices().disk.Exists(foto)) {
-    MostrarFija(form, foto);
-  } else {
-    form.MostrarImagenEnVivo();
-  }
-  AvisarSinImagen(form);
+  MostrarFotoFicha(form, foto);
 }
 
 void MostrarUsuario(Form1& form) {
@@ -78,7 +62,7 @@ void MostrarFichaAdentro(Form1& form) {
     form.TxtBarCodeOK.BackColor = kYellow;
   }
   MostrarRegistro(form);
-  MarcarCelda(form);
+  form.MarcarCelda();
   form.SetFocus(nullptr);  // the cash line takes the focus with its first step
   MostrarFotoEntrada(form);
   MostrarUsuario(form);
@@ -107,6 +91,7 @@ void MostrarFichaNueva(Form1& form) {
 
 void Form1::MostrarFicha() {
   if (!HayConexion()) return;
+  SalirDeCelda();
   const std::optional<RegistroFicha> puesto = LeerPuesto(*this, NumeroDeFicha(*this));
   if (!puesto) return;
   FichaActual = *puesto;

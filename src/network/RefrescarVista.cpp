@@ -3,7 +3,7 @@
 namespace vintoral {
 
 void Form1::RefrescarVista() {
-  CargarArchivoACT();
+  CargarVista();
   ImprimirIndice();
 }
 

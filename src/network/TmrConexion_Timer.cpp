@@ -35,7 +35,7 @@ void Form1::TmrConexion_Timer() {
     const bool connects = TmrConexion.Interval() == kConnectingInterval || bar == kLightRed;
     TmrConexion.SetInterval(kConnected);
     if (connects) {
-      TmrHoraFecha.SetEnabled(true);
+      TmrHoraFecha.SetEnabled(PctFicha.TagNumber() == 0);  // a pointer that rests on a cell keeps it stopped
       TmrMonitor.SetEnabled(true);
       if (!etiquetasLeidas_) CargarEtiquetas();
       RecortarHistorial(*this);

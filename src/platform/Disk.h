@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string_view>
 #include <utility>
@@ -17,6 +18,7 @@
 #include "common/Outcome.h"
 #include "common/Result.h"
 #include "common/String.h"
+#include "platform/FileMark.h"
 
 namespace vintoral {
 
@@ -62,6 +64,10 @@ class Disk {
   virtual String CurrentFolder() const = 0;
   /// A file, not a folder. Any error counts as no.
   virtual bool Exists(std::string_view path) const = 0;
+  /// The mark of a file; nothing where Exists says no.
+  virtual std::optional<FileMark> Look(std::string_view path) const = 0;
+  /// Some program has the file open for writing, as far as the system can tell: a share can't.
+  virtual bool BeingWritten(std::string_view path) const = 0;
   virtual Result<std::unique_ptr<DiskFile>> Open(std::string_view path, OpenMode mode) = 0;
   /// The whole file.
   virtual Result<String> ReadAll(std::string_view path) = 0;

@@ -3,6 +3,8 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+#include <cerrno>
+
 namespace vintoral {
 namespace {
 
@@ -37,6 +39,18 @@ std::optional<FileStatus> StatusOf(int descriptor) {
 
 std::optional<FileStatus> RememberedStatusOf(int descriptor) {
   return Ask(descriptor, "", AT_EMPTY_PATH);
+}
+
+std::optional<FileMark> MarkOf(const std::string& path) {
+  struct statx answer {};
+  if (statx(AT_FDCWD, path.c_str(), AT_STATX_FORCE_SYNC, STATX_TYPE | STATX_SIZE | STATX_MTIME, &answer) != 0)
+    return std::nullopt;
+  if (!S_ISREG(answer.stx_mode)) {
+    errno = EISDIR;
+    return std::nullopt;
+  }
+  return FileMark{answer.stx_size,
+                  answer.stx_mtime.tv_sec * std::int64_t{1'000'000'000} + answer.stx_mtime.tv_nsec};
 }
 
 }  // namespace vintoral

@@ -5,6 +5,8 @@
 #include <optional>
 #include <string>
 
+#include "platform/FileMark.h"
+
 namespace vintoral {
 
 /// Without its times. From Linux 6.13 on, a file whose times somebody has read gets a new one with its next
@@ -28,5 +30,8 @@ std::optional<FileStatus> StatusOf(const std::string& path);
 std::optional<FileStatus> StatusOf(int descriptor);
 /// The same, but a mount may answer from memory: enough for the kind of a file, which doesn't change.
 std::optional<FileStatus> RememberedStatusOf(int descriptor);
+/// The mark of a file that is replaced whole, such as a photo. Nothing, with errno set, where there is no
+/// file of that name.
+std::optional<FileMark> MarkOf(const std::string& path);
 
 }  // namespace vintoral

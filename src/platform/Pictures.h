@@ -33,6 +33,9 @@ struct DecodedPicture {
   Outcome reading = Outcome::Done();  ///< why kNotRead
 };
 
+/// Whole to the last byte, but with the least of pixels.
+inline constexpr PicturePlace kSmallest{1, 1, false};
+
 /// No file of a picture is longer.
 inline constexpr std::uint64_t kLongestPicture = std::uint64_t{64} << 20;
 
@@ -44,6 +47,12 @@ class Pictures {
   virtual DecodedPicture Decode(std::span<const std::uint8_t> bytes, const PicturePlace& place) const = 0;
   /// Of the file at a station path.
   DecodedPicture Load(Disk& disk, std::string_view path, const PicturePlace& place = {}) const;
+  /// What hinders showing the file at a station path, as far as the station can wait for it. A face that
+  /// reads its pictures beside the station says kNone here, and tells the station later of one that is no
+  /// picture.
+  virtual PictureFault Judge(Disk& disk, std::string_view path) const {
+    return Load(disk, path, kSmallest).fault;
+  }
 };
 
 }  // namespace vintoral

@@ -7,9 +7,11 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <csignal>
 #include <cstdlib>
 #include <tuple>
 
+#include "platform/Descriptor.h"
 #include "platform/FileStatus.h"
 #include "platform/NativePath.h"
 #include "platform/NewFile.h"
@@ -123,6 +125,22 @@ bool PosixDisk::Exists(std::string_view path) const {
   if (const std::optional<FileStatus> status = StatusOf(native)) return status->IsFile();
   const std::string found = FindOtherCase(native);
   return found != native && IsFile(found);
+}
+
+std::optional<FileMark> PosixDisk::Look(std::string_view path) const {
+  const std::string native = PathOf(path);
+  if (const std::optional<FileMark> mark = MarkOf(native); mark || errno != ENOENT) return mark;
+  const std::string found = FindOtherCase(native);
+  return found != native ? MarkOf(found) : std::nullopt;
+}
+
+bool PosixDisk::BeingWritten(std::string_view path) const {
+  const Descriptor file(open(FindIgnoringCase(PathOf(path)).c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+  if (file.Number() < 0) return false;
+  // The system gives a lease for reading only where nobody writes. Whoever opens the file before it is given
+  // back makes it send a signal; this one is ignored.
+  fcntl(file.Number(), F_SETSIG, SIGURG);
+  return fcntl(file.Number(), F_SETLEASE, F_RDLCK) != 0 && errno == EAGAIN;
 }
 
 Result<std::unique_ptr<DiskFile>> PosixDisk::Open(std::string_view path, OpenMode mode) {

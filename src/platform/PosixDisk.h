@@ -18,6 +18,8 @@ class PosixDisk final : public Disk {
   String CurrentFolder() const override;
   /// A regular file, or a link to one; a folder is none.
   bool Exists(std::string_view path) const override;
+  std::optional<FileMark> Look(std::string_view path) const override;
+  bool BeingWritten(std::string_view path) const override;
   /// Refuses whatever is no regular file, without waiting for the other end of a pipe. A file made by it is
   /// synced into its folder with its first Sync.
   Result<std::unique_ptr<DiskFile>> Open(std::string_view path, OpenMode mode) override;

@@ -1,6 +1,6 @@
 #include "common/Numbers.h"
-#include "station/Monitor.h"
 #include "station/form1/Form1.h"
+#include "station/form1/Monitor.h"
 #include "tariffs/Tasacion.h"
 
 namespace vintoral {

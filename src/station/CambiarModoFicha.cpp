@@ -1,5 +1,5 @@
-#include "station/Monitor.h"
 #include "station/form1/Form1.h"
+#include "station/form1/Monitor.h"
 
 namespace vintoral {
 

@@ -1,7 +1,7 @@
 #include "records/Monitores.h"
 #include "records/Register.h"
-#include "station/Monitor.h"
 #include "station/form1/Form1.h"
+#include "station/form1/Monitor.h"
 
 namespace vintoral {
 

@@ -2,8 +2,8 @@
 #include <string_view>
 
 #include "common/Numbers.h"
-#include "station/Monitor.h"
 #include "station/form1/Form1.h"
+#include "station/form1/Monitor.h"
 
 namespace vintoral {
 namespace {

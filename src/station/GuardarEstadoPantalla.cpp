@@ -1,6 +1,6 @@
 #include "station/Dat.h"
-#include "station/Monitor.h"
 #include "station/form1/Form1.h"
+#include "station/form1/Monitor.h"
 
 namespace vintoral {
 namespace {

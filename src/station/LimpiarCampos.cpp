@@ -94,6 +94,7 @@ void ClearCash(Form1& form) {
 
 void Form1::LimpiarCampos() {
   const bool barcodes = CmdBarCode.Visible;
+  SalirDeCelda();
   UsuarioEnFormulario = 0;
   NumeroUsuario = 0;
   ClearCell(*this);

@@ -5,6 +5,7 @@ namespace vintoral {
 void Form1::LimpiarPantalla() {
   for (Image& cell : ImgFicha) {
     cell.Picture = {};
+    cell.Caption = {};
     cell.Visible = false;
   }
   PctFicha.Picture = {};

@@ -1,6 +1,6 @@
-#include "station/Monitor.h"
 #include "station/form1/Commands.h"
 #include "station/form1/Form1.h"
+#include "station/form1/Monitor.h"
 
 namespace vintoral {
 

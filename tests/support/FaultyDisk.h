@@ -47,6 +47,11 @@ class FaultyDisk final : public Disk {
     if (Gone()) return false;
     return faults_->existsSays.value_or(disk_.Exists(path));
   }
+  std::optional<FileMark> Look(std::string_view path) const override {
+    if (Gone() || !faults_->existsSays.value_or(true)) return std::nullopt;
+    return disk_.Look(path);
+  }
+  bool BeingWritten(std::string_view path) const override { return disk_.BeingWritten(path); }
   Result<std::unique_ptr<DiskFile>> Open(std::string_view path, OpenMode mode) override {
     if (Gone()) return Error(ENOTCONN);
     if (faults_->openReadOnly && mode != OpenMode::kRead) return Error(EACCES);

@@ -6,6 +6,8 @@
 #include <cstring>
 #include <map>
 #include <memory>
+#include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -23,13 +25,15 @@ class MemoryDisk final : public Disk {
   void Put(std::string_view path, std::string_view bytes) {
     const std::string key = Key(path);
     MakeFolders(key.substr(0, key.rfind('/')));
-    files_[key] = {std::make_shared<std::string>(bytes), String(NameOf(path))};
+    files_[key] = {std::make_shared<std::string>(bytes), String(NameOf(path)), false, ++puts_};
   }
   /// The bytes of a file; a missing one gives "(missing)", which no register can be.
   std::string Get(std::string_view path) const {
     const auto found = files_.find(Key(path));
     return found == files_.end() ? "(missing)" : *found->second.bytes;
   }
+  /// Some other program has it open for writing from here on.
+  void SetBeingWritten(std::string_view path) { beingWritten_.insert(Key(path)); }
   void SetReadOnly(std::string_view path) { files_.at(Key(path)).readOnly = true; }
   bool HasFolder(std::string_view path) const { return folders_.contains(Key(path)); }
   int Syncs() const { return *syncs_; }
@@ -40,6 +44,12 @@ class MemoryDisk final : public Disk {
 
   String CurrentFolder() const override { return folder_; }
   bool Exists(std::string_view path) const override { return files_.contains(Key(path)); }
+  std::optional<FileMark> Look(std::string_view path) const override {
+    const auto found = files_.find(Key(path));
+    if (found == files_.end()) return std::nullopt;
+    return FileMark{found->second.bytes->size(), found->second.put};
+  }
+  bool BeingWritten(std::string_view path) const override { return beingWritten_.contains(Key(path)); }
 
   Result<std::unique_ptr<DiskFile>> Open(std::string_view path, OpenMode mode) override {
     const std::string key = Key(path);
@@ -160,6 +170,7 @@ class MemoryDisk final : public Disk {
     std::shared_ptr<std::string> bytes;
     String name;
     bool readOnly = false;
+    std::int64_t put = 0;  ///< the how many-th file that was put here: its time
   };
 
   static std::string_view NameOf(std::string_view path) { return path.substr(path.find_last_of("/\\") + 1); }
@@ -188,6 +199,8 @@ class MemoryDisk final : public Disk {
   String folder_;
   std::map<std::string, Entry> files_;
   std::map<std::string, bool> folders_;
+  std::set<std::string> beingWritten_;
+  std::int64_t puts_ = 0;
   std::shared_ptr<int> syncs_ = std::make_shared<int>(0);
   std::shared_ptr<Locks> locks_ = std::make_shared<Locks>();
 };

@@ -126,6 +126,8 @@ class MemoryStation {
   std::function<void()> UnderBox;
   /// What the operator will do in a dialog that has opened, step by step.
   std::deque<std::function<void()>> InDialog;
+  /// Happens once, under the next wait, before the time passes.
+  std::function<void()> UnderWait;
   /// How long the station has waited by itself, wait by wait, in milliseconds.
   std::vector<std::int64_t> Waits;
 
@@ -137,6 +139,7 @@ class MemoryStation {
     const Waiting waiting = *Screen.Innermost();
     if (waiting.box != nullptr) return Answer();
     if (waiting.form != nullptr) return Use(*waiting.form);
+    if (const auto happens = std::exchange(UnderWait, nullptr)) happens();
     Waits.push_back(waiting.until - Clock.Ticks());
     Pass(Waits.back());
   }

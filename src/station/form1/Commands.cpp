@@ -86,7 +86,7 @@ constexpr std::array kKeys = {
     KeyCommand{.code = 'B', .masks = kCtrl, .condition = Exists<archivo::kFuente>, .action = ShowFont},
     KeyCommand{
         .code = 'B', .masks = kCtrlAlt, .log = "15", .lock = 14, .action = Run<&Form1::AlternarCodigoBarras>},
-    KeyCommand{.code = 'C', .masks = kCtrl, .action = kNotBuilt},
+    KeyCommand{.code = 'C', .masks = kCtrl, .action = Run<&Form1::ImgContador_Click>},
     KeyCommand{.code = 'F',
                .masks = kCtrl,
                .condition = Exists<archivo::kFacturas>,
@@ -125,6 +125,15 @@ constexpr std::array kKeys = {
     KeyCommand{.code = kF12, .action = kNotBuilt},
 };
 
+template <void (Form1::*operation)()>
+void Do(Form1& form) {
+  (form.*operation)();
+}
+template <boton::Index monitor>
+void Switch(Form1& form) {
+  form.CambiarMonitor(monitor);
+}
+
 void ConnectCamera(Form1& form) {
   if (CameraOn(form, 0)) {
     form.Form_KeyDown('W', kControl);
@@ -147,10 +156,12 @@ constexpr std::array kButtons = {
     ButtonCommand{.tooltip = "<CTRL+W> Conectar/Cambiar Cámara Web",
                   .answering = Answering::kClick,
                   .action = ConnectCamera},
-    ButtonCommand{
-        .tooltip = "<REPAG> Retroceder Página", .answering = Answering::kClick, .action = kButtonNotBuilt},
-    ButtonCommand{
-        .tooltip = "<AVPAG> Avanzar Página", .answering = Answering::kClick, .action = kButtonNotBuilt},
+    ButtonCommand{.tooltip = "<REPAG> Retroceder Página",
+                  .answering = Answering::kClick,
+                  .action = Do<&Form1::RetrocederPagina>},
+    ButtonCommand{.tooltip = "<AVPAG> Avanzar Página",
+                  .answering = Answering::kClick,
+                  .action = Do<&Form1::AvanzarPagina>},
     ButtonCommand{.tooltip = "<F4> Imprimir Estado/Búsqueda/Ficha", .lock = 6, .action = kButtonNotBuilt},
     ButtonCommand{.tooltip = "<F5> Activar Búsqueda de Registros",
                   .tooltipPressed = "<F5> Desactivar Búsqueda de Registros",
@@ -161,15 +172,15 @@ constexpr std::array kButtons = {
     ButtonCommand{.tooltip = "<F1> Activar Monitor \"ULTIMOS EN INGRESAR\"",
                   .tooltipPressed = "<F1> Desactivar Monitor \"ULTIMOS EN INGRESAR\"",
                   .answering = Answering::kVoice,
-                  .action = kButtonNotBuilt},
+                  .action = Switch<boton::kUltimosEnIngresar>},
     ButtonCommand{.tooltip = "<F2> Activar Monitor \"TIEMPO DE PERMANENCIA\"",
                   .tooltipPressed = "<F2> Desactivar Monitor \"TIEMPO DE PERMANENCIA\"",
                   .answering = Answering::kVoice,
-                  .action = kButtonNotBuilt},
+                  .action = Switch<boton::kTiempoDePermanencia>},
     ButtonCommand{.tooltip = "<F3> Activar Monitor \"ULTIMOS EN SALIR\"",
                   .tooltipPressed = "<F3> Desactivar Monitor \"ULTIMOS EN SALIR\"",
                   .answering = Answering::kVoice,
-                  .action = kButtonNotBuilt},
+                  .action = Switch<boton::kUltimosEnSalir>},
     ButtonCommand{.tooltip = "Activar Impresión de Tiquetes",
                   .tooltipPressed = "Desactivar Impresión de Tiquetes",
                   .log = "7",

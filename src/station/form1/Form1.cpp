@@ -14,6 +14,7 @@ Form1::Form1(const Platform& platform)
   ConectarCampos();
   ConectarEtiquetas();
   ConectarBotones();
+  ConectarRejilla();
   ConectarRelojes();
 }
 
@@ -39,7 +40,11 @@ void Form1::ConectarCampos() {
     if (digit && ContainsNoCase(CboMinutos.Text(), "Min")) CboMinutos.SetText({});
     return MinutesKey(character);
   };
-  CboMinutos.OnEnter = CboMinutos.OnChoose = [this] { TmrMonitor_Timer(); };
+  CboMinutos.OnChoose = [this] { CambiarMinutos(); };
+  CboMinutos.OnEnter = [this] {
+    CambiarMinutos();
+    FocoDondeSeEscribe();
+  };
 }
 
 void Form1::ConectarEtiquetas() {
@@ -55,11 +60,33 @@ void Form1::ConectarBotones() {
   for (std::size_t i = 0; i < PctBoton.size(); ++i) {
     const int index = static_cast<int>(i);
     PctBoton[i].OnClick = [this, index] { ClickEnBarra(index); };
-    PctBoton[i].OnHover = [this, index] { PctBoton_MouseMove(index); };
+    PctBoton[i].OnHover = [this, index] {
+      SalirDeCelda();
+      PctBoton_MouseMove(index);
+    };
   }
   CmdBarCode.OnClick = CmdNumeroFicha.OnClick = [this] { GeneradorClick(); };
   ImgCambiarFondo.OnClick = [this] { ImgCambiarFondo_Click(); };
   ImgPuntos.OnClick = [this] { Form_KeyDown('R', keys::kShift | keys::kControl); };
+}
+
+void Form1::ConectarRejilla() {
+  for (std::size_t i = 0; i < ImgFicha.size(); ++i) {
+    const int cell = static_cast<int>(i);
+    ImgFicha[i].OnHover = [this, cell] { ImgFicha_MouseMove(cell); };
+    ImgFicha[i].OnClick = [this, cell] {
+      ImgFicha_MouseMove(cell);  // whoever clicks on a cell points at it
+      ImgFicha_Click(cell);
+    };
+  }
+  for (Label& row : LblCampo)
+    row.OnClick = [this] { LblCampo_Click(); };
+  ImgContador.OnClick = [this] { ImgContador_Click(); };
+  // Whatever else the pointer is over, it is not over a cell.
+  for (Control* control : Controls()) {
+    if (!control->OnHover && control != &ShpCelda) control->OnHover = [this] { SalirDeCelda(); };
+  }
+  FraFicha.OnLostFocus = [this] { SalirDeCelda(); };
 }
 
 void Form1::ConectarRelojes() {
@@ -77,6 +104,10 @@ void Form1::ClickEnBarra(int index) {
   if (renaming) SetFocus(nullptr);
   PctBoton_Click(index);
   if (renaming && Focus() == nullptr) FocoDondeSeEscribe();
+}
+
+bool Form1::FichaEnCurso() const {
+  return PctBoton[boton::kGuardar].Visible || PctBoton[boton::kRetirar].Visible;
 }
 
 bool Form1::FichaEnPantalla() const {

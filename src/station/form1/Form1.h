@@ -107,6 +107,9 @@ class Form1 : public ScreenModel {
   /// A key as the form sees it, before its controls: virtual key code and mask (1 shift, 2 control, 4 alt).
   /// True when a command was carried out.
   bool Form_KeyDown(int KeyCode, int Shift) override;
+  /// Typing that would be lost, in the tool bar or in a field that the record under the pointer hides, goes
+  /// where typing continues.
+  bool Form_KeyPress(char character) override;
   void PctBoton_Click(int Index);
   /// Sets the tooltip that goes with the button's state.
   void PctBoton_MouseMove(int Index);
@@ -132,6 +135,8 @@ class Form1 : public ScreenModel {
   void FocoDondeSeEscribe();  ///< the keyboard goes back to where typing continues
   /// All six fields are locked: a ficha is on display.
   bool FichaEnPantalla() const;
+  /// A ficha is being typed or is on display: the grid holds still.
+  bool FichaEnCurso() const;
 
   // ---- Clock and timers
   // --------------------------------------------------------------------------------------
@@ -215,7 +220,33 @@ class Form1 : public ScreenModel {
   void MostrarPorteria();
   /// The grid as the register stands now.
   void RefrescarVista();
+  /// The set of the grid into the view: who has left while that monitor is on, else who is inside.
+  void CargarVista();
+  /// Draws the page at InicioPagina. The cell under the pointer and the frame of the ficha on display follow
+  /// what is drawn.
   void ImprimirIndice();
+  void RetrocederPagina();
+  void AvanzarPagina();
+  /// `cell` counts from 0.
+  void ImgFicha_MouseMove(int cell);
+  void ImgFicha_Click(int cell);
+  /// The pointer has left the grid.
+  void SalirDeCelda();
+  void Form_MouseMove() override { SalirDeCelda(); }
+  /// The face of the screen that shows a cell's record, or the one that takes a new ficha.
+  void EstadoCelda(bool mostrar, bool conservarFoto);
+  /// The frame around the cell of the ficha on display, or in its default place when that is not on the page.
+  void MarcarCelda();
+  /// A row of the record shown: its number is looked up as if it had been typed.
+  void LblCampo_Click();
+  /// A photo that was shown as `mark` says turned out to be no picture.
+  void FotoDanada(const String& foto, const FileMark& mark);
+  /// How many of the grid's records have the category on the screen; told for two seconds.
+  void ImgContador_Click();
+  /// On, or off where it was on; `monitor` is its button.
+  void CambiarMonitor(boton::Index monitor);
+  /// The minutes of the monitor that is on were chosen or typed.
+  void CambiarMinutos();
   /// The path of a file in the data folder.
   String RutaCompartida(std::string_view file) const;
   /// Is ACT there? If not, the link watch looks at once.
@@ -241,6 +272,7 @@ class Form1 : public ScreenModel {
   void ConectarCampos();
   void ConectarEtiquetas();
   void ConectarBotones();
+  void ConectarRejilla();
   void ConectarRelojes();
   void ClickEnBarra(int index);
 

@@ -78,6 +78,7 @@ void ScreenModel::DesignInfo() {
   CmdNumeroFicha.ToolTipText = "<INICIO> Generador Automático de Fichas"_w;
   CmdBarCode.ToolTipText = "<INICIO> Generador de Códigos de Barras Code39"_w;
   PctFicha.Tag = "0"_w;
+  FraFicha.CanFocus = true;  // the pointer can be moved over the grid by keys
   FilFondos.Pattern = "*.jpg"_w;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 
 #include "station/form1/Familias.h"
 #include "station/forms/Form.h"
@@ -56,7 +57,8 @@ class ScreenModel : public Form {
   std::array<PictureBox, boton::kCount> PctBoton;
   std::array<PictureBox, 5> PctBuscar;  ///< the lights beside it
 
-  std::array<Image, 50> ImgFicha;  ///< the grid
+  static constexpr std::int32_t kCeldas = 50;
+  std::array<Image, kCeldas> ImgFicha;  ///< the grid: photo and number of each record of the page
   PictureBox PctFicha;
   Shape ShpCelda;
   PictureBox PctSeleccion;

@@ -9,7 +9,9 @@ namespace sonido {
 inline constexpr std::string_view kConectando = "Sonidos\\Vintoral-1.wav";
 inline constexpr std::string_view kHecho = "Sonidos\\Vintoral-4.wav";
 inline constexpr std::string_view kClic = "Sonidos\\Vintoral-5.wav";
+inline constexpr std::string_view kCelda = "Sonidos\\Vintoral-6.wav";
 inline constexpr std::string_view kOlvidada = "Sonidos\\Vintoral-7.wav";
+inline constexpr std::string_view kContador = "Sonidos\\Vintoral-9.wav";
 }  // namespace sonido
 
 namespace voz {

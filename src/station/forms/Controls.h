@@ -240,6 +240,7 @@ class Image : public Control {
  public:
   void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
   vintoral::Picture Picture;
+  String Caption;  ///< painted on the picture
 };
 
 class CommandButton : public Control {

@@ -44,6 +44,8 @@ class Form : public ScreenForm {
   /// A key as the form sees it, before its controls: virtual key code and mask (1 shift, 2 control, 4 alt).
   /// True when a command was carried out.
   virtual bool Form_KeyDown(int /*KeyCode*/, int /*Shift*/) { return false; }
+  /// A character, or Tab, is on its way to the focused control. True when the form has taken it.
+  virtual bool Form_KeyPress(char /*character*/) { return false; }
   /// The pointer has left the form's controls.
   virtual void Form_MouseMove() {}
   /// Asks whether it may be closed.

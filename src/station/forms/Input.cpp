@@ -141,7 +141,11 @@ bool Input::KeyDown(int code, int mask) {
 void Input::ControlKey(int code, int mask) {
   const Forms::Handling handling(forms_);
   if (forms_.Ended()) return;
-  if (code == keys::kTab) return forms_.Active().MoveFocus((mask & keys::kShift) != 0);
+  if (code == keys::kTab) {
+    Form& form = forms_.Active();
+    if (!form.Form_KeyPress(static_cast<char>(keys::kTab))) form.MoveFocus((mask & keys::kShift) != 0);
+    return;
+  }
   Control* const focus = Focused();
   if (focus == nullptr || !focus->Visible || !focus->Enabled) return;
   if (EditableText* text = TextOf(focus)) EditKey(*focus, *text, code, mask);
@@ -191,8 +195,9 @@ void Input::RowKey(ListBox& list, int code) {
 
 void Input::Character(char character) {
   const Forms::Handling handling(forms_);
+  if (forms_.Ended() || forms_.Active().Form_KeyPress(character)) return;
   Control* const focus = Focused();
-  if (forms_.Ended() || focus == nullptr || !focus->Visible || !focus->Enabled) return;
+  if (focus == nullptr || !focus->Visible || !focus->Enabled) return;
   if (character == keys::kEnter) return Enter(*focus);
   if (EditableText* text = TextOf(focus)) return TypeInText(*focus, *text, character);
   if (auto* list = dynamic_cast<ComboBox*>(focus)) FindInList(*list, character);

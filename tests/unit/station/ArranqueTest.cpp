@@ -16,6 +16,8 @@ using test::MemoryStation;
 TEST(Arranque, ValuesOfTheRunAreSet) {
   MemoryStation station;
   Form1& form = station.Form;
+  ASSERT_EQ(form.TotalFichas, 0);
+  ASSERT_EQ(form.LimiteFilas, 0);
   form.TotalFichas = form.LimiteFilas = 1;
   form.InicioPagina = 51;
   form.PrimerNumero = 9;

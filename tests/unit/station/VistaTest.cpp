@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "records/ArchivosNuevos.h"
-#include "station/Monitor.h"
+#include "station/form1/Monitor.h"
 #include "support/MemoryStation.h"
 
 namespace vintoral {

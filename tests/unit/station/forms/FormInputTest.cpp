@@ -396,5 +396,36 @@ TEST_F(FormInputTest, ChoosingInAModelessFormMakesItActive) {
   }
 }
 
+// ---- Tab in a form that ends in a field
+// -------------------------------------------------------------------------
+
+class TwoFields : public Form {
+ public:
+  TwoFields() : Form("FormX") {
+    Add(Caption, "LblX");
+    Add(Texts, "TxtX");
+  }
+  Label Caption;
+  std::array<TextBox, 2> Texts;
+};
+
+TEST(MoveFocus, FromNowhereBeginsAtTheFirstField) {
+  TwoFields form;
+  ASSERT_EQ(form.Focus(), nullptr);
+  form.MoveFocus(false);
+  EXPECT_EQ(form.Focus(), &form.Texts[0]);
+}
+
+TEST(MoveFocus, InTheOnlyFieldMarksItsTextAgain) {
+  TwoFields form;
+  form.Texts[1].Enabled = false;
+  form.SetFocus(&form.Texts[0]);
+  form.Texts[0].SetText("ABC"_w);
+  ASSERT_EQ(form.Texts[0].SelLength, 0u);
+  form.MoveFocus(false);
+  EXPECT_EQ(form.Focus(), &form.Texts[0]);
+  EXPECT_EQ(form.Texts[0].SelLength, 3u);
+}
+
 }  // namespace
 }  // namespace vintoral

@@ -187,10 +187,10 @@ TEST_F(InputTest, ADoubleClickSelectsAllOfAField) {
 // ---- Tab
 // ------------------------------------------------------------------------------------------------------
 
-TEST_F(InputTest, TabWalksTheFieldsAndTheCategoryAndComesBack) {
-  const std::vector<Control*> order = {&form_.TxtCampo[1], &form_.TxtCampo[2], &form_.TxtCampo[3],
-                                       &form_.TxtCampo[4], &form_.TxtCampo[5], &form_.CboTarifa[1],
-                                       &form_.TxtCampo[0]};
+TEST_F(InputTest, TabWalksTheFieldsTheCategoryAndTheGridAndComesBack) {
+  const std::vector<Control*> order = {&form_.TxtCampo[1], &form_.TxtCampo[2],  &form_.TxtCampo[3],
+                                       &form_.TxtCampo[4], &form_.TxtCampo[5],  &form_.CboTarifa[1],
+                                       &form_.FraFicha,    &form_.TxtCampo[0]};
   for (const Control* next : order) {
     hands_.Key(keys::kTab, 0);
     ASSERT_NE(form_.Focus(), nullptr);
@@ -199,10 +199,12 @@ TEST_F(InputTest, TabWalksTheFieldsAndTheCategoryAndComesBack) {
 }
 
 TEST_F(InputTest, ShiftAndTabWalksBack) {
-  hands_.Key(keys::kTab, keys::kShift);
-  EXPECT_EQ(form_.Focus(), &form_.CboTarifa[1]);
-  hands_.Key(keys::kTab, keys::kShift);
-  EXPECT_EQ(form_.Focus(), &form_.TxtCampo[5]);
+  for (const Control* before : {static_cast<Control*>(&form_.FraFicha),
+                                static_cast<Control*>(&form_.CboTarifa[1]),
+                                static_cast<Control*>(&form_.TxtCampo[5])}) {
+    hands_.Key(keys::kTab, keys::kShift);
+    EXPECT_EQ(form_.Focus(), before);
+  }
 }
 
 TEST_F(InputTest, TabPassesOverWhatTakesNoFocus) {
@@ -218,7 +220,7 @@ TEST_F(InputTest, TabFromTheToolBarBeginsAtAnEnd) {
   EXPECT_EQ(form_.Focus(), &form_.TxtCampo[0]);
   form_.SetFocus(nullptr);
   hands_.Key(keys::kTab, keys::kShift);
-  EXPECT_EQ(form_.Focus(), &form_.CboTarifa[1]);
+  EXPECT_EQ(form_.Focus(), &form_.FraFicha);
 }
 
 TEST_F(InputTest, TabSelectsWhatAFieldHolds) {

@@ -13,11 +13,13 @@ inline bool IsPressed(const PictureBox& button) {
   return button.BorderStyle == 1;
 }
 
+/// In the order of their lights.
+inline constexpr std::array kMonitores = {boton::kUltimosEnIngresar, boton::kTiempoDePermanencia,
+                                          boton::kUltimosEnSalir};
+
 /// Is one of the three monitors on?
 inline bool HayMonitor(const Form1& form) {
-  constexpr std::array kMonitors = {boton::kUltimosEnIngresar, boton::kTiempoDePermanencia,
-                                    boton::kUltimosEnSalir};
-  return std::any_of(kMonitors.begin(), kMonitors.end(),
+  return std::any_of(kMonitores.begin(), kMonitores.end(),
                      [&](boton::Index monitor) { return IsPressed(form.PctBoton[monitor]); });
 }
 

@@ -1,0 +1,21 @@
+#include <algorithm>
+
+#include "common/Numbers.h"
+#include "station/form1/Form1.h"
+#include "station/form1/Sonidos.h"
+
+namespace vintoral {
+
+void Form1::ImgContador_Click() {
+  constexpr int kShown = 2000;  // milliseconds
+  const String categoria = Trim((CboTarifa[1].Visible ? CboTarifa[1] : CboTarifa[0]).Text());
+  const auto equal = [&](const RegistroFicha& ficha) {
+    return EqualNoCase(ficha.Categoria.Trimmed(), categoria);
+  };
+  LblInfo[4].Caption = Digits(std::count_if(VistaFichas.begin(), VistaFichas.end(), equal));
+  MidiWav(sonido::kContador);
+  platform_.screen.Wait(kShown);
+  LblInfo[4].Caption = {};
+}
+
+}  // namespace vintoral

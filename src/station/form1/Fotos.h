@@ -1,0 +1,34 @@
+// The photos of fichas and users: where they lie, the still in the place of the live picture, the user's
+// card.
+#pragma once
+
+#include <cstdint>
+
+#include "common/String.h"
+#include "platform/Picture.h"
+#include "records/RegistroFicha.h"
+
+namespace vintoral {
+
+class Form1;
+
+/// Where the photo of a ficha of the view lies: another folder once it has left.
+String RutaFoto(const Form1& form, const RegistroFicha& ficha);
+/// The photo of a cell; nothing when it is missing or, as far as this face knows by now, can't be shown. A
+/// damaged one is deleted.
+Picture FotoDeCelda(Form1& form, const String& foto);
+/// Deletes a photo that was read whole and is no picture; not when the file has changed since it was read,
+/// nor while somebody writes it.
+void BorrarFotoDanada(Form1& form, const String& foto, const FileMark& mark);
+
+/// Puts the photo of user `numero` on his card; gives its station path, or an empty text, with the card left
+/// as it is, when there is none.
+String MostrarFotoUsuario(Form1& form, std::int32_t numero);
+/// The still takes the place of the live picture; it may hold nothing.
+void MostrarFija(Form1& form, const Picture& foto);
+/// The photo of the ficha that is looked at; without one the live picture, and the operator is told so.
+void MostrarFotoFicha(Form1& form, const String& foto);
+/// Tells the operator, as long as the still holds nothing, that there is no photo.
+void AvisarSinImagen(Form1& form);
+
+}  // namespace vintoral
