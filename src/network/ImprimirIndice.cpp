@@ -1,4 +1,6 @@
 #include <algorithm>
+#include <span>
+#include <vector>
 
 #include "common/Numbers.h"
 #include "station/form1/Form1.h"
@@ -7,22 +9,24 @@
 namespace vintoral {
 namespace {
 
-const RegistroFicha& RegistroDe(const Form1& form, std::int32_t cell) {
-  return form.VistaFichas[static_cast<std::size_t>(form.InicioPagina + cell - 1)];
+/// The records of the page.
+std::span<const RegistroFicha> Pagina(const Form1& form) {
+  const auto first = static_cast<std::size_t>(form.InicioPagina - 1);
+  const std::span<const RegistroFicha> view(form.VistaFichas);
+  if (first >= view.size()) return {};
+  return view.subspan(first, std::min(view.size() - first, form.ImgFicha.size()));
 }
 
-/// How many cells of the page have a record.
-std::int32_t Ocupadas(const Form1& form) {
-  return std::clamp(form.TotalVista() - form.InicioPagina + 1, 0, Form1::kCeldas);
-}
-
-/// Number and photo. A site without cameras works with the numbers alone.
-void DibujarCelda(Form1& form, std::int32_t cell) {
-  const RegistroFicha& ficha = RegistroDe(form, cell);
-  Image& image = form.ImgFicha[static_cast<std::size_t>(cell)];
-  image.Caption = ficha.NumeroFicha.Trimmed();
-  image.Picture = FotoDeCelda(form, RutaFoto(form, ficha));
-  image.Visible = true;
+/// Number and photo of each. A site without cameras works with the numbers alone.
+void DibujarCeldas(Form1& form) {
+  const std::span<const RegistroFicha> page = Pagina(form);
+  const std::vector<Picture> photos = FotosDe(form, page);
+  for (std::size_t cell = 0; cell < page.size(); ++cell) {
+    Image& image = form.ImgFicha[cell];
+    image.Caption = page[cell].NumeroFicha.Trimmed();
+    image.Picture = photos[cell];
+    image.Visible = true;
+  }
 }
 
 void EscribirCuenta(Form1& form) {
@@ -35,7 +39,7 @@ void EscribirCuenta(Form1& form) {
 
 /// The pointer rests where it was, but the record under it may be another one, or gone.
 void SeguirPuntero(Form1& form, std::int32_t cell) {
-  if (cell >= Ocupadas(form)) return form.SalirDeCelda();
+  if (static_cast<std::size_t>(cell) >= Pagina(form).size()) return form.SalirDeCelda();
   form.PctFicha.Tag = "0"_w;
   form.ImgFicha_MouseMove(cell);
 }
@@ -49,8 +53,7 @@ void Form1::ImprimirIndice() {
   // The page has run empty; the one before is drawn.
   if (InicioPagina > 1 && InicioPagina > TotalVista())
     return PctBoton_Click(static_cast<int>(boton::kRetroceder));
-  for (std::int32_t each = 0; each < Ocupadas(*this); ++each)
-    DibujarCelda(*this, each);
+  DibujarCeldas(*this);
   EscribirCuenta(*this);
   if (FichaEnPantalla()) MarcarCelda();
   if (pointed) SeguirPuntero(*this, cell);

@@ -66,6 +66,9 @@ class Disk {
   virtual bool Exists(std::string_view path) const = 0;
   /// The mark of a file; nothing where Exists says no.
   virtual std::optional<FileMark> Look(std::string_view path) const = 0;
+  /// The marks of files of one folder, in the order of `names`, which are looked for as they are written.
+  virtual std::vector<std::optional<FileMark>> LookIn(std::string_view folder,
+                                                      std::span<const String> names) const;
   /// Some program has the file open for writing, as far as the system can tell: a share can't.
   virtual bool BeingWritten(std::string_view path) const = 0;
   virtual Result<std::unique_ptr<DiskFile>> Open(std::string_view path, OpenMode mode) = 0;

@@ -42,9 +42,13 @@ std::optional<FileStatus> RememberedStatusOf(int descriptor) {
 }
 
 std::optional<FileMark> MarkOf(const std::string& path) {
+  return MarkOf(AT_FDCWD, path);
+}
+
+std::optional<FileMark> MarkOf(int folder, const std::string& path) {
   struct statx answer {};
-  if (statx(AT_FDCWD, path.c_str(), AT_STATX_FORCE_SYNC, STATX_TYPE | STATX_SIZE | STATX_MTIME, &answer) != 0)
-    return std::nullopt;
+  constexpr unsigned kAsked = STATX_TYPE | STATX_SIZE | STATX_MTIME;
+  if (statx(folder, path.c_str(), AT_STATX_FORCE_SYNC, kAsked, &answer) != 0) return std::nullopt;
   if (!S_ISREG(answer.stx_mode)) {
     errno = EISDIR;
     return std::nullopt;

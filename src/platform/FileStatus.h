@@ -33,5 +33,7 @@ std::optional<FileStatus> RememberedStatusOf(int descriptor);
 /// The mark of a file that is replaced whole, such as a photo. Nothing, with errno set, where there is no
 /// file of that name.
 std::optional<FileMark> MarkOf(const std::string& path);
+/// The same in an open folder.
+std::optional<FileMark> MarkOf(int folder, const std::string& path);
 
 }  // namespace vintoral

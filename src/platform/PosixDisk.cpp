@@ -52,6 +52,11 @@ int OpenRegular(const std::string& path, int flags) {
   return -1;
 }
 
+/// -1 where there is no such folder.
+int OpenFolder(const std::string& path) {
+  return open(path.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
+}
+
 /// A file in `folder` that gets its name when it is whole, so that a station that is killed leaves nothing
 /// behind. -1 where the file system knows no such file.
 int OpenUnnamed(const std::string& folder) {
@@ -132,6 +137,16 @@ std::optional<FileMark> PosixDisk::Look(std::string_view path) const {
   if (const std::optional<FileMark> mark = MarkOf(native); mark || errno != ENOENT) return mark;
   const std::string found = FindOtherCase(native);
   return found != native ? MarkOf(found) : std::nullopt;
+}
+
+std::vector<std::optional<FileMark>> PosixDisk::LookIn(std::string_view folder,
+                                                       std::span<const String> names) const {
+  std::vector<std::optional<FileMark>> marks(names.size());
+  const Descriptor open(OpenFolder(FindIgnoringCase(PathOf(folder))));
+  if (open.Number() < 0) return marks;
+  std::transform(names.begin(), names.end(), marks.begin(),
+                 [&](const String& name) { return MarkOf(open.Number(), NativePath(name)); });
+  return marks;
 }
 
 bool PosixDisk::BeingWritten(std::string_view path) const {

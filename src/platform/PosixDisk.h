@@ -19,6 +19,9 @@ class PosixDisk final : public Disk {
   /// A regular file, or a link to one; a folder is none.
   bool Exists(std::string_view path) const override;
   std::optional<FileMark> Look(std::string_view path) const override;
+  /// The folder is found once for all of them.
+  std::vector<std::optional<FileMark>> LookIn(std::string_view folder,
+                                              std::span<const String> names) const override;
   bool BeingWritten(std::string_view path) const override;
   /// Refuses whatever is no regular file, without waiting for the other end of a pipe. A file made by it is
   /// synced into its folder with its first Sync.

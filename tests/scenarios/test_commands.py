@@ -306,7 +306,7 @@ class Buttons(DrivenDay):
     def test_what_is_heard_first(self):
         station = self.running()
         voice = ["ABRiL\\ABRiL-1.wav"]
-        expected = {1: [CLICK], 2: [CLICK], 3: [], 4: [], 7: voice, 8: voice, 9: voice, 10: [], 12: [], 13: [CLICK], 14: []}
+        expected = {1: [CLICK], 2: [CLICK], 3: [], 4: [], 7: voice, 8: [], 9: [], 10: [], 12: [], 13: [CLICK], 14: []}
         self.assertEqual({index: sounds(station.click(f"PctBoton({index})"))[:1] for index in expected}, expected)
 
     def test_save(self):

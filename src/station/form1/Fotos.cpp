@@ -5,19 +5,48 @@
 #include "station/form1/Form1.h"
 
 namespace vintoral {
+namespace {
 
-String RutaFoto(const Form1& form, const RegistroFicha& ficha) {
-  const String folder = EstaDentro(ficha) ? "Imágenes ACT\\"_w : "Imágenes HST\\"_w;
-  return form.RutaCompartida(folder + Digits(ficha.Posicion, 6) + ".jpg"_w);
+String Carpeta(const Form1& form, bool inside) {
+  return form.RutaCompartida(inside ? "Imágenes ACT"_w : "Imágenes HST"_w);
 }
 
-Picture FotoDeCelda(Form1& form, const String& foto) {
+String Nombre(const RegistroFicha& ficha) {
+  return Digits(ficha.Posicion, 6) + ".jpg"_w;
+}
+
+/// The photo, or nothing when it can't be shown.
+Picture Sana(Form1& form, const Picture& photo) {
   const Platform& devices = form.Devices();
-  const std::optional<FileMark> mark = devices.disk.Look(foto);
-  if (!mark) return {};
-  const PictureFault fault = devices.pictures.Judge(devices.disk, foto);
-  if (fault == PictureFault::kNoPicture) BorrarFotoDanada(form, foto, *mark);
-  return fault == PictureFault::kNone ? Picture(foto, *mark) : Picture();
+  const PictureFault fault = devices.pictures.Judge(devices.disk, photo.Path());
+  if (fault == PictureFault::kNoPicture) BorrarFotoDanada(form, photo.Path(), photo.Mark());
+  return fault == PictureFault::kNone ? photo : Picture();
+}
+
+}  // namespace
+
+String RutaFoto(const Form1& form, const RegistroFicha& ficha) {
+  return Carpeta(form, EstaDentro(ficha)) + "\\"_w + Nombre(ficha);
+}
+
+std::vector<Picture> FotosDe(Form1& form, std::span<const RegistroFicha> fichas) {
+  std::vector<Picture> photos(fichas.size());
+  for (const bool inside : {true, false}) {
+    std::vector<std::size_t> places;
+    std::vector<String> names;
+    for (std::size_t i = 0; i < fichas.size(); ++i) {
+      if (EstaDentro(fichas[i]) != inside) continue;
+      places.push_back(i);
+      names.push_back(Nombre(fichas[i]));
+    }
+    if (names.empty()) continue;
+    const String folder = Carpeta(form, inside);
+    const auto marks = form.Devices().disk.LookIn(folder, names);
+    for (std::size_t i = 0; i < names.size(); ++i) {
+      if (marks[i]) photos[places[i]] = Sana(form, Picture(folder + "\\"_w + names[i], *marks[i]));
+    }
+  }
+  return photos;
 }
 
 void BorrarFotoDanada(Form1& form, const String& foto, const FileMark& mark) {

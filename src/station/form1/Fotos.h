@@ -3,6 +3,8 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
+#include <vector>
 
 #include "common/String.h"
 #include "platform/Picture.h"
@@ -14,9 +16,9 @@ class Form1;
 
 /// Where the photo of a ficha of the view lies: another folder once it has left.
 String RutaFoto(const Form1& form, const RegistroFicha& ficha);
-/// The photo of a cell; nothing when it is missing or, as far as this face knows by now, can't be shown. A
-/// damaged one is deleted.
-Picture FotoDeCelda(Form1& form, const String& foto);
+/// The photos of `fichas`, one for each; nothing for one that is missing or, as far as this face knows by
+/// now, can't be shown. A damaged one is deleted.
+std::vector<Picture> FotosDe(Form1& form, std::span<const RegistroFicha> fichas);
 /// Deletes a photo that was read whole and is no picture; not when the file has changed since it was read,
 /// nor while somebody writes it.
 void BorrarFotoDanada(Form1& form, const String& foto, const FileMark& mark);

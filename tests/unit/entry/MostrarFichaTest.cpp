@@ -154,7 +154,9 @@ TEST_F(MostrarFichaTest, AFreeSlotOpensTheForm) {
 
 TEST_F(MostrarFichaTest, TheFrameGoesAroundItsCellOfThePageOnScreen) {
   Inside("13:00  (20/11/2026)", "AUTOMOVIL");
-  form_.VistaFichas.resize(60);
+  RegistroFicha inside;
+  inside.PorteriaSalida = "??";
+  form_.VistaFichas.assign(60, inside);
   form_.VistaFichas[3].Posicion = 7;
   ASSERT_FALSE(form_.ShpCelda.Visible);
   station_.TypeAndEnter("7");
@@ -182,8 +184,10 @@ TEST_F(MostrarFichaTest, TheStayIsThatOfTheRowThatWasPointedAt) {
   form_.VistaFichas[0].MarcaEntrada = "12:50  (20/11/2026)";
   form_.VistaFichas[1].MarcaEntrada = "12:00  (20/11/2026)";
   for (const auto& [row, stay] : {std::pair{"2", "02H 00M "}, {"1", "01H 10M "}, {"0", "01H 00M "}}) {
-    form_.PctFicha.Tag = String(std::string_view(row));
     station_.TypeAndEnter("7");
+    form_.PctFicha.Tag = String(std::string_view(row));
+    form_.LblValor.Visible = false;
+    form_.TmrHoraFecha_Timer();
     EXPECT_EQ(form_.LblInfo[1].Caption.Bytes(), stay) << row;
     station_.Hands.Key(keys::kEscape, 0);
   }
@@ -217,7 +221,7 @@ TEST_F(MostrarFichaTest, ItsPhotosAreShown) {
   form_.LblWebCamMsg.Caption = "SIN IMAGEN"_w;
   ASSERT_TRUE(form_.Picture1.Visible && !form_.ImgUsuario.Visible && !form_.PctUsuario[1].Visible);
   station_.TypeAndEnter("7");
-  EXPECT_EQ(form_.Picture2.Picture, "Multimedia\\Imágenes ACT\\000007.jpg"_w);
+  EXPECT_EQ(form_.Picture2.Picture.Path(), "Multimedia\\Imágenes ACT\\000007.jpg"_w);
   EXPECT_TRUE(form_.Picture2.Visible);
   EXPECT_FALSE(form_.Picture1.Visible || form_.LblWebCamMsg.Visible);
   EXPECT_EQ(form_.LblWebCamMsg.Caption, ""_w);

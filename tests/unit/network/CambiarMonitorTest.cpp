@@ -103,11 +103,11 @@ TEST_F(CambiarMonitorTest, NoMinutesAreTheFirstOfTheList) {
 TEST_F(CambiarMonitorTest, TheVoiceTellsOnAndOffButNoChange) {
   Station.Events.Take();
   Press(boton::kUltimosEnIngresar);
-  EXPECT_THAT(Station.Heard(), ElementsAre("abril\\abril-1.wav"_w));
+  EXPECT_THAT(Station.Heard(), ElementsAre("ABRiL\\ABRiL-1.wav"_w));
   Press(boton::kUltimosEnSalir);
   EXPECT_THAT(Station.Heard(), IsEmpty());
   Press(boton::kUltimosEnSalir);
-  EXPECT_THAT(Station.Heard(), ElementsAre("abril\\abril-2.wav"_w));
+  EXPECT_THAT(Station.Heard(), ElementsAre("ABRiL\\ABRiL-2.wav"_w));
 }
 
 TEST_F(CambiarMonitorTest, TheScreenGoesToIdleAndTheFocusToTheToolBar) {
@@ -119,12 +119,12 @@ TEST_F(CambiarMonitorTest, TheScreenGoesToIdleAndTheFocusToTheToolBar) {
   EXPECT_EQ(Form.Focus(), nullptr);
 }
 
-// ---- Their sets, at 14:00
+// ---- Their sets, at 14:00:03
 // ---------------------------------------------------------------------------------------
 
 TEST_F(CambiarMonitorTest, LastToEnter) {
-  Station.PutSlot(1, Entered(1, "13:44  (20/11/2026)"));
-  Station.PutSlot(2, Entered(2, "13:45  (20/11/2026)"));
+  Station.PutSlot(1, Entered(1, "13:45  (20/11/2026)"));  // and three seconds too early
+  Station.PutSlot(2, Entered(2, "13:46  (20/11/2026)"));
   Station.PutSlot(3, Entered(3, "13:59  (19/11/2026)"));
   Press(boton::kUltimosEnIngresar);
   EXPECT_THAT(Cells(), ElementsAre("0002"));
@@ -187,7 +187,7 @@ TEST_F(CambiarMonitorTest, TheTickAndARetiringReloadTheExits) {
 }
 
 TEST_F(CambiarMonitorTest, EnterInTheMinutesTakesThemAndLeadsBack) {
-  Station.PutSlot(1, Entered(1, "13:20  (20/11/2026)"));
+  Station.PutSlot(1, Entered(1, "13:21  (20/11/2026)"));
   Press(boton::kUltimosEnIngresar);
   ASSERT_THAT(Cells(), IsEmpty());
   Form.SetFocus(&Form.CboMinutos);
@@ -250,7 +250,7 @@ TEST_F(ContadorTest, IsToldForTwoSecondsWithASound) {
   Form.CboTarifa[1].Select(0);
   Station.Events.Take();
   Station.Hands.Key('C', keys::kControl);
-  EXPECT_THAT(Station.Heard(), ElementsAre("sonidos\\vintoral-9.wav"_w));
+  EXPECT_THAT(Station.Heard(), ElementsAre("Sonidos\\Vintoral-9.wav"_w));
   EXPECT_EQ(Form.LblInfo[4].Caption, ""_w);
   EXPECT_THAT(Station.Waits, ElementsAre(2000));
 }
@@ -258,7 +258,7 @@ TEST_F(ContadorTest, IsToldForTwoSecondsWithASound) {
 TEST_F(ContadorTest, IsAskedByItsIconToo) {
   Station.Events.Take();
   Station.Hands.Click(Form.ImgContador);
-  EXPECT_THAT(Station.Heard(), ElementsAre("sonidos\\vintoral-9.wav"_w));
+  EXPECT_THAT(Station.Heard(), ElementsAre("Sonidos\\Vintoral-9.wav"_w));
 }
 
 }  // namespace

@@ -36,7 +36,7 @@ TEST_F(ImprimirIndiceTest, EachRecordHasACellWithItsNumberAndItsPhotoIfThereIsOn
   Disk.Put(FotoDentro(2), Photo());
   Fill(3);
   EXPECT_THAT(Cells(), ElementsAre("0001", "0002*", "0003"));
-  EXPECT_EQ(Form.ImgFicha[1].Picture.Path(), "./Multimedia\\Imágenes ACT\\000002.jpg"_w);
+  EXPECT_EQ(Form.ImgFicha[1].Picture.Path(), "Multimedia\\Imágenes ACT\\000002.jpg"_w);
 }
 
 TEST_F(ImprimirIndiceTest, WhatTheCellsShowedBeforeIsCleared) {
@@ -57,7 +57,7 @@ TEST_F(ImprimirIndiceTest, WhoHasLeftHasItsPhotoInTheHistory) {
   Form.VistaFichas = {Salida(1, 5, "13:00  (20/11/2026)"), Salida(2, 6, "13:10  (20/11/2026)")};
   Form.ImprimirIndice();
   EXPECT_THAT(Cells(), ElementsAre("0005", "0006*"));
-  EXPECT_EQ(Form.ImgFicha[1].Picture.Path(), "./Multimedia\\Imágenes HST\\000002.jpg"_w);
+  EXPECT_EQ(Form.ImgFicha[1].Picture.Path(), "Multimedia\\Imágenes HST\\000002.jpg"_w);
 }
 
 TEST_F(ImprimirIndiceTest, TheSecondPageHasTheFiftyFirst) {
@@ -81,7 +81,7 @@ TEST_F(ImprimirIndiceTest, APageThatHasRunEmptyStepsBack) {
   EXPECT_EQ(Form.InicioPagina, 1);
   EXPECT_EQ(Page(), "50 ( 1/1 )  ");
   EXPECT_EQ(Cells().size(), 50u);
-  EXPECT_THAT(Station.Heard(), ElementsAre("sonidos\\vintoral-5.wav"_w));
+  EXPECT_THAT(Station.Heard(), ElementsAre("Sonidos\\Vintoral-5.wav"_w));
 }
 
 TEST_F(ImprimirIndiceTest, TwoPagesThatHaveRunEmptyStepBackTwice) {

@@ -49,7 +49,7 @@ TEST_F(PunteroTest, OverACellShowsItsRecord) {
   EXPECT_EQ(Form.LblFechaSal.Caption, "??"_w);
   EXPECT_EQ(Form.LblFechaSal.BackColor, kYellow);
   EXPECT_EQ(Form.CboTarifa[0].Text(), "AUTOMOVIL"_w);
-  EXPECT_EQ(Form.Picture2.Picture.Path(), "./Multimedia\\Imágenes ACT\\000002.jpg"_w);
+  EXPECT_EQ(Form.Picture2.Picture.Path(), "Multimedia\\Imágenes ACT\\000002.jpg"_w);
   EXPECT_TRUE(Form.Picture2.Visible);
   EXPECT_FALSE(Form.Picture1.Visible);
   EXPECT_FALSE(Form.LblWebCamMsg.Visible);
@@ -72,7 +72,7 @@ TEST_F(PunteroTest, TheStayUpToThisMinuteIsKeptForTheFare) {
   // From 13:30 to 14:00, whatever the seconds.
   EXPECT_EQ(Form.Permanencia.horas, 0);
   EXPECT_EQ(Form.Permanencia.minutos, 30);
-  EXPECT_EQ(Form.TiempoEstadia, "00H 30M "_w);
+  EXPECT_EQ(Form.TiempoEstadia, "30M "_w);
 }
 
 TEST_F(PunteroTest, WhoHasLeftHasNoStayAndShowsItsExit) {
@@ -83,7 +83,7 @@ TEST_F(PunteroTest, WhoHasLeftHasNoStayAndShowsItsExit) {
   Hover(0);
   EXPECT_EQ(Form.TiempoEstadia, "as before"_w);
   EXPECT_EQ(Form.LblFechaSal.Caption, "13:40  (20/11/2026)"_w);
-  EXPECT_EQ(Form.Picture2.Picture.Path(), "./Multimedia\\Imágenes HST\\000009.jpg"_w);
+  EXPECT_EQ(Form.Picture2.Picture.Path(), "Multimedia\\Imágenes HST\\000009.jpg"_w);
 }
 
 TEST_F(PunteroTest, WithoutAPhotoThereIsTheLivePictureAndAWord) {
@@ -259,7 +259,7 @@ TEST_F(PunteroTest, WhatIsTypedUnderAnIdlePointerIsNotLost) {
 
 TEST_F(PunteroTest, MinutesAreTypedUnderThePointerToo) {
   Fill(1);
-  Press(boton::kUltimosEnIngresar);
+  Press(boton::kTiempoDePermanencia);
   Form.SetFocus(&Form.CboMinutos);
   Hover(0);
   Station.Type("4");
@@ -359,7 +359,7 @@ TEST_F(PunteroTest, AClickOnAFichaThatIsInsidePutsItOnDisplay) {
   Hover(2);
   Station.Events.Take();
   Click(2);
-  EXPECT_THAT(Station.Heard(), ElementsAre("sonidos\\vintoral-6.wav"_w));
+  EXPECT_THAT(Station.Heard(), ElementsAre("Sonidos\\Vintoral-6.wav"_w));
   EXPECT_TRUE(Form.FichaEnPantalla());
   EXPECT_EQ(Form.TxtCampo[0].Text(), "3"_w);
   EXPECT_EQ(Form.LblCampo[0].Caption, "0003"_w);

@@ -47,5 +47,16 @@ TEST(Picture, IsTheSameByPathOrByTheVeryPixels) {
   EXPECT_NE(Picture("a.jpg"_w), Picture());
 }
 
+TEST(Picture, AnotherFileOfTheSameNameIsAnotherPicture) {
+  const Picture picture("a.jpg"_w, {1000, 7});
+  EXPECT_EQ(picture.Path(), "a.jpg"_w);
+  EXPECT_EQ(picture.Mark(), (FileMark{1000, 7}));
+  EXPECT_FALSE(picture.Empty());
+  EXPECT_EQ(picture, Picture("a.jpg"_w, {1000, 7}));
+  EXPECT_NE(picture, Picture("a.jpg"_w, {1001, 7}));
+  EXPECT_NE(picture, Picture("a.jpg"_w, {1000, 8}));
+  EXPECT_NE(picture, Picture("a.jpg"_w));
+}
+
 }  // namespace
 }  // namespace vintoral

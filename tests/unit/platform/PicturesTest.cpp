@@ -52,6 +52,13 @@ TEST_F(PicturesTest, AFileIsReadWholeForItsPlace) {
   EXPECT_EQ(pictures_.Width, 320);
 }
 
+TEST_F(PicturesTest, AFileIsJudgedByAllOfItsBytesAndTheFewestPixels) {
+  EXPECT_EQ(pictures_.Judge(disk_, "Fondos\\a.jpg"), PictureFault::kNoPicture);
+  EXPECT_EQ(pictures_.Text, "bytes");
+  EXPECT_EQ(pictures_.Width, 1);
+  EXPECT_EQ(pictures_.Judge(disk_, "Fondos\\none.jpg"), PictureFault::kNotRead);
+}
+
 TEST_F(PicturesTest, AnEmptyFileIsReadToo) {
   memory_.Put("Fondos\\b.jpg", "");
   EXPECT_EQ(WhyNotRead("Fondos\\b.jpg"), 0);

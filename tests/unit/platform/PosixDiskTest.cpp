@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "platform/Descriptor.h"
 #include "support/TempFolder.h"
 
 namespace vintoral {
@@ -192,6 +193,48 @@ TEST_F(PosixDiskTest, CreateNewKnowsANameInOtherCase) {
   EXPECT_EQ(disk_.CreateNew("No folder\\x", "new").Error(), ENOENT);
   EXPECT_EQ(disk_.CreateNew(std::string_view("a\0b", 3), "new").Error(), ENOENT);
   EXPECT_THAT(NamesIn(""), ElementsAre("Logo.jpg"));
+}
+
+TEST_F(PosixDiskTest, TheMarkOfAFileIsItsLengthAndItsTime) {
+  folder_.Put("Fotos/000001.jpg", "photo");
+  const timespec times[2] = {{1, 0}, {1'700'000'000, 250}};
+  ASSERT_EQ(utimensat(AT_FDCWD, folder_.Path("Fotos/000001.jpg").c_str(), times, 0), 0);
+  const FileMark mark{5, 1'700'000'000'000'000'250};
+  EXPECT_EQ(disk_.Look("Fotos\\000001.jpg"), mark);
+  EXPECT_EQ(disk_.Look("FOTOS\\000001.jpg"), mark);
+  EXPECT_EQ(disk_.Look("Fotos\\000002.jpg"), std::nullopt);
+  EXPECT_EQ(disk_.Look("Fotos"), std::nullopt);
+  EXPECT_EQ(disk_.Look("No folder\\000001.jpg"), std::nullopt);
+}
+
+TEST_F(PosixDiskTest, MarksOfAFolderComeInTheOrderOfTheNames) {
+  folder_.Put("Im\xC3\xA1genes ACT/000001.jpg", "photo");
+  folder_.Put("Im\xC3\xA1genes ACT/000003.jpg/inside", "");
+  folder_.Put("Im\xC3\xA1genes ACT/\xC3\x91.jpg", "no");
+  const std::vector<String> names = {"000002.jpg"_w, "000001.jpg"_w, "000003.jpg"_w, "Ñ.jpg"_w};
+  const auto lengths = [&](std::string_view folder) {
+    std::vector<std::uint64_t> found;
+    for (const std::optional<FileMark>& mark : disk_.LookIn(folder, names))
+      found.push_back(mark ? mark->length : 99);
+    return found;
+  };
+  EXPECT_THAT(lengths("Im\xE1genes ACT"), ElementsAre(99, 5, 99, 2));
+  EXPECT_THAT(lengths("IM\xC1GENES act"), ElementsAre(99, 5, 99, 2));
+  EXPECT_THAT(lengths("Im\xE1genes HST"), ElementsAre(99, 99, 99, 99));
+  EXPECT_EQ(disk_.Disk::LookIn("Im\xE1genes ACT", names), disk_.LookIn("Im\xE1genes ACT", names));
+}
+
+TEST_F(PosixDiskTest, AFileThatIsOpenForWritingIsBeingWritten) {
+  folder_.Put("x", "photo");
+  EXPECT_FALSE(disk_.BeingWritten("x"));
+  EXPECT_FALSE(disk_.BeingWritten("none"));
+  {
+    const Descriptor reader(open(folder_.Path("x").c_str(), O_RDONLY | O_CLOEXEC));
+    EXPECT_FALSE(disk_.BeingWritten("x"));
+    const Descriptor writer(open(folder_.Path("x").c_str(), O_WRONLY | O_CLOEXEC));
+    EXPECT_TRUE(disk_.BeingWritten("X"));
+  }
+  EXPECT_FALSE(disk_.BeingWritten("x"));
 }
 
 TEST_F(PosixDiskTest, CreateFolderIsDoneWhenItIsThere) {

@@ -226,6 +226,7 @@ TEST_F(MinutesTest, EnterRefreshesTheGridAtOnce) {
   minutes_.SetText({});
   station_.Type("11\r");
   EXPECT_EQ(form_.TotalVista(), 0);
+  form_.SetFocus(&minutes_);
   minutes_.SetText({});
   station_.Type("10\r");
   EXPECT_EQ(form_.TotalVista(), 1);

@@ -107,10 +107,18 @@ TEST_F(InputTest, AHiddenOrDisabledFieldTakesNothing) {
   EXPECT_TRUE(name_.Text().Empty());
 }
 
-TEST_F(InputTest, WithoutAFocusNothingIsTyped) {
+TEST_F(InputTest, WithoutAFocusArrowsGoNowhere) {
+  form_.SetFocus(nullptr);
+  hands_.Key(keys::kRight, 0);
+  hands_.Key(keys::kEnter, 0);
+  EXPECT_EQ(form_.Focus(), nullptr);
+}
+
+TEST_F(InputTest, WhereNoFieldTakesTypingNothingIsTyped) {
+  for (TextBox& field : form_.TxtCampo)
+    field.Locked = true;
   form_.SetFocus(nullptr);
   station_.Type("7");
-  hands_.Key(keys::kRight, 0);
   EXPECT_TRUE(number_.Text().Empty());
   EXPECT_EQ(form_.Focus(), nullptr);
 }
