@@ -1,7 +1,8 @@
 #include "common/Numbers.h"
-#include "station/form1/Fotos.h"
 #include "entry/Puesto.h"
+#include "station/form1/Filas.h"
 #include "station/form1/Form1.h"
+#include "station/form1/Fotos.h"
 
 namespace vintoral {
 namespace {
@@ -15,29 +16,12 @@ void OfrecerFactura(Form1& form) {
   form.ImgIndicador[indicador::kImprimirFactura].Visible = true;
 }
 
-void MostrarFilas(Form1& form) {
-  const RegistroFicha& ficha = form.FichaActual;
-  const std::array<String, 6> values = {ficha.NumeroFicha.Trimmed(), ficha.Placa.Trimmed(),
-                                        ficha.Nombre.Trimmed(),      ficha.Apellido.Trimmed(),
-                                        ficha.Telefono.Trimmed(),    ficha.Observacion.Trimmed()};
-  for (std::size_t i = 0; i < values.size(); ++i) {
-    form.LblCampo[i].BackColor = kYellow;
-    form.LblCampo[i].Caption = values[i];
-    form.LblCampo[i].Visible = true;
-    form.TxtCampo[i].Visible = false;
-    form.TxtCampo[i].Locked = true;
-  }
-}
-
 void MostrarRegistro(Form1& form) {
-  form.LblFechaEnt.BackColor = kLightYellow;
-  form.LblFechaSal.BackColor = kYellow;
-  form.LblFechaEnt.Caption = form.FichaActual.MarcaEntrada.Trimmed();
-  MostrarFilas(form);
-  form.CboTarifa[0].Clear();
-  form.CboTarifa[0].SetText(form.FichaActual.Categoria.Trimmed());
-  form.CboTarifa[0].Visible = true;
-  form.CboTarifa[1].Visible = false;
+  EscribirFilas(form, form.FichaActual);
+  for (TextBox& field : form.TxtCampo) {
+    field.Visible = false;
+    field.Locked = true;
+  }
 }
 
 void MostrarFotoEntrada(Form1& form) {

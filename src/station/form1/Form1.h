@@ -1,9 +1,10 @@
 // The main screen, and with it the station: the operator has one screen, so the station is one class.
 //
 // This header is its table of contents. Each operation is defined in a file of its own name in its
-// subsystem's folder (the four CrearArchivo in CrearArchivos.cpp; in Form1.cpp how the form is wired, where
-// its focus goes and what operations of several folders share), and reads as the list of what happens. Its
-// steps are functions of that file; what can be said without the screen is a plain function elsewhere.
+// subsystem's folder (the four CrearArchivo in CrearArchivos.cpp, both pages in Paginas.cpp; in Form1.cpp how
+// the form is wired, where its focus goes and what operations of several folders share), and reads as the
+// list of what happens. Its steps are functions of that file; what can be said without the screen is a plain
+// function elsewhere.
 #pragma once
 
 #include <array>
