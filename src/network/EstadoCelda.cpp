@@ -3,8 +3,13 @@
 namespace vintoral {
 namespace {
 
+bool Conectada(const Form1& form) {
+  return form.LblConexion[0].BackColor == kLightGreen;
+}
+
 void CaraDeCelda(Form1& form) {
   form.TmrHoraFecha.SetEnabled(false);
+  form.TmrMonitor.SetEnabled(Conectada(form));  // which the clock would have turned on with its next tick
   for (TextBox& field : form.TxtCampo)
     field.Visible = false;
   form.CboTarifa[1].Visible = false;
@@ -37,12 +42,14 @@ void CaraDeEntrada(Form1& form, bool conservarFoto) {
   BlanquearFilas(form);
   AbrirCampos(form);
   // Without the folder the clock stays stopped, as the link watch has left it.
-  const bool connected = form.LblConexion[0].BackColor == kLightGreen;
-  form.TmrHoraFecha.SetEnabled(connected);
-  if (!connected) form.LblFechaEnt.Caption = "CONECTANDO... "_w;
+  form.TmrHoraFecha.SetEnabled(Conectada(form));
+  if (!Conectada(form)) form.LblFechaEnt.Caption = "CONECTANDO... "_w;
   if (!conservarFoto) form.MostrarImagenEnVivo();
-  if (!form.TxtBarCode.Visible) return form.SetFocus(&form.TxtCampo[0]);
   form.TxtBarCodeOK.Visible = false;
+}
+
+void FocoDeEntrada(Form1& form) {
+  if (!form.TxtBarCode.Visible) return form.SetFocus(&form.TxtCampo[0]);
   form.TxtBarCode.SetText({});
   form.SetFocus(&form.TxtBarCode);
 }
@@ -51,7 +58,23 @@ void CaraDeEntrada(Form1& form, bool conservarFoto) {
 
 void Form1::EstadoCelda(bool mostrar, bool conservarFoto) {
   if (mostrar) return CaraDeCelda(*this);
-  if (!FichaEnCurso()) CaraDeEntrada(*this, conservarFoto);
+  if (FichaEnCurso()) return;
+  CaraDeEntrada(*this, conservarFoto);
+  FocoDeEntrada(*this);
+}
+
+void Form1::QuitarCelda() {
+  if (PctFicha.TagNumber() == 0) return;
+  PctFicha.Tag = "0"_w;
+  ShpCelda.Cell = -1;
+  ShpCelda.Visible = false;
+  if (!FichaEnCurso()) CaraDeEntrada(*this, false);
+}
+
+void Form1::SalirDeCelda() {
+  if (PctFicha.TagNumber() == 0) return;
+  QuitarCelda();
+  if (!FichaEnCurso()) FocoDeEntrada(*this);
 }
 
 }  // namespace vintoral

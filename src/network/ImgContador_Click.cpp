@@ -7,7 +7,8 @@
 namespace vintoral {
 
 void Form1::ImgContador_Click() {
-  constexpr int kShown = 2000;  // milliseconds
+  constexpr int kShown = 2000;              // milliseconds
+  if (!LblInfo[4].Caption.Empty()) return;  // it is being told: the key is held down
   const String categoria = Trim((CboTarifa[1].Visible ? CboTarifa[1] : CboTarifa[0]).Text());
   const auto equal = [&](const RegistroFicha& ficha) {
     return EqualNoCase(ficha.Categoria.Trimmed(), categoria);

@@ -16,6 +16,12 @@ void MostrarCodigos(Form1& form, const RegistroFicha& ficha) {
 }  // namespace
 
 void Form1::ImgFicha_MouseMove(int cell) {
+  const String before = PctFicha.Tag;
+  SenalarCelda(cell);
+  if (PctFicha.Tag != before) EtiquetaMonitor();
+}
+
+void Form1::SenalarCelda(int cell) {
   const std::int32_t row = InicioPagina + cell;
   if (FichaEnCurso() || row > TotalVista() || PctFicha.TagNumber() == row) return;
   const RegistroFicha ficha = VistaFichas[static_cast<std::size_t>(row - 1)];
@@ -28,7 +34,6 @@ void Form1::ImgFicha_MouseMove(int cell) {
   EscribirFilas(*this, ficha);
   LblFechaSal.Caption = ficha.MarcaSalida.Trimmed();
   MostrarFotoFicha(*this, RutaFoto(*this, ficha));
-  EtiquetaMonitor();
 }
 
 }  // namespace vintoral

@@ -37,11 +37,12 @@ void EscribirCuenta(Form1& form) {
                             Digits(pages) + " )  "_w;
 }
 
-/// The pointer rests where it was, but the record under it may be another one, or gone.
+/// The pointer rests where it was, but the record under it may be another one, or gone. What is typed
+/// meanwhile, the minutes of a monitor or a label, is left alone.
 void SeguirPuntero(Form1& form, std::int32_t cell) {
-  if (static_cast<std::size_t>(cell) >= Pagina(form).size()) return form.SalirDeCelda();
+  if (static_cast<std::size_t>(cell) >= Pagina(form).size()) return form.QuitarCelda();
   form.PctFicha.Tag = "0"_w;
-  form.ImgFicha_MouseMove(cell);
+  form.SenalarCelda(cell);
 }
 
 }  // namespace

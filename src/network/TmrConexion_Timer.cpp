@@ -12,7 +12,7 @@ void EstadoConexion(Form1& form, bool conectado) {
     bar.BackColor = conectado ? kLightGreen : kLightRed;
   form.LblIndicador[0].Visible = conectado;
   form.LblFechaEnt.Caption = conectado ? String() : "CONECTANDO... "_w;
-  if (conectado && form.FichaEnPantalla())
+  if (conectado && (form.FichaEnPantalla() || form.PctFicha.TagNumber() != 0))
     form.LblFechaEnt.Caption = form.FichaMostrada().MarcaEntrada.Trimmed();
 }
 

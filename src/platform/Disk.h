@@ -69,7 +69,8 @@ class Disk {
   /// The marks of files of one folder, in the order of `names`, which are looked for as they are written.
   virtual std::vector<std::optional<FileMark>> LookIn(std::string_view folder,
                                                       std::span<const String> names) const;
-  /// Some program has the file open for writing, as far as the system can tell: a share can't.
+  /// Some program has the file open for writing. Where the system can't tell, on a share and of a file that
+  /// belongs to somebody else, one that was changed within the last ten seconds counts as such.
   virtual bool BeingWritten(std::string_view path) const = 0;
   virtual Result<std::unique_ptr<DiskFile>> Open(std::string_view path, OpenMode mode) = 0;
   /// The whole file.

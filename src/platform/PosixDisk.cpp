@@ -2,11 +2,15 @@
 
 #include <dirent.h>
 #include <fcntl.h>
+#include <linux/magic.h>
 #include <sys/stat.h>
+#include <sys/statfs.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
+#include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <tuple>
@@ -55,6 +59,32 @@ int OpenRegular(const std::string& path, int flags) {
 /// -1 where there is no such folder.
 int OpenFolder(const std::string& path) {
   return open(path.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
+}
+
+/// What a server answers for it is the server's business: a mount tells nothing of who else writes.
+bool IsMountOfAServer(int descriptor) {
+  constexpr std::array<__fsword_t, 5> kMounts = {NFS_SUPER_MAGIC, SMB_SUPER_MAGIC, CIFS_SUPER_MAGIC,
+                                                 SMB2_SUPER_MAGIC, FUSE_SUPER_MAGIC};
+  struct statfs system {};
+  if (fstatfs(descriptor, &system) != 0) return true;
+  return std::find(kMounts.begin(), kMounts.end(), system.f_type) != kMounts.end();
+}
+
+/// Nothing where the system can't tell.
+std::optional<bool> HasWriter(int descriptor) {
+  if (IsMountOfAServer(descriptor)) return std::nullopt;
+  // The system gives a lease for reading only where nobody writes. Whoever opens the file before it is given
+  // back makes it send a signal; this one is ignored.
+  fcntl(descriptor, F_SETSIG, SIGURG);
+  if (fcntl(descriptor, F_SETLEASE, F_RDLCK) == 0) return false;
+  return errno == EAGAIN ? std::optional(true) : std::nullopt;
+}
+
+bool ChangedJustNow(const std::string& path) {
+  constexpr std::chrono::seconds kJustNow{10};
+  const std::optional<FileMark> mark = MarkOf(path);
+  const std::chrono::nanoseconds now = std::chrono::system_clock::now().time_since_epoch();
+  return mark && std::chrono::abs(now - std::chrono::nanoseconds(mark->changed)) < kJustNow;
 }
 
 /// A file in `folder` that gets its name when it is whole, so that a station that is killed leaves nothing
@@ -150,12 +180,10 @@ std::vector<std::optional<FileMark>> PosixDisk::LookIn(std::string_view folder,
 }
 
 bool PosixDisk::BeingWritten(std::string_view path) const {
-  const Descriptor file(open(FindIgnoringCase(PathOf(path)).c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+  const std::string native = FindIgnoringCase(PathOf(path));
+  const Descriptor file(open(native.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
   if (file.Number() < 0) return false;
-  // The system gives a lease for reading only where nobody writes. Whoever opens the file before it is given
-  // back makes it send a signal; this one is ignored.
-  fcntl(file.Number(), F_SETSIG, SIGURG);
-  return fcntl(file.Number(), F_SETLEASE, F_RDLCK) != 0 && errno == EAGAIN;
+  return HasWriter(file.Number()).value_or(ChangedJustNow(native));
 }
 
 Result<std::unique_ptr<DiskFile>> PosixDisk::Open(std::string_view path, OpenMode mode) {

@@ -1,4 +1,6 @@
 #include <span>
+#include <utility>
+#include <vector>
 
 #include "records/Monitores.h"
 #include "records/Register.h"
@@ -24,15 +26,19 @@ void Form1::CargarArchivoACT() {
   if (act.Missing()) return;
   if (!act) return act.Opened().PassOver();
   const Moment now = platform_.clock.Now();
-  LiberarMemoria();
-  VistaFichas.reserve(static_cast<std::size_t>(TotalFichas));
+  std::vector<RegistroFicha> view;
+  view.reserve(static_cast<std::size_t>(TotalFichas));
   const auto take = [&](std::int64_t, std::span<const char, RegistroFicha::kSize> bytes) {
     if (!EstaDentro(bytes)) return true;
     const RegistroFicha record = RegistroFicha::Decode(bytes);
-    if (IsListed(*this, record, now)) VistaFichas.push_back(record);
+    if (IsListed(*this, record, now)) view.push_back(record);
     return true;
   };
-  act.WalkBytes(1, TotalFichas, take).PassOver();
+  const Outcome read = act.WalkBytes(1, TotalFichas, take);
+  read.PassOver();
+  if (!read) return;  // what is on the screen stays there
+  LiberarMemoria();
+  VistaFichas = std::move(view);
 }
 
 }  // namespace vintoral

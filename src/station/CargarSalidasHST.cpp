@@ -1,3 +1,6 @@
+#include <utility>
+#include <vector>
+
 #include "records/Monitores.h"
 #include "records/Register.h"
 #include "station/form1/Form1.h"
@@ -13,14 +16,19 @@ void Form1::CargarSalidasHST() {
   }
   const Moment now = platform_.clock.Now();
   const int minutes = MinutosDelMonitor(*this);
-  LiberarMemoria();
+  std::vector<RegistroFicha> view;
   const auto take = [&](std::int64_t, const RegistroFicha& record) {
     FichaAuxiliar = record;
     if (!SalioHoy(record, now)) return false;
-    if (SalioHace(record, now, minutes)) VistaFichas.push_back(record);
+    if (SalioHace(record, now, minutes)) view.push_back(record);
     return true;
   };
-  hst.WalkBack(hst.Count().PassOver().value_or(0), 1, take).PassOver();
+  const Result<std::int64_t> rows = hst.Count();
+  const Outcome read = rows ? hst.WalkBack(*rows, 1, take) : rows.Why();
+  read.PassOver();
+  if (!read) return;  // what is on the screen stays there
+  LiberarMemoria();
+  VistaFichas = std::move(view);
 }
 
 }  // namespace vintoral

@@ -25,8 +25,11 @@ void Form1::EtiquetaMonitor() {
   for (const Suffix& each : kSuffixes) {
     PictureBox& button = PctBoton[each.monitor];
     if (!IsPressed(button)) continue;
-    button.Tag = Digits(LeadingInteger(CboMinutos.Text()));
-    return CboMinutos.SetText(button.Tag + String(each.text));
+    const std::int64_t minutes = LeadingInteger(CboMinutos.Text());
+    button.Tag = Digits(minutes);
+    // The item stays the one that is selected: the arrows go on from there.
+    CboMinutos.SetText(button.Tag + " Minutos"_w);
+    return CboMinutos.ShowInstead(button.Tag + String(each.text));
   }
 }
 

@@ -2,17 +2,33 @@
 #include "station/forms/Keys.h"
 
 namespace vintoral {
+namespace {
+
+/// Typing, erasing, and Enter: what would be lost in a control that is hidden.
+bool Writes(char character) {
+  return static_cast<unsigned char>(character) >= ' ' || character == keys::kBackspace ||
+         character == keys::kEnter;
+}
+
+}  // namespace
 
 bool Form1::Form_KeyPress(char character) {
   const Control* const focus = Focus();
-  if (character == static_cast<char>(keys::kTab)) {
+  if (character == keys::kTab) {
     const bool fromGrid = focus == &FraFicha && PctFicha.TagNumber() != 0;
-    SalirDeCelda();
-    return fromGrid;  // the focus has gone back to the number
+    if (fromGrid) {
+      SalirDeCelda();
+    } else {
+      QuitarCelda();
+    }
+    return fromGrid;  // typing goes on where the pointer has led back to
   }
-  if (static_cast<unsigned char>(character) < ' ') return false;
-  if (focus == &FraFicha || (focus != nullptr && !focus->Visible)) SalirDeCelda();
-  if (Focus() == nullptr || Focus() == &FraFicha) FocoDondeSeEscribe();
+  if (focus != nullptr && !focus->Visible && Writes(character)) QuitarCelda();
+  const bool types = static_cast<unsigned char>(character) >= ' ';
+  if (types && (focus == nullptr || focus == &FraFicha)) {
+    QuitarCelda();
+    FocoDondeSeEscribe();
+  }
   return false;
 }
 

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "station/Dat.h"
 #include "station/form1/Form1.h"
 #include "station/form1/Monitor.h"

@@ -1,7 +1,8 @@
 // The main screen, and with it the station: the operator has one screen, so the station is one class.
 //
 // This header is its table of contents. Each operation is defined in a file of its own name in its
-// subsystem's folder (the four CrearArchivo in CrearArchivos.cpp, both pages in Paginas.cpp; in Form1.cpp how
+// subsystem's folder (the four CrearArchivo in CrearArchivos.cpp, both pages in Paginas.cpp, the pointer's
+// ways out of a cell in EstadoCelda.cpp; in Form1.cpp how
 // the form is wired, where its focus goes and what operations of several folders share), and reads as the
 // list of what happens. Its steps are functions of that file; what can be said without the screen is a plain
 // function elsewhere.
@@ -228,11 +229,14 @@ class Form1 : public ScreenModel {
   void ImprimirIndice();
   void RetrocederPagina();
   void AvanzarPagina();
-  /// `cell` counts from 0.
+  /// Shows the record of a cell (from 0) as if the pointer had come to it.
+  void SenalarCelda(int cell);
   void ImgFicha_MouseMove(int cell);
   void ImgFicha_Click(int cell);
-  /// The pointer has left the grid.
+  /// The pointer has left the grid: typing goes on at the number, or with the reader's codes.
   void SalirDeCelda();
+  /// The face of entry comes back under a pointer that may rest where it is; the keyboard stays where it is.
+  void QuitarCelda();
   void Form_MouseMove() override { SalirDeCelda(); }
   /// The face of the screen that shows a cell's record, or the one that takes a new ficha.
   void EstadoCelda(bool mostrar, bool conservarFoto);

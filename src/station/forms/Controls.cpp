@@ -107,6 +107,11 @@ void ComboBox::Select(int index) {
   ShowWhole();
 }
 
+void ComboBox::ShowInstead(const String& text) {
+  text_ = text;
+  ShowWhole();
+}
+
 void ComboBox::Clear() {
   list_.clear();
   Select(-1);

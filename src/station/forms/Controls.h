@@ -176,6 +176,8 @@ class ComboBox : public Control, public EditableText {
   int ListIndex() const { return index_; }
   /// Selects item `index` (0 the first) and takes its text; -1 selects none and empties the text.
   void Select(int index);
+  /// Shows another text for the item that is selected.
+  void ShowInstead(const String& text);
   void AddItem(const String& item) { list_.push_back(item); }
   /// Without items, text and selection.
   void Clear();

@@ -337,7 +337,7 @@ void Input::Hover(Control& control) {
 
 void Input::Leave(Form& form) {
   const Forms::Handling handling(forms_);
-  if (!forms_.Ended() && forms_.Reaches(form)) form.Form_MouseMove();
+  if (!forms_.Ended()) form.Form_MouseMove();  // the pointer may leave a form that a dialog holds
 }
 
 bool Input::Select(Control& control, int index) {

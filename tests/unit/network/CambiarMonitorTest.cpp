@@ -85,6 +85,35 @@ TEST_F(CambiarMonitorTest, EachKeepsItsOwnMinutes) {
   EXPECT_EQ(Minutes(), "30 Min. ADENTRO");
 }
 
+TEST_F(CambiarMonitorTest, TheArrowsGoOnFromTheMinutesInForce) {
+  Form.PctBoton[boton::kUltimosEnIngresar].Tag = "60"_w;
+  Press(boton::kUltimosEnIngresar);
+  Form.SetFocus(&Form.CboMinutos);
+  Station.Hands.Key(keys::kDown, 0);
+  EXPECT_EQ(Minutes(), "90 Min. ATRAS");
+  Station.Hands.Key(keys::kUp, 0);
+  Station.Hands.Key(keys::kUp, 0);
+  EXPECT_EQ(Minutes(), "45 Min. ATRAS");
+}
+
+TEST_F(CambiarMonitorTest, ARegisterThatCannotBeReadLeavesTheGridAlone) {
+  Fill(3);
+  Station.Faulty.Set().failRead = 1;
+  Free(1);
+  Form.RefrescarVista();
+  EXPECT_THAT(Cells(), ElementsAre("0001", "0002", "0003"));
+  PutHistory({Salida(1, 11, "13:00  (20/11/2026)")});
+  Press(boton::kUltimosEnSalir);
+  ASSERT_THAT(Cells(), ElementsAre("0011"));
+  PutHistory({Salida(1, 12, "13:00  (20/11/2026)")});
+  Station.Faulty.Set().failRead = 1;
+  Form.RefrescarVista();
+  EXPECT_THAT(Cells(), ElementsAre("0011"));
+  Station.Faulty.Set().failLength = true;
+  Form.RefrescarVista();
+  EXPECT_THAT(Cells(), ElementsAre("0011"));
+}
+
 TEST_F(CambiarMonitorTest, MinutesThatAreNotInTheListComeBackToo) {
   Form.PctBoton[boton::kUltimosEnSalir].Tag = "25"_w;
   Press(boton::kUltimosEnSalir);
@@ -252,6 +281,12 @@ TEST_F(ContadorTest, IsToldForTwoSecondsWithASound) {
   Station.Hands.Key('C', keys::kControl);
   EXPECT_THAT(Station.Heard(), ElementsAre("Sonidos\\Vintoral-9.wav"_w));
   EXPECT_EQ(Form.LblInfo[4].Caption, ""_w);
+  EXPECT_THAT(Station.Waits, ElementsAre(2000));
+}
+
+TEST_F(ContadorTest, AKeyThatIsHeldDownAsksOnce) {
+  Station.UnderWait = [this] { Form.ImgContador_Click(); };
+  Form.ImgContador_Click();
   EXPECT_THAT(Station.Waits, ElementsAre(2000));
 }
 

@@ -187,6 +187,32 @@ TEST_F(PunteroTest, OverTheRestOfTheScreenNothingMoves) {
   EXPECT_EQ(Form.Focus(), &Form.TxtCampo[3]);
 }
 
+TEST_F(PunteroTest, TheRecordsFaceHidesWhatIsForTyping) {
+  Form.CboTarifa[0].Visible = true;
+  Form.EstadoCelda(true, false);
+  EXPECT_TRUE(RecordFace());
+  EXPECT_FALSE(Form.Picture1.Visible);
+}
+
+TEST_F(PunteroTest, TheGridIsRefreshedUnderAPointerThatCameAtOnce) {
+  Fill(2);
+  Station.TypeAndEnter("9");
+  Station.Pass(500);
+  ASSERT_FALSE(Form.TmrMonitor.Enabled);
+  Form.Cancelar();
+  Hover(0);  // before the clock could turn it on again
+  EXPECT_TRUE(Form.TmrMonitor.Enabled);
+}
+
+TEST_F(PunteroTest, WithoutTheFolderTheGridIsNotRefreshed) {
+  Fill(1);
+  Station.Faulty.Set().existsSays = false;
+  Station.Pass(10'000);
+  ASSERT_EQ(Form.LblConexion[0].BackColor, kLightRed);
+  Hover(0);
+  EXPECT_FALSE(Form.TmrMonitor.Enabled);
+}
+
 TEST_F(PunteroTest, PhotoCanStayWhenTheFaceOfEntryComesBack) {
   Disk.Put(FotoDentro(1), Photo());
   Fill(1);
@@ -233,6 +259,7 @@ TEST_F(PunteroTest, AFolderThatComesBackLeavesTheClockStoppedUnderThePointer) {
   Station.Pass(3'000);
   ASSERT_EQ(Form.LblConexion[0].BackColor, kLightGreen);
   EXPECT_FALSE(Form.TmrHoraFecha.Enabled);
+  EXPECT_EQ(Form.LblFechaEnt.Caption, "13:30  (20/11/2026)"_w);
   Leave();
   EXPECT_TRUE(Form.TmrHoraFecha.Enabled);
 }
@@ -255,6 +282,43 @@ TEST_F(PunteroTest, WhatIsTypedUnderAnIdlePointerIsNotLost) {
   Station.Type("2");
   EXPECT_TRUE(EntryFace());
   EXPECT_EQ(Form.TxtCampo[0].Text(), "12"_w);
+}
+
+TEST_F(PunteroTest, TheFieldThatWasTypedInTakesTheNextCharacter) {
+  Fill(1);
+  Form.SetFocus(&Form.TxtCampo[4]);
+  Station.Type("55");
+  Hover(0);
+  Station.Type("6");
+  EXPECT_TRUE(EntryFace());
+  EXPECT_EQ(Form.TxtCampo[4].Text(), "556"_w);
+  EXPECT_EQ(Form.Focus(), &Form.TxtCampo[4]);
+  Hover(0);
+  Station.Type("\b");
+  EXPECT_TRUE(EntryFace());
+  EXPECT_EQ(Form.TxtCampo[4].Text(), "55"_w);
+}
+
+TEST_F(PunteroTest, EnterUnderAnIdlePointerIsNotLostEither) {
+  Fill(2);
+  Station.Type("2");
+  Hover(0);
+  Station.Type("\r");
+  EXPECT_TRUE(Form.FichaEnPantalla());
+  EXPECT_EQ(Form.LblCampo[0].Caption, "0002"_w);
+}
+
+TEST_F(PunteroTest, EscapeAndOtherSignsBringNothingBack) {
+  Fill(1);
+  Hover(0);
+  Station.Type("\x03");
+  EXPECT_TRUE(RecordFace());
+}
+
+TEST_F(PunteroTest, EnterInTheToolBarStaysThere) {
+  Form.SetFocus(nullptr);
+  Station.Type("\r");
+  EXPECT_EQ(Form.Focus(), nullptr);
 }
 
 TEST_F(PunteroTest, MinutesAreTypedUnderThePointerToo) {
@@ -318,6 +382,21 @@ TEST_F(PunteroTest, ARecordRetiredAtAnotherGateGivesWayToTheNext) {
   EXPECT_EQ(Form.LblCampo[0].Caption, "0003"_w);
   EXPECT_EQ(Form.ShpCelda.Cell, 1);
   EXPECT_TRUE(Form.ShpCelda.Visible);
+}
+
+TEST_F(PunteroTest, ARedrawLeavesWhatIsTypedMeanwhileAlone) {
+  Fill(2);
+  Press(boton::kTiempoDePermanencia);
+  Hover(1);
+  Form.SetFocus(&Form.CboMinutos);
+  Station.Type("4");
+  Form.RefrescarVista();
+  EXPECT_EQ(Form.CboMinutos.Text(), "4"_w);
+  Free(2);
+  Form.RefrescarVista();  // and the pointer's record has gone
+  EXPECT_TRUE(EntryFace());
+  EXPECT_EQ(Form.Focus(), &Form.CboMinutos);
+  EXPECT_EQ(Form.CboMinutos.Text(), "4"_w);
 }
 
 TEST_F(PunteroTest, WithoutANextOneTheFaceOfEntryComesBack) {
@@ -435,6 +514,27 @@ TEST_F(PunteroTest, ANumberTypedUnderThePointerIsCalledUpWithTheClockRunning) {
   EXPECT_EQ(Form.PctFicha.Tag, "0"_w);
   EXPECT_EQ(&Form.FichaMostrada(), &Form.FichaActual);
   EXPECT_TRUE(Form.TmrHoraFecha.Enabled);
+}
+
+TEST_F(PunteroTest, AClickWithoutTheFolderLeavesTheFaceOfEntry) {
+  Fill(1);
+  Hover(0);
+  Station.Faulty.Set().existsSays = false;
+  Click(0);
+  EXPECT_FALSE(Form.FichaEnCurso());
+  EXPECT_EQ(Form.PctFicha.Tag, "0"_w);
+  EXPECT_TRUE(Form.TxtCampo[0].Visible);
+}
+
+TEST_F(PunteroTest, ThePointerMayLeaveUnderADialog) {
+  Fill(1);
+  Hover(0);
+  Station.InDialog = {[this] {
+    Leave();
+    Station.Hands.Key(keys::kEscape, 0);
+  }};
+  Station.Hands.Key('T', keys::kControl);
+  EXPECT_TRUE(EntryFace());
 }
 
 // ---- Barcodes
