@@ -75,4 +75,5 @@ class GridDay(DrivenDay):
         self.assertIdle(station)
         self.assertEqual(station.captions("LblFechaSal", *[f"LblCampo({row})" for row in range(6)]), [""] * 7)
         self.assertEqual([station.shown(f"CboTarifa({list_})") for list_ in (0, 1)], [False, True])
+        self.assertEqual(station.text("CboTarifa(0)"), "")
         self.assertTrue(station.get("TmrHoraFecha")["Enabled"])

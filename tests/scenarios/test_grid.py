@@ -34,6 +34,20 @@ class Pages(GridDay):
             station.click(button)
             self.assertEqual(station.focused(), "TxtCampo(0)")
 
+    def test_a_ficha_on_display_is_retired_from_any_page(self):
+        for number in (2, 51):
+            with self.subTest(number=number):
+                station = self.gate(*numbered(51))
+                station.call_up(number)
+                station.key(PAGE_DOWN)
+                self.assertOnDisplay(station, number)
+                self.assertTrue(station.shown("ShpCelda"))
+                station.key(DELETE)
+                station.answer("yes")
+                self.assertEqual([row.Posicion for row in self.folder.history()], [2])
+                self.assertEqual(self.folder.slot(number).EnUso, 0)
+                station.end()
+
     def test_a_page_that_another_gate_empties_steps_back(self):
         one, two = self.gate(*numbered(51)), self.second_gate()
         two.key(PAGE_DOWN)
@@ -102,7 +116,12 @@ class Pointer(GridDay):
         self.assertEqual([station.shown(control) for control in (*FIELDS, "CboTarifa(1)", "Picture1", "LblWebCamMsg")],
                          [False] * 9)
         self.assertTrue(station.get("Picture2")["Picture"] and station.shown("Picture2"))
+        self.assertFalse(station.shown("TxtBarCodeOK"))
+        self.assertNotIn(LIGHT_ORANGE, [row["BackColor"] for row in station.get(*ROWS)])
         self.assertEqual(self.pointed(station), ("2", True))
+
+    def colours(self):
+        return [stamp_["BackColor"] for stamp_ in self.station.get("LblFechaEnt", "LblFechaSal")]
 
     def test_over_a_cell_its_record_is_shown_and_the_clock_stands(self):
         self.station.advance(500)
@@ -115,11 +134,15 @@ class Pointer(GridDay):
         self.assertEqual((stay["DiasEstadia"], stay["HorasEstadia"], stay["MinutosEstadia"]), (0, 0, 30))
 
     def test_away_from_the_grid_the_screen_is_idle_and_the_clock_runs(self):
+        idle = self.colours()
         for away in ("Form1", "FraFicha", "PctFicha", "PctBoton(3)", "LblCampo(0)"):
             with self.subTest(away=away):
+                self.station.focus("TxtCampo(3)")
                 self.hover(self.station, "ImgFicha(1)")
                 self.assertShowsAna()
+                self.assertNotEqual(self.colours(), idle)
                 self.hover(self.station, away)
+                self.assertEqual(self.colours(), idle)
                 self.assertEntryFace(self.station)
                 self.assertEqual([row["BackColor"] for row in self.station.get(*ROWS)], [LIGHT_ORANGE] * 6)
                 self.assertEqual([self.station.shown(name) for name in ("Picture1", "Picture2")], [True, False])
@@ -212,11 +235,13 @@ class Pointer(GridDay):
         self.folder.write("Recursos/Vintoral.DAT", screen_state(mixed(0, 0, mark=-1)))
         station = self.running()
         self.switch_barcodes(station)
+        station.focus("TxtCampo(3)")
         self.hover(station, "ImgFicha(1)")
         self.assertTrue(station.shown("TxtBarCodeOK"))
         self.leave(station)
         self.assertEqual((station.shown("TxtBarCodeOK"), station.text("TxtBarCode"), station.focused()),
                          (False, "", "TxtBarCode"))
+        self.assertFalse(station.get("TxtCampo(0)")["Enabled"])
 
     def test_the_second_page_counts_on(self):
         self.station.close()
