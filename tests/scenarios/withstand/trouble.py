@@ -39,6 +39,11 @@ def unmount(path):
     subprocess.run(["umount", "--lazy", str(path)], check=False, stderr=subprocess.DEVNULL)
 
 
+def some(lengths):
+    """All of them, or where the sanitizers make each day long, every so manieth."""
+    return list(lengths)[::int(os.environ.get("VINTORAL_EVERY", "1"))]
+
+
 class Trouble(station.DrivenDay):
     """A driven day on which things go wrong: operations may be refused, but every one is answered, and soon."""
 
@@ -124,6 +129,24 @@ class Trouble(station.DrivenDay):
         with open(folder / f"Multimedia/Vintoral.{register}", "rb") as file:
             file.seek((number - 1) * station.RECORD.size)
             return decoded(file.read(station.RECORD.size))
+
+    def become_nobody(self):
+        """The next drivers have a user id of their own, through a wrapper that the client starts as any other program."""
+        wrapper = self.root / "as-nobody"
+        program = self.root / "driver"  # where nobody can reach it
+        shutil.copy(station.driver(), program)
+        wrapper.write_text(f"#!/bin/sh\nexec setpriv --reuid=65534 --regid=65534 --clear-groups {program}\n")
+        wrapper.chmod(0o755)
+        self.root.chmod(0o755)
+        given = os.environ["VINTORAL_DRIVER"]
+        self.addCleanup(os.environ.__setitem__, "VINTORAL_DRIVER", given)
+        os.environ["VINTORAL_DRIVER"] = str(wrapper)
+
+    def give_away(self, path):
+        if os.getuid() != 0:
+            return
+        for entry in [path, *pathlib.Path(path).rglob("*")]:
+            os.chown(entry, 65534, 65534)
 
 
 def decoded(record):
