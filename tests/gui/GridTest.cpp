@@ -1,4 +1,5 @@
 // The contact sheet: where its cells lie, what they show, and what hands do on it.
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QDialog>
 #include <QHelpEvent>
@@ -11,7 +12,9 @@
 #include "records/Register.h"
 #include "window/controls/CellFrame.h"
 #include "window/controls/Light.h"
+#include "window/controls/ListField.h"
 #include "window/controls/PhotoCell.h"
+#include "window/controls/TextField.h"
 #include "window/controls/Theme.h"
 #include "window/form1/CellSheet.h"
 
@@ -184,6 +187,7 @@ TEST_F(Grid, ACellShowsItsPhotoWithTheNumberOnIt) {
   EXPECT_FALSE(CellFace(3).HasPicture());
   EXPECT_EQ(ColorAt(CellFace(3), QPoint(4, 4)), QColor::fromRgb(theme::kPictureGround));
   EXPECT_NE(Picture(CellFace(3)), Picture(CellFace(2)));
+  EXPECT_EQ(CellFace(3).accessibleName(), "0004");
   EXPECT_FALSE(CellFace(4).isVisible());
 }
 
@@ -226,6 +230,15 @@ TEST_F(Grid, TheSamePhotoIsNotReadAgain) {
   Picture(*window_);
   EXPECT_FALSE(CellFace(0).Loading());
   EXPECT_TRUE(CellFace(0).HasPicture());
+}
+
+TEST_F(Grid, AWindowThatWasAwayComesBackWithItsPhotos) {
+  PutPhoto(1, Qt::red);
+  Fill(1);
+  window_->hide();
+  window_->show();
+  EXPECT_TRUE(CellFace(0).HasPicture());
+  EXPECT_FALSE(CellFace(0).Loading());
 }
 
 TEST_F(Grid, APhotoThatMovesToAnotherCellIsThereAtOnce) {
@@ -323,6 +336,30 @@ TEST_F(Grid, ThePointerLeavesTheSheet) {
   MoveTo(*window_, QPoint(2, window_->height() - 2));  // where no control is
   EXPECT_EQ(Pointed(), "");
   EXPECT_EQ(CellFace(1).geometry(), place);
+}
+
+TEST_F(Grid, ThePointerComesBackBeforeItsLeavingIsTold) {
+  Fill(3);
+  MoveTo(Cell(1));
+  auto& sheet = Face("FraFicha");
+  QEvent leave(QEvent::Leave);
+  QApplication::sendEvent(&sheet, &leave);
+  const QPointF at(5, 5);
+  QEnterEvent enter(at, at, at);
+  QApplication::sendEvent(&sheet, &enter);
+  MoveTo(Cell(2));
+  EXPECT_EQ(Pointed(), "0003");
+}
+
+TEST_F(Grid, TheMouseTakesThePointerFromTheKeyboard) {
+  Fill(12);
+  MoveToFreePart();
+  FocusGrid();
+  Key(Qt::Key_Right);
+  ASSERT_EQ(Pointed(), "0001");
+  auto& sheet = Face("FraFicha");
+  MoveTo(sheet, QPoint(sheet.width() / 2 + 4, sheet.height() - 8));
+  EXPECT_EQ(Pointed(), "");
 }
 
 TEST_F(Grid, ABoxOverTheSheetLeavesWhatIsPointedAt) {
@@ -510,6 +547,20 @@ TEST_F(Grid, TheMonitorThatIsOnIsSeenWithoutReading) {
     EXPECT_GT(light.y(), button.geometry().bottom());
     EXPECT_EQ(ColorAt(minutes, ground), QColor::fromRgb(theme::kAccent));
   }
+  // What is selected, and the arrow, are seen on it; the open list is as any other.
+  const auto& list = Face<ListField>("CboMinutos");
+  const QPalette palette = list.Editor()->palette();
+  EXPECT_EQ(palette.color(QPalette::Text), QColor::fromRgb(theme::kDisplayText));
+  EXPECT_EQ(palette.color(QPalette::Highlight), QColor::fromRgb(theme::kDisplayText));
+  EXPECT_EQ(palette.color(QPalette::HighlightedText), QColor::fromRgb(theme::kAccent));
+  EXPECT_EQ(list.view()->palette().color(QPalette::Base), QColor::fromRgb(theme::kField));
+  const QImage shown = Picture(minutes);
+  bool arrow = false;
+  for (int x = shown.width() * 9 / 10; x < shown.width() - 4; ++x) {
+    for (int y = shown.height() / 4; y < shown.height() * 3 / 4; ++y)
+      arrow = arrow || shown.pixelColor(x, y) == QColor::fromRgb(theme::kDisplayText);
+  }
+  EXPECT_TRUE(arrow);
   Click("PctBoton(9)");
   EXPECT_FALSE(Face("PctBuscar(2)").isVisible());
   EXPECT_NE(ColorAt(minutes, ground), QColor::fromRgb(theme::kAccent));

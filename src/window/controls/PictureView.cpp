@@ -7,19 +7,10 @@
 #include <utility>
 
 #include "window/controls/Icons.h"
+#include "window/controls/OutlinedText.h"
 #include "window/controls/Theme.h"
 
 namespace vintoral {
-
-namespace {
-
-/// The point of the screen's pixels that is nearest: a picture is not spread over their borders.
-QPointF OnPixel(const QPainter& painter, const QPointF& point) {
-  const QTransform device = painter.deviceTransform();
-  return device.inverted().map(QPointF(device.map(point).toPoint()));
-}
-
-}  // namespace
 
 PictureView::PictureView(Look look, QWidget* parent) : QWidget(parent), look_(std::move(look)) {}
 

@@ -50,12 +50,12 @@ void CellSheet::Build(Stage& stage) {
   Bind(stage, "ImgFondo", *wallpaper_);
   ground_ = new CaptionLabel({}, this);
   Bind(stage, "LblFondo", *ground_);
-  drawing_ = new PictureView({}, this);
-  Bind(stage, "PctFicha", *drawing_);
+  auto* const drawing = new PictureView({}, this);
+  Bind(stage, "PctFicha", *drawing);
   BuildCells(stage);
-  shade_ = new QWidget(this);
-  shade_->setAttribute(Qt::WA_TransparentForMouseEvents);
-  BindPlain(stage, "PctSeleccion", *shade_);
+  auto* const shade = new QWidget(this);
+  shade->setAttribute(Qt::WA_TransparentForMouseEvents);
+  BindPlain(stage, "PctSeleccion", *shade);
   frame_ = new CellFrame(this);
   frame_->placeOf = [this](int cell) { return grid_.Place(cell); };
   Bind(stage, "ShpCelda", *frame_);

@@ -56,8 +56,6 @@ class CellSheet : public QWidget, public OwnKeys {
   Hands& hands_;
   PictureView* wallpaper_ = nullptr;
   CaptionLabel* ground_ = nullptr;
-  PictureView* drawing_ = nullptr;
-  QWidget* shade_ = nullptr;
   CellFrame* frame_ = nullptr;
   std::array<PhotoCell*, kCells> cells_{};
   const ShapeState& pointed_;
