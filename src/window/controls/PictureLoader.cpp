@@ -1,6 +1,6 @@
 #include "window/controls/PictureLoader.h"
 
-#include <QCoreApplication>
+#include <QTimer>
 #include <algorithm>
 #include <cstdint>
 
@@ -40,22 +40,52 @@ PictureLoader::PictureLoader(const Pictures& pictures, Disk& disk) : pictures_(p
 PictureLoader::Reading PictureLoader::Load(const Picture& picture, const PicturePlace& place, Turn turn,
                                            Arrive arrive) {
   Reading reading = std::make_shared<char>();
-  const std::weak_ptr<void> wanted = reading;
-  const auto read = [this, picture, place, wanted, arrive = std::move(arrive)] {
-    if (wanted.expired()) return;
-    const DecodedPicture decoded = pictures_.Load(disk_, picture.Path(), place);
-    const QImage image = decoded.pixels ? ImageIn(place, *decoded.pixels) : QImage();
-    const PictureFault fault = decoded.fault;
-    const auto tell = [this, picture, wanted, arrive, image, fault] {
-      if (wanted.expired()) return;
-      arrive(image, fault);
-      const bool damaged = fault == PictureFault::kNoPicture && picture.Mark() != FileMark{};
-      if (damaged && OnDamaged) OnDamaged(picture);
-    };
-    QMetaObject::invokeMethod(QCoreApplication::instance(), tell, Qt::QueuedConnection);
-  };
-  pool_.start(read, turn == Turn::kFirst ? 1 : 0);
+  ++unread_;
+  pool_.start([this, order = Order{picture, place, turn, std::move(arrive), reading}] { Read(order); },
+              turn == Turn::kFirst ? 1 : 0);
   return reading;
+}
+
+void PictureLoader::Read(const Order& order) {
+  Arrival arrival{order, QImage(), PictureFault::kNotRead};
+  if (!order.wanted.expired()) {
+    const DecodedPicture decoded = pictures_.Load(disk_, order.picture.Path(), order.place);
+    arrival.fault = decoded.fault;
+    if (decoded.pixels) arrival.image = ImageIn(order.place, *decoded.pixels);
+  }
+  const bool last = --unread_ == 0;
+  Bring(std::move(arrival), last || order.turn == Turn::kFirst);
+}
+
+// The pictures of a row come in bundles: painting each by itself would take as long as reading them.
+void PictureLoader::Bring(Arrival arrival, bool atOnce) {
+  constexpr int kBundle = 5;
+  const std::lock_guard lock(mutex_);
+  arrivals_.push_back(std::move(arrival));
+  if (!atOnce && arrivals_.size() > 1) return;
+  const auto deliver = [this] { Deliver(); };
+  const auto deliverSoon = [this, deliver] {
+    QTimer::singleShot(kBundle, Qt::PreciseTimer, &pool_, deliver);
+  };
+  if (atOnce) {
+    QMetaObject::invokeMethod(&pool_, deliver, Qt::QueuedConnection);
+  } else {
+    QMetaObject::invokeMethod(&pool_, deliverSoon, Qt::QueuedConnection);
+  }
+}
+
+void PictureLoader::Deliver() {
+  std::vector<Arrival> arrivals;
+  {
+    const std::lock_guard lock(mutex_);
+    arrivals.swap(arrivals_);
+  }
+  for (const Arrival& each : arrivals) {
+    if (each.order.wanted.expired()) continue;
+    each.order.arrive(each.image, each.fault);
+    const bool damaged = each.fault == PictureFault::kNoPicture && each.order.picture.Mark() != FileMark{};
+    if (damaged && OnDamaged) OnDamaged(each.order.picture);
+  }
 }
 
 QPixmap PictureLoader::Find(const Picture& picture) const {

@@ -5,8 +5,10 @@
 #include <QImage>
 #include <QPixmap>
 #include <QThreadPool>
+#include <atomic>
 #include <functional>
 #include <memory>
+#include <mutex>
 #include <utility>
 #include <vector>
 
@@ -43,9 +45,28 @@ class PictureLoader {
   void LetGo(const Picture& picture, const QPixmap& pixmap);
 
  private:
+  struct Order {
+    Picture picture;
+    PicturePlace place;
+    Turn turn;
+    Arrive arrive;
+    std::weak_ptr<void> wanted;
+  };
+  struct Arrival {
+    Order order;
+    QImage image;
+    PictureFault fault;
+  };
+  void Read(const Order& order);
+  void Bring(Arrival arrival, bool atOnce);
+  void Deliver();
+
   const Pictures& pictures_;
   Disk& disk_;
   std::vector<std::pair<Picture, QPixmap>> letGo_;
+  std::atomic<int> unread_ = 0;
+  std::mutex mutex_;
+  std::vector<Arrival> arrivals_;
   QThreadPool pool_;
 };
 
