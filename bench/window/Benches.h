@@ -19,4 +19,11 @@ void CompareStarts(const std::string& self, const std::string& folder);
 /// A key in a field to its repaint, with 1000 fichas inside.
 void MeasureKeys(int argc, char** argv, const std::string& folder);
 
+/// The children of the grid's bench, at the size that the arguments 3 and 4 say.
+int GridTimes(int argc, char** argv, const std::string& folder);
+int GridMemory(int argc, char** argv, const std::string& folder);
+
+/// A page of photos against libjpeg-turbo, the pointer from cell to cell, and what the photos take.
+void MeasureGrid(const std::string& self, const std::string& folder);
+
 }  // namespace vintoral::bench

@@ -31,9 +31,13 @@ int main(int argc, char** argv) {
   if (mode == "--empty") return ShowEmpty(argc, argv);
   const bool first = mode == "--first";
   if ((first || mode == "--station") && argc > 2) return ShowStation(argc, argv, argv[2], first);
+  if (mode == "--grid-times" && argc > 4) return GridTimes(argc, argv, argv[2]);
+  if (mode == "--grid-memory" && argc > 4) return GridMemory(argc, argv, argv[2]);
   const vintoral::test::TempFolder folder;
   Install(folder);
-  CompareStarts(QFile::symLinkTarget(QStringLiteral("/proc/self/exe")).toStdString(), folder.Path("station"));
+  const std::string self = QFile::symLinkTarget(QStringLiteral("/proc/self/exe")).toStdString();
+  CompareStarts(self, folder.Path("station"));
   MeasureKeys(argc, argv, folder.Path("station"));
+  MeasureGrid(self, folder.Path("station"));
   return 0;
 }

@@ -161,5 +161,13 @@ TEST_F(Desktop, NoSoundDeviceDelaysAKey) {
   EXPECT_LT(Clock::now() - begun, kWithClosing);
 }
 
+TEST_F(Desktop, TheStationWaitsForNoPicture) {
+  folder_.Put("mala.jpg", "no picture at all");
+  DesktopPlatform platform(folder_.Path());
+  const Pictures& pictures = platform.Pictures;
+  EXPECT_EQ(pictures.Load(platform.Disk, "mala.jpg").fault, PictureFault::kNoPicture);
+  EXPECT_EQ(pictures.Judge(platform.Disk, "mala.jpg"), PictureFault::kNone);
+}
+
 }  // namespace
 }  // namespace vintoral::test

@@ -277,6 +277,20 @@ TEST_F(Snapshot, OfPictures) {
   EXPECT_EQ(image.picture->Path(), "dos.jpg"_w);
 }
 
+TEST_F(Snapshot, OfACellAndTheFrameAroundIt) {
+  auto& image = Added<ImageState>("Image");
+  auto& shape = Added<ShapeState>("Shape");
+  EXPECT_TRUE(image.caption->Empty());
+  EXPECT_EQ(*shape.cell, -1);
+  ShowAll(image.caption, shape.cell);
+  main_.image.Caption = "0007"_w;
+  main_.shape.Cell = 6;
+  taker_.Take();
+  EXPECT_EQ(*image.caption, "0007"_w);
+  EXPECT_EQ(*shape.cell, 6);
+  ShowAll(image.caption, shape.cell);
+}
+
 TEST_F(Snapshot, OfAChart) {
   auto& chart = Added<ChartState>("Chart");
   ShowAll(chart.caption, chart.values);

@@ -18,15 +18,4 @@ void Card::paintEvent(QPaintEvent* /*event*/) {
                           theme::kRadius + 2);
 }
 
-CellFrame::CellFrame(QWidget* parent) : QWidget(parent) {
-  setAttribute(Qt::WA_TransparentForMouseEvents);
-}
-
-void CellFrame::paintEvent(QPaintEvent* /*event*/) {
-  QPainter painter(this);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(QColor::fromRgb(theme::kDisplay), 2));
-  painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), theme::kRadius, theme::kRadius);
-}
-
 }  // namespace vintoral

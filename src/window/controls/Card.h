@@ -1,4 +1,4 @@
-// Areas of the window: a card with a hairline, the dark display of the amount, the frame of a grid cell.
+// Areas of the window: a card with a hairline, the dark display of the amount.
 #pragma once
 
 #include <QColor>
@@ -17,15 +17,6 @@ class Card : public QWidget {
  private:
   QRgb ground_;
   QRgb line_;
-};
-
-/// A dark frame that lets through what it surrounds.
-class CellFrame : public QWidget {
- public:
-  explicit CellFrame(QWidget* parent);
-
- protected:
-  void paintEvent(QPaintEvent* event) override;
 };
 
 }  // namespace vintoral

@@ -1,6 +1,7 @@
 #include "window/controls/InputFilter.h"
 
 #include <QApplication>
+#include <QHelpEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -8,8 +9,23 @@
 
 #include "window/controls/Hands.h"
 #include "window/controls/Mirror.h"
+#include "window/controls/OwnKeys.h"
 
 namespace vintoral {
+
+namespace {
+
+bool IsOwnKey(QObject* watched, const QKeyEvent& event) {
+  auto* const widget = dynamic_cast<OwnKeys*>(watched);
+  return widget != nullptr && widget->TakeKey(event);
+}
+
+/// Does the pointer rest on this widget itself? What has no tooltip passes the question on to its parents.
+bool IsUnder(const QObject* watched, const QHelpEvent& event) {
+  return static_cast<const QWidget*>(watched)->childAt(event.pos()) == nullptr;
+}
+
+}  // namespace
 
 InputFilter::InputFilter(QWidget& window, Mirror& mirror, Hands& hands)
     : QObject(&window), window_(window), mirror_(mirror), hands_(hands) {
@@ -31,7 +47,7 @@ bool InputFilter::eventFilter(QObject* watched, QEvent* event) {
   switch (event->type()) {
     case QEvent::KeyPress:
       if (!InWindow(watched)) return false;
-      hands_.Key(*static_cast<QKeyEvent*>(event));
+      if (!IsOwnKey(watched, *static_cast<QKeyEvent*>(event))) hands_.Key(*static_cast<QKeyEvent*>(event));
       return true;
     case QEvent::ShortcutOverride:
       if (!InWindow(watched)) return false;
@@ -49,14 +65,19 @@ bool InputFilter::eventFilter(QObject* watched, QEvent* event) {
       if (const View* view = InWindow(watched) ? mirror_.Of(watched) : nullptr)
         hands_.DoubleClick(view->State().id);
       return false;
-    case QEvent::Enter:
     case QEvent::ToolTip:  // a button that was pressed meanwhile has another text
-      if (const View* view = InWindow(watched) ? mirror_.Of(watched) : nullptr)
-        hands_.Hover(view->State().id);
+      if (InWindow(watched) && IsUnder(watched, *static_cast<QHelpEvent*>(event))) Hover(watched);
+      return false;
+    case QEvent::Enter:
+      if (InWindow(watched)) Hover(watched);
       return false;
     default:
       return false;
   }
+}
+
+void InputFilter::Hover(const QObject* watched) {
+  if (const View* const view = mirror_.Of(watched)) hands_.Hover(view->State().id);
 }
 
 bool InputFilter::InputMethod(QObject* watched, QInputMethodEvent& event) {

@@ -25,6 +25,7 @@ class InputFilter : public QObject {
  private:
   bool InWindow(const QObject* watched) const;
   bool InputMethod(QObject* watched, QInputMethodEvent& event);
+  void Hover(const QObject* watched);
   void Press(const QObject* watched, const QMouseEvent& event);
   void Release(const QObject* watched, const QMouseEvent& event);
 

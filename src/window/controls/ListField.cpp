@@ -1,5 +1,7 @@
 #include "window/controls/ListField.h"
 
+#include <QAbstractItemView>
+#include <QApplication>
 #include <QStylePainter>
 #include <QWheelEvent>
 
@@ -25,6 +27,19 @@ ListField::ListField(bool editable, QWidget* parent) : QComboBox(parent) {
   connect(this, &QComboBox::activated, this, [this](int index) {
     if (onChosen) onChosen(index);
   });
+}
+
+void ListField::ShineWhenEnabled() {
+  QPalette strong = palette();
+  for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
+    strong.setColor(group, QPalette::Base, QColor::fromRgb(theme::kAccent));
+    strong.setColor(group, QPalette::Text, QColor::fromRgb(theme::kDisplayText));
+    strong.setColor(group, QPalette::Highlight, QColor::fromRgb(theme::kDisplayText));
+    strong.setColor(group, QPalette::HighlightedText, QColor::fromRgb(theme::kAccent));
+  }
+  setPalette(strong);
+  view()->setPalette(QApplication::palette());  // the open list is as any other
+  if (editor_ != nullptr) editor_->setPalette(strong);
 }
 
 void ListField::ShowRows(const std::vector<String>& rows) {

@@ -16,6 +16,9 @@ class ListField : public QComboBox {
   /// `editable` lists show a caret in their text.
   ListField(bool editable, QWidget* parent);
 
+  /// Strong colours while it can be used: what it holds is at work.
+  void ShineWhenEnabled();
+
   std::function<void(int)> onChosen;
 
   void ShowRows(const std::vector<String>& rows);

@@ -30,6 +30,8 @@ void Mirror::Sync() {
 void Mirror::Show() {
   for (const auto& view : views_)
     view->Show();
+  for (const auto& step : afterViews_)
+    step();
   ShowFocus();
 }
 

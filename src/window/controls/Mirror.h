@@ -4,6 +4,7 @@
 
 #include <QHash>
 #include <QObject>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -28,6 +29,8 @@ class Mirror {
   View& Add(std::unique_ptr<View> view);
   /// A part of a widget counts as its whole: the editor inside a list.
   void AddPart(const QObject& part, View& whole) { byWidget_.insert(&part, &whole); }
+  /// Runs whenever the views have been brought up to date: for what follows from several controls.
+  void AfterViews(std::function<void()> step) { afterViews_.push_back(std::move(step)); }
   /// Where the keyboard rests when no control has it.
   void RestOn(QWidget& widget) { rest_ = &widget; }
 
@@ -49,6 +52,7 @@ class Mirror {
   FormSnapshot snapshot_;
   SnapshotTaker taker_;
   std::vector<std::unique_ptr<View>> views_;
+  std::vector<std::function<void()>> afterViews_;
   QHash<const QObject*, View*> byWidget_;
   QHash<const ControlState*, View*> byState_;
   QWidget* rest_ = nullptr;

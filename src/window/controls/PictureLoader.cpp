@@ -1,28 +1,105 @@
 #include "window/controls/PictureLoader.h"
 
-#include <QCoreApplication>
-#include <utility>
+#include <QTimer>
+#include <algorithm>
+#include <cstdint>
 
 namespace vintoral {
 namespace {
 
+/// A station has other work for its processors, and a share answers two readers as fast as many.
+constexpr int kReaders = 2;
+
+/// A row as blue, green, red bytes; in `room` where the picture has it otherwise.
+const std::uint8_t* ColourRow(const PixelView& picture, int y, std::vector<std::uint8_t>& room) {
+  if (picture.bitCount == 24) return picture.Row(y);
+  room.resize(static_cast<std::size_t>(picture.width) * 3);
+  ReadColourRow(picture, 0, y, picture.width, room.data());
+  return room.data();
+}
+
+/// As the screen has its pixels, so that nothing is left to do in the event loop.
 QImage ToImage(const cImage& picture) {
-  QImage image(picture.Width(), picture.Height(), QImage::Format_BGR888);
-  for (int y = 0; y < picture.Height(); ++y)
-    ReadColourRow(picture.hDC(), 0, y, picture.Width(), image.scanLine(y));
+  QImage image(picture.Width(), picture.Height(), QImage::Format_RGB32);
+  std::vector<std::uint8_t> room;
+  for (int y = 0; y < picture.Height(); ++y) {
+    const std::uint8_t* from = ColourRow(picture.hDC(), y, room);
+    auto* const pixels = reinterpret_cast<QRgb*>(image.scanLine(y));
+    for (int x = 0; x < picture.Width(); ++x, from += 3)
+      pixels[x] = qRgb(from[2], from[1], from[0]);
+  }
   return image;
 }
 
 }  // namespace
 
-void PictureLoader::Load(const String& path, const PicturePlace& place,
-                         std::function<void(const QImage&)> arrive) {
-  pool_.start([this, path, place, arrive = std::move(arrive)] {
-    const DecodedPicture decoded = pictures_.Load(disk_, path, place);
-    const QImage image = decoded.pixels ? ImageIn(place, *decoded.pixels) : QImage();
+PictureLoader::PictureLoader(const Pictures& pictures, Disk& disk) : pictures_(pictures), disk_(disk) {
+  pool_.setMaxThreadCount(kReaders);
+}
+
+PictureLoader::Reading PictureLoader::Load(const Picture& picture, const PicturePlace& place, Turn turn,
+                                           Arrive arrive) {
+  Reading reading = std::make_shared<char>();
+  ++unread_;
+  pool_.start([this, order = Order{picture, place, turn, std::move(arrive), reading}] { Read(order); },
+              turn == Turn::kFirst ? 1 : 0);
+  return reading;
+}
+
+void PictureLoader::Read(const Order& order) {
+  Arrival arrival{order, QImage(), PictureFault::kNotRead};
+  if (!order.wanted.expired()) {
+    const DecodedPicture decoded = pictures_.Load(disk_, order.picture.Path(), order.place);
+    arrival.fault = decoded.fault;
+    if (decoded.pixels) arrival.image = ImageIn(order.place, *decoded.pixels);
+  }
+  const bool last = --unread_ == 0;
+  Bring(std::move(arrival), last || order.turn == Turn::kFirst);
+}
+
+// The pictures of a row come in bundles: painting each by itself would take as long as reading them.
+void PictureLoader::Bring(Arrival arrival, bool atOnce) {
+  constexpr int kBundle = 5;
+  const std::lock_guard lock(mutex_);
+  arrivals_.push_back(std::move(arrival));
+  if (!atOnce && arrivals_.size() > 1) return;
+  const auto deliver = [this] { Deliver(); };
+  const auto deliverSoon = [this, deliver] {
+    QTimer::singleShot(kBundle, Qt::PreciseTimer, &pool_, deliver);
+  };
+  if (atOnce) {
+    QMetaObject::invokeMethod(&pool_, deliver, Qt::QueuedConnection);
+  } else {
+    QMetaObject::invokeMethod(&pool_, deliverSoon, Qt::QueuedConnection);
+  }
+}
+
+void PictureLoader::Deliver() {
+  std::vector<Arrival> arrivals;
+  {
+    const std::lock_guard lock(mutex_);
+    arrivals.swap(arrivals_);
+  }
+  for (const Arrival& each : arrivals) {
+    if (each.order.wanted.expired()) continue;
+    each.order.arrive(each.image, each.fault);
+    const bool damaged = each.fault == PictureFault::kNoPicture && each.order.picture.Mark() != FileMark{};
+    if (damaged && OnDamaged) OnDamaged(each.order.picture);
+  }
+}
+
+QPixmap PictureLoader::Find(const Picture& picture) const {
+  const auto found =
+      std::find_if(letGo_.begin(), letGo_.end(), [&](const auto& each) { return each.first == picture; });
+  if (found != letGo_.end()) return found->second;
+  return OnScreen ? OnScreen(picture) : QPixmap();
+}
+
+void PictureLoader::LetGo(const Picture& picture, const QPixmap& pixmap) {
+  if (letGo_.empty())
     QMetaObject::invokeMethod(
-        QCoreApplication::instance(), [arrive, image] { arrive(image); }, Qt::QueuedConnection);
-  });
+        &pool_, [this] { letGo_.clear(); }, Qt::QueuedConnection);
+  letGo_.emplace_back(picture, pixmap);
 }
 
 QImage ImageIn(const PicturePlace& place, const cImage& pixels) {

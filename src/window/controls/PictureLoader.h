@@ -3,24 +3,70 @@
 #pragma once
 
 #include <QImage>
+#include <QPixmap>
 #include <QThreadPool>
+#include <atomic>
 #include <functional>
+#include <memory>
+#include <mutex>
+#include <utility>
+#include <vector>
 
+#include "platform/Picture.h"
 #include "platform/Pictures.h"
 
 namespace vintoral {
 
 class PictureLoader {
  public:
-  /// Both outlive it; its end waits for the files that are being read.
-  PictureLoader(const Pictures& pictures, Disk& disk) : pictures_(pictures), disk_(disk) {}
+  /// Both outlive it; its end waits for the files that are being read, and reads no more.
+  PictureLoader(const Pictures& pictures, Disk& disk);
+  ~PictureLoader() { pool_.clear(); }
+  PictureLoader(const PictureLoader&) = delete;
+  PictureLoader& operator=(const PictureLoader&) = delete;
 
-  /// `arrive` gets the image, as large as its place asks, in the event loop; a null image when there is none.
-  void Load(const String& path, const PicturePlace& place, std::function<void(const QImage&)> arrive);
+  enum class Turn { kInRow, kFirst };  ///< behind all that wait, or before what waits in the row
+  /// Whoever lets go of it wants the picture no more: it is not read any further than it has been, and
+  /// doesn't arrive.
+  using Reading = std::shared_ptr<void>;
+  /// Gets the image, as large as its place asks; a null image when there is a fault.
+  using Arrive = std::function<void(const QImage&, PictureFault)>;
+  /// `arrive` is called in the event loop.
+  [[nodiscard]] Reading Load(const Picture& picture, const PicturePlace& place, Turn turn, Arrive arrive);
+
+  /// A file that was read whole is no picture. Told only of files that somebody had looked at, since then it
+  /// can be said which file it was.
+  std::function<void(const Picture&)> OnDamaged;
+
+  /// What is already shown of a picture somewhere, at whatever size; null when it is nowhere.
+  std::function<QPixmap(const Picture&)> OnScreen;
+  /// The same, and what a view has let go of in this round of events: pictures change places.
+  QPixmap Find(const Picture& picture) const;
+  void LetGo(const Picture& picture, const QPixmap& pixmap);
 
  private:
+  struct Order {
+    Picture picture;
+    PicturePlace place;
+    Turn turn;
+    Arrive arrive;
+    std::weak_ptr<void> wanted;
+  };
+  struct Arrival {
+    Order order;
+    QImage image;
+    PictureFault fault;
+  };
+  void Read(const Order& order);
+  void Bring(Arrival arrival, bool atOnce);
+  void Deliver();
+
   const Pictures& pictures_;
   Disk& disk_;
+  std::vector<std::pair<Picture, QPixmap>> letGo_;
+  std::atomic<int> unread_ = 0;
+  std::mutex mutex_;
+  std::vector<Arrival> arrivals_;
   QThreadPool pool_;
 };
 

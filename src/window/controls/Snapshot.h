@@ -48,7 +48,7 @@ class Value {
   bool news_ = true;
 };
 
-/// What every control has; of shapes and file lists nothing more is shown.
+/// What every control has; of file lists nothing more is shown.
 struct ControlState {
   ControlState() = default;
   ControlState(const ControlState&) = delete;
@@ -98,6 +98,11 @@ struct ButtonState : ControlState {
 
 struct ImageState : ControlState {
   Value<Picture> picture;
+  Value<String> caption;  ///< painted on it; a picture box has none
+};
+
+struct ShapeState : ControlState {
+  Value<int> cell;  ///< that it surrounds; -1 for none
 };
 
 struct PictureBoxState : ImageState {

@@ -57,13 +57,17 @@ class Copier : public ControlVisitor {
     state.pressed.Take(box.BorderStyle == 1);
     state.ground.Take(box.BackColor);
   }
-  void Visit(Image& image) override { Of<ImageState>(image).picture.Take(image.Picture); }
+  void Visit(Image& image) override {
+    auto& state = Of<ImageState>(image);
+    state.picture.Take(image.Picture);
+    state.caption.Take(image.Caption);
+  }
   void Visit(Chart& chart) override {
     auto& state = Of<ChartState>(chart);
     state.caption.Take(chart.Caption);
     state.values.Take(chart.Values);
   }
-  void Visit(Shape& shape) override { Of<ControlState>(shape); }
+  void Visit(Shape& shape) override { Of<ShapeState>(shape).cell.Take(shape.Cell); }
   void Visit(FileList& files) override { Of<ControlState>(files); }
   void Visit(Timer& timer) override { Of<ControlState>(timer); }
 

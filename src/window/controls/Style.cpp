@@ -30,13 +30,12 @@ void PaintField(QPainter& painter, const QRect& area, const QStyleOption& option
   painter.restore();
 }
 
-void PaintArrow(QPainter& painter, const QRect& area, bool enabled) {
+void PaintArrow(QPainter& painter, const QRect& area, const QColor& color) {
   const QPointF center = QRectF(area).center();
   const QPointF points[] = {center + QPointF(-4, -2), center + QPointF(0, 2.5), center + QPointF(4, -2)};
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(QColor::fromRgb(enabled ? theme::kText : theme::kOff), 1.75, Qt::SolidLine,
-                      Qt::RoundCap, Qt::RoundJoin));
+  painter.setPen(QPen(color, 1.75, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   painter.drawPolyline(points, 3);
   painter.restore();
 }
@@ -60,7 +59,7 @@ void Style::drawComplexControl(ComplexControl control, const QStyleOptionComplex
   if (control != CC_ComboBox) return QProxyStyle::drawComplexControl(control, option, painter, widget);
   PaintField(*painter, option->rect, *option);
   PaintArrow(*painter, subControlRect(control, option, SC_ComboBoxArrow, widget),
-             option->state & State_Enabled);
+             option->state & State_Enabled ? option->palette.text().color() : QColor::fromRgb(theme::kOff));
 }
 
 QRect Style::subElementRect(SubElement element, const QStyleOption* option, const QWidget* widget) const {

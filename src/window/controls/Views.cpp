@@ -7,12 +7,14 @@
 
 #include "station/forms/TextCaret.h"
 #include "window/controls/CaptionLabel.h"
+#include "window/controls/CellFrame.h"
 #include "window/controls/CurveView.h"
 #include "window/controls/Hands.h"
 #include "window/controls/IconButton.h"
 #include "window/controls/Light.h"
 #include "window/controls/ListField.h"
 #include "window/controls/Mirror.h"
+#include "window/controls/PhotoCell.h"
 #include "window/controls/PictureView.h"
 #include "window/controls/PushButton.h"
 #include "window/controls/Text.h"
@@ -199,6 +201,31 @@ class PictureFileView : public TypedView<ImageState, PictureView> {
   PictureLoader& loader_;
 };
 
+class CellView : public TypedView<ImageState, PhotoCell> {
+ public:
+  CellView(ImageState& image, PhotoCell& cell, PictureLoader& loader)
+      : TypedView(image, cell), loader_(loader) {}
+
+ protected:
+  void ShowOwn() override {
+    if (state.caption.News()) face.ShowNumber(ToQString(*state.caption));
+    if (state.picture.News()) face.ShowPicture(*state.picture, loader_);
+  }
+
+ private:
+  PictureLoader& loader_;
+};
+
+class FrameView : public TypedView<ShapeState, CellFrame> {
+ public:
+  using TypedView::TypedView;
+
+ protected:
+  void ShowOwn() override {
+    if (state.cell.News()) face.Surround(*state.cell);
+  }
+};
+
 /// Adds the view of a control of kind S, made with what follows its state.
 template <class V, class S, class W, class... More>
 View& AddView(Stage& stage, const ControlName& name, W& widget, More&&... more) {
@@ -257,6 +284,14 @@ void Bind(Stage& stage, const ControlName& name, IconButton& button) {
 
 void Bind(Stage& stage, const ControlName& name, PictureView& view) {
   AddView<PictureFileView, ImageState>(stage, name, view, stage.pictures);
+}
+
+void Bind(Stage& stage, const ControlName& name, PhotoCell& cell) {
+  AddView<CellView, ImageState>(stage, name, cell, stage.pictures);
+}
+
+void Bind(Stage& stage, const ControlName& name, CellFrame& frame) {
+  AddView<FrameView, ShapeState>(stage, name, frame);
 }
 
 void Bind(Stage& stage, const ControlName& name, Light& light, QColor color) {

@@ -12,12 +12,14 @@ class QWidget;
 namespace vintoral {
 
 class CaptionLabel;
+class CellFrame;
 class CurveView;
 class Hands;
 class IconButton;
 class Light;
 class ListField;
 class Mirror;
+class PhotoCell;
 class PictureLoader;
 class PictureView;
 class PushButton;
@@ -57,6 +59,10 @@ void Bind(Stage& stage, const ControlName& name, QCheckBox& box);
 void Bind(Stage& stage, const ControlName& name, IconButton& button);
 /// A picture box or an image.
 void Bind(Stage& stage, const ControlName& name, PictureView& view);
+/// An image with a caption on it.
+void Bind(Stage& stage, const ControlName& name, PhotoCell& cell);
+/// The shape that surrounds a cell.
+void Bind(Stage& stage, const ControlName& name, CellFrame& frame);
 /// A picture box that is a light, on while it is shown; `color` where the model gives it none of its own.
 void Bind(Stage& stage, const ControlName& name, Light& light, QColor color);
 /// A command button.

@@ -6,21 +6,20 @@
 #include "window/controls/CaptionLabel.h"
 #include "window/controls/IconButton.h"
 #include "window/controls/ListField.h"
-#include "window/controls/PictureView.h"
 #include "window/controls/Theme.h"
 #include "window/controls/Views.h"
+#include "window/form1/CellSheet.h"
 
 namespace vintoral {
 
 namespace {
 
-constexpr int kColumns = 10, kRows = 5;
 constexpr int kHeadRow = 34;
-constexpr int kCounterWidth = 56, kMinutesWidth = 156;
+constexpr int kCounterWidth = 56, kMinutesWidth = 176;
 
 CaptionLabel* NewInfo(const QString& sample, QRgb color, QWidget* parent) {
   CaptionLabel::Look look;
-  look.pixels = theme::kTextPixels;
+  look.pixels = theme::kStrongPixels;
   look.weight = QFont::Bold;
   look.color = color;
   look.padding = 4;
@@ -30,54 +29,12 @@ CaptionLabel* NewInfo(const QString& sample, QRgb color, QWidget* parent) {
 
 }  // namespace
 
-CellSheet::CellSheet(Stage& stage, QWidget* parent) : QWidget(parent) {
-  wallpaper_ = new PictureView({QString(), true, true}, this);
-  Bind(stage, "ImgFondo", *wallpaper_);
-  ground_ = NewInfo(QString(), theme::kMuted, this);
-  Bind(stage, "LblFondo", *ground_);
-  auto* const drawing = new PictureView({}, this);
-  Bind(stage, "PctFicha", *drawing);
-  for (std::size_t i = 0; i < cells_.size(); ++i) {
-    cells_[i] = new PictureView({}, this);
-    Bind(stage, {"ImgFicha", i}, *cells_[i]);
-  }
-  shade_ = new QWidget(this);
-  shade_->setAttribute(Qt::WA_TransparentForMouseEvents);
-  BindPlain(stage, "PctSeleccion", *shade_);
-  frame_ = new CellFrame(this);
-  BindPlain(stage, "ShpCelda", *frame_);
-}
-
-QRect CellSheet::CellRect(int cell) const {
-  if (cell < 0) return rect();
-  const int column = cell % kColumns, row = cell / kColumns;
-  const int left = width() * column / kColumns, top = height() * row / kRows;
-  return {left, top, width() * (column + 1) / kColumns - left, height() * (row + 1) / kRows - top};
-}
-
-void CellSheet::resizeEvent(QResizeEvent* /*event*/) {
-  Place();
-}
-
-void CellSheet::Place() {
-  wallpaper_->setGeometry(rect());
-  ground_->setGeometry(0, height() - kHeadRow, width(), kHeadRow);
-  for (std::size_t i = 0; i < cells_.size(); ++i)
-    cells_[i]->setGeometry(CellRect(static_cast<int>(i)).adjusted(2, 2, -2, -2));
-  frame_->setGeometry(CellRect(-1));
-}
-
 GridPanel::GridPanel(Stage& stage, QWidget* parent) : QWidget(parent) {
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(4);
   column->addWidget(BuildHead(stage));
-  auto* const frame = new QWidget(this);
-  auto* const inside = new QVBoxLayout(frame);
-  inside->setContentsMargins(0, 0, 0, 0);
-  inside->addWidget(new CellSheet(stage, frame));
-  column->addWidget(frame, 1);
-  BindPlain(stage, "FraFicha", *frame);
+  column->addWidget(new CellSheet(stage, this), 1);
 }
 
 QWidget* GridPanel::BuildHead(Stage& stage) {
@@ -104,6 +61,7 @@ QWidget* GridPanel::BuildHead(Stage& stage) {
   row->addStretch(1);
   auto* const minutes = new ListField(true, head);
   minutes->setFixedWidth(kMinutesWidth);
+  minutes->ShineWhenEnabled();
   row->addWidget(minutes);
   Bind(stage, "CboMinutos", *minutes);
   icon("ImgCambiarFondo");

@@ -34,11 +34,20 @@ MainWindow::MainWindow(Form1& form)
   setObjectName(QStringLiteral("Form1"));
   setWindowTitle(QString::fromLatin1(Form1::kTitulo));
   setWindowIcon(QIcon(QStringLiteral(":/icons/vintoral.svg")));
+  TellDamage(form);
   Stage stage{mirror_, hands_, pictures_};
   Build(stage);
   new InputFilter(*this, mirror_, hands_);  // the window owns it
   resize(kUsualSize);
   Refresh();
+}
+
+void MainWindow::TellDamage(Form1& form) {
+  pictures_.OnDamaged = [this, &form](const Picture& picture) {
+    if (form.Terminado()) return;
+    form.FotoDanada(picture.Path(), picture.Mark());
+    Refresh();
+  };
 }
 
 void MainWindow::Build(Stage& stage) {

@@ -36,6 +36,7 @@ class MainWindow : public QWidget {
   void closeEvent(QCloseEvent* event) override;
 
  private:
+  void TellDamage(Form1& form);
   void Build(Stage& stage);
   QWidget* BuildLeft(Stage& stage);
 

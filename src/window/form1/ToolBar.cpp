@@ -2,6 +2,7 @@
 
 #include <QHBoxLayout>
 #include <QPainter>
+#include <QVBoxLayout>
 #include <algorithm>
 #include <array>
 
@@ -18,18 +19,27 @@ namespace {
 
 constexpr int kIconEdge = 28;
 constexpr int kButtonGap = 4, kGroupGap = 14;
+constexpr QSize kLight{36, 6};
+constexpr int kLightGap = 2;
+
+/// A light lies under the button that turns it on.
+struct LightOf {
+  std::size_t button;
+  QRgb color;
+};
+constexpr std::array kLights = {LightOf{7, 0xFF2E9E5B}, LightOf{8, 0xFFE0A020}, LightOf{9, 0xFFC8503C},
+                                LightOf{3, 0xFF7A5AA6}, LightOf{4, 0xFF1787BE}};
 
 }  // namespace
 
 ToolBar::ToolBar(Stage& stage, QWidget* parent) : QWidget(parent) {
   auto* const row = new QHBoxLayout(this);
-  row->setContentsMargins(theme::kGap, 6, theme::kGap, 7);
+  row->setContentsMargins(theme::kGap, 5, theme::kGap, 3);
   row->setSpacing(kButtonGap);
   BuildGroup(stage, {5, 6, 11}, *row);   // the ficha
   BuildGroup(stage, {4, 3}, *row);       // search and print
   BuildGroup(stage, {1, 2}, *row);       // pages
   BuildGroup(stage, {7, 8, 9}, *row);    // monitors
-  BuildLights(stage, *row);              // what is on
   BuildGroup(stage, {10, 14}, *row);     // tickets and invoices
   BuildGroup(stage, {12, 13, 0}, *row);  // extras, menu, camera
   row->addStretch(1);
@@ -40,27 +50,26 @@ void ToolBar::BuildGroup(Stage& stage, std::initializer_list<std::size_t> button
   for (const std::size_t index : buttons) {
     auto* const button = new IconButton(QStringLiteral("PctBoton-%1").arg(index), theme::kToolButton,
                                         kIconEdge, IconButton::Kind::kTool, this);
-    row.addWidget(button);
+    auto* const column = new QVBoxLayout;
+    column->setSpacing(kLightGap);
+    column->addWidget(button);
+    BuildLight(stage, index, *column);
+    row.addLayout(column);
     places_.push_back(button);
     Bind(stage, {"PctBoton", index}, *button);
   }
   row.addSpacing(kGroupGap - kButtonGap);
 }
 
-void ToolBar::BuildLights(Stage& stage, QHBoxLayout& row) {
-  constexpr std::array<QRgb, 5> kColors = {0xFF2E9E5B, 0xFFE0A020, 0xFFC8503C, 0xFF7A5AA6, 0xFF1787BE};
-  auto* const lights = new QWidget(this);
-  auto* const column = new QHBoxLayout(lights);
-  column->setContentsMargins(0, 0, 0, 0);
-  column->setSpacing(5);
-  for (std::size_t i = 0; i < kColors.size(); ++i) {
-    auto* const light = new Light(QSize(8, 22), lights);
-    column->addWidget(light);
-    places_.push_back(light);
-    Bind(stage, {"PctBuscar", i}, *light, QColor::fromRgb(kColors[i]));
-  }
-  row.addWidget(lights);
-  row.addSpacing(kGroupGap - kButtonGap);
+void ToolBar::BuildLight(Stage& stage, std::size_t button, QVBoxLayout& column) {
+  const auto lit = std::find_if(kLights.begin(), kLights.end(),
+                                [&](const LightOf& each) { return each.button == button; });
+  if (lit == kLights.end()) return column.addSpacing(kLight.height() + kLightGap);
+  auto* const light = new Light(kLight, this);
+  column.addWidget(light, 0, Qt::AlignHCenter);
+  places_.push_back(light);
+  Bind(stage, {"PctBuscar", static_cast<std::size_t>(lit - kLights.begin())}, *light,
+       QColor::fromRgb(lit->color));
 }
 
 void ToolBar::BuildLink(Stage& stage, QHBoxLayout& row) {

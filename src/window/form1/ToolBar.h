@@ -1,5 +1,5 @@
-// The fifteen buttons in groups of what belongs together, the lights beside them, and the station's sign with
-// the bars of its link.
+// The fifteen buttons in groups of what belongs together, below them the lights of what is on, and the
+// station's sign with the bars of its link.
 #pragma once
 
 #include <QWidget>
@@ -7,6 +7,7 @@
 #include <vector>
 
 class QHBoxLayout;
+class QVBoxLayout;
 
 namespace vintoral {
 
@@ -23,7 +24,7 @@ class ToolBar : public QWidget {
 
  private:
   void BuildGroup(Stage& stage, std::initializer_list<std::size_t> buttons, QHBoxLayout& row);
-  void BuildLights(Stage& stage, QHBoxLayout& row);
+  void BuildLight(Stage& stage, std::size_t button, QVBoxLayout& column);
   void BuildLink(Stage& stage, QHBoxLayout& row);
   void PaintWells(QPainter& painter) const;
   std::vector<QWidget*> places_;  ///< of what comes and goes
