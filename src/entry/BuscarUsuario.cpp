@@ -1,8 +1,8 @@
 #include "common/Numbers.h"
-#include "station/form1/Fotos.h"
 #include "records/BuscarPlaca.h"
 #include "records/Register.h"
 #include "station/form1/Form1.h"
+#include "station/form1/Fotos.h"
 
 namespace vintoral {
 namespace {

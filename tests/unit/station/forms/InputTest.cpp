@@ -196,8 +196,8 @@ TEST_F(InputTest, ADoubleClickSelectsAllOfAField) {
 // ------------------------------------------------------------------------------------------------------
 
 TEST_F(InputTest, TabWalksTheFieldsTheCategoryAndTheGridAndComesBack) {
-  const std::vector<Control*> order = {&form_.TxtCampo[1], &form_.TxtCampo[2],  &form_.TxtCampo[3],
-                                       &form_.TxtCampo[4], &form_.TxtCampo[5],  &form_.CboTarifa[1],
+  const std::vector<Control*> order = {&form_.TxtCampo[1], &form_.TxtCampo[2], &form_.TxtCampo[3],
+                                       &form_.TxtCampo[4], &form_.TxtCampo[5], &form_.CboTarifa[1],
                                        &form_.FraFicha,    &form_.TxtCampo[0]};
   for (const Control* next : order) {
     hands_.Key(keys::kTab, 0);
@@ -207,9 +207,9 @@ TEST_F(InputTest, TabWalksTheFieldsTheCategoryAndTheGridAndComesBack) {
 }
 
 TEST_F(InputTest, ShiftAndTabWalksBack) {
-  for (const Control* before : {static_cast<Control*>(&form_.FraFicha),
-                                static_cast<Control*>(&form_.CboTarifa[1]),
-                                static_cast<Control*>(&form_.TxtCampo[5])}) {
+  for (const Control* before :
+       {static_cast<Control*>(&form_.FraFicha), static_cast<Control*>(&form_.CboTarifa[1]),
+        static_cast<Control*>(&form_.TxtCampo[5])}) {
     hands_.Key(keys::kTab, keys::kShift);
     EXPECT_EQ(form_.Focus(), before);
   }
