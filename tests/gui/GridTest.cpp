@@ -566,6 +566,17 @@ TEST_F(Grid, TheMonitorThatIsOnIsSeenWithoutReading) {
   EXPECT_NE(ColorAt(minutes, ground), QColor::fromRgb(theme::kAccent));
 }
 
+TEST_F(Grid, TheMinutesCanBeReadWhole) {
+  constexpr int kBeside = 2 * theme::kTextInset;
+  const auto& editor = *Face<ListField>("CboMinutos").Editor();
+  for (const QSize screen : {QSize(1093, 614), QSize(1366, 768)}) {
+    window_->resize(screen);
+    QCoreApplication::processEvents();
+    const int width = editor.fontMetrics().horizontalAdvance(QStringLiteral("180 Min. ADENTRO"));
+    EXPECT_LE(width, editor.width() - kBeside) << screen.width();
+  }
+}
+
 TEST_F(Grid, AReadingThatNobodyWantsDoesNotArrive) {
   PutPhoto(1, Qt::red), PutPhoto(2, Qt::blue);
   const auto path = [](int number) { return "Multimedia\\Imágenes ACT\\"_w + Digits(number, 6) + ".jpg"_w; };

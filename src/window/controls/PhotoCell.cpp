@@ -42,7 +42,7 @@ void PhotoCell::PaintNumber(QPainter& painter, bool onPhoto) const {
   const int share = onPhoto ? height() / 4 : height() * 3 / 8;
   const int pixels = std::clamp(share, kLeastPixels, kMostPixels);
   if (onPhoto) {
-    const double inset = pixels / 3.0;
+    const double inset = pixels / 3.0 + 2;  // clear of the frame around the cell
     const QRectF place = PictureRect();
     return PaintOutlined(painter, place.bottomLeft() + QPointF(inset, -inset), pixels, number_);
   }

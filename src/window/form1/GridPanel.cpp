@@ -15,11 +15,11 @@ namespace vintoral {
 namespace {
 
 constexpr int kHeadRow = 34;
-constexpr int kCounterWidth = 56, kMinutesWidth = 176;
+constexpr int kCounterWidth = 48, kMinutesWidth = 200;
 
-CaptionLabel* NewInfo(const QString& sample, QRgb color, QWidget* parent) {
+CaptionLabel* NewInfo(const QString& sample, int pixels, QRgb color, QWidget* parent) {
   CaptionLabel::Look look;
-  look.pixels = theme::kStrongPixels;
+  look.pixels = pixels;
   look.weight = QFont::Bold;
   look.color = color;
   look.padding = 4;
@@ -43,18 +43,18 @@ QWidget* GridPanel::BuildHead(Stage& stage) {
   head->setFixedHeight(kHeadRow);
   auto* const row = new QHBoxLayout(head);
   row->setContentsMargins(0, 0, 0, 0);
-  row->setSpacing(4);
+  row->setSpacing(2);
   const auto icon = [&](const char* name) {
     auto* const button =
         new IconButton(QString::fromLatin1(name), kHeadRow, kIcon, IconButton::Kind::kPlain, head);
     row->addWidget(button);
     BindPlain(stage, name, *button);
   };
-  auto* const count = NewInfo(QStringLiteral("1000 (1/20)"), theme::kText, head);
+  auto* const count = NewInfo(QStringLiteral("1000 (1/20)"), theme::kStrongPixels, theme::kText, head);
   row->addWidget(count);
   Bind(stage, {"LblInfo", 0}, *count);
   icon("ImgContador");
-  auto* const counter = NewInfo(QStringLiteral("0000"), theme::kAccent, head);
+  auto* const counter = NewInfo(QStringLiteral("0000"), theme::kTextPixels, theme::kAccent, head);
   counter->setFixedWidth(kCounterWidth);
   row->addWidget(counter);
   Bind(stage, {"LblInfo", 4}, *counter);
