@@ -23,6 +23,10 @@ void MeasureKeys(int argc, char** argv, const std::string& folder);
 int GridTimes(int argc, char** argv, const std::string& folder);
 int GridMemory(int argc, char** argv, const std::string& folder);
 
+/// Keys at any moment of pages that fill, in the station of `folder`, whose data lie on a slow share with two
+/// pages of photos.
+int SlowPages(int argc, char** argv, const std::string& folder);
+
 /// A page of photos against libjpeg-turbo, the pointer from cell to cell, and what the photos take.
 void MeasureGrid(const std::string& self, const std::string& folder);
 

@@ -6,9 +6,13 @@
 #include <QProcess>
 #include <QTest>
 #include <algorithm>
+#include <atomic>
+#include <chrono>
 #include <cstdio>
 #include <fstream>
 #include <memory>
+#include <random>
+#include <thread>
 #include <vector>
 
 // After <cstdio>, whose types it needs.
@@ -91,6 +95,15 @@ class GridStation {
     Running.Form.ImprimirIndice();
     Settle();
   }
+  bool Reading() const {
+    const auto reads = [](const PictureView* view) { return view->isVisible() && view->Loading(); };
+    return reads(big_) || std::any_of(cells_.begin(), cells_.end(), reads);
+  }
+  /// How many cells have their photo.
+  std::ptrdiff_t Filled() const {
+    return std::count_if(cells_.begin(), cells_.end(),
+                         [](const PhotoCell* cell) { return cell->isVisible() && cell->HasPicture(); });
+  }
   PhotoCell& Cell(int cell) { return *cells_[static_cast<std::size_t>(cell)]; }
 
  private:
@@ -98,10 +111,6 @@ class GridStation {
   static int& Prepared(int& argc) {
     Station::PrepareToolkit();
     return argc;
-  }
-  bool Reading() const {
-    const auto reads = [](const PictureView* view) { return view->isVisible() && view->Loading(); };
-    return reads(big_) || std::any_of(cells_.begin(), cells_.end(), reads);
   }
   QApplication application_;
   std::vector<PhotoCell*> cells_;
@@ -201,6 +210,55 @@ void MeasurePointer(GridStation& grid) {
       Percentile(times, 50), Percentile(times, 99), missed, kMoves);
 }
 
+/// Tells when a widget is painted.
+class PaintWatch : public QObject {
+ public:
+  explicit PaintWatch(QWidget& widget) : QObject(&widget) { widget.installEventFilter(this); }
+  long long At = 0;
+
+ protected:
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (event->type() == QEvent::Paint) At = Nanoseconds();
+    return false;
+  }
+};
+
+/// What a page that fills from a slow share lets the operator wait for, in milliseconds.
+struct SlowPage {
+  double key = 0;    ///< a key pressed meanwhile, to its repaint
+  double first = 0;  ///< the first photo
+  double all = 0;    ///< all of them
+};
+
+SlowPage FillSlowly(GridStation& grid, int page, std::chrono::microseconds until) {
+  Form1& form = grid.Running.Form;
+  auto* const field = grid.Running.Window.Shown().WidgetOf("TxtCampo(0)");
+  const std::unique_ptr<PaintWatch> painted = std::make_unique<PaintWatch>(*field);
+  std::atomic<long long> pressed = 0;
+  std::thread hand([&] {
+    std::this_thread::sleep_for(until);
+    pressed = Nanoseconds();
+    QCoreApplication::postEvent(field, new QKeyEvent(QEvent::KeyPress, Qt::Key_7, {}, QStringLiteral("7")));
+  });
+  SlowPage waited;
+  const long long begun = Nanoseconds();
+  form.InicioPagina = 1 + page * kCells;
+  form.RefrescarVista();
+  grid.Running.Window.Refresh();
+  const auto typed = [&] { return !form.TxtCampo[0].Text().Empty(); };
+  while (!typed() || painted->At < pressed || grid.Reading()) {
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
+    if (waited.first == 0 && grid.Filled() > 0) waited.first = Milliseconds(begun);
+    if (waited.key == 0 && typed() && painted->At > pressed)
+      waited.key = static_cast<double>(painted->At - pressed) / 1e6;
+  }
+  waited.all = Milliseconds(begun);
+  hand.join();
+  form.TxtCampo[0].SetText({});
+  grid.Settle();
+  return waited;
+}
+
 long long ResidentBytes() {
   long long all = 0, resident = 0;
   std::ifstream("/proc/self/statm") >> all >> resident;
@@ -233,6 +291,27 @@ int GridMemory(int argc, char** argv, const std::string& folder) {
   std::printf("memory of %d photos of %dx%d: %.2f MB, their pixels %.2f MB, ratio %.2f (at most 2)\n", kCells,
               cell.width(), cell.height(), taken / 1e6, pixels / 1e6, taken / pixels);
   return 0;
+}
+
+int SlowPages(int argc, char** argv, const std::string& folder) {
+  constexpr int kRounds = 200;
+  GridStation grid(argc, argv, folder, {1366, 728});
+  if (grid.Running.Form.TotalVista() != kFichas) return 1;
+  std::mt19937 random(7);
+  std::uniform_int_distribution<int> moment(0, 300'000);
+  std::vector<double> keys, firsts, all;
+  for (int round = 0; round < kRounds; ++round) {
+    const SlowPage waited = FillSlowly(grid, round % kPages, std::chrono::microseconds(moment(random)));
+    keys.push_back(waited.key);
+    firsts.push_back(waited.first);
+    all.push_back(waited.all);
+  }
+  const double worst = Percentile(keys, 99);
+  std::printf(
+      "slow share, a page of %d photos: the first after %.0f ms, all after %.0f ms; a key meanwhile: median "
+      "%.1f ms, 99th percentile %.1f ms (at most 150)\n",
+      kCells, Percentile(firsts, 50), Percentile(all, 50), Percentile(keys, 50), worst);
+  return worst <= 150 ? 0 : 1;
 }
 
 void MeasureGrid(const std::string& self, const std::string& folder) {

@@ -33,6 +33,7 @@ int main(int argc, char** argv) {
   if ((first || mode == "--station") && argc > 2) return ShowStation(argc, argv, argv[2], first);
   if (mode == "--grid-times" && argc > 4) return GridTimes(argc, argv, argv[2]);
   if (mode == "--grid-memory" && argc > 4) return GridMemory(argc, argv, argv[2]);
+  if (mode == "--slow-pages" && argc > 2) return SlowPages(argc, argv, argv[2]);
   const vintoral::test::TempFolder folder;
   Install(folder);
   const std::string self = QFile::symLinkTarget(QStringLiteral("/proc/self/exe")).toStdString();
