@@ -235,10 +235,11 @@ SlowPage FillSlowly(GridStation& grid, int page, std::chrono::microseconds until
   auto* const field = grid.Running.Window.Shown().WidgetOf("TxtCampo(0)");
   const std::unique_ptr<PaintWatch> painted = std::make_unique<PaintWatch>(*field);
   std::atomic<long long> pressed = 0;
+  auto* const key = new QKeyEvent(QEvent::KeyPress, Qt::Key_7, {}, QStringLiteral("7"));
   std::thread hand([&] {
     std::this_thread::sleep_for(until);
     pressed = Nanoseconds();
-    QCoreApplication::postEvent(field, new QKeyEvent(QEvent::KeyPress, Qt::Key_7, {}, QStringLiteral("7")));
+    QCoreApplication::postEvent(field, key);  // which takes the event over
   });
   SlowPage waited;
   const long long begun = Nanoseconds();
