@@ -99,7 +99,7 @@ void CellSheet::DimCells(bool dimmed) {
 
 QPixmap CellSheet::PixmapOf(const Picture& picture) const {
   for (const PhotoCell* const cell : cells_) {
-    const QPixmap pixmap = cell->PixmapOf(picture);
+    QPixmap pixmap = cell->PixmapOf(picture);
     if (!pixmap.isNull()) return pixmap;
   }
   return {};
