@@ -15,7 +15,7 @@
 
 #include "common/Numbers.h"
 #include "platform/headless/HeadlessPlatform.h"
-#include "platform/pictures/PictureDecoder.h"
+#include "platform/pictures/PicturesBeside.h"
 #include "records/ArchivosNuevos.h"
 #include "records/Register.h"
 #include "station/form1/Form1.h"
@@ -31,17 +31,6 @@ constexpr int kLong = 10'000'000;  ///< rows of another one
 constexpr int kTicks = 2000;       ///< and as many looks at the files alone
 constexpr int kSwitches = 500;     ///< on, at each gate
 constexpr int kCold = 10;          ///< of either not counted: the caches are filled with them
-
-class PicturesBeside final : public Pictures {
- public:
-  DecodedPicture Decode(std::span<const std::uint8_t> bytes, const PicturePlace& place) const override {
-    return decoder_.Decode(bytes, place);
-  }
-  PictureFault Judge(Disk& /*disk*/, std::string_view /*path*/) const override { return PictureFault::kNone; }
-
- private:
-  PictureDecoder decoder_;
-};
 
 RegistroFicha Ficha(int number, int place) {
   RegistroFicha ficha;

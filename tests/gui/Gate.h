@@ -11,10 +11,10 @@
 #include <ostream>
 
 #include "platform/PosixDisk.h"
-#include "platform/desktop/DesktopPictures.h"
 #include "platform/desktop/DesktopScreen.h"
 #include "platform/headless/Recording.h"
 #include "platform/headless/VirtualClock.h"
+#include "platform/pictures/PicturesBeside.h"
 #include "station/form1/Form1.h"
 #include "support/TempFolder.h"
 #include "window/Dialogs.h"
@@ -84,7 +84,7 @@ class Gate : public testing::Test {
   RecordingSound sound_{events_};
   RecordingSystem system_{events_, unused_};
   PosixDisk disk_;
-  DesktopPictures pictures_;
+  PicturesBeside pictures_;
   std::deque<Answer> answers_;
 };
 

@@ -6,10 +6,10 @@
 #include "platform/Platform.h"
 #include "platform/PosixDisk.h"
 #include "platform/desktop/DesktopClock.h"
-#include "platform/desktop/DesktopPictures.h"
 #include "platform/desktop/DesktopScreen.h"
 #include "platform/desktop/DesktopSound.h"
 #include "platform/desktop/DesktopSystem.h"
+#include "platform/pictures/PicturesBeside.h"
 
 namespace vintoral {
 
@@ -23,7 +23,7 @@ class DesktopPlatform {
   std::string FileOf(std::string_view path) const;
 
   PosixDisk Disk;
-  DesktopPictures Pictures;
+  PicturesBeside Pictures;
   DesktopClock Clock;
   DesktopScreen Screen;
   DesktopSound Sound;

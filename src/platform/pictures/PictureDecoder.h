@@ -17,7 +17,7 @@ struct PictureLimits {
 
 /// JPEG: baseline and progressive; grey, colour and the four inks of printing; turned as the camera says that
 /// it was held.
-class PictureDecoder final : public Pictures {
+class PictureDecoder : public Pictures {
  public:
   explicit PictureDecoder(const PictureLimits& limits = {}) : limits_(limits) {}
   DecodedPicture Decode(std::span<const std::uint8_t> bytes, const PicturePlace& place) const override;
