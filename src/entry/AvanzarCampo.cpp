@@ -1,4 +1,3 @@
-#include "common/Numbers.h"
 #include "station/form1/Form1.h"
 
 namespace vintoral {
@@ -8,8 +7,7 @@ namespace {
 /// read leaves the number to be tried again.
 bool AbrirNumero(Form1& form) {
   TextBox& field = form.TxtCampo[0];
-  const std::int64_t number = LeadingInteger(Trim(field.Text()));
-  if (number < 1 || number > form.TotalFichas) {
+  if (!form.HayPuesto(form.NumeroEscrito())) {
     field.SetText({});
     return false;
   }

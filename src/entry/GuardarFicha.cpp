@@ -49,7 +49,7 @@ void Form1::GuardarFicha() {
   if (!TxtCampo[1].Locked) BuscarUsuario(UsuarioEnFormulario);
   if (!TxtCampo[0].Locked) return;
 
-  const std::int64_t numero = NumeroDeFicha(*this);
+  const std::int64_t numero = NumeroEscrito();
   // A path corrected under the box leads to another folder, where nobody looked whether the slot is free.
   const String registro = RutaCompartida("Vintoral.ACT");
   const std::optional<RegistroFicha> puesto = LeerPuesto(*this, numero);

@@ -25,8 +25,7 @@ void MostrarRegistro(Form1& form) {
 }
 
 void MostrarFotoEntrada(Form1& form) {
-  const String foto = form.RutaCompartida("Imágenes ACT\\"_w + Digits(NumeroDeFicha(form), 6) + ".jpg"_w);
-  MostrarFotoFicha(form, foto);
+  MostrarFotoFicha(form, RutaFotoAdentro(form, form.NumeroEscrito()));
 }
 
 void MostrarUsuario(Form1& form) {
@@ -76,7 +75,7 @@ void MostrarFichaNueva(Form1& form) {
 void Form1::MostrarFicha() {
   if (!HayConexion()) return;
   SalirDeCelda();
-  const std::optional<RegistroFicha> puesto = LeerPuesto(*this, NumeroDeFicha(*this));
+  const std::optional<RegistroFicha> puesto = LeerPuesto(*this, NumeroEscrito());
   if (!puesto) return;
   FichaActual = *puesto;
   CarpetaMostrada = CarpetaCompartida;

@@ -1,14 +1,9 @@
 #include "entry/Puesto.h"
 
-#include "common/Numbers.h"
 #include "records/Register.h"
 #include "station/form1/Form1.h"
 
 namespace vintoral {
-
-std::int64_t NumeroDeFicha(const Form1& form) {
-  return LeadingInteger(Trim(form.TxtCampo[0].Text()));
-}
 
 std::optional<RegistroFicha> LeerPuesto(Form1& form, std::int64_t numero) {
   const Register<RegistroFicha> act(form.Devices().disk, form.RutaCompartida("Vintoral.ACT"),

@@ -10,8 +10,6 @@ namespace vintoral {
 
 class Form1;
 
-/// The number in the first field, 0 when there is none.
-std::int64_t NumeroDeFicha(const Form1& form);
 /// The slot as it stands on disk; nothing, and the link watch looks at once, when it can't be read.
 std::optional<RegistroFicha> LeerPuesto(Form1& form, std::int64_t numero);
 

@@ -89,7 +89,7 @@ void DevolverPuesto(Form1& form, std::int64_t numero, const RegistroFicha& puest
 
 /// From the slot to the history, as a whole or not at all.
 bool PasarAlHistorial(Form1& form) {
-  const std::int64_t numero = NumeroDeFicha(form);
+  const std::int64_t numero = form.NumeroEscrito();
   const std::optional<RegistroFicha> puesto = LiberarPuesto(form, numero);
   if (!puesto) return false;
   if (form.RegistrarHistorial()) return true;

@@ -16,7 +16,7 @@ void Apagar(Form1& form, boton::Index monitor) {
 /// The minutes that this monitor had last; the first of the list when it has none yet.
 void ElegirMinutos(Form1& form, std::int64_t minutos) {
   if (minutos <= 0) return form.CboMinutos.Select(0);
-  form.CboMinutos.SetText(Digits(minutos) + " Minutos"_w);
+  form.CboMinutos.SetText(Digits(minutos));  // which EtiquetaMonitor labels
 }
 
 void Encender(Form1& form, boton::Index monitor) {

@@ -1,30 +1,16 @@
+#include "station/form1/Filas.h"
 #include "station/form1/Form1.h"
 
 namespace vintoral {
 namespace {
 
-bool Conectada(const Form1& form) {
-  return form.LblConexion[0].BackColor == kLightGreen;
-}
-
 void CaraDeCelda(Form1& form) {
   form.TmrHoraFecha.SetEnabled(false);
-  form.TmrMonitor.SetEnabled(Conectada(form));  // which the clock would have turned on with its next tick
+  form.TmrMonitor.SetEnabled(form.Conectada());  // which the clock would have turned on with its next tick
   for (TextBox& field : form.TxtCampo)
     field.Visible = false;
   form.CboTarifa[1].Visible = false;
   form.Picture1.Visible = false;
-}
-
-void BlanquearFilas(Form1& form) {
-  for (Label* stamp : {&form.LblFechaEnt, &form.LblFechaSal}) {
-    stamp->Caption = {};
-    stamp->BackColor = kWhite;
-  }
-  for (Label& row : form.LblCampo) {
-    row.Caption = {};
-    row.BackColor = kLightOrange;
-  }
 }
 
 void AbrirCampos(Form1& form) {
@@ -33,17 +19,13 @@ void AbrirCampos(Form1& form) {
     field.Enabled = true;
   }
   form.TxtCampo[0].Enabled = !form.CmdBarCode.Visible;  // with barcodes the number is read, not typed
-  form.CboTarifa[0].Clear();
-  form.CboTarifa[0].Visible = false;
-  form.CboTarifa[1].Visible = true;
 }
 
 void CaraDeEntrada(Form1& form, bool conservarFoto) {
   BlanquearFilas(form);
   AbrirCampos(form);
   // Without the folder the clock stays stopped, as the link watch has left it.
-  form.TmrHoraFecha.SetEnabled(Conectada(form));
-  if (!Conectada(form)) form.LblFechaEnt.Caption = "CONECTANDO... "_w;
+  form.TmrHoraFecha.SetEnabled(form.Conectada());
   if (!conservarFoto) form.MostrarImagenEnVivo();
   form.TxtBarCodeOK.Visible = false;
 }

@@ -10,8 +10,7 @@ void Form1::ImgFicha_Click(int cell) {
   if (row > TotalVista() || FichaEnCurso()) return Cancelar();
   const std::int64_t numero = LeadingInteger(Trim(LblCampo[0].Caption));
   const bool dentro = EstaDentro(VistaFichas[static_cast<std::size_t>(row - 1)]);
-  if (!dentro || numero < 1 || numero > TotalFichas)
-    return PctBoton_Click(static_cast<int>(boton::kImprimir));
+  if (!dentro || !HayPuesto(numero)) return PctBoton_Click(static_cast<int>(boton::kImprimir));
   MidiWav(sonido::kCelda);
   SalirDeCelda();
   TxtCampo[0].SetText(Digits(numero));

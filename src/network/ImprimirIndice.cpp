@@ -1,5 +1,5 @@
-#include <algorithm>
 #include <span>
+#include <tuple>
 #include <vector>
 
 #include "common/Numbers.h"
@@ -9,17 +9,9 @@
 namespace vintoral {
 namespace {
 
-/// The records of the page.
-std::span<const RegistroFicha> Pagina(const Form1& form) {
-  const auto first = static_cast<std::size_t>(form.InicioPagina - 1);
-  const std::span<const RegistroFicha> view(form.VistaFichas);
-  if (first >= view.size()) return {};
-  return view.subspan(first, std::min(view.size() - first, form.ImgFicha.size()));
-}
-
 /// Number and photo of each. A site without cameras works with the numbers alone.
 void DibujarCeldas(Form1& form) {
-  const std::span<const RegistroFicha> page = Pagina(form);
+  const std::span<const RegistroFicha> page = form.Pagina();
   const std::vector<Picture> photos = FotosDe(form, page);
   for (std::size_t cell = 0; cell < page.size(); ++cell) {
     Image& image = form.ImgFicha[cell];
@@ -40,9 +32,9 @@ void EscribirCuenta(Form1& form) {
 /// The pointer rests where it was, but the record under it may be another one, or gone. What is typed
 /// meanwhile, the minutes of a monitor or a label, is left alone.
 void SeguirPuntero(Form1& form, std::int32_t cell) {
-  if (static_cast<std::size_t>(cell) >= Pagina(form).size()) return form.QuitarCelda();
+  if (static_cast<std::size_t>(cell) >= form.Pagina().size()) return form.QuitarCelda();
   form.PctFicha.Tag = "0"_w;
-  form.SenalarCelda(cell);
+  std::ignore = form.SenalarCelda(cell);
 }
 
 }  // namespace

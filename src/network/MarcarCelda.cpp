@@ -1,18 +1,19 @@
-#include "common/Numbers.h"
+#include <algorithm>
+
 #include "records/Monitores.h"
 #include "station/form1/Form1.h"
 
 namespace vintoral {
 
 void Form1::MarcarCelda() {
-  const std::int64_t numero = LeadingInteger(Trim(TxtCampo[0].Text()));
-  ShpCelda.Cell = -1;
+  // The row that a ficha has left in the history may bear the same number.
+  const auto shown = [this](const RegistroFicha& ficha) {
+    return ficha.Posicion == NumeroEscrito() && EstaDentro(ficha);
+  };
+  const std::span<const RegistroFicha> page = Pagina();
+  const auto found = std::find_if(page.begin(), page.end(), shown);
+  ShpCelda.Cell = found == page.end() ? -1 : static_cast<int>(found - page.begin());
   ShpCelda.Visible = true;
-  for (std::int32_t cell = 0; cell < kCeldas && InicioPagina + cell <= TotalVista(); ++cell) {
-    const RegistroFicha& ficha = VistaFichas[static_cast<std::size_t>(InicioPagina + cell - 1)];
-    // The row that a ficha has left in the history may bear the same number.
-    if (ficha.Posicion == numero && EstaDentro(ficha)) ShpCelda.Cell = cell;
-  }
 }
 
 }  // namespace vintoral

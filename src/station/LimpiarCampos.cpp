@@ -1,3 +1,4 @@
+#include "station/form1/Filas.h"
 #include "station/form1/Form1.h"
 
 namespace vintoral {
@@ -14,21 +15,6 @@ void ClearButtons(Form1& form) {
   form.ImgIndicador[indicador::kImprimirFactura].Visible = false;
   form.PctBoton[boton::kGuardar].Visible = false;
   form.PctBoton[boton::kRetirar].Visible = false;
-}
-
-void ClearStamps(Form1& form) {
-  const bool connected = form.LblConexion[0].BackColor == kLightGreen;
-  form.LblFechaEnt.Caption = connected ? String() : "CONECTANDO... "_w;
-  form.LblFechaSal.Caption = {};
-  form.LblFechaEnt.BackColor = form.LblFechaSal.BackColor = kWhite;
-}
-
-void ClearRows(Form1& form) {
-  for (Label& row : form.LblCampo) {
-    row.BackColor = kLightOrange;
-    row.Caption = {};
-    row.Visible = true;
-  }
 }
 
 void ClearCodes(Form1& form) {
@@ -49,9 +35,6 @@ void OpenFields(Form1& form, bool barcodes) {
 }
 
 void OpenCategories(Form1& form) {
-  form.CboTarifa[0].Clear();
-  form.CboTarifa[0].Visible = false;
-  form.CboTarifa[1].Visible = true;
   form.CboTarifa[1].Enabled = true;
   form.CboTarifa[1].Select(0);
 }
@@ -94,13 +77,12 @@ void ClearCash(Form1& form) {
 
 void Form1::LimpiarCampos() {
   const bool barcodes = CmdBarCode.Visible;
-  SalirDeCelda();
+  QuitarCelda();
   UsuarioEnFormulario = 0;
   NumeroUsuario = 0;
   ClearCell(*this);
   ClearButtons(*this);
-  ClearStamps(*this);
-  ClearRows(*this);
+  BlanquearFilas(*this);
   ClearCodes(*this);
   OpenFields(*this, barcodes);
   OpenCategories(*this);

@@ -25,6 +25,20 @@ void EscribirFilas(Form1& form, const RegistroFicha& ficha) {
   form.CboTarifa[1].Visible = false;
 }
 
+void BlanquearFilas(Form1& form) {
+  for (Label& row : form.LblCampo) {
+    row.BackColor = kLightOrange;
+    row.Caption = {};
+    row.Visible = true;
+  }
+  form.LblFechaEnt.BackColor = form.LblFechaSal.BackColor = kWhite;
+  form.LblFechaEnt.Caption = form.Conectada() ? String() : "CONECTANDO... "_w;
+  form.LblFechaSal.Caption = {};
+  form.CboTarifa[0].Clear();
+  form.CboTarifa[0].Visible = false;
+  form.CboTarifa[1].Visible = true;
+}
+
 void CalcularEstadia(Form1& form, const RegistroFicha& ficha) {
   const auto minute = [](const String& date, const String& time) { return date + " "_w + time + ":00"_w; };
   const std::string_view entrada = ficha.MarcaEntrada.View();

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "common/Numbers.h"
 #include "station/forms/Input.h"
 #include "station/forms/ReglasTeclas.h"
 
@@ -104,6 +105,16 @@ void Form1::ClickEnBarra(int index) {
   if (renaming) SetFocus(nullptr);
   PctBoton_Click(index);
   if (renaming && Focus() == nullptr) FocoDondeSeEscribe();
+}
+
+std::int64_t Form1::NumeroEscrito() const {
+  return LeadingInteger(Trim(TxtCampo[0].Text()));
+}
+
+std::span<const RegistroFicha> Form1::Pagina() const {
+  const std::span<const RegistroFicha> view(VistaFichas);
+  const auto first = std::min(static_cast<std::size_t>(InicioPagina - 1), view.size());
+  return view.subspan(first, std::min(view.size() - first, ImgFicha.size()));
 }
 
 bool Form1::FichaEnCurso() const {

@@ -11,6 +11,7 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -58,6 +59,8 @@ class Form1 : public ScreenModel {
   std::vector<RegistroFicha> VistaFichas;  ///< element 0 is record 1 of the view
   std::int32_t InicioPagina = 1;           ///< first record of the grid page, from 1
   std::int32_t TotalVista() const { return static_cast<std::int32_t>(VistaFichas.size()); }
+  /// The records of the grid page, one for each cell in use.
+  std::span<const RegistroFicha> Pagina() const;
 
   std::vector<String> TablaTarifas, TablaExtras, TablaPrepago;  ///< element 0 is line 1
   static constexpr std::size_t kAnchoMoneda = 10;
@@ -135,6 +138,12 @@ class Form1 : public ScreenModel {
   void CerrarEtiqueta(std::size_t index);
   void FocoPrimerCampo();     ///< to the first field that takes typing, to the tool bar where none does
   void FocoDondeSeEscribe();  ///< the keyboard goes back to where typing continues
+  /// The number in the first field, 0 when there is none.
+  std::int64_t NumeroEscrito() const;
+  /// Is there a slot of that number?
+  bool HayPuesto(std::int64_t numero) const { return numero >= 1 && numero <= TotalFichas; }
+  /// The link is up: the data folder was there at the last look.
+  bool Conectada() const { return LblConexion[0].BackColor == kLightGreen; }
   /// All six fields are locked: a ficha is on display.
   bool FichaEnPantalla() const;
   /// A ficha is being typed or is on display: the grid holds still.
@@ -229,8 +238,8 @@ class Form1 : public ScreenModel {
   void ImprimirIndice();
   void RetrocederPagina();
   void AvanzarPagina();
-  /// Shows the record of a cell (from 0) as if the pointer had come to it.
-  void SenalarCelda(int cell);
+  /// Shows the record of a cell (from 0) as if the pointer had come to it; false where that changes nothing.
+  bool SenalarCelda(int cell);
   void ImgFicha_MouseMove(int cell);
   void ImgFicha_Click(int cell);
   /// The pointer has left the grid: typing goes on at the number, or with the reader's codes.

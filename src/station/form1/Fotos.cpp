@@ -11,8 +11,8 @@ String Carpeta(const Form1& form, bool inside) {
   return form.RutaCompartida(inside ? "Imágenes ACT"_w : "Imágenes HST"_w);
 }
 
-String Nombre(const RegistroFicha& ficha) {
-  return Digits(ficha.Posicion, 6) + ".jpg"_w;
+String Nombre(std::int64_t numero) {
+  return Digits(numero, 6) + ".jpg"_w;
 }
 
 /// The photo, or nothing when it can't be shown.
@@ -23,29 +23,38 @@ Picture Sana(Form1& form, const Picture& photo) {
   return fault == PictureFault::kNone ? photo : Picture();
 }
 
+/// The photos of those who are inside, or of those who have left, into their places.
+void MirarCarpeta(Form1& form, std::span<const RegistroFicha> fichas, bool inside,
+                  std::span<Picture> photos) {
+  std::vector<std::size_t> places;
+  std::vector<String> names;
+  for (std::size_t i = 0; i < fichas.size(); ++i) {
+    if (EstaDentro(fichas[i]) != inside) continue;
+    places.push_back(i);
+    names.push_back(Nombre(fichas[i].Posicion));
+  }
+  if (names.empty()) return;
+  const String folder = Carpeta(form, inside);
+  const auto marks = form.Devices().disk.LookIn(folder, names);
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    if (marks[i]) photos[places[i]] = Sana(form, Picture(folder + "\\"_w + names[i], *marks[i]));
+  }
+}
+
 }  // namespace
 
 String RutaFoto(const Form1& form, const RegistroFicha& ficha) {
-  return Carpeta(form, EstaDentro(ficha)) + "\\"_w + Nombre(ficha);
+  return Carpeta(form, EstaDentro(ficha)) + "\\"_w + Nombre(ficha.Posicion);
+}
+
+String RutaFotoAdentro(const Form1& form, std::int64_t numero) {
+  return Carpeta(form, true) + "\\"_w + Nombre(numero);
 }
 
 std::vector<Picture> FotosDe(Form1& form, std::span<const RegistroFicha> fichas) {
   std::vector<Picture> photos(fichas.size());
-  for (const bool inside : {true, false}) {
-    std::vector<std::size_t> places;
-    std::vector<String> names;
-    for (std::size_t i = 0; i < fichas.size(); ++i) {
-      if (EstaDentro(fichas[i]) != inside) continue;
-      places.push_back(i);
-      names.push_back(Nombre(fichas[i]));
-    }
-    if (names.empty()) continue;
-    const String folder = Carpeta(form, inside);
-    const auto marks = form.Devices().disk.LookIn(folder, names);
-    for (std::size_t i = 0; i < names.size(); ++i) {
-      if (marks[i]) photos[places[i]] = Sana(form, Picture(folder + "\\"_w + names[i], *marks[i]));
-    }
-  }
+  for (const bool inside : {true, false})
+    MirarCarpeta(form, fichas, inside, photos);
   return photos;
 }
 

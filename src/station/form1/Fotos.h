@@ -16,6 +16,8 @@ class Form1;
 
 /// Where the photo of a ficha of the view lies: another folder once it has left.
 String RutaFoto(const Form1& form, const RegistroFicha& ficha);
+/// The same of the ficha that is inside under this number.
+String RutaFotoAdentro(const Form1& form, std::int64_t numero);
 /// The photos of `fichas`, one for each; nothing for one that is missing or, as far as this face knows by
 /// now, can't be shown. A damaged one is deleted.
 std::vector<Picture> FotosDe(Form1& form, std::span<const RegistroFicha> fichas);
