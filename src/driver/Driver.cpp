@@ -93,6 +93,7 @@ void Driver::Dispatch(const Json& operation) {
   if (station_->form.Terminado()) throw std::runtime_error("the program has ended");
   if (name == "answer") return AnswerBox(operation);
   if (name == "advance") return Advance(operation);
+  if (name == "devices") return SetPrinters(operation);
   if (name == "clock") return station_->platform.Clock.Set(ParseMoment(Field<std::string>(operation, "now")));
   if (name == "fare") return Fare(operation);
   if (name == "get" || name == "state" || name == "view") return Look(name, operation);
@@ -114,8 +115,14 @@ void Driver::Start(const Json& operation) {
   station->platform.System.Desktop = FieldOr(operation, "desktop", std::string());
   RequirePath(station->platform.System.Desktop);
   station->platform.Screen.OnWait = [this] { Step(); };
+  station->platform.Printer.Installed = PrintersOf(operation, {});
   station_ = std::move(station);
   station_->form.Form_Load();
+}
+
+void Driver::SetPrinters(const Json& operation) {
+  PrinterList& installed = station_->platform.Printer.Installed;
+  installed = PrintersOf(operation, installed);
 }
 
 void Driver::AnswerBox(const Json& operation) {

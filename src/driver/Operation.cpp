@@ -13,9 +13,10 @@
 namespace vintoral {
 namespace {
 
-constexpr std::array<std::string_view, 20> kOperations = {
-    "key",    "type",   "set",    "focus", "click", "dblclick", "hover", "select", "check", "tick",
-    "scroll", "answer", "unload", "close", "get",   "state",    "view",  "fare",   "clock", "advance"};
+constexpr std::array<std::string_view, 21> kOperations = {
+    "key",    "type",  "set",  "focus",  "click",  "dblclick", "hover",
+    "select", "check", "tick", "scroll", "answer", "unload",   "close",
+    "get",    "state", "view", "fare",   "clock",  "advance",  "devices"};
 
 constexpr std::array<std::pair<Answer, const char*>, 4> kAnswers = {
     {{Answer::kOk, "ok"}, {Answer::kYes, "yes"}, {Answer::kNo, "no"}, {Answer::kCancel, "cancel"}}};
@@ -182,8 +183,45 @@ Json WaitingJson(const Waiting* waiting, std::int64_t now) {
   return {{"wait", std::max<std::int64_t>(waiting->until - now, 0)}};
 }
 
+namespace {
+
+Json PrintJson(const PrintOperation& operation) {
+  switch (operation.kind) {
+    case PrintOperation::Kind::kPicture:
+      return {{"op", "picture"},
+              {"x", operation.x},
+              {"y", operation.y},
+              {"width", operation.width},
+              {"height", operation.height}};
+    case PrintOperation::Kind::kAddFont:
+      return {{"op", "addfont"}, {"file", operation.text.ToUtf8()}};
+    case PrintOperation::Kind::kRemoveFont:
+      return {{"op", "removefont"}, {"file", operation.text.ToUtf8()}};
+    case PrintOperation::Kind::kText:
+      break;
+  }
+  return {{"op", "text"},
+          {"text", operation.text.ToUtf8()},
+          {"font", operation.fontName.ToUtf8()},
+          {"size", operation.fontSize},
+          {"bold", operation.fontBold},
+          {"x", operation.x},
+          {"y", operation.y}};
+}
+
+Json PrintedJson(const DeviceEvent& event) {
+  Json operations = Json::array();
+  for (const PrintOperation& operation : event.printed)
+    operations.push_back(PrintJson(operation));
+  return {{"event", "print"}, {"printer", event.text.ToUtf8()}, {"ops", std::move(operations)}};
+}
+
+}  // namespace
+
 Json EventJson(const DeviceEvent& event) {
   switch (event.kind) {
+    case DeviceEvent::Kind::kPrint:
+      return PrintedJson(event);
     case DeviceEvent::Kind::kSound:
       return {{"event", "sound"}, {"file", event.text.ToUtf8()}, {"played", event.played}};
     case DeviceEvent::Kind::kLaunch:
@@ -194,6 +232,17 @@ Json EventJson(const DeviceEvent& event) {
       break;
   }
   return {{"event", "beep"}};
+}
+
+PrinterList PrintersOf(const Json& operation, PrinterList before) {
+  if (Has(operation, "printers")) {
+    before = {};
+    for (const auto& name : Field<std::vector<std::string>>(operation, "printers"))
+      before.names.push_back(String::FromUtf8(name));
+    if (!before.names.empty()) before.current = before.names.front();
+  }
+  if (Has(operation, "printer")) before.current = String::FromUtf8(Field<std::string>(operation, "printer"));
+  return before;
 }
 
 Json FareJson(const Form1& station, const String& category, const String& entry, const String& exit) {

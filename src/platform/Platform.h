@@ -3,6 +3,7 @@
 #include "platform/Clock.h"
 #include "platform/Disk.h"
 #include "platform/Pictures.h"
+#include "platform/Printer.h"
 #include "platform/Screen.h"
 #include "platform/Sound.h"
 #include "platform/System.h"
@@ -17,6 +18,7 @@ struct Platform {
   System& system;
   Disk& disk;
   const Pictures& pictures;
+  Printer& printer;
 };
 
 }  // namespace vintoral

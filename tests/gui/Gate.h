@@ -85,6 +85,7 @@ class Gate : public testing::Test {
   RecordingSystem system_{events_, unused_};
   PosixDisk disk_;
   PicturesBeside pictures_;
+  RecordingPrinter printer_{events_};
   std::deque<Answer> answers_;
 };
 

@@ -115,7 +115,8 @@ class MemoryStation {
   RecordingSystem System{Events, Screen};
   RecordingSound Sound{Events};
   PictureDecoder Pictures;
-  Form1 Form{Platform{Clock, Screen, Sound, System, Faulty, Pictures}};
+  RecordingPrinter Printer{Events};
+  Form1 Form{Platform{Clock, Screen, Sound, System, Faulty, Pictures, Printer}};
   Input Hands{Form.OpenForms};
 
   /// What the operator will answer, box by box.

@@ -6,6 +6,7 @@
 #include "platform/Platform.h"
 #include "platform/PosixDisk.h"
 #include "platform/desktop/DesktopClock.h"
+#include "platform/desktop/DesktopPrinter.h"
 #include "platform/desktop/DesktopScreen.h"
 #include "platform/desktop/DesktopSound.h"
 #include "platform/desktop/DesktopSystem.h"
@@ -18,7 +19,7 @@ class DesktopPlatform {
   /// `folder`: the station's folder, a path of this system.
   explicit DesktopPlatform(const std::string& folder);
 
-  Platform Devices() { return {Clock, Screen, Sound, System, Disk, Pictures}; }
+  Platform Devices() { return {Clock, Screen, Sound, System, Disk, Pictures, Printer}; }
   /// The file of this system that a station path means, whatever the case of its name.
   std::string FileOf(std::string_view path) const;
 
@@ -28,6 +29,7 @@ class DesktopPlatform {
   DesktopScreen Screen;
   DesktopSound Sound;
   DesktopSystem System;
+  DesktopPrinter Printer;
 };
 
 }  // namespace vintoral

@@ -18,12 +18,13 @@ class HeadlessPlatform {
   HeadlessPlatform(const HeadlessPlatform&) = delete;
   HeadlessPlatform& operator=(const HeadlessPlatform&) = delete;
 
-  Platform Devices() { return {Clock, Screen, sound_, System, disk_, pictures_}; }
+  Platform Devices() { return {Clock, Screen, sound_, System, disk_, pictures_, Printer}; }
 
   Recording Events;
   VirtualClock Clock;
   RecordingScreen Screen{Events, Clock};
   RecordingSystem System{Events, Screen};
+  RecordingPrinter Printer{Events};
 
  private:
   RecordingSound sound_{Events};

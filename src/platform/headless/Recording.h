@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/Clock.h"
+#include "platform/Printer.h"
 #include "platform/Screen.h"
 #include "platform/Sound.h"
 #include "platform/System.h"
@@ -17,10 +18,11 @@ namespace vintoral {
 
 /// One thing that the station did to the outside.
 struct DeviceEvent {
-  enum class Kind { kSound, kBeep, kLaunch, kEnd };
+  enum class Kind { kSound, kBeep, kLaunch, kPrint, kEnd };
   Kind kind = Kind::kBeep;
-  String text;          ///< the sound's file, the launched command
+  String text;          ///< the sound's file, the launched command, the printer
   bool played = false;  ///< of a sound: the file was there
+  std::vector<PrintOperation> printed = {};
 
   friend bool operator==(const DeviceEvent&, const DeviceEvent&) = default;
 };
@@ -85,6 +87,22 @@ class RecordingScreen : public Screen {
   const Clock& clock_;
   std::vector<Waiting> waits_;
   bool closed_ = false;
+};
+
+/// Prints nothing, but every document that would have found a printer is an event.
+class RecordingPrinter : public Printer {
+ public:
+  explicit RecordingPrinter(Recording& recording) : recording_(recording) {}
+  PrinterList Printers() override { return Installed; }
+  void EndDoc(PrintDocument document) override {
+    const String printer = ChoosePrinter(Installed, document.PrinterWanted);
+    if (!printer.Empty()) recording_.Add({DeviceEvent::Kind::kPrint, printer, false, document.Operations()});
+  }
+
+  PrinterList Installed;
+
+ private:
+  Recording& recording_;
 };
 
 class RecordingSystem : public System {

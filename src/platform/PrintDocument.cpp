@@ -1,0 +1,92 @@
+#include "platform/PrintDocument.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace vintoral {
+namespace {
+
+/// Courier New and Liberation Mono alike: 1229, 1705 and 1705 + 615 of 2048 units, the first one rounded.
+constexpr TypeMeasures kTexto{0.6, 1705.0 / 2048, 2320.0 / 2048};
+/// As data/fonts/make-code39-font draws it.
+constexpr TypeMeasures kBarras{0.39, 1.0, 1.0};
+
+constexpr std::string_view kLineBreak = "\r\n";
+
+/// Calls `visit` for each line of a text.
+template <class Visit>
+void ForLines(std::string_view text, Visit visit) {
+  for (std::size_t end = 0; end != std::string_view::npos;) {
+    end = text.find(kLineBreak);
+    visit(text.substr(0, end));
+    if (end != std::string_view::npos) text.remove_prefix(end + kLineBreak.size());
+  }
+}
+
+Twips Rounded(double twips) {
+  // A damaged size must not run over: no paper is longer than a kilometre.
+  constexpr double kMost = 56'692'913;
+  return static_cast<Twips>(std::lround(std::clamp(twips, -kMost, kMost)));
+}
+
+}  // namespace
+
+const TypeMeasures& MeasuresOf(std::string_view fontName) {
+  return fontName == fuente::kBarras ? kBarras : kTexto;
+}
+
+Twips PrintDocument::TextWidth(std::string_view text) const {
+  std::size_t longest = 0;
+  ForLines(text, [&](std::string_view line) { longest = std::max(longest, line.size()); });
+  return Rounded(MeasuresOf(FontName).advance * FontSize * kTwipsInPoint * static_cast<double>(longest));
+}
+
+Twips PrintDocument::LinePitch() const {
+  return Rounded(MeasuresOf(FontName).linePitch * FontSize * kTwipsInPoint);
+}
+
+void PrintDocument::Add(PrintOperation operation) {
+  operations_.push_back(std::move(operation));
+}
+
+void PrintDocument::Print(const String& text) {
+  int lines = 0;
+  ForLines(text, [&](std::string_view) { ++lines; });
+  width_ = std::max(width_, CurrentX + TextWidth(text));
+  Add({.text = text,
+       .fontName = FontName,
+       .fontSize = FontSize,
+       .fontBold = FontBold,
+       .x = CurrentX,
+       .y = CurrentY,
+       .picture = {}});
+  CurrentY += lines * LinePitch();
+  CurrentX = 0;
+}
+
+void PrintDocument::PaintPicture(const Picture& picture, Twips x, Twips y, Twips width, Twips height) {
+  width_ = std::max(width_, x + width);
+  foot_ = std::max(foot_, y + height);
+  Add({.kind = PrintOperation::Kind::kPicture,
+       .text = {},
+       .fontName = {},
+       .x = x,
+       .y = y,
+       .width = width,
+       .height = height,
+       .picture = picture});
+}
+
+void PrintDocument::AddFontResource(std::string_view file) {
+  Add({.kind = PrintOperation::Kind::kAddFont, .text = String(file), .fontName = {}, .picture = {}});
+}
+
+void PrintDocument::RemoveFontResource(std::string_view file) {
+  Add({.kind = PrintOperation::Kind::kRemoveFont, .text = String(file), .fontName = {}, .picture = {}});
+}
+
+Twips PrintDocument::Height() const {
+  return std::max(foot_, CurrentY);
+}
+
+}  // namespace vintoral
