@@ -3,9 +3,11 @@
 #pragma once
 
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <limits>
 #include <tuple>
 #include <type_traits>
 
@@ -47,6 +49,17 @@ struct Code<bool> {
   static constexpr std::size_t kWidth = 2;
   static void Read(const char* bytes, bool& field) { field = Get<std::int16_t>(bytes) != 0; }
   static void Write(char* bytes, bool field) { Put<std::int16_t>(bytes, field ? -1 : 0); }
+};
+
+/// IEEE 754 single, its 32 bits little-endian; any bits come back as they were, NaN included.
+template <>
+struct Code<float> {
+  static_assert(std::numeric_limits<float>::is_iec559 && sizeof(float) == 4);
+  static constexpr std::size_t kWidth = 4;
+  static void Read(const char* bytes, float& field) {
+    field = std::bit_cast<float>(Get<std::uint32_t>(bytes));
+  }
+  static void Write(char* bytes, float field) { Put(bytes, std::bit_cast<std::uint32_t>(field)); }
 };
 
 template <>

@@ -1,0 +1,27 @@
+#include "reports/Tira.h"
+
+#include "station/form1/Papel.h"
+
+namespace vintoral {
+
+PrintDocument EmpezarTira(const String& impresora, float tamano) {
+  PrintDocument tira(impresora);
+  tira.FontSize = TamanoFuente(tamano);
+  tira.FontName = String(fuente::kTexto);
+  return tira;
+}
+
+void TerminarTira(PrintDocument& tira, const String& direccion, std::string_view pie) {
+  tira.Print(LineaPie(direccion));
+  // The dot is what makes the printer feed the paper that far.
+  const String feed(kFinDeLinea);
+  tira.Print(TrimRight(pie) + feed + feed + feed + "."_w);
+}
+
+void ImprimirNegrita(PrintDocument& tira, const String& text) {
+  tira.FontBold = true;
+  tira.Print(text);
+  tira.FontBold = false;
+}
+
+}  // namespace vintoral

@@ -1,0 +1,15 @@
+// How every slip begins and ends.
+#pragma once
+
+#include "platform/PrintDocument.h"
+
+namespace vintoral {
+
+/// A document in the text's type, for the printer of that name. `tamano` is the size of a format.
+PrintDocument EmpezarTira(const String& impresora, float tamano);
+/// The closing rule, the foot, and the paper that must pass the tear bar of a receipt printer.
+void TerminarTira(PrintDocument& tira, const String& direccion, std::string_view pie);
+/// `text` in bold.
+void ImprimirNegrita(PrintDocument& tira, const String& text);
+
+}  // namespace vintoral
