@@ -3,6 +3,7 @@
 #include "records/Register.h"
 #include "station/form1/Form1.h"
 #include "station/form1/Fotos.h"
+#include "station/form1/Monitor.h"
 
 namespace vintoral {
 namespace {
@@ -42,6 +43,11 @@ void AnotarEntrada(Form1& form, const String& registro, std::int64_t numero) {
   (act ? act.Write(numero, ficha, true) : act.Opened()).PassOver();
 }
 
+/// A pass that comes back has its validity closed, and its ticket already.
+bool PideTiquete(const Form1& form) {
+  return IsPressed(form.PctBoton[boton::kTiquetes]) && form.TxtMaxEntrada.Enabled;
+}
+
 }  // namespace
 
 void Form1::GuardarFicha() {
@@ -65,7 +71,13 @@ void Form1::GuardarFicha() {
     FichaActual = *puesto;
   }
   SyncTogether onDisk(platform_.disk);
-  if (!puesto->EnUso) AnotarEntrada(*this, registro, numero);
+  if (!puesto->EnUso) {
+    AnotarEntrada(*this, registro, numero);
+    if (PideTiquete(*this)) {
+      onDisk.Finish().PassOver();  // the slip is a promise
+      ImprimirTiquete();
+    }
+  }
   RefrescarVista();
   ImgIndicador[indicador::kFotosAdicionales].Visible = false;
   LimpiarCampos();

@@ -3,7 +3,9 @@
 #include "common/Numbers.h"
 #include "entry/Puesto.h"
 #include "records/Register.h"
+#include "station/form1/DetalleEstadia.h"
 #include "station/form1/Form1.h"
+#include "station/form1/Monitor.h"
 #include "station/form1/Sonidos.h"
 
 namespace vintoral {
@@ -49,7 +51,6 @@ bool ReservarHistorial(const Form1& form) {
 }
 
 void AnotarSalida(Form1& form, std::int64_t numero) {
-  form.TextoSalida = form.LblFechaSal.Caption;
   RegistroFicha& ficha = form.FichaActual;
   ficha.EnUso = false;
   ficha.NumeroFicha = Digits(numero, 4);
@@ -97,6 +98,29 @@ bool PasarAlHistorial(Form1& form) {
   return false;
 }
 
+DatosEstadia EstadiaEnPantalla(const Form1& form) {
+  DatosEstadia estadia{.campos = {},
+                       .entrada = form.LblFechaEnt.Caption,
+                       .salida = form.TextoSalida,
+                       .categoria = form.CboTarifa[0].Text(),
+                       .puntos = {},
+                       .tiempo = form.TiempoEstadia};
+  for (std::size_t i = 0; i < estadia.campos.size(); ++i)
+    estadia.campos[i] = {form.EtiquetasActuales.ImprimirCampo[i], form.TxtEtiqueta[i + 1].Text(),
+                         form.LblCampo[i + 1].Caption};
+  if (form.FacturaActual.Puntos) estadia.puntos = form.PuntosAcumulados + form.PuntosEstadia;
+  return estadia;
+}
+
+/// The invoice that was asked for, under its number.
+std::optional<DatosFactura> Facturar(Form1& form) {
+  const bool asked = IsPressed(form.PctBoton[boton::kFacturas]) && form.ChkFactura.Value != 0;
+  if (!asked) return std::nullopt;
+  form.CopiarFactura(false);
+  return form.FacturaDe(form.ValorEstadia, DetalleEstadia(EstadiaEnPantalla(form)),
+                        form.FacturaActual.Impuesto);
+}
+
 }  // namespace
 
 void Form1::RetirarFicha() {
@@ -110,16 +134,21 @@ void Form1::RetirarFicha() {
     return MidiWav(sonido::kOlvidada);
   }
   TmrHoraFecha.SetEnabled(false);
+  TextoSalida = LblFechaSal.Caption;
   SyncTogether onDisk(platform_.disk);
-  if (PasarAlHistorial(*this)) {
+  const bool retirada = PasarAlHistorial(*this);
+  std::optional<DatosFactura> factura;
+  if (retirada) {
+    factura = Facturar(*this);
     RefrescarVista();
     LimpiarCampos();
     onDisk.Finish().PassOver();
-    MidiWav(sonido::kHecho);
-  } else {
-    platform_.screen.Beep();  // the ficha stays on display
   }
   TmrHoraFecha.SetEnabled(true);
+  if (!retirada) return platform_.screen.Beep();  // the ficha stays on display
+  // The slip is a promise, so it comes last; and while its second copy waits, the next one is served.
+  if (factura) ImprimirFactura(*factura);
+  MidiWav(sonido::kHecho);
 }
 
 }  // namespace vintoral

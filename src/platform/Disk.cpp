@@ -11,4 +11,10 @@ std::vector<std::optional<FileMark>> Disk::LookIn(std::string_view folder,
   return marks;
 }
 
+Outcome Disk::PutAround(std::string_view path, std::string_view before, std::string_view after) {
+  const Result<String> held = ReadAll(path);
+  if (!held && !held.Why().Missing()) return held.Why();
+  return Replace(path, String(before) + (held ? *held : String()) + String(after));
+}
+
 }  // namespace vintoral

@@ -15,6 +15,7 @@
 #include <cstdlib>
 #include <tuple>
 
+#include "platform/CopyBytes.h"
 #include "platform/Descriptor.h"
 #include "platform/FileStatus.h"
 #include "platform/NativePath.h"
@@ -99,17 +100,32 @@ bool GiveName(int descriptor, const std::string& path) {
   return linkat(AT_FDCWD, unnamed.c_str(), AT_FDCWD, path.c_str(), AT_SYMLINK_FOLLOW) == 0;
 }
 
+/// What a file is to hold: `before`, all of the old file where there is a descriptor of it, and `after`.
+struct Content {
+  std::string_view before;
+  int old = -1;
+  std::string_view after;
+};
+
+Outcome WriteContent(PosixFile& file, int descriptor, const Content& content) {
+  Outcome written = file.WriteAt(0, {content.before.data(), content.before.size()});
+  if (!written || content.old < 0) return written;
+  const Copied copied = CopyBytes(content.old, descriptor, content.before.size());
+  if (copied.error != 0) return Outcome::Failed("copy into", "a new file", copied.error);
+  return file.WriteAt(content.before.size() + copied.bytes, {content.after.data(), content.after.size()});
+}
+
 /// Fills the file behind `descriptor`, on disk when this returns. `path` is the file that it will replace.
-Outcome Fill(PosixFile& file, int descriptor, const std::string& path, std::string_view bytes) {
+Outcome Fill(PosixFile& file, int descriptor, const std::string& path, const Content& content) {
   const std::optional<FileStatus> old = StatusOf(path);
   // A file system without permissions refuses; then there is nothing to keep.
   if (old) std::ignore = fchmod(descriptor, old->mode & 07777);
-  Outcome written = file.WriteAt(0, {bytes.data(), bytes.size()});
+  Outcome written = WriteContent(file, descriptor, content);
   return written ? file.Sync() : written;
 }
 
-/// Writes `bytes` to a new file at `temporary` and moves it to `path`. 0, or the system's errno.
-int WriteBeside(const std::string& temporary, const std::string& path, std::string_view bytes) {
+/// Writes `content` to a new file at `temporary` and moves it to `path`. 0, or the system's errno.
+int WriteBeside(const std::string& temporary, const std::string& path, const Content& content) {
   int error = 0;
   for (const bool unnamed : {true, false}) {
     const int descriptor = unnamed ? OpenUnnamed(FolderOf(path))
@@ -118,7 +134,7 @@ int WriteBeside(const std::string& temporary, const std::string& path, std::stri
     if (error != 0) continue;
     PendingSyncs none;
     PosixFile file(descriptor, temporary, "", none);
-    const Outcome filled = Fill(file, descriptor, path, bytes);
+    const Outcome filled = Fill(file, descriptor, path, content);
     if (!filled) return filled.Error();
     if (unnamed && !GiveName(descriptor, temporary)) continue;
     return rename(temporary.c_str(), path.c_str()) == 0 ? 0 : errno;
@@ -229,9 +245,10 @@ Result<String> PosixDisk::ReadAll(std::string_view path) {
   return Outcome::Failed("read all of", PathOf(path), EFBIG);
 }
 
-Outcome PosixDisk::Replace(std::string_view path, std::string_view bytes) {
-  // Renaming over a link would put a file in its place.
-  const std::string native = RealPath(FindIgnoringCase(PathOf(path)));
+namespace {
+
+/// `native` is the file itself: renaming over a link would put a file in its place.
+Outcome ReplaceBy(const Content& content, const std::string& native) {
   const std::string folder = FolderOf(native);
   const std::string hidden = folder + "/." + native.substr(native.rfind('/') + 1);
   // Two stations may replace one file of a shared folder at once, so each writes beside it under its own
@@ -240,13 +257,27 @@ Outcome PosixDisk::Replace(std::string_view path, std::string_view bytes) {
   int error = access(native.c_str(), F_OK) == 0 && access(native.c_str(), W_OK) != 0 ? errno : 0;
   if (error == 0 && native.empty()) error = ENOENT;
   if (error != 0) return Outcome::Failed("replace", native, error);
-  error = WriteBeside(temporary, native, bytes);
+  error = WriteBeside(temporary, native, content);
   if (error != 0) {
     unlink(temporary.c_str());
     return Outcome::Failed("replace", native, error);
   }
   SyncFolder(folder);
   return Outcome::Done();
+}
+
+}  // namespace
+
+Outcome PosixDisk::Replace(std::string_view path, std::string_view bytes) {
+  return ReplaceBy({.before = bytes, .after = {}}, RealPath(FindIgnoringCase(PathOf(path))));
+}
+
+Outcome PosixDisk::PutAround(std::string_view path, std::string_view before, std::string_view after) {
+  const std::string native = RealPath(FindIgnoringCase(PathOf(path)));
+  const Descriptor old(OpenRegular(native, O_RDONLY));
+  if (old.Number() < 0 && errno != ENOENT) return Outcome::Failed("open", native, errno);
+  if (old.Number() < 0) return Replace(path, String(before) + String(after));
+  return ReplaceBy({.before = before, .old = old.Number(), .after = after}, native);
 }
 
 Outcome PosixDisk::CreateNew(std::string_view path, std::string_view bytes) {

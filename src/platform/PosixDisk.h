@@ -29,6 +29,7 @@ class PosixDisk final : public Disk {
   Result<String> ReadAll(std::string_view path) override;
   /// Keeps the permissions of the file that was there; refuses one that may not be written.
   Outcome Replace(std::string_view path, std::string_view bytes) override;
+  Outcome PutAround(std::string_view path, std::string_view before, std::string_view after) override;
   /// A link that leads nowhere is something of that name too.
   Outcome CreateNew(std::string_view path, std::string_view bytes) override;
   Outcome CreateFolder(std::string_view path) override;

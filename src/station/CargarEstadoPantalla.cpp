@@ -5,12 +5,6 @@
 namespace vintoral {
 namespace {
 
-void PressTickets(Form1& form) {
-  form.PctBoton[boton::kTiquetes].BorderStyle = 1;
-  form.CmdNumeroFicha.Enabled = true;
-  form.CmdNumeroFicha.Visible = true;
-}
-
 /// The first view of the grid: through the monitor in force (1 to 3) or, for 0, through none.
 void LoadView(Form1& form, std::int64_t monitor) {
   constexpr std::int64_t kMonitors = 3;
@@ -27,7 +21,7 @@ void Form1::CargarEstadoPantalla() {
   PctBoton[boton::kUltimosEnIngresar].Tag = Digits(record->Numero1);
   PctBoton[boton::kTiempoDePermanencia].Tag = Digits(record->Numero2);
   PctBoton[boton::kUltimosEnSalir].Tag = record->Importe.Plain();
-  if (record->Marca) PressTickets(*this);
+  if (record->Marca) ActivarTiquetes();
   PctBoton[boton::kFacturas].BorderStyle = NumberOf(record->CampoB) != 0 ? 1 : 0;
   LoadView(*this, NumberOf(record->CampoA));
 }

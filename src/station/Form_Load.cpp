@@ -39,6 +39,8 @@ void Form1::Form_Load() {
   CrearTablasPredeterminadas();
   CargarEtiquetas();
   CargarTablas();
+  CargarTiquete();
+  CargarFactura();
   CargarEstadoPantalla();
   CargarDatosCall();
   CargarMarcas();

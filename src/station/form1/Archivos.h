@@ -11,6 +11,9 @@ inline constexpr std::string_view kExtras = "Recursos\\Vintoral.XTR";
 inline constexpr std::string_view kPrepago = "Recursos\\Vintoral.RJE";
 inline constexpr std::string_view kMoneda = "Recursos\\Vintoral.DVS";
 inline constexpr std::string_view kEstado = "Recursos\\Vintoral.DAT";
+inline constexpr std::string_view kTiquete = "Recursos\\Vintoral.TQE";
+inline constexpr std::string_view kFactura = "Recursos\\Vintoral.FTA";
+/// The invoice log, newest first.
 inline constexpr std::string_view kFacturas = "Recursos\\Vintoral.HFC";
 /// Lets a second instance start, for the one restart that registers the capture library.
 inline constexpr std::string_view kReinicio = "Recursos\\Vintoral.RLD";

@@ -63,6 +63,10 @@ template <const std::string_view& file>
 void Edit(Form1& form, int /*code*/) {
   form.Devices().system.Launch("Notepad.exe "_w + String(file));
 }
+template <boton::Index button>
+void EditFormat(Form1& form, int /*code*/) {
+  form.CambiarFormato(button);
+}
 void ShowFont(Form1& form, int /*code*/) {
   const Platform& devices = form.Devices();
   devices.system.Launch("Explorer.exe "_w + devices.disk.CurrentFolder() + "\\"_w + String(archivo::kFuente));
@@ -94,8 +98,8 @@ constexpr std::array kKeys = {
     KeyCommand{.code = 'I', .masks = kCtrl, .action = Run<&Form1::ImgCambiarFondo_Click>},
     KeyCommand{.code = 'I', .masks = kCtrlAlt, .action = ShowWallpapers},
     KeyCommand{.code = 'I', .masks = kCtrlShift, .action = DoNothing},
-    KeyCommand{.code = 'K', .masks = kCtrlAlt, .action = kNotBuilt},
-    KeyCommand{.code = 'L', .masks = kCtrlAlt, .action = kNotBuilt},
+    KeyCommand{.code = 'K', .masks = kCtrlAlt, .action = EditFormat<boton::kTiquetes>},
+    KeyCommand{.code = 'L', .masks = kCtrlAlt, .action = EditFormat<boton::kFacturas>},
     KeyCommand{.code = 'M', .masks = kCtrlAlt, .lock = 13, .action = Run<&Form1::AlternarMemoriaRostros>},
     KeyCommand{.code = 'P', .masks = kCtrlAlt, .action = kNotBuilt},
     KeyCommand{.code = 'R',
@@ -186,7 +190,7 @@ constexpr std::array kButtons = {
                   .log = "7",
                   .lock = 8,
                   .lockToSwitchOff = 14,
-                  .action = kButtonNotBuilt},
+                  .action = Do<&Form1::AlternarTiquetes>},
     ButtonCommand{.tooltip = "<ESC> Cancelar/Limpiar Campos", .action = [](Form1& form) { form.Cancelar(); }},
     ButtonCommand{.tooltip = "<F7> Registrar Extras", .lock = 10, .action = kButtonNotBuilt},
     ButtonCommand{
@@ -195,7 +199,7 @@ constexpr std::array kButtons = {
                   .tooltipPressed = "Desactivar Impresión de Facturas",
                   .log = "8",
                   .lock = 9,
-                  .action = kButtonNotBuilt},
+                  .action = Do<&Form1::AlternarFacturas>},
 };
 static_assert(kButtons.size() == boton::kCount);
 

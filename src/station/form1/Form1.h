@@ -22,21 +22,21 @@
 #include "records/RegistroEtiquetas.h"
 #include "records/RegistroFicha.h"
 #include "records/RegistroUsuario.h"
+#include "station/form1/Impresos.h"
 #include "station/form1/ScreenModel.h"
 #include "station/forms/Forms.h"
 #include "tariffs/Estadia.h"
 
 namespace vintoral {
 
+class Form3;
 class Form6;
+class Form8;
 
 class Form1 : public ScreenModel {
  public:
   /// The screen as designed; nothing is read or written before Form_Load. The devices outlive the station.
   explicit Form1(const Platform& platform);
-
-  /// What the title bar reads.
-  static constexpr std::string_view kTitulo = "Vintoral 10.25";
 
   // ---- Values of the run
   // -------------------------------------------------------------------------------------
@@ -51,6 +51,9 @@ class Form1 : public ScreenModel {
   RegistroFicha FichaAuxiliar;  ///< for history work, so that it never disturbs FichaActual
   RegistroUsuario UsuarioActual;
   RegistroEtiquetas EtiquetasActuales;
+  /// How tickets and invoices are printed, as long as the program runs: what could not be saved counts too.
+  RegistroTiquete TiqueteActual;
+  RegistroFactura FacturaActual;
   /// The user that a ficha saved now belongs to: the one who has the plate, or the number that a new one
   /// would get; 0 without a plate.
   std::int32_t NumeroUsuario = 0;
@@ -267,6 +270,39 @@ class Form1 : public ScreenModel {
   bool HayConexion();
   /// The link watch looks at once: an operation has missed what should be in the data folder.
   void BuscarEnlaceYa();
+
+  // ---- Tickets and invoices
+  // ----------------------------------------------------------------------------------
+  /// The formats that are on disk; one that is missing leaves its record empty.
+  void CargarTiquete();
+  void CargarFactura();
+  /// The dialogs that edit them, null while they are not loaded.
+  class Form3* Form3 = nullptr;
+  class Form8* Form8 = nullptr;
+  /// The ticks of a dialog into the print flags, which both formats share.
+  void ActualizarLineaTQT();
+  void ActualizarLineaFCT();
+  /// The format of the dialog into memory and its file.
+  void CopiarTiquete();
+  /// The same, or, without the dialog, the next number; both are in the file as a whole or not at all.
+  void CopiarFactura(bool desdeEditor);
+  /// The switches of the tool bar: off, they open their dialog; on, they are switched off after a question.
+  void AlternarTiquetes();
+  void AlternarFacturas();
+  /// Tickets are printed from here on, and fichas can be numbered by the generator.
+  void ActivarTiquetes();
+  /// The tag of a switch that opens its dialog even when it is on.
+  static constexpr std::int64_t kSoloFormato = 1;
+  /// Opens the dialog of a switch whatever its state.
+  void CambiarFormato(boton::Index interruptor);
+  /// The ticket of what stands on the screen.
+  void ImprimirTiquete();
+  /// An invoice of this gate, as of now, with the number last taken and the cash line as it stands.
+  DatosFactura FacturaDe(Money valor, const String& detalle, float porcentaje);
+  /// Prints its copies, five seconds apart, and puts it at the top of the invoice log.
+  void ImprimirFactura(const DatosFactura& factura);
+  /// Whole seconds, counted by a clock that nobody sets: midnight makes no difference.
+  void Esperar(int segundos);
 
   // ---- Sounds
   // ------------------------------------------------------------------------------------------------

@@ -23,7 +23,7 @@ void ScreenModel::NameAll() {
   NAME(TxtBarCode), NAME(TxtBarCodeOK), NAME(TxtMaxEntrada), NAME(LstModEntrada), NAME(CboMinutos);
   NAME(PctBoton), NAME(PctBuscar), NAME(ImgFicha), NAME(PctFicha), NAME(ShpCelda), NAME(PctSeleccion);
   NAME(FraFicha), NAME(ImgFondo), NAME(LblFondo), NAME(FilFondos), NAME(ImgCambiarFondo);
-  NAME(ImgPanico), NAME(ImgContador);
+  NAME(ImgPanico), NAME(ImgContador), NAME(LblAyuda);
   NAME(TmrHoraFecha), NAME(TmrHorario), NAME(TmrMonitor), NAME(TmrConexion), NAME(TmrBarCode);
 }
 
@@ -55,6 +55,7 @@ void ScreenModel::DesignFields() {
 void ScreenModel::DesignInfo() {
   LblFechaEnt.Caption = "CONECTANDO... "_w;
   LblInfo[0].Caption = "0 ( 1/1 )  "_w;
+  LblAyuda.Caption = String(kTitulo);
   LblIndicador[0].Caption = "SAL"_w;
   LblIndicador[1].Caption = "ENT"_w;
   LblIndicador[0].Visible = false;

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <string_view>
 
 #include "station/form1/Familias.h"
 #include "station/forms/Form.h"
@@ -69,6 +70,9 @@ class ScreenModel : public Form {
   FileList FilFondos;
   Image ImgCambiarFondo;
   Image ImgPanico, ImgContador;
+  /// What stands in the help line while it has nothing to tell.
+  static constexpr std::string_view kTitulo = "Vintoral 10.25";
+  Label LblAyuda;  ///< the help line: what the button under the pointer does
 
   Timer TmrHoraFecha, TmrHorario, TmrMonitor, TmrConexion, TmrBarCode;
 

@@ -17,6 +17,8 @@ inline constexpr std::string_view kContador = "Sonidos\\Vintoral-9.wav";
 namespace voz {
 inline constexpr std::string_view kMonitorActivado = "ABRiL\\ABRiL-1.wav";
 inline constexpr std::string_view kMonitorDesactivado = "ABRiL\\ABRiL-2.wav";
+inline constexpr std::string_view kTiquetesActivados = "ABRiL\\ABRiL-3.wav";
+inline constexpr std::string_view kFacturasActivadas = "ABRiL\\ABRiL-4.wav";
 inline constexpr std::string_view kRostrosDesactivados = "ABRiL\\ABRiL-5.wav";
 inline constexpr std::string_view kRostrosActivados = "ABRiL\\ABRiL-6.wav";
 inline constexpr std::string_view kBarrasActivadas = "ABRiL\\ABRiL-7.wav";

@@ -23,19 +23,30 @@ std::size_t EditableText::Caret() const {
   return caretFirst_ ? Start() : End();
 }
 
-void EditableText::Replace(std::size_t start, std::size_t length, const String& text) {
+String EditableText::Replaced(std::size_t start, std::size_t length, std::string_view text) const {
   const std::string& old = text_.Bytes();
-  std::string replaced = old.substr(0, start) + text.Bytes();
+  std::string replaced = old.substr(0, start).append(text);
   if (start + length < old.size()) replaced += old.substr(start + length);
+  return String(std::move(replaced));
+}
+
+void EditableText::Replace(std::size_t start, std::size_t length, const String& text) {
+  String replaced = Replaced(start, length, text);
   SelStart = start + text.Size();
   SelLength = 0;
-  if (replaced == old) return;
-  text_ = String(std::move(replaced));
+  if (replaced == text_) return;
+  if (LimitRule) {
+    MaxLength = LimitRule(replaced);
+    replaced = Left(replaced, MaxLength);
+    SelStart = std::min(SelStart, replaced.Size());
+  }
+  text_ = std::move(replaced);
   TextChanged();
 }
 
 void EditableText::Insert(const String& text) {
   const std::size_t length = End() - Start();
+  if (LimitRule) MaxLength = LimitRule(Replaced(Start(), length, text));
   const std::size_t kept = text_.Size() - length;
   const std::size_t room = MaxLength == 0 ? text.Size() : MaxLength - std::min(MaxLength, kept);
   Replace(Start(), length, Left(text, room));
@@ -88,6 +99,7 @@ void ComboBox::TextChanged() {
   const auto item =
       std::find_if(list_.begin(), list_.end(), [&](const String& i) { return EqualNoCase(i, text_); });
   index_ = item == list_.end() ? -1 : static_cast<int>(item - list_.begin());
+  if (OnChange) OnChange();
 }
 
 void ComboBox::ShowWhole() {

@@ -89,6 +89,7 @@ class Control {
   std::function<void()> OnClick;
   std::function<void()> OnDoubleClick;
   std::function<void()> OnHover;  ///< the pointer is over it
+  std::function<void()> OnGotFocus;
   std::function<void()> OnLostFocus;
 };
 
@@ -113,9 +114,13 @@ class EditableText {
   std::size_t SelStart = 0;
   std::size_t SelLength = 0;
   std::size_t MaxLength = 0;  ///< 0: no limit
+  /// How long a text may be, where that depends on the text: MaxLength follows it, and what a change leaves
+  /// too long is cut.
+  std::function<std::size_t(std::string_view)> LimitRule;
   /// What a character may do here; without a rule every one passes.
   std::function<KeyVerdict(char)> KeyRule;
   std::function<void()> OnEnter;
+  std::function<void()> OnChange;
 
  protected:
   EditableText() = default;
@@ -127,6 +132,7 @@ class EditableText {
 
  private:
   void Replace(std::size_t start, std::size_t length, const String& text);
+  String Replaced(std::size_t start, std::size_t length, std::string_view text) const;
   std::size_t Start() const;
   std::size_t End() const;
   bool caretFirst_ = false;  ///< the caret stands at the start of the selection
@@ -148,7 +154,6 @@ class TextBox : public Control, public EditableText {
   bool MultiLine = false;  ///< Enter begins a line; the arrows move over lines
   Color BackColor = kWhite;
   std::vector<LineMark> Marks;
-  std::function<void()> OnChange;
   std::function<void()> OnCaret;  ///< hands have moved the caret
 
  protected:

@@ -24,6 +24,7 @@ void Form::SetFocus(Control* control) {
   Control* const left = focus_;
   focus_ = control;
   if (left != nullptr && left->OnLostFocus) left->OnLostFocus();
+  if (focus_ == control && control != nullptr && control->OnGotFocus) control->OnGotFocus();
 }
 
 void Form::MoveFocus(bool back) {
