@@ -72,6 +72,12 @@ class FaultyDisk final : public Disk {
     if (FailsWrite(*faults_)) return Error(faults_->writeError);
     return disk_.Replace(path, bytes);
   }
+  Outcome PutAround(std::string_view path, std::string_view before, std::string_view after) override {
+    if (Gone()) return Error(ENOTCONN);
+    if (faults_->openReadOnly) return Error(EACCES);
+    if (FailsWrite(*faults_)) return Error(faults_->writeError);
+    return disk_.PutAround(path, before, after);
+  }
   Outcome CreateNew(std::string_view path, std::string_view bytes) override {
     if (Gone()) return Error(ENOTCONN);
     if (faults_->openReadOnly) return Error(EACCES);
@@ -86,8 +92,14 @@ class FaultyDisk final : public Disk {
   Outcome ClearReadOnly(std::string_view path) override {
     return Gone() ? Error(ENOTCONN) : disk_.ClearReadOnly(path);
   }
-  void BeginTogether() override { disk_.BeginTogether(); }
+  void BeginTogether() override {
+    ++together_;
+    disk_.BeginTogether();
+  }
+  /// Something that was written may still be on its way to the disk.
+  bool Pending() const { return together_ > 0; }
   Outcome EndTogether() override {
+    --together_;
     Outcome ended = disk_.EndTogether();
     if (Gone()) return Error(ENOTCONN);
     return faults_->failSync ? Error(EIO) : ended;
@@ -156,6 +168,7 @@ class FaultyDisk final : public Disk {
   };
 
   Disk& disk_;
+  int together_ = 0;
   std::shared_ptr<Faults> faults_ = std::make_shared<Faults>();
   std::shared_ptr<int> operations_ = std::make_shared<int>(0);
 };

@@ -95,11 +95,14 @@ class RecordingPrinter : public Printer {
   explicit RecordingPrinter(Recording& recording) : recording_(recording) {}
   PrinterList Printers() override { return Installed; }
   void EndDoc(PrintDocument document) override {
+    if (OnEndDoc) OnEndDoc();
     const String printer = ChoosePrinter(Installed, document.PrinterWanted);
     if (!printer.Empty()) recording_.Add({DeviceEvent::Kind::kPrint, printer, false, document.Operations()});
   }
 
   PrinterList Installed;
+  /// Called when a document is handed over, before anything becomes of it.
+  std::function<void()> OnEndDoc;
 
  private:
   Recording& recording_;

@@ -181,5 +181,35 @@ TEST(EventJson, TellsEachDevice) {
   EXPECT_EQ(EventJson({Kind::kEnd, {}, false}).dump(), R"({"event":"end"})");
 }
 
+TEST(EventJson, TellsADocumentStepByStep) {
+  PrintDocument document;
+  document.FontSize = 10.5;
+  document.FontBold = true;
+  document.Print("PEÑA"_w);
+  document.AddFontResource("Fuentes\\Vintoral.ttf");
+  document.PaintPicture({}, 252, 238, 3360, 2520);
+  document.RemoveFontResource("Fuentes\\Vintoral.ttf");
+  // A line of 10.5 points is 10.5 * 20 * 2320 / 2048 = 237.9 twips high.
+  EXPECT_EQ(EventJson({DeviceEvent::Kind::kPrint, "Tira80"_w, false, document.Operations()}).dump(),
+            R"({"event":"print","printer":"Tira80","ops":[)"
+            R"({"op":"text","text":"PEÑA","font":"Courier New","size":10.5,"bold":true,"x":0,"y":0},)"
+            R"({"op":"addfont","file":"Fuentes\\Vintoral.ttf"},)"
+            R"({"op":"picture","x":252,"y":238,"width":3360,"height":2520},)"
+            R"({"op":"removefont","file":"Fuentes\\Vintoral.ttf"}]})");
+}
+
+TEST(PrintersOf, TakesWhatIsToldAndKeepsTheRest) {
+  const PrinterList both = PrintersOf(Json::parse(R"({"printers":["A","Ñ"],"printer":"Ñ"})"), {});
+  EXPECT_EQ(both.names, (std::vector{"A"_w, "Ñ"_w}));
+  EXPECT_EQ(both.current, "Ñ"_w);
+  EXPECT_EQ(PrintersOf(Json::parse(R"({})"), both).names, both.names);
+  EXPECT_EQ(PrintersOf(Json::parse(R"({})"), both).current, "Ñ"_w);
+  EXPECT_EQ(PrintersOf(Json::parse(R"({"printer":"A"})"), both).current, "A"_w);
+  EXPECT_EQ(PrintersOf(Json::parse(R"({"printer":"A"})"), both).names, both.names);
+  EXPECT_EQ(PrintersOf(Json::parse(R"({"printers":["B","C"]})"), both).current, "B"_w);
+  EXPECT_EQ(PrintersOf(Json::parse(R"({"printers":[]})"), both).current, ""_w);
+  EXPECT_THROW(PrintersOf(Json::parse(R"({"printers":"A"})"), both), std::runtime_error);
+}
+
 }  // namespace
 }  // namespace vintoral

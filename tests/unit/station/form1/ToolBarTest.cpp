@@ -177,6 +177,7 @@ TEST_F(ButtonTest, PagesAndTheMenuAreHeardBeforeTheyAct) {
 TEST_F(ButtonTest, TheOthersAreSilent) {
   for (const auto button :
        {boton::kImprimir, boton::kBuscar, boton::kTiquetes, boton::kExtras, boton::kFacturas}) {
+    station_.InDialog = {[this] { form_.OpenForms.UnloadDialogs(); }};
     station_.Hands.Click(form_.PctBoton[button]);
     EXPECT_TRUE(station_.Events.Take().empty()) << button;
   }

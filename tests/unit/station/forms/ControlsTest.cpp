@@ -33,6 +33,31 @@ TEST_F(TextBoxTest, TheChangeEventFollowsOnceAndOnlyWhenTheTextReallyChanged) {
   EXPECT_EQ(changes_, 2);
 }
 
+TEST_F(TextBoxTest, ALimitThatDependsOnTheTextFollowsIt) {
+  box_.LimitRule = [](std::string_view text) {
+    return text.find(',') == std::string_view::npos ? std::size_t{2} : std::size_t{4};
+  };
+  Given("12"_w, 2);
+  box_.Insert("3"_w);
+  EXPECT_EQ(box_.Text(), "12"_w);
+  EXPECT_EQ(box_.MaxLength, 2u);
+  EXPECT_EQ(changes_, 0);
+  box_.Insert(","_w);
+  box_.Insert("345"_w);
+  EXPECT_EQ(box_.Text(), "12,3"_w);
+  EXPECT_EQ(box_.MaxLength, 4u);
+  // Pasted over all of it, the new text counts and not the old one.
+  box_.SelectAll();
+  box_.Insert("9,75"_w);
+  EXPECT_EQ(box_.Text(), "9,75"_w);
+  box_.Select(1, 1);
+  changes_ = 0;
+  box_.EraseForward();
+  EXPECT_EQ(box_.Text(), "97"_w);
+  EXPECT_EQ(box_.MaxLength, 2u);
+  EXPECT_EQ(changes_, 1);
+}
+
 TEST_F(TextBoxTest, CaseAloneIsAChange) {
   Given("abc"_w);
   box_.SetText("ABC"_w);

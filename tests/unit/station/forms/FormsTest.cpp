@@ -256,6 +256,18 @@ TEST_F(FormsTest, TimePassesToTheEndOfAWaitAndTheRestAfterIt) {
   EXPECT_EQ(clock_.Ticks(), 5000);
 }
 
+TEST_F(FormsTest, AControlIsToldWhenTheFocusComes) {
+  TestForm& form = Load("Form6");
+  std::string told;
+  form.Texts[0].OnLostFocus = [&] { told += "left "; };
+  form.Texts[1].OnGotFocus = [&] { told += "came "; };
+  form.SetFocus(&form.Texts[0]);
+  form.SetFocus(&form.Texts[1]);
+  EXPECT_EQ(told, "left came ");
+  form.SetFocus(&form.Texts[1]);
+  EXPECT_EQ(told, "left came ");
+}
+
 TEST_F(FormsTest, TimePassesWholeUnderABoxAndADialog) {
   TestForm& form = Load("Form6");
   steps_ = {[&] {

@@ -12,7 +12,7 @@ namespace {
 
 const std::set<int> kDigits = {'0', '1', '2', '3', '4', '5', '6', '7', '8', '9'};
 const std::set<int> kSilent = {1, 2, 3, 6, 9, 20, 23, 24};
-constexpr int kBackspace = 8, kEscape = 27;
+constexpr int kBackspace = 8, kEnter = 13, kEscape = 27;
 
 std::set<int> With(std::set<int> set, std::initializer_list<int> more) {
   set.insert(more);
@@ -45,6 +45,18 @@ TEST(ReglasTeclas, TheTextsTakeAllButTheCommandsCharacters) {
 
 TEST(ReglasTeclas, TheMinutesTakeDigitsAndBackspaceAndBeepAtTheRest) {
   ExpectRule(MinutesKey, With(kDigits, {kBackspace}), {}, KeyVerdict::kBeep);
+}
+
+TEST(ReglasTeclas, TheNumbersOfAFormatBeepAtAllButEnter) {
+  ExpectRule(CountFieldKey, With(kDigits, {kBackspace}), {kEnter}, KeyVerdict::kBeep);
+  ExpectRule(DecimalFieldKey, With(kDigits, {kBackspace, ',', '.'}), {kEnter}, KeyVerdict::kBeep);
+}
+
+TEST(ReglasTeclas, ADecimalMayBeLonger) {
+  for (const char* const text : {"", "1", "105"})
+    EXPECT_EQ(DecimalFieldLimit(text), 2u) << text;
+  for (const char* const text : {",", "1.", "10,5"})
+    EXPECT_EQ(DecimalFieldLimit(text), 4u) << text;
 }
 
 TEST(ReglasTeclas, EachFieldOfTheMainScreenHasItsRule) {
