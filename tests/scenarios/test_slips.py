@@ -267,4 +267,4 @@ class Invoices(SlipTest):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    station.main()
