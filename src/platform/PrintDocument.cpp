@@ -50,9 +50,6 @@ void PrintDocument::Add(PrintOperation operation) {
 }
 
 void PrintDocument::Print(const String& text) {
-  int lines = 0;
-  ForLines(text, [&](std::string_view) { ++lines; });
-  width_ = std::max(width_, CurrentX + TextWidth(text));
   Add({.text = text,
        .fontName = FontName,
        .fontSize = FontSize,
@@ -60,8 +57,11 @@ void PrintDocument::Print(const String& text) {
        .x = CurrentX,
        .y = CurrentY,
        .picture = {}});
-  CurrentY += lines * LinePitch();
-  CurrentX = 0;
+  ForLines(text, [&](std::string_view line) {
+    width_ = std::max(width_, CurrentX + TextWidth(line));
+    CurrentX = 0;
+    CurrentY += LinePitch();
+  });
 }
 
 void PrintDocument::PaintPicture(const Picture& picture, Twips x, Twips y, Twips width, Twips height) {

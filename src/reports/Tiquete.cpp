@@ -1,5 +1,7 @@
 #include "reports/Tiquete.h"
 
+#include <cmath>
+
 #include "common/Numbers.h"
 #include "reports/Tira.h"
 #include "station/form1/Archivos.h"
@@ -34,8 +36,8 @@ void ImprimirCampos(PrintDocument& tira, const DatosTiquete& datos) {
 void ImprimirFoto(PrintDocument& tira, const DatosTiquete& datos) {
   if (!datos.formato.Foto) return;
   tira.Print(ReglaIguales());
-  const auto width = static_cast<Twips>(tira.FontSize * 320),
-             height = static_cast<Twips>(tira.FontSize * 240);
+  const auto times = [&](int factor) { return static_cast<Twips>(std::lround(tira.FontSize * factor)); };
+  const Twips width = times(320), height = times(240);
   // Without a photo its place stays free: two slips of one format are equally long.
   if (!datos.foto.Empty())
     tira.PaintPicture(datos.foto, tira.CurrentX + tira.TextWidth(kSangria), tira.CurrentY, width, height);
@@ -75,9 +77,16 @@ std::optional<String> LineaDeDias(const Validez& validez) {
   return "VALIDO "_w + validez.numero + " DIA(S)"_w + room + "  ("_w + DateText(last) + ")"_w;
 }
 
+/// With its decimals, which the box takes: one and a half is more than one.
+double Numero(std::string_view texto) {
+  const Decimal number = LeadingDecimal(texto);
+  const double value = static_cast<double>(number.digits) / std::pow(10.0, number.decimals);
+  return number.negative ? -value : value;
+}
+
 void ImprimirValidez(PrintDocument& tira, const DatosTiquete& datos) {
   const Validez& validez = datos.validez;
-  const std::int64_t number = LeadingInteger(validez.numero);
+  const double number = Numero(validez.numero);
   const bool days = validez.unidad == Validez::kDias;
   // A ticket for one entry needs no saying so.
   const bool says = number > 1 || (days && number > 0);

@@ -11,7 +11,8 @@
 namespace vintoral {
 namespace {
 
-constexpr double kTamanoPredeterminado = 10.5, kTamanoMayor = 100;
+constexpr double kTamanoPredeterminado = 10.5;
+constexpr float kTamanoMenor = 1, kTamanoMayor = 100;
 constexpr float kPorcentajeMayor = 100;
 
 /// The shortest decimal text that gives the same number when it is read.
@@ -53,7 +54,8 @@ String LineaDeCampo(std::string_view etiqueta, std::string_view valor) {
 }
 
 double TamanoFuente(float guardado) {
-  return guardado > 0 && guardado <= kTamanoMayor ? static_cast<double>(guardado) : kTamanoPredeterminado;
+  const bool readable = guardado >= kTamanoMenor && guardado <= kTamanoMayor;  // false of what is no number
+  return readable ? static_cast<double>(guardado) : kTamanoPredeterminado;
 }
 
 float Porcentaje(float guardado) {
@@ -61,7 +63,8 @@ float Porcentaje(float guardado) {
 }
 
 String TextoPorcentaje(float porcentaje) {
-  return MoneyFromText(Shortest(porcentaje)).Format();
+  // Rounded once: money has four decimals, a percent may have more.
+  return DifferenceInCents(Shortest(porcentaje), Money()).Format();
 }
 
 String TextoTamano(double tamano) {

@@ -31,7 +31,8 @@ String EtiquetaEnColumna(std::string_view etiqueta);
 /// "    PLACA : ABC123": the value trimmed and cut to its column.
 String LineaDeCampo(std::string_view etiqueta, std::string_view valor);
 
-/// The size to print in, in points: 10.5 for none, for one that is no number, and for one beyond 100.
+/// The size to print in, in points: 10.5 for none, for one that is no number, and for one outside 1 to 100,
+/// which a torn or scrambled file gives.
 double TamanoFuente(float guardado);
 /// A tax of a format, in percent: 0 for none and for one that is no number, at most 100.
 float Porcentaje(float guardado);
