@@ -1,10 +1,9 @@
 #!/usr/bin/env python3
 """Tickets and invoices over whole days: what comes out of the printers, and what the station keeps."""
 import struct
-import unittest
 
 from slips import INVOICE, invoice, number_in, printed, ticket
-from station import ALT, CONTROL, DELETE, ENTER, ESC, DrivenDay, fresh_register, inside, mixed, screen_state, sounds, stamp
+from station import ALT, CONTROL, DELETE, ENTER, ESC, DrivenDay, fresh_register, inside, main, mixed, screen_state, sounds, stamp
 
 RULE = "-" * 31
 LINE = "=" * 31
@@ -267,4 +266,4 @@ class Invoices(SlipTest):
 
 
 if __name__ == "__main__":
-    station.main()
+    main()
