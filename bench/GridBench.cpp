@@ -13,6 +13,7 @@
 #include <string_view>
 #include <vector>
 
+#include "Median.h"
 #include "common/Numbers.h"
 #include "platform/headless/HeadlessPlatform.h"
 #include "platform/pictures/PicturesBeside.h"
@@ -23,6 +24,8 @@
 
 namespace vintoral {
 namespace {
+
+using bench::Median;
 
 constexpr int kInside = 50;        ///< a full page
 constexpr int kGone = 200;         ///< of today
@@ -133,12 +136,6 @@ double Timed(Work&& work) {
   const auto start = std::chrono::steady_clock::now();
   work();
   return Microseconds(std::chrono::steady_clock::now() - start).count();
-}
-
-double Median(std::vector<double> values) {
-  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-  std::nth_element(values.begin(), middle, values.end());
-  return *middle;
 }
 
 /// Medians of both, taken in turn, so that what slows the machine down slows both.

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "Median.h"
 #include "Memory.h"
 #include "camera/cJpeg/EncodePlanes.h"
 #include "camera/cJpeg/cJpeg.h"
@@ -18,13 +19,9 @@ namespace vintoral::made {
 
 namespace {
 
-using File = std::vector<std::uint8_t>;
+using bench::Median;
 
-double Median(std::vector<double> values) {
-  std::nth_element(values.begin(), values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2),
-                   values.end());
-  return values[values.size() / 2];
-}
+using File = std::vector<std::uint8_t>;
 
 // Time of the processor, which does not count what else the machine does meanwhile; both encoders keep to one
 // thread.

@@ -8,12 +8,15 @@
 #include <vector>
 
 #include "Benches.h"
+#include "Median.h"
 #include "app/Station.h"
 #include "window/controls/Theme.h"
 
 namespace vintoral::bench {
 
 namespace {
+
+using bench::Median;
 
 void PrintIdle() {
   QCoreApplication::processEvents();  // the first painting, and all that follows it
@@ -28,11 +31,6 @@ double StartToIdle(const std::string& self, const QStringList& arguments) {
   child.waitForFinished();
   constexpr double kMillisecond = 1e6;
   return static_cast<double>(child.readAllStandardOutput().trimmed().toLongLong() - begun) / kMillisecond;
-}
-
-double Median(std::vector<double> values) {
-  std::sort(values.begin(), values.end());
-  return values[values.size() / 2];
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "platform/PendingSyncs.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <optional>
 #include <span>
@@ -17,8 +18,9 @@ Outcome PendingSyncs::End() {
 }
 
 Outcome PendingSyncs::Wait() {
-  const std::vector<File> files = std::exchange(files_, {});
+  std::vector<File> files = std::exchange(files_, {});
   if (files.empty()) return Outcome::Done();
+  PutFlushLast(files);
   const File& last = files.back();
   Outcome first = std::exchange(started_, Outcome::Done());
   const auto note = [&first](const Outcome& outcome) {
@@ -41,11 +43,22 @@ Outcome PendingSyncs::Wait() {
   return first;
 }
 
+void PendingSyncs::PutFlushLast(std::vector<File>& files) const {
+  const auto whole = std::find_if(files.rbegin(), files.rend(), [this](const File& file) {
+    const std::optional<FileStatus> status = calls_.Status(file.open->Number());
+    return !status || !WrittenInPlace(*status);
+  });
+  if (whole != files.rend()) std::rotate(whole.base() - 1, whole.base(), files.end());
+}
+
 bool PendingSyncs::LeavesFlushTo(const File& last, const File& file) const {
   const std::optional<FileStatus> status = calls_.Status(file.open->Number());
   const std::optional<FileStatus> other = calls_.Status(last.open->Number());
-  if (!status || !other || status->device != other->device) return false;
-  const Seen* const seen = Unchanged(*status);
+  return status && other && status->device == other->device && WrittenInPlace(*status);
+}
+
+bool PendingSyncs::WrittenInPlace(const FileStatus& status) const {
+  const Seen* const seen = Unchanged(status);
   return seen != nullptr && seen->inPlace;
 }
 

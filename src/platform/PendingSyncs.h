@@ -46,6 +46,9 @@ class PendingSyncs {
   static Identity IdentityOf(const FileStatus& status) { return {status.device, status.inode}; }
 
   Outcome Wait();
+  /// A file that needs a flush of its own comes last, so that its flush is the others' too.
+  void PutFlushLast(std::vector<File>& files) const;
+  bool WrittenInPlace(const FileStatus& status) const;
   /// Whether `file` would survive a power cut once its data have arrived and `last` has been synced.
   bool LeavesFlushTo(const File& last, const File& file) const;
   /// The file that `status` was asked of, as it was when it was last synced whole; nothing when it has

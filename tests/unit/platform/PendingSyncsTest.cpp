@@ -96,7 +96,7 @@ class RecordedCalls : public SyncCalls {
 class SlotAndRow : public testing::Test {
  protected:
   SlotAndRow() {
-    for (const char* name : {"slot", "row"})
+    for (const char* name : {"slot", "row", "number"})
       files_[name] =
           std::make_shared<Descriptor>(open(folder_.Path(name).c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
     calls_.Files["slot"] = {.inode = 10, .device = 1, .length = 188'188, .blocks = 368};
@@ -135,6 +135,20 @@ TEST_F(SlotAndRow, OfOneDiskTakeOneSync) {
   SaveSlot();
   EXPECT_EQ(Retire(), kTogether);
   EXPECT_TRUE(ended_);
+}
+
+TEST_F(SlotAndRow, TheRowsFlushIsAlsoThatOfANumberWrittenBehindIt) {
+  calls_.Files["number"] = {.inode = 12, .device = 1, .length = 10'146, .blocks = 24};
+  SaveSlot();
+  for (int i = 0; i < 2; ++i)
+    EXPECT_TRUE(pending_.SyncNow(*files_["number"], "number"));
+  calls_.Take();
+  pending_.Begin();
+  for (const char* name : {"slot", "row", "number"})
+    pending_.Add(files_[name], name);
+  calls_.Take();
+  EXPECT_TRUE(pending_.End());
+  EXPECT_EQ(calls_.Take(), (Calls{"await slot", "await number", "sync row"}));
 }
 
 TEST_F(SlotAndRow, SlotAloneIsSyncedWhole) {
