@@ -7,7 +7,6 @@ namespace vintoral {
 PrintDocument EmpezarTira(const String& impresora, float tamano) {
   PrintDocument tira(impresora);
   tira.FontSize = TamanoFuente(tamano);
-  tira.FontName = String(fuente::kTexto);
   return tira;
 }
 

@@ -20,6 +20,7 @@ An answer is the printer's name, the height, and the operations: t,X,Y,SIZE,BOLD
 
 import argparse
 import datetime
+import itertools
 import multiprocessing
 import os
 import random
@@ -327,8 +328,11 @@ def properties(kind, slip, printer):
         return "the line of the stamp"
     if [len(text) for text, _ in texts[-3:-1]] != [31, 31] or not texts[-1][0].endswith(3 * BREAK + "."):
         return "the foot"
-    number = len(slip["ficha"].strip(" ")) + 10 if kind == "T" else len(slip["prefix"].split(MARK)[0] + str(slip["number"]))
-    if number <= 26 and len(texts[1][0]) != 31:
+    if kind == "T":
+        fits = len(slip["ficha"].strip(" ")) <= 16
+    else:
+        fits = len(slip["prefix"].split(MARK)[0] + str(slip["number"])) <= 26
+    if fits and len(texts[1][0]) != 31:
         return "the line of the number"
     bold = [text for text, is_bold in texts if is_bold]
     if kind == "T":
@@ -349,7 +353,7 @@ def properties(kind, slip, printer):
 # ---------------------------------------------------------------------------------------------------------
 # Random slips
 
-LETTERS = "ABCDEFGHIJabcdefghij0123456789  -./:" + "".join(chr(b) for b in (0xD1, 0xF1, 0xE1, 0xFC, 0xDF, 0xFF, 0x80, 0x9A))
+LETTERS = "ABCDEFGHIJabcdefghij0123456789  -./:\xd1\xf1\xe1\xfc\xdf\xff\x80\x9a"
 ANY = [chr(b) for b in range(256) if chr(b) != MARK]
 SIZES = [5, 6, 7, 8, 8.5, 9, 10, 10.5, 10.5, 11, 12]
 SENSELESS = ["00000000", "80000000", "7fc00000", "ffc00001", "7f800000", "ff800000", "7149f2ca", "f149f2ca", "00280000",
@@ -430,7 +434,8 @@ def random_detail(rng):
 
     kind = rng.random()
     if kind < 0.45:
-        rows = [f"{word(rng, 15)[:15]:<15} {rng.randrange(1000):>3}{rng.randrange(10 ** 6) / 100:>12.2f}" for _ in range(rng.randrange(4))]
+        rows = [f"{word(rng, 15)[:15]:<15} {rng.randrange(1000):>3}{rng.randrange(10 ** 6) / 100:>12.2f}"
+                for _ in range(rng.randrange(4))]
         return BREAK.join(rows) + rng.choice(["", "  ", BREAK])
     if kind < 0.9:
         fields = [f"{word(rng, 9).strip(' ')[:9]:>9} : {value(rng, 19)[:19]}" + BREAK for _ in range(rng.randrange(6))]
@@ -447,11 +452,13 @@ def random_invoice(rng):
     prefix = rng.choice(["No.FACTURA", "FE  ", "", value(rng, 25)[:25], "x" * rng.randrange(26)]) + MARK
     cash = rng.choice([None, "0", "", "20000", "150,5", "0.00005", "0,00015", ".", "x", "-5", "1.2.3", " 7",
                        str(rng.randrange(10 ** 7)), str(rng.randrange(10 ** 6)) + "," + str(rng.randrange(10 ** 5))])
-    change = rng.choice(["", "0", "31.5", "-2.25", "0.125", str(rng.randrange(10 ** 6)), str(rng.randrange(10 ** 6) / 100)])
+    change = rng.choice(["", "0", "31.5", "-2.25", "0.125", str(rng.randrange(10 ** 6)),
+                         str(rng.randrange(10 ** 6) / 100)])
     return {
         "printer": value(rng, 60), "size": stored_single(rng, SIZES, 20), "header": format_text(rng),
         "prefix": rng.choice([prefix, prefix, prefix + "A" + MARK, value(rng, 26).strip(" ")[:26]]),
-        "number": rng.choice([1, 999999, rng.randrange(10 ** 6), rng.randrange(10 ** 6), rng.randrange(-2 ** 31, 2 ** 31)]),
+        "number": rng.choice([1, 999999, rng.randrange(10 ** 6), rng.randrange(10 ** 6),
+                              rng.randrange(-2 ** 31, 2 ** 31)]),
         "footer": format_text(rng), "gate": f"{rng.randrange(100):02}",
         "currency": rng.choice(["$", " $ ", "COP", "\x80", "", "PESOS COLOMBIANOS", word(rng, 20)]),
         "amount": random_amount(rng), "detail": random_detail(rng), "percent": stored_single(rng, PERCENTS, 100),
@@ -473,8 +480,8 @@ def question_of(kind, slip):
     texts = {name: hexed(text) for name, text in slip.items() if text is None or isinstance(text, str)}
     if kind == "T":
         fields = [w for f in slip["fields"] for w in (str(int(f[0])), hexed(f[1]), hexed(f[2]))]
-        words = ["T", texts["printer"], slip["size"], texts["header"], int(slip["photo"]), texts["footer"], texts["ficha"],
-                 texts["gate"], texts["stamp"], *fields, texts["category"], texts["picture"], texts["code"],
+        words = ["T", texts["printer"], slip["size"], texts["header"], int(slip["photo"]), texts["footer"],
+                 texts["ficha"], texts["gate"], texts["stamp"], *fields, texts["category"], texts["picture"], texts["code"],
                  texts["validity"], slip["unit"], slip["today"], texts["address"]]
     else:
         words = ["F", texts["printer"], slip["size"], texts["header"], texts["prefix"], slip["number"], texts["footer"],
@@ -513,12 +520,16 @@ def reached(kind, slip, printer, seen):
         seen[name] = seen.get(name, 0) + bool(true)
 
 
-def shown(answer):
-    """An answer for people: its texts readable, one operation a line."""
-    def readable(match):
-        return repr(bytes.fromhex(match.group(0)).decode("latin-1"))
+def difference(expected, answer):
+    """The first operation that differs, for people."""
+    def readable(word):
+        return re.sub(r"\b(?:[0-9a-f]{2}){3,}\b", lambda m: repr(bytes.fromhex(m[0]).decode("latin-1")),
+                      word or "nothing")
 
-    return "\n".join(re.sub(r"(?<=,)[0-9a-f]{2,}$|^[0-9a-f]{6,}$", readable, w) for w in answer.split(" "))
+    for ours, theirs in itertools.zip_longest(expected.split(" "), answer.split(" ")):
+        if ours != theirs:
+            return f"expected {readable(ours)}\ngot      {readable(theirs)}"
+    return "nothing"
 
 
 def compare_batch(work):
@@ -536,10 +547,10 @@ def compare_batch(work):
         printer = ticket(slip) if kind == "T" else invoice(slip)
         expected = answer_of(kind, slip, printer)
         if answer != expected:
-            return f"{slip}\nexpected\n{shown(expected)}\ngot\n{shown(answer)}", seen
+            return f"{slip}\n{difference(expected, answer)}", seen
         wrong = properties(kind, slip, printer)
         if wrong:
-            return f"{slip}\n{shown(answer)}\ndoes not hold: {wrong}", seen
+            return f"{slip}\n{printer.told}\ndoes not hold: {wrong}", seen
         reached(kind, slip, printer, seen)
     return "", seen
 
