@@ -38,6 +38,12 @@ PrinterList ListOf(const QueueNames& names) {
   return list;
 }
 
+void ReportLost(const PrintDocument& document, const std::string& reason) {
+  const std::string wanted = document.PrinterWanted.ToUtf8();
+  const std::string whose = wanted.empty() ? "the standard printer" : wanted;
+  std::fprintf(stderr, "print: a slip for %s is lost: %s\n", whose.c_str(), reason.c_str());
+}
+
 }  // namespace
 
 /// The thread and what it is asked to do. Shared with the thread, so that it may outlive the station in a
@@ -53,15 +59,12 @@ class DesktopPrinter::Worker : public std::enable_shared_from_this<Worker> {
   void Stop();
 
  private:
-  enum class End { kDone, kAgain };
-
   void StartThread();
   void Run();
   void ReadList();
   void PrintFirst(std::unique_lock<std::mutex>& lock);
   QueueAnswer Print(const PrintDocument& document);
   QueueAnswer PrintOn(const std::string& queue, const PrintDocument& document);
-  void ReportLost(const std::string& reason) const;
 
   const SlipFiles files_;
   const MakePrintQueues makeQueues_;
@@ -95,7 +98,7 @@ PrinterList DesktopPrinter::Worker::FreshList() {
 
 void DesktopPrinter::Worker::Add(PrintDocument document) {
   const std::lock_guard lock(mutex_);
-  if (waiting_.size() >= kMostWaiting) return ReportLost("too many are waiting");
+  if (waiting_.size() >= kMostWaiting) return ReportLost(document, "too many are waiting");
   waiting_.push_back(std::move(document));
   StartThread();
 }
@@ -107,10 +110,6 @@ void DesktopPrinter::Worker::StartThread() {
   std::thread([self = shared_from_this()] { self->Run(); }).detach();
 }
 
-void DesktopPrinter::Worker::ReportLost(const std::string& reason) const {
-  std::fprintf(stderr, "print: a slip is lost: %s\n", reason.c_str());
-}
-
 void DesktopPrinter::Worker::Stop() {
   std::unique_lock lock(mutex_);
   if (!started_) return;
@@ -119,8 +118,8 @@ void DesktopPrinter::Worker::Stop() {
   news_.notify_all();
   // The one that is being printed tells of itself, unless its thread hangs.
   left_ = !news_.wait_for(lock, kUntilLeft, [this] { return stopped_; });
-  for (std::size_t i = 0; i < waiting_.size(); ++i)
-    ReportLost("the program ended");
+  for (const PrintDocument& document : waiting_)
+    ReportLost(document, "the program ended");
   waiting_.clear();
 }
 
@@ -164,7 +163,7 @@ void DesktopPrinter::Worker::PrintFirst(std::unique_lock<std::mutex>& lock) {
     lock.lock();
   }
   if (left_) return;
-  if (!answer.Good()) ReportLost(answer.problem);
+  if (!answer.Good()) ReportLost(document, answer.problem);
   waiting_.pop_front();
   news_.notify_all();
 }
@@ -177,7 +176,7 @@ QueueAnswer DesktopPrinter::Worker::Print(const PrintDocument& document) {
   for (const std::string& name : names.names) {
     if (FromUtf8(name) == wanted) return PrintOn(name, document);
   }
-  return {"there is no printer " + (wanted.Empty() ? document.PrinterWanted : wanted).ToUtf8()};
+  return {"there is no such printer, and no standard one"};
 }
 
 QueueAnswer DesktopPrinter::Worker::PrintOn(const std::string& queue, const PrintDocument& document) {

@@ -36,7 +36,8 @@ std::unique_ptr<PrintQueues> LoadCupsQueues(const std::atomic<bool>& over) {
   // Never unloaded: its libraries keep things of the thread that used them.
   void* const module = dlopen(ModuleFile().c_str(), RTLD_NOW);
   if (module == nullptr) return std::make_unique<NoQueues>(LastProblem());
-  const auto make = reinterpret_cast<PrintQueues* (*)(const std::atomic<bool>&)>(dlsym(module, "MakeCupsQueues"));
+  const auto make =
+      reinterpret_cast<PrintQueues* (*)(const std::atomic<bool>&)>(dlsym(module, "MakeCupsQueues"));
   if (make == nullptr) return std::make_unique<NoQueues>(LastProblem());
   return std::unique_ptr<PrintQueues>(make(over));
 }

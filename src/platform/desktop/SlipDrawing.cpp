@@ -150,7 +150,8 @@ class SlipPainter {
     painter_.setFont(font);
     QPointF foot(item.x, item.y + measures.ascent * size);
     for (const QChar character : Utf16(item.line)) {
-      if (character > u' ' || fills) DrawIn(cell, foot, character, metrics.horizontalAdvance(character), fills);
+      if (character > u' ' || fills)
+        DrawIn(cell, foot, character, metrics.horizontalAdvance(character), fills);
       foot.rx() += cell;
     }
   }

@@ -20,7 +20,8 @@ Twips FootOf(const SlipItem& item) {
 
 void AddLines(const PrintOperation& text, std::string_view barsFile, std::vector<SlipItem>& items) {
   const Twips pitch = LinePitch(text.fontName, text.fontSize);
-  SlipItem item{&text, {}, text.x, text.y, std::string_view(text.fontName) == fuente::kBarras ? barsFile : ""};
+  SlipItem item{
+      &text, {}, text.x, text.y, std::string_view(text.fontName) == fuente::kBarras ? barsFile : ""};
   for (const std::string_view line : LinesOf(text.text)) {
     item.line = line;
     items.push_back(item);
@@ -50,17 +51,24 @@ std::vector<SlipPage> PagesOf(std::vector<SlipItem> items, double room) {
   std::vector<SlipPage> pages;
   for (SlipItem& item : items) {
     const bool full = !pages.empty() && Points(FootOf(item) - pages.back().top) > room;
-    if (pages.empty()) pages.push_back({0, {}});
-    else if (full && item.y > pages.back().top) pages.push_back({item.y, {}});
+    if (pages.empty())
+      pages.push_back({0, {}});
+    else if (full && item.y > pages.back().top)
+      pages.push_back({item.y, {}});
     pages.back().items.push_back(item);
   }
   return pages;
 }
 
+/// In whole points: neither the PDF nor the queue's driver has finer ones, and each rounds its own way.
+PaperSize CutTo(double length, const QueuePaper& paper) {
+  const double most = std::floor(paper.longest);
+  return {std::floor(paper.standard.width), std::min(std::ceil(std::max(length, paper.shortest)), most)};
+}
+
 /// A roll is cut where the slip ends: the shortest paper that takes `length`, or the longest there is.
 PaperSize RollFor(const QueuePaper& paper, double length) {
-  if (paper.longest > 0)
-    return {paper.standard.width, std::clamp(length, paper.shortest, paper.longest)};
+  if (paper.longest > 0) return CutTo(length, paper);
   constexpr double kSameWidth = 3;  // drivers round
   PaperSize best = paper.standard;
   for (const PaperSize& size : paper.sizes) {
@@ -89,8 +97,7 @@ SlipLayout LayOut(const PrintDocument& document, const QueuePaper& paper) {
   SlipLayout layout{.paper = paper.standard, .left = margins.left, .top = margins.top, .pages = {}};
   layout.scale = ScaleFor(document, paper.standard.width - margins.left - margins.right);
   const double blank = margins.top + margins.bottom;
-  if (IsRoll(paper))
-    layout.paper = RollFor(paper, std::ceil(Points(document.Height()) * layout.scale + blank));
+  if (IsRoll(paper)) layout.paper = RollFor(paper, Points(document.Height()) * layout.scale + blank);
   layout.own = layout.paper != paper.standard;
   layout.pages = PagesOf(ItemsOf(document), (layout.paper.length - blank) / layout.scale);
   return layout;

@@ -33,8 +33,9 @@ double Points(int hundredths) {
   return hundredths * kPointsInHundredth;
 }
 
+/// Up, for CUPS makes whole points of them again, down.
 int Hundredths(double points) {
-  return static_cast<int>(std::lround(points / kPointsInHundredth));
+  return static_cast<int>(std::ceil(points / kPointsInHundredth));
 }
 
 /// A connection that answers within its time or fails.
@@ -117,7 +118,8 @@ void ReadStandard(ipp_t* media, QueuePaper& paper) {
   if (size == nullptr) return;
   ipp_t* const sides = ippGetCollection(size, 0);
   const auto margin = [media](const char* name) { return Points(NumbersOf(media, name).lower); };
-  paper.standard = {Points(NumbersOf(sides, "x-dimension").lower), Points(NumbersOf(sides, "y-dimension").lower)};
+  paper.standard = {Points(NumbersOf(sides, "x-dimension").lower),
+                    Points(NumbersOf(sides, "y-dimension").lower)};
   paper.margins = {margin("media-left-margin"), margin("media-right-margin"), margin("media-top-margin"),
                    margin("media-bottom-margin")};
 }
@@ -130,8 +132,8 @@ void ReadSize(ipp_t* sides, QueuePaper& paper) {
     paper.sizes.push_back({Points(width.lower), Points(length.lower)});
     return;
   }
-  const int wanted = Hundredths(paper.standard.width);
-  if (wanted < width.lower || wanted > width.upper) return;
+  const double wanted = paper.standard.width;
+  if (wanted < Points(width.lower) || wanted > Points(width.upper)) return;
   paper.shortest = Points(length.lower);
   paper.longest = Points(length.upper);
 }
@@ -140,8 +142,9 @@ class CupsQueues final : public PrintQueues {
  public:
   explicit CupsQueues(const std::atomic<bool>& over) : over_(over) {
     // Nobody is there who could be asked for a password.
-    cupsSetPasswordCB2([](const char*, http_t*, const char*, const char*, void*) -> const char* { return nullptr; },
-                       nullptr);
+    cupsSetPasswordCB2(
+        [](const char*, http_t*, const char*, const char*, void*) -> const char* { return nullptr; },
+        nullptr);
   }
 
   QueueAnswer List(QueueNames& names) override {
@@ -153,8 +156,8 @@ class CupsQueues final : public PrintQueues {
     // A server without any queue says that it found none.
     if (answer != nullptr && cupsLastError() == IPP_STATUS_ERROR_NOT_FOUND) return {};
     if (const QueueAnswer bad = Judge(answer.get()); !bad.Good()) return bad;
-    for (ipp_attribute_t* name = ippFindAttribute(answer.get(), "printer-name", IPP_TAG_NAME); name != nullptr;
-         name = ippFindNextAttribute(answer.get(), "printer-name", IPP_TAG_NAME))
+    for (ipp_attribute_t* name = ippFindAttribute(answer.get(), "printer-name", IPP_TAG_NAME);
+         name != nullptr; name = ippFindNextAttribute(answer.get(), "printer-name", IPP_TAG_NAME))
       names.names.emplace_back(ippGetString(name, 0, nullptr));
     if (const char* const standard = cupsGetDefault2(connection.Get()); standard != nullptr)
       names.standard = standard;
