@@ -77,7 +77,7 @@ class DesktopPrinter::Worker : public std::enable_shared_from_this<Worker> {
   PrinterList list_;
   bool listWanted_ = false;
   std::uint64_t lists_ = 0;  ///< how many have been read
-  bool started_ = false;
+  std::thread thread_;
   bool stopped_ = false;
   bool left_ = false;  ///< nobody is there any more who waits for the thread
 };
@@ -105,14 +105,13 @@ void DesktopPrinter::Worker::Add(PrintDocument document) {
 
 void DesktopPrinter::Worker::StartThread() {
   news_.notify_all();
-  if (started_) return;
-  started_ = true;
-  std::thread([self = shared_from_this()] { self->Run(); }).detach();
+  if (thread_.joinable()) return;
+  thread_ = std::thread([self = shared_from_this()] { self->Run(); });
 }
 
 void DesktopPrinter::Worker::Stop() {
   std::unique_lock lock(mutex_);
-  if (!started_) return;
+  if (!thread_.joinable()) return;
   news_.wait_for(lock, kUntilOver, [this] { return waiting_.empty(); });
   over_ = true;
   news_.notify_all();
@@ -121,6 +120,9 @@ void DesktopPrinter::Worker::Stop() {
   for (const PrintDocument& document : waiting_)
     ReportLost(document, "the program ended");
   waiting_.clear();
+  if (left_) return thread_.detach();
+  lock.unlock();
+  thread_.join();  // what the toolkit keeps of a thread goes before the toolkit
 }
 
 void DesktopPrinter::Worker::Run() {
