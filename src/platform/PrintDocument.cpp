@@ -14,7 +14,7 @@ constexpr TypeMeasures kBarras{0.39, 1.0, 1.0};
 Twips Rounded(double twips) {
   // A damaged size must not run over: no paper is longer than a kilometre.
   constexpr double kMost = 56'692'913;
-  return static_cast<Twips>(std::lround(std::clamp(twips, -kMost, kMost)));
+  return std::isnan(twips) ? 0 : static_cast<Twips>(std::lround(std::clamp(twips, -kMost, kMost)));
 }
 
 }  // namespace

@@ -47,9 +47,9 @@ std::vector<SlipItem> ItemsOf(const PrintDocument& document) {
 }
 
 /// `room`: how much of the document a page takes. What doesn't fit on a page whole begins the next one.
-std::vector<SlipPage> PagesOf(std::vector<SlipItem> items, double room) {
+std::vector<SlipPage> PagesOf(const std::vector<SlipItem>& items, double room) {
   std::vector<SlipPage> pages;
-  for (SlipItem& item : items) {
+  for (const SlipItem& item : items) {
     const bool full = !pages.empty() && Points(FootOf(item) - pages.back().top) > room;
     if (pages.empty())
       pages.push_back({0, {}});

@@ -155,7 +155,7 @@ class CupsQueues final : public PrintQueues {
     const Message answer(cupsDoRequest(connection.Get(), question.release(), "/"));
     // A server without any queue says that it found none.
     if (answer != nullptr && cupsLastError() == IPP_STATUS_ERROR_NOT_FOUND) return {};
-    if (const QueueAnswer bad = Judge(answer.get()); !bad.Good()) return bad;
+    if (QueueAnswer bad = Judge(answer.get()); !bad.Good()) return bad;
     for (ipp_attribute_t* name = ippFindAttribute(answer.get(), "printer-name", IPP_TAG_NAME);
          name != nullptr; name = ippFindNextAttribute(answer.get(), "printer-name", IPP_TAG_NAME))
       names.names.emplace_back(ippGetString(name, 0, nullptr));
@@ -170,7 +170,7 @@ class CupsQueues final : public PrintQueues {
     Message question = QuestionTo(queue, IPP_OP_GET_PRINTER_ATTRIBUTES);
     Wanting(question, {"media-col-default", "media-size-supported"});
     const Message answer(cupsDoRequest(connection.Get(), question.release(), "/"));
-    if (const QueueAnswer bad = Judge(answer.get()); !bad.Good()) return bad;
+    if (QueueAnswer bad = Judge(answer.get()); !bad.Good()) return bad;
     Read(answer.get(), paper);
     return {};
   }
