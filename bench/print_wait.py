@@ -20,6 +20,7 @@ from cups_server import Paper, Server, free_port  # noqa: E402
 BENCH = sys.argv[1]
 ROLL = Paper(80, [200], left=4, longest=3000)
 STARTS = 31
+SLIPS = 100  # as many as the bench prints
 
 
 def run(home, server, *arguments):
@@ -76,6 +77,7 @@ def main():
         try:
             server.start()
             print_times("CUPS alive", 20, home, station, server.address)
+            server.wait_printed(SLIPS)
         finally:
             server.end()
         with socket.create_server(("127.0.0.1", 0), backlog=100) as silent:
