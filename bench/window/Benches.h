@@ -27,6 +27,10 @@ int GridMemory(int argc, char** argv, const std::string& folder);
 /// pages of photos.
 int SlowPages(int argc, char** argv, const std::string& folder);
 
+/// What printing a slip takes of the calling thread, 99th percentile, and the list of printers at most; in
+/// milliseconds, whatever the spooler of the environment does.
+int PrintTimes(int argc, char** argv, const std::string& folder);
+
 /// A page of photos against libjpeg-turbo, the pointer from cell to cell, and what the photos take.
 void MeasureGrid(const std::string& self, const std::string& folder);
 

@@ -34,6 +34,7 @@ int main(int argc, char** argv) {
   if (mode == "--grid-times" && argc > 4) return GridTimes(argc, argv, argv[2]);
   if (mode == "--grid-memory" && argc > 4) return GridMemory(argc, argv, argv[2]);
   if (mode == "--slow-pages" && argc > 2) return SlowPages(argc, argv, argv[2]);
+  if (mode == "--print-times" && argc > 2) return PrintTimes(argc, argv, argv[2]);
   const vintoral::test::TempFolder folder;
   Install(folder);
   const std::string self = QFile::symLinkTarget(QStringLiteral("/proc/self/exe")).toStdString();

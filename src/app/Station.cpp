@@ -22,9 +22,12 @@ bool Station::Start() {
   Form.Form_Load();
   if (Form.Terminado()) return false;
   Window.Appear();
-  // Loading the sound library beside the first painting would hold that up.
+  // Loading the libraries of sound and printing beside the first painting would hold that up.
   constexpr int kUntilPainted = 100;
-  QTimer::singleShot(kUntilPainted, &Window, [this] { Devices.Sound.Begin(); });
+  QTimer::singleShot(kUntilPainted, &Window, [this] {
+    Devices.Sound.Begin();
+    Devices.Printer.Begin();
+  });
   return true;
 }
 

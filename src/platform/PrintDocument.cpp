@@ -11,22 +11,10 @@ constexpr TypeMeasures kTexto{0.6, 1705.0 / 2048, 2320.0 / 2048};
 /// As data/fonts/make-code39-font draws it.
 constexpr TypeMeasures kBarras{0.39, 1.0, 1.0};
 
-constexpr std::string_view kLineBreak = "\r\n";
-
-/// Calls `visit` for each line of a text.
-template <class Visit>
-void ForLines(std::string_view text, Visit visit) {
-  for (std::size_t end = 0; end != std::string_view::npos;) {
-    end = text.find(kLineBreak);
-    visit(text.substr(0, end));
-    if (end != std::string_view::npos) text.remove_prefix(end + kLineBreak.size());
-  }
-}
-
 Twips Rounded(double twips) {
   // A damaged size must not run over: no paper is longer than a kilometre.
   constexpr double kMost = 56'692'913;
-  return static_cast<Twips>(std::lround(std::clamp(twips, -kMost, kMost)));
+  return std::isnan(twips) ? 0 : static_cast<Twips>(std::lround(std::clamp(twips, -kMost, kMost)));
 }
 
 }  // namespace
@@ -35,14 +23,26 @@ const TypeMeasures& MeasuresOf(std::string_view fontName) {
   return fontName == fuente::kBarras ? kBarras : kTexto;
 }
 
-Twips PrintDocument::TextWidth(std::string_view text) const {
-  std::size_t longest = 0;
-  ForLines(text, [&](std::string_view line) { longest = std::max(longest, line.size()); });
-  return Rounded(MeasuresOf(FontName).advance * FontSize * kTwipsInPoint * static_cast<double>(longest));
+Twips LinePitch(std::string_view fontName, double fontSize) {
+  return Rounded(MeasuresOf(fontName).linePitch * fontSize * kTwipsInPoint);
 }
 
-Twips PrintDocument::LinePitch() const {
-  return Rounded(MeasuresOf(FontName).linePitch * FontSize * kTwipsInPoint);
+std::vector<std::string_view> LinesOf(std::string_view text) {
+  constexpr std::string_view kBreak = "\r\n";
+  std::vector<std::string_view> lines;
+  for (std::size_t end = text.find(kBreak); end != std::string_view::npos; end = text.find(kBreak)) {
+    lines.push_back(text.substr(0, end));
+    text.remove_prefix(end + kBreak.size());
+  }
+  lines.push_back(text);
+  return lines;
+}
+
+Twips PrintDocument::TextWidth(std::string_view text) const {
+  std::size_t longest = 0;
+  for (const std::string_view line : LinesOf(text))
+    longest = std::max(longest, line.size());
+  return Rounded(MeasuresOf(FontName).advance * FontSize * kTwipsInPoint * static_cast<double>(longest));
 }
 
 void PrintDocument::Add(PrintOperation operation) {
@@ -57,11 +57,11 @@ void PrintDocument::Print(const String& text) {
        .x = CurrentX,
        .y = CurrentY,
        .picture = {}});
-  ForLines(text, [&](std::string_view line) {
+  for (const std::string_view line : LinesOf(text)) {
     width_ = std::max(width_, CurrentX + TextWidth(line));
     CurrentX = 0;
-    CurrentY += LinePitch();
-  });
+    CurrentY += LinePitch(FontName, FontSize);
+  }
 }
 
 void PrintDocument::PaintPicture(const Picture& picture, Twips x, Twips y, Twips width, Twips height) {

@@ -33,6 +33,10 @@ struct TypeMeasures {
 };
 /// Of one of the types of `fuente`; any other is measured as the text's.
 const TypeMeasures& MeasuresOf(std::string_view fontName);
+/// From one line to the next in this type; `fontSize` is in points.
+Twips LinePitch(std::string_view fontName, double fontSize);
+/// The lines of a text, parted by CR LF: one more than it has line breaks.
+std::vector<std::string_view> LinesOf(std::string_view text);
 
 /// One step of a document.
 struct PrintOperation {
@@ -86,7 +90,6 @@ class PrintDocument {
   Twips Height() const;
 
  private:
-  Twips LinePitch() const;
   void Add(PrintOperation operation);
 
   std::vector<PrintOperation> operations_;
