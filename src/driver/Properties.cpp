@@ -95,6 +95,32 @@ void AddMarks(Json& state, const Form1& form) {
   state["TiempoEjecucion"] = form.TiempoEjecucion;
 }
 
+/// A format's text without its padding.
+std::string TextOf(std::string_view field) {
+  return TrimRight(field).ToUtf8();
+}
+
+void AddFormats(Json& state, const Form1& form) {
+  const RegistroTiquete& ticket = form.TiqueteActual;
+  state["RegistroTiquete"] = {{"Impresora", TextOf(ticket.Impresora.View())},
+                              {"DimFuente", ticket.DimFuente},
+                              {"Encabezado", TextOf(ticket.Encabezado.View())},
+                              {"Foto", ticket.Foto},
+                              {"Pie", TextOf(ticket.Pie.View())}};
+  const RegistroFactura& invoice = form.FacturaActual;
+  state["RegistroFactura"] = {{"Impresora", TextOf(invoice.Impresora.View())},
+                              {"DimFuente", invoice.DimFuente},
+                              {"Encabezado", TextOf(invoice.Encabezado.View())},
+                              {"Prefijo", TextOf(invoice.Prefijo.View())},
+                              {"NumFactura", invoice.NumFactura},
+                              {"Impuesto", invoice.Impuesto},
+                              {"ImpuestoExtras", invoice.ImpuestoExtras},
+                              {"Copia", invoice.Copia},
+                              {"Puntos", invoice.Puntos},
+                              {"Pie", TextOf(invoice.Pie.View())}};
+  state["ImprimirCampo"] = form.EtiquetasActuales.ImprimirCampo;
+}
+
 /// A control's name as operations give it.
 std::string FullName(const Forms& forms, const Control& control) {
   const bool main = control.Owner == &forms.Main();
@@ -139,6 +165,7 @@ Json StateOf(const Form1& form) {
   state["Moneda"] = form.Moneda.ToUtf8();
   AddStay(state, form);
   AddMarks(state, form);
+  AddFormats(state, form);
   state["FichaActual"] = FieldsOf(form.FichaActual);
   state["FichaAuxiliar"] = FieldsOf(form.FichaAuxiliar);
   state["TablaTarifas"] = TextList(form.TablaTarifas);

@@ -12,8 +12,11 @@ namespace {
 /// Small enough that the disk is kept busy from early on.
 constexpr std::size_t kPiece = std::size_t{8} << 20;
 
-/// Failure or not, the whole is synced in the end.
+/// Failure or not, the whole is synced in the end; of a small piece the request would take as long as it
+/// saves.
 void BeginWriting(int file, std::uint64_t offset, std::uint64_t length) {
+  constexpr std::uint64_t kWorthIt = std::uint64_t{1} << 20;
+  if (length < kWorthIt) return;
   sync_file_range(file, static_cast<off64_t>(offset), static_cast<off64_t>(length), SYNC_FILE_RANGE_WRITE);
 }
 

@@ -130,6 +130,17 @@ class Dialogs(SlipTest):
                          ["Tira80", "8,5", "FV ", "8", "19.0", "9.75", "C"])
         self.assertEqual([station.get(f"Form8.{name}")["Value"] for name in ("ChkCopia", "ChkPuntos")], [0, 1])
 
+    def test_the_state_tells_the_formats(self):
+        self.folder.write(TQE, ticket("Tira80", 8.5, "C", -1, "P"))
+        self.folder.write(FTA, invoice("Laser", 9.5, "D", "FV \x1b", 7, 19.0, 9.75, 0, -1, "Q"))
+        state = self.day().state()
+        self.assertEqual(state["RegistroTiquete"],
+                         {"Impresora": "Tira80", "DimFuente": 8.5, "Encabezado": "C", "Foto": True, "Pie": "P"})
+        self.assertEqual(state["RegistroFactura"],
+                         {"Impresora": "Laser", "DimFuente": 9.5, "Encabezado": "D", "Prefijo": "FV \x1b", "NumFactura": 7,
+                          "Impuesto": 19.0, "ImpuestoExtras": 9.75, "Copia": False, "Puntos": True, "Pie": "Q"})
+        self.assertEqual(state["ImprimirCampo"], [True] * 5)
+
     def test_hover_tells_in_the_help_line(self):
         station = self.day()
         station.click("PctBoton(10)")
