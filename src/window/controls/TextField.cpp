@@ -37,6 +37,11 @@ void TextField::ShowCaret(int start, int length) {
   }
 }
 
+void TextField::SetInset(int pixels) {
+  const int beside = pixels - theme::kTextInset;
+  setTextMargins(beside, -1, beside, -1);  // no outline above the text to keep free
+}
+
 void TextField::SetWidthFor(int characters) {
   constexpr int kPaddings = 20;
   setFixedWidth(font().pixelSize() * 3 / 4 * characters + kPaddings);
