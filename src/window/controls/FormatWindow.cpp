@@ -22,7 +22,7 @@ namespace vintoral {
 namespace {
 
 constexpr int kMargin = 12, kSideWidth = 312, kSizeWidth = 104;
-constexpr int kSampleWidth = 156;  // for "Imprimir prueba"
+constexpr int kSampleWidth = 164;  // for "Imprimir prueba"
 constexpr int kFields = 5;
 constexpr int kTitleBar = 40;
 constexpr std::size_t kHeader = 0, kPreview = 1, kFooter = 2;  // of TxtEtiqueta

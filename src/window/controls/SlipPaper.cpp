@@ -66,13 +66,14 @@ void SlipPaper::resizeEvent(QResizeEvent* /*event*/) {
   PlaceRest();
 }
 
-/// Header and footer have the same number of whole lines.
+/// Header and footer share what is left, in whole lines.
 void SlipPaper::PlaceTexts() {
-  const int each = header_->HeightFor(header_->LinesIn((height() - previewHeight_) / 2));
+  const int lines = header_->LinesIn(height() - previewHeight_ - header_->HeightFor(0));
+  const int above = header_->HeightFor(lines / 2), below = footer_->HeightFor(lines - lines / 2);
   const int wide = width() - kTickWidth;
-  header_->setGeometry(kTickWidth, 0, wide, each);
-  preview_->setGeometry(kTickWidth, each, wide, previewHeight_);
-  footer_->setGeometry(kTickWidth, each + previewHeight_, wide, each);
+  header_->setGeometry(kTickWidth, 0, wide, above);
+  preview_->setGeometry(kTickWidth, above, wide, previewHeight_);
+  footer_->setGeometry(kTickWidth, above + previewHeight_, wide, below);
 }
 
 void SlipPaper::PlaceRest() {

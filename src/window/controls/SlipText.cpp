@@ -1,9 +1,9 @@
 #include "window/controls/SlipText.h"
 
 #include <QPainter>
-#include <QPainterPath>
 #include <QScrollBar>
 #include <QTextBlock>
+#include <QTextLayout>
 #include <algorithm>
 
 #include "window/controls/Theme.h"
@@ -12,8 +12,23 @@ namespace vintoral {
 
 namespace {
 
-constexpr int kLeftRoom = 6;  // of the paper before its first column
-constexpr int kColumnsBeyond = 5;
+constexpr int kLeftRoom = 8;  // of the paper before its first column
+constexpr int kMargin = 4;
+constexpr int kRightRoom = 4;  // behind its last one
+constexpr int kColumnsBeyond = 7;
+
+/// How far the lines of a text in this font are apart.
+int PitchOf(const QFont& font) {
+  QTextLayout layout(QStringLiteral("X"), font);
+  layout.beginLayout();
+  const QTextLine line = layout.createLine();
+  layout.endLayout();
+  return qRound(line.height());
+}
+
+double AdvanceOf(const QFont& font) {
+  return QFontMetricsF(font).horizontalAdvance(QString(SlipText::kColumns, u'0')) / SlipText::kColumns;
+}
 
 }  // namespace
 
@@ -22,10 +37,12 @@ QFont SlipText::SlipFont() {
                           theme::kStrongPixels);
 }
 
-SlipText::SlipText(QWidget* parent) : TextEditor(parent) {
+SlipText::SlipText(QWidget* parent)
+    : TextEditor(parent), pitch_(PitchOf(SlipFont())), advance_(AdvanceOf(SlipFont())) {
   BePlain();
   setFont(SlipFont());
   setViewportMargins(kLeftRoom, 0, 0, 0);
+  document()->setDocumentMargin(kMargin);
   viewport()->setAutoFillBackground(false);
   // Beside the text the edge moves along with it.
   connect(horizontalScrollBar(), &QScrollBar::valueChanged, this, [this] { update(); });
@@ -33,12 +50,12 @@ SlipText::SlipText(QWidget* parent) : TextEditor(parent) {
 }
 
 int SlipText::HeightFor(int lines) const {
-  const auto margins = static_cast<int>(document()->documentMargin()) + kOutline;
-  return lines * fontMetrics().lineSpacing() + 2 * margins;
+  constexpr int kScrollless = 1;  // with less the toolkit begins to scroll
+  return lines * pitch_ + 2 * (frameWidth() + kMargin) + kScrollless;
 }
 
 int SlipText::LinesIn(int height) const {
-  return std::max(0, height - HeightFor(0)) / fontMetrics().lineSpacing();
+  return std::max(0, height - HeightFor(0)) / pitch_;
 }
 
 int SlipText::UsualWidth() const {
@@ -46,12 +63,9 @@ int SlipText::UsualWidth() const {
 }
 
 QRect SlipText::Place(int line, double column, double columns) const {
-  const double advance = QFontMetricsF(font()).horizontalAdvance(QString(kColumns, u'0')) / kColumns;
-  const double left = kOutline + kLeftRoom + document()->documentMargin() + column * advance;
-  const int height = fontMetrics().lineSpacing();
-  const int top = kOutline + static_cast<int>(document()->documentMargin()) + line * height;
+  const double left = frameWidth() + kLeftRoom + kMargin + column * advance_;
   const int from = qRound(left);
-  return {from, top, qRound(left + columns * advance) - from, height};
+  return {from, frameWidth() + kMargin + line * pitch_, qRound(left + columns * advance_) - from, pitch_};
 }
 
 void SlipText::ShowPale(int line, bool pale) {
@@ -79,47 +93,46 @@ void SlipText::ShowPaleLines() {
   setExtraSelections(lines);
 }
 
-double SlipText::EdgeInView() const {
-  const int scrolled = horizontalScrollBar()->value();
-  return Place(0, 0, kColumns).right() + 2 - viewport()->x() - scrolled;
-}
-
-void SlipText::PaintPaper(QPainter& painter, const QRect& area, double edge) const {
-  QRectF paper(area), beside(area);
-  paper.setRight(std::clamp(edge, paper.left(), paper.right()));
-  beside.setLeft(paper.right());
-  painter.fillRect(paper, QColor::fromRgb(theme::kField));
-  painter.fillRect(beside, QColor::fromRgb(theme::kWindow));
-  painter.fillRect(QRectF(edge, area.top(), 1, area.height()), QColor::fromRgb(theme::kBorder));
+int SlipText::Edge() const {
+  return Place(0, 0, kColumns).right() + kRightRoom - horizontalScrollBar()->value();
 }
 
 void SlipText::paintEvent(QPaintEvent* event) {
   QPainter painter(viewport());
-  PaintPaper(painter, viewport()->rect(), EdgeInView());
+  QRect paper = viewport()->rect();
+  paper.setRight(Edge() - viewport()->x() - 1);
+  painter.fillRect(paper, QColor::fromRgb(theme::kField));
+  if (paper.right() < viewport()->rect().right())
+    painter.fillRect(paper.right() + 1, 0, 1, paper.height(), SideColor());
   painter.end();
   TextEditor::paintEvent(event);
 }
 
+// A long line scrolls while it is written, and is seen from its start afterwards.
+void SlipText::focusOutEvent(QFocusEvent* event) {
+  TextEditor::focusOutEvent(event);
+  if (event->reason() != Qt::PopupFocusReason) horizontalScrollBar()->setValue(0);
+}
+
 /// What is only looked at is paper and no box.
-void SlipText::PaintSides(QPainter& painter, double edge) const {
-  PaintPaper(painter, rect(), edge);
-  for (const int side : {0, width() - 1})
-    painter.fillRect(side, 0, 1, height(), QColor::fromRgb(theme::kLine));
+QColor SlipText::SideColor() const {
+  return QColor::fromRgb(isReadOnly() ? theme::kLine : theme::kBorder);
 }
 
 void SlipText::PaintOutline() {
   QPainter painter(this);
+  QRect paper = rect();
+  paper.setRight(std::min(Edge(), paper.right()));
+  painter.setPen(SideColor());
+  painter.setBrush(QColor::fromRgb(theme::kField));
+  if (isReadOnly()) {
+    painter.fillRect(paper, painter.brush());
+    painter.drawLine(paper.topLeft(), paper.bottomLeft());
+    return painter.drawLine(paper.topRight(), paper.bottomRight());
+  }
   painter.setRenderHint(QPainter::Antialiasing);
-  const double edge = EdgeInView() + viewport()->x();
-  if (isReadOnly()) return PaintSides(painter, edge);
-  QPainterPath outline;
-  outline.addRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), theme::kRadius, theme::kRadius);
-  painter.setClipPath(outline);
-  PaintPaper(painter, rect(), edge);
-  painter.setClipping(false);
-  painter.setPen(QColor::fromRgb(theme::kBorder));
-  painter.drawPath(outline);
-  if (hasFocus()) theme::PaintFocusRing(painter, rect());
+  painter.drawRoundedRect(QRectF(paper).adjusted(0.5, 0.5, -0.5, -0.5), theme::kRadius, theme::kRadius);
+  if (hasFocus()) theme::PaintFocusRing(painter, paper);
 }
 
 }  // namespace vintoral

@@ -20,18 +20,21 @@ class SlipText : public TextEditor {
   int UsualWidth() const;
   /// The columns from `column` on, both from 0, of a line of a text that has not been scrolled.
   QRect Place(int line, double column, double columns) const;
+  int Pitch() const { return pitch_; }
   /// A line that will not be printed.
   void ShowPale(int line, bool pale);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
   void PaintOutline() override;
 
  private:
-  double EdgeInView() const;
-  void PaintPaper(QPainter& painter, const QRect& area, double edge) const;
-  void PaintSides(QPainter& painter, double edge) const;
+  int Edge() const;
+  QColor SideColor() const;
   void ShowPaleLines();
+  int pitch_;
+  double advance_;
   std::vector<int> pale_;
 };
 

@@ -7,12 +7,15 @@
 #include <QPainter>
 #include <QTextBlock>
 #include <algorithm>
+#include <utility>
 
 #include "window/controls/Theme.h"
 
 namespace vintoral {
 
 namespace {
+
+constexpr int kOutline = 3;  // room for the ring of the keyboard and its corners
 
 /// One character for each line end. Half a line end is a character of its line, and must not begin another.
 QString ForDocument(QString text) {
@@ -64,8 +67,13 @@ void TextEditor::ShowText(const QString& text) {
 void TextEditor::ShowCaret(int start, int length, bool caretFirst) {
   const int from = ToDocument(start);
   const int to = ToDocument(start + length);
+  const std::pair<int, int> before = std::exchange(place_, {from, to});
   QTextCursor cursor = textCursor();
-  if (cursor.selectionStart() == from && cursor.selectionEnd() == to) return;
+  if (cursor.selectionStart() == from && cursor.selectionEnd() == to) {
+    // Text that came before the caret has pushed it along.
+    if (before != place_) ensureCursorVisible();
+    return;
+  }
   cursor.setPosition(caretFirst ? to : from);
   cursor.setPosition(caretFirst ? from : to, QTextCursor::KeepAnchor);
   setTextCursor(cursor);

@@ -50,8 +50,6 @@ class TextEditor : public QPlainTextEdit {
   /// What stands around the text.
   virtual void PaintOutline();
 
-  static constexpr int kOutline = 3;  ///< room for the ring of the keyboard and its corners
-
  private:
   int ToDocument(int offset) const;
   int FromDocument(int position) const;
@@ -65,6 +63,7 @@ class TextEditor : public QPlainTextEdit {
   QString shown_;  ///< as the document holds it, one character a line end
   MarkMargin* margin_;
   bool plain_ = false;
+  std::pair<int, int> place_;  ///< of caret or selection, as it was shown last
 };
 
 }  // namespace vintoral

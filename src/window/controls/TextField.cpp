@@ -68,19 +68,22 @@ void TextField::PasteFrom(bool selection) {
 
 void TextField::mousePressEvent(QMouseEvent* event) {
   if (event->button() == Qt::RightButton) return;
+  pressed_ = event->button() == Qt::LeftButton;
   QLineEdit::mousePressEvent(event);
   TellCaret();
 }
 
 void TextField::mouseMoveEvent(QMouseEvent* event) {
+  if ((event->buttons() & Qt::LeftButton) && !pressed_) return;  // the press was not for the caret
   QLineEdit::mouseMoveEvent(event);
-  if (event->buttons() & Qt::LeftButton) TellCaret();
+  if (pressed_) TellCaret();
 }
 
 void TextField::mouseReleaseEvent(QMouseEvent* event) {
   // The toolkit's own paste would go past the rules of typing.
   if (event->button() == Qt::MiddleButton)
     return PasteFrom(QGuiApplication::clipboard()->supportsSelection());
+  if (event->button() == Qt::LeftButton) pressed_ = false;
   if (event->button() == Qt::LeftButton) QLineEdit::mouseReleaseEvent(event);
 }
 

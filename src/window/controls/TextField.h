@@ -39,6 +39,7 @@ class TextField : public QLineEdit {
   void TellCaret();
   void PasteFrom(bool selection);
   bool plainWhenLocked_ = false;
+  bool pressed_ = false;  ///< here, by the left button
 };
 
 }  // namespace vintoral
