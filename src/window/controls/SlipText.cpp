@@ -102,15 +102,22 @@ void SlipText::paintEvent(QPaintEvent* event) {
   QRect paper = viewport()->rect();
   paper.setRight(Edge() - viewport()->x() - 1);
   painter.fillRect(paper, QColor::fromRgb(theme::kField));
-  if (paper.right() < viewport()->rect().right())
-    painter.fillRect(paper.right() + 1, 0, 1, paper.height(), SideColor());
+  painter.fillRect(paper.right() + 1, 0, 1, paper.height(), SideColor());
+  // The side of the ring that the text's own ground would cover.
+  if (hasFocus()) painter.fillRect(paper.right(), 0, 2, paper.height(), QColor::fromRgb(theme::kAccent));
   painter.end();
   TextEditor::paintEvent(event);
+}
+
+void SlipText::focusInEvent(QFocusEvent* event) {
+  TextEditor::focusInEvent(event);
+  viewport()->update();
 }
 
 // A long line scrolls while it is written, and is seen from its start afterwards.
 void SlipText::focusOutEvent(QFocusEvent* event) {
   TextEditor::focusOutEvent(event);
+  viewport()->update();
   if (event->reason() != Qt::PopupFocusReason) horizontalScrollBar()->setValue(0);
 }
 

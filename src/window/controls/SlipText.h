@@ -26,6 +26,7 @@ class SlipText : public TextEditor {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void PaintOutline() override;
 

@@ -14,7 +14,6 @@ namespace {
 constexpr int kToolkitInset = 2;  // what an entry box adds by itself before its text
 constexpr int kPadding = theme::kTextInset - kToolkitInset;
 constexpr int kListRow = 30;     // of an open list: to be hit without aiming
-constexpr int kTickRoom = 4;     // behind the words of a tick
 constexpr int kArrowWidth = 28;  // of the part of a list that opens it
 
 /// An outline with its ground; the ring takes the outline's place when the keyboard is here.
@@ -72,10 +71,6 @@ void Style::drawComplexControl(ComplexControl control, const QStyleOptionComplex
 
 QRect Style::subElementRect(SubElement element, const QStyleOption* option, const QWidget* widget) const {
   // The text stands at the same place with and without an outline.
-  if (element == SE_CheckBoxFocusRect) {
-    const QRect words = QProxyStyle::subElementRect(element, option, widget);
-    return QRect(0, 0, words.right() + kTickRoom, option->rect.height()).intersected(option->rect);
-  }
   if (element == SE_LineEditContents) return option->rect.adjusted(kPadding, 1, -kPadding, -1);
   return QProxyStyle::subElementRect(element, option, widget);
 }
