@@ -1,6 +1,8 @@
 // The window of the invoice format, by keys and by mouse.
 #include <QCheckBox>
 #include <QCoreApplication>
+#include <QTest>
+#include <QWindow>
 
 #include "gui/Slips.h"
 #include "reports/form8/Form8.h"
@@ -221,6 +223,25 @@ TEST_F(Invoices, ALongPrefixScrollsInItsField) {
     Key(Qt::Key_Home);
     Type("x");
     EXPECT_EQ(Shown("TxtPrefijo"), "ABCDEFGHIJKLMNOPQRSTUVWXY");
+  });
+}
+
+TEST_F(Invoices, AHandThatTremblesAsItClicksLeavesTheMark) {
+  InInvoices([&] {
+    const QPoint at = Place("TxtPrefijo").topLeft() + QPoint(30, 10);
+    QWindow* const handle = Front().windowHandle();
+    QTest::mousePress(handle, Qt::LeftButton, Qt::NoModifier, at);
+    QTest::mouseMove(handle, at + QPoint(25, 0));
+    QTest::mouseRelease(handle, Qt::LeftButton, Qt::NoModifier, at + QPoint(25, 0));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(Field("TxtPrefijo").selectedText(), "No.FACTURA");
+    // The next drag marks as everywhere.
+    QTest::mousePress(handle, Qt::LeftButton, Qt::NoModifier, at);
+    QTest::mouseMove(handle, at + QPoint(25, 0));
+    QTest::mouseRelease(handle, Qt::LeftButton, Qt::NoModifier, at + QPoint(25, 0));
+    QCoreApplication::processEvents();
+    EXPECT_NE(Field("TxtPrefijo").selectedText(), "");
+    EXPECT_LT(Field("TxtPrefijo").selectedText().size(), 5);
   });
 }
 
