@@ -3,10 +3,15 @@
 #include <algorithm>
 #include <array>
 
+#include "reports/form3/Form3.h"
+#include "reports/form8/Form8.h"
+#include "station/form1/Form1.h"
 #include "station/forms/Forms.h"
 #include "window/controls/DialogWindow.h"
 #include "window/form1/MainWindow.h"
+#include "window/form3/Form3Window.h"
 #include "window/form6/Form6Window.h"
+#include "window/form8/Form8Window.h"
 
 namespace vintoral {
 
@@ -14,6 +19,7 @@ namespace {
 
 struct Maker {
   std::string_view name;
+  std::string_view title;  ///< in UTF-8
   DialogWindow* (*make)(Forms& forms, Form& form, MainWindow& main);
 };
 
@@ -22,7 +28,9 @@ DialogWindow* Make(Forms& forms, Form& form, MainWindow& main) {
   return new W(forms, form, main.AllHands(), main.Pictures(), &main);
 }
 
-constexpr std::array kMakers = {Maker{"Form6", &Make<Form6Window>}};
+constexpr std::array kMakers = {Maker{"Form3", Form3::kTitulo, &Make<Form3Window>},
+                                Maker{"Form6", Form1::kTitulo, &Make<Form6Window>},
+                                Maker{"Form8", Form8::kTitulo, &Make<Form8Window>}};
 
 }  // namespace
 
@@ -57,7 +65,9 @@ DialogWindow* Dialogs::WindowOf(Form& form) {
   const auto maker = std::find_if(kMakers.begin(), kMakers.end(),
                                   [&](const Maker& each) { return each.name == form.Name(); });
   if (maker == kMakers.end()) return nullptr;
-  return windows_[&form] = maker->make(forms_, form, main_);
+  DialogWindow* const made = maker->make(forms_, form, main_);
+  made->setWindowTitle(QString::fromStdString(std::string(maker->title)));
+  return windows_[&form] = made;
 }
 
 DialogWindow* Dialogs::Find(std::string_view name) const {

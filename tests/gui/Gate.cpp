@@ -84,18 +84,23 @@ void Gate::Click(const QString& name) {
 }
 
 void Gate::InTariffs(const std::function<void()>& steps) {
+  InDialog("Form6", Qt::Key_T, Qt::ControlModifier, steps);
+}
+
+void Gate::InDialog(const char* name, Qt::Key key, Qt::KeyboardModifiers modifiers,
+                    const std::function<void()>& steps) {
   bool up = false;
   QTimer waiting;
   QObject::connect(&waiting, &QTimer::timeout, [&] {
-    if (up || dialogs_->Find("Form6") == nullptr) return;
+    if (up || dialogs_->Find(name) == nullptr) return;
     up = true;
     waiting.stop();
     steps();
     // The dialog holds the test until it is gone.
-    if (form_->Form6 != nullptr) form_->OpenForms.Unload(*form_->Form6);
+    if (Form* const form = form_->OpenForms.Find(name)) form_->OpenForms.Unload(*form);
   });
   waiting.start(0);
-  Key(Qt::Key_T, Qt::ControlModifier);
+  Key(key, modifiers);
   EXPECT_TRUE(up) << "no dialog came up";
 }
 

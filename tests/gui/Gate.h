@@ -49,15 +49,19 @@ class Gate : public testing::Test {
   /// Types text, letter by letter.
   void Type(const QString& text);
   void Click(const QString& name);
-  /// Opens the tariff dialog with Control and T, and runs `steps` while it is up. It is gone afterwards.
+  /// Opens a dialog with its key, and runs `steps` while it is up. It is gone afterwards.
+  void InDialog(const char* name, Qt::Key key, Qt::KeyboardModifiers modifiers,
+                const std::function<void()>& steps);
   void InTariffs(const std::function<void()>& steps);
   /// The next box is answered by pressing this button; each box takes one answer, in order.
   void WillAnswer(Answer answer) { answers_.push_back(answer); }
 
   template <class W>
   W& Face(const QString& name) {
+    // Two forms may have a control of one name: the one in front is meant.
+    auto* const front = Front().findChild<QWidget*>(name);
     // A missing widget ends the test: nothing after it would tell anything.
-    return dynamic_cast<W&>(*window_->findChild<QWidget*>(name));
+    return dynamic_cast<W&>(front != nullptr ? *front : *window_->findChild<QWidget*>(name));
   }
   QWidget& Face(const QString& name) { return Face<QWidget>(name); }
   /// The window that keys go to.
@@ -73,6 +77,7 @@ class Gate : public testing::Test {
   VirtualClock clock_;
   Recording events_;
   CountingScreen screen_;
+  RecordingPrinter printer_{events_};
   std::vector<Box> boxes_;  ///< all that came up, in order
   std::unique_ptr<Form1> form_;
   std::unique_ptr<MainWindow> window_;
@@ -85,7 +90,6 @@ class Gate : public testing::Test {
   RecordingSystem system_{events_, unused_};
   PosixDisk disk_;
   PicturesBeside pictures_;
-  RecordingPrinter printer_{events_};
   std::deque<Answer> answers_;
 };
 

@@ -30,6 +30,7 @@ class Layout : public Gate {
 TEST_F(Layout, EveryControlHasItsWidget) {
   for (const Control* control : form_->Controls()) {
     if (control->Name.rfind("Tmr", 0) == 0 || control->Name == "FilFondos") continue;
+    if (control->Name == "LblAyuda") continue;  // the title bar
     EXPECT_NE(window_->findChild<QWidget*>(QString::fromStdString(control->Name)), nullptr) << control->Name;
   }
 }
@@ -99,6 +100,13 @@ TEST_F(Layout, NothingMovesWhenThingsComeAndGo) {
   window_->Refresh();
   QCoreApplication::processEvents();
   EXPECT_EQ(Places(), idle);
+}
+
+TEST_F(Layout, TheTitleIsTheHelpLine) {
+  EXPECT_EQ(window_->windowTitle(), "Vintoral 10.25");
+  form_->LblAyuda.Caption = " Abrir Menú "_w;
+  window_->Refresh();
+  EXPECT_EQ(window_->windowTitle(), "Abrir Menú");
 }
 
 TEST_F(Layout, HidingShowsOnScreen) {

@@ -248,6 +248,34 @@ TEST_F(Editor, PastingIsTold) {
   EXPECT_EQ(editor_.toPlainText(), before);
 }
 
+TEST_F(Editor, WhatIsLockedIsMarkedAndNotPastedInto) {
+  editor_.ShowLocked(true);
+  QGuiApplication::clipboard()->setText("otra");
+  QTest::mouseClick(editor_.viewport(), Qt::MiddleButton);
+  ChooseFromMenu(QStringLiteral("Pegar"));
+  EXPECT_TRUE(pasted_.isEmpty());
+  ChooseFromMenu(QStringLiteral("Seleccionar todo"));
+  ChooseFromMenu(QStringLiteral("Copiar"));
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), editor_.toPlainText());
+  editor_.ShowLocked(false);
+  ChooseFromMenu(QStringLiteral("Pegar"));
+  EXPECT_EQ(pasted_.size(), 1);
+}
+
+TEST_F(Editor, ACaretThatTextHasPushedAlongStaysInView) {
+  QString line;
+  for (int i = 0; i < 100; ++i) {
+    line += u'x';
+    editor_.ShowText(line);
+    editor_.ShowCaret(i + 1, 0);
+  }
+  EXPECT_TRUE(editor_.viewport()->rect().contains(editor_.cursorRect().center()));
+  // Shown again where it was, it leaves alone what the wheel has scrolled.
+  editor_.horizontalScrollBar()->setValue(0);
+  editor_.ShowCaret(100, 0);
+  EXPECT_EQ(editor_.horizontalScrollBar()->value(), 0);
+}
+
 TEST_F(Editor, MenuCopiesAndMarksAll) {
   editor_.ShowCaret(2, 6);
   ChooseFromMenu(QStringLiteral("Copiar"));

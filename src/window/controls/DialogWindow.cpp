@@ -14,7 +14,6 @@ DialogWindow::DialogWindow(Forms& forms, Form& form, Hands& hands, QWidget* owne
       hands_(hands),
       filter_(new InputFilter(*this, mirror_, hands)) {
   setObjectName(QString::fromStdString(mirror_.Snapshot().name));
-  setWindowTitle(owner->windowTitle());
   mirror_.RestOn(*this);
 }
 

@@ -56,8 +56,7 @@ bool InputFilter::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::InputMethod:
       return InWindow(watched) && InputMethod(watched, *static_cast<QInputMethodEvent*>(event));
     case QEvent::MouseButtonPress:
-      if (InWindow(watched)) Press(watched, *static_cast<QMouseEvent*>(event));
-      return false;
+      return InWindow(watched) && Press(watched, *static_cast<QMouseEvent*>(event));
     case QEvent::MouseButtonRelease:
       if (InWindow(watched)) Release(watched, *static_cast<QMouseEvent*>(event));
       return false;
@@ -91,10 +90,16 @@ bool InputFilter::InputMethod(QObject* watched, QInputMethodEvent& event) {
   return true;
 }
 
-void InputFilter::Press(const QObject* watched, const QMouseEvent& event) {
+/// True when the widget must not see it: a press that brings the keyboard to a text leaves marked what the
+/// station marks then, as Tab does.
+bool InputFilter::Press(const QObject* watched, const QMouseEvent& event) {
   const View* const view = mirror_.Of(watched);
   pressed_ = event.button() == Qt::LeftButton ? watched : nullptr;
-  if (view != nullptr && view->State().takesFocus) hands_.Focus(view->State().id);
+  if (view == nullptr || !view->State().takesFocus) return false;
+  const bool here = mirror_.Snapshot().focus == &view->State();
+  hands_.Focus(view->State().id);
+  const auto* const text = dynamic_cast<const TextBoxState*>(&view->State());
+  return !here && text != nullptr && text->marksOnFocus && text->selectionLength > 0;
 }
 
 void InputFilter::Release(const QObject* watched, const QMouseEvent& event) {

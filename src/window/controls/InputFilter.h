@@ -26,7 +26,7 @@ class InputFilter : public QObject {
   bool InWindow(const QObject* watched) const;
   bool InputMethod(QObject* watched, QInputMethodEvent& event);
   void Hover(const QObject* watched);
-  void Press(const QObject* watched, const QMouseEvent& event);
+  bool Press(const QObject* watched, const QMouseEvent& event);
   void Release(const QObject* watched, const QMouseEvent& event);
 
   QWidget& window_;

@@ -71,6 +71,7 @@ struct TextBoxState : ControlState {
   std::size_t selectionLength = 0;
   Value<std::size_t> caret;   ///< at the start of the selection, or at its end
   std::size_t maxLength = 0;  ///< 0: no limit
+  bool marksOnFocus = false;  ///< it has a say in what is marked when the keyboard comes
 };
 
 struct LabelState : ControlState {

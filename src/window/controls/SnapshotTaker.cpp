@@ -24,6 +24,7 @@ class Copier : public ControlVisitor {
     state.selectionLength = box.SelLength;
     state.caret.Take(box.Caret());
     state.maxLength = box.MaxLength;
+    state.marksOnFocus = box.OnGotFocus != nullptr;
     state.marks.Take(box.Marks);
   }
   void Visit(Label& label) override {

@@ -1,5 +1,6 @@
 #include "window/controls/Style.h"
 
+#include <QCheckBox>
 #include <QPainter>
 #include <QStyleOption>
 #include <algorithm>
@@ -50,6 +51,12 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
     const auto* const frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
     if (frame != nullptr && frame->lineWidth > 0) PaintField(*painter, option->rect, *option);
     return;
+  }
+  if (element == PE_FrameFocusRect && qobject_cast<const QCheckBox*>(widget) != nullptr) {
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    theme::PaintFocusRing(*painter, option->rect);
+    return painter->restore();
   }
   QProxyStyle::drawPrimitive(element, option, painter, widget);
 }

@@ -2,12 +2,12 @@
 
 #include <QClipboard>
 #include <QContextMenuEvent>
-#include <QFontDatabase>
 #include <QGuiApplication>
 #include <QMenu>
 #include <QPainter>
 #include <QTextBlock>
 #include <algorithm>
+#include <utility>
 
 #include "window/controls/Theme.h"
 
@@ -16,14 +16,6 @@ namespace vintoral {
 namespace {
 
 constexpr int kOutline = 3;  // room for the ring of the keyboard and its corners
-
-QFont FixedFont() {
-  const QString preferred = QStringLiteral("Liberation Mono");
-  QFont font = QFontDatabase::hasFamily(preferred) ? QFont(preferred)
-                                                   : QFontDatabase::systemFont(QFontDatabase::FixedFont);
-  font.setPixelSize(theme::kTextPixels);
-  return font;
-}
 
 /// One character for each line end. Half a line end is a character of its line, and must not begin another.
 QString ForDocument(QString text) {
@@ -48,7 +40,7 @@ TextEditor::TextEditor(QWidget* parent)
   setAcceptDrops(false);
   setUndoRedoEnabled(false);
   setLineWrapMode(QPlainTextEdit::NoWrap);
-  setFont(FixedFont());
+  setFont(theme::FixedFont({QStringLiteral("Liberation Mono")}, theme::kTextPixels));
   setCursorWidth(2);
   document()->setDocumentMargin(theme::kTextInset - kOutline);
   setFrameShape(QFrame::Box);
@@ -75,11 +67,27 @@ void TextEditor::ShowText(const QString& text) {
 void TextEditor::ShowCaret(int start, int length, bool caretFirst) {
   const int from = ToDocument(start);
   const int to = ToDocument(start + length);
+  const std::pair<int, int> before = std::exchange(place_, {from, to});
   QTextCursor cursor = textCursor();
-  if (cursor.selectionStart() == from && cursor.selectionEnd() == to) return;
+  if (cursor.selectionStart() == from && cursor.selectionEnd() == to) {
+    // Text that came before the caret has pushed it along.
+    if (before != place_) ensureCursorVisible();
+    return;
+  }
   cursor.setPosition(caretFirst ? to : from);
   cursor.setPosition(caretFirst ? from : to, QTextCursor::KeepAnchor);
   setTextCursor(cursor);
+}
+
+void TextEditor::BePlain() {
+  plain_ = true;
+  setExtraSelections({});
+  margin_->hide();
+  setViewportMargins(0, 0, 0, 0);
+}
+
+void TextEditor::ShowLocked(bool locked) {
+  setReadOnly(locked);
 }
 
 void TextEditor::ShowReasons(const QStringList& reasons) {
@@ -107,6 +115,7 @@ std::vector<MarkMargin::Row> TextEditor::Rows() const {
 }
 
 void TextEditor::ShowStripe() {
+  if (plain_) return;
   QTextEdit::ExtraSelection stripe;
   stripe.cursor = textCursor();
   stripe.cursor.clearSelection();
@@ -153,6 +162,7 @@ void TextEditor::Copy() const {
 }
 
 void TextEditor::PasteFrom(bool selection) {
+  if (isReadOnly()) return;  // it would go where the keyboard is
   const QClipboard* const clipboard = QGuiApplication::clipboard();
   if (onPaste) onPaste(clipboard->text(selection ? QClipboard::Selection : QClipboard::Clipboard));
 }
@@ -189,7 +199,7 @@ void TextEditor::contextMenuEvent(QContextMenuEvent* event) {
   QMenu menu(this);
   menu.addAction(QStringLiteral("Copiar"), this, [this] { Copy(); })->setEnabled(textCursor().hasSelection());
   menu.addAction(QStringLiteral("Pegar"), this, [this] { PasteFrom(false); })
-      ->setEnabled(!QGuiApplication::clipboard()->text().isEmpty());
+      ->setEnabled(!isReadOnly() && !QGuiApplication::clipboard()->text().isEmpty());
   menu.addAction(QStringLiteral("Seleccionar todo"), this, [this] {
     selectAll();
     TellCaret();

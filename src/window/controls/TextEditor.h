@@ -30,6 +30,11 @@ class TextEditor : public QPlainTextEdit {
   /// Shows the caret at `start`, or `length` characters marked from there with the caret at their end, or at
   /// their start. A new place is scrolled into view.
   void ShowCaret(int start, int length, bool caretFirst = false);
+  /// Without the stripe of the caret's line and the margin of the warnings: a text that is looked at as a
+  /// whole.
+  void BePlain();
+  /// What is locked is marked and copied, not changed.
+  void ShowLocked(bool locked);
   /// A warning beside each line whose text here is not empty, with that text for a tooltip.
   void ShowReasons(const QStringList& reasons);
 
@@ -42,13 +47,14 @@ class TextEditor : public QPlainTextEdit {
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
+  /// What stands around the text.
+  virtual void PaintOutline();
 
  private:
   int ToDocument(int offset) const;
   int FromDocument(int position) const;
   std::vector<MarkMargin::Row> Rows() const;
   void ShowStripe();
-  void PaintOutline();
   void TellCaret();
   void Copy() const;
   void PasteFrom(bool selection);
@@ -56,6 +62,8 @@ class TextEditor : public QPlainTextEdit {
   QString text_;   ///< with CR LF
   QString shown_;  ///< as the document holds it, one character a line end
   MarkMargin* margin_;
+  bool plain_ = false;
+  std::pair<int, int> place_;  ///< of caret or selection, as it was shown last
 };
 
 }  // namespace vintoral

@@ -37,6 +37,11 @@ void TextField::ShowCaret(int start, int length) {
   }
 }
 
+void TextField::SetInset(int pixels) {
+  const int beside = pixels - theme::kTextInset;
+  setTextMargins(beside, -1, beside, -1);  // no outline above the text to keep free
+}
+
 void TextField::SetWidthFor(int characters) {
   constexpr int kPaddings = 20;
   setFixedWidth(font().pixelSize() * 3 / 4 * characters + kPaddings);
@@ -63,19 +68,22 @@ void TextField::PasteFrom(bool selection) {
 
 void TextField::mousePressEvent(QMouseEvent* event) {
   if (event->button() == Qt::RightButton) return;
+  pressed_ = event->button() == Qt::LeftButton;
   QLineEdit::mousePressEvent(event);
   TellCaret();
 }
 
 void TextField::mouseMoveEvent(QMouseEvent* event) {
+  if ((event->buttons() & Qt::LeftButton) && !pressed_) return;  // the press was not for the caret
   QLineEdit::mouseMoveEvent(event);
-  if (event->buttons() & Qt::LeftButton) TellCaret();
+  if (pressed_) TellCaret();
 }
 
 void TextField::mouseReleaseEvent(QMouseEvent* event) {
   // The toolkit's own paste would go past the rules of typing.
   if (event->button() == Qt::MiddleButton)
     return PasteFrom(QGuiApplication::clipboard()->supportsSelection());
+  if (event->button() == Qt::LeftButton) pressed_ = false;
   if (event->button() == Qt::LeftButton) QLineEdit::mouseReleaseEvent(event);
 }
 

@@ -21,6 +21,8 @@ class TextField : public QLineEdit {
   /// Without an outline, and open to the mouse behind it, until it is unlocked: a label edited in place.
   void BePlainWhenLocked();
   void ShowLocked(bool locked);
+  /// The text stands so close to the edges: a box as high as its line, among the columns of a slip.
+  void SetInset(int pixels);
   /// Wide enough for `characters` of usual width.
   void SetWidthFor(int characters);
   QSize sizeHint() const override;
@@ -37,6 +39,7 @@ class TextField : public QLineEdit {
   void TellCaret();
   void PasteFrom(bool selection);
   bool plainWhenLocked_ = false;
+  bool pressed_ = false;  ///< here, by the left button
 };
 
 }  // namespace vintoral

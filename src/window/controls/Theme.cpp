@@ -1,10 +1,12 @@
 #include "window/controls/Theme.h"
 
 #include <QApplication>
+#include <QFontDatabase>
 #include <QPainter>
 #include <QPalette>
 #include <QPen>
 #include <QWidget>
+#include <algorithm>
 
 #include "window/controls/Style.h"
 
@@ -14,6 +16,14 @@ QFont TextFont(int pixels, QFont::Weight weight) {
   QFont font = QApplication::font();
   font.setPixelSize(pixels);
   font.setWeight(weight);
+  return font;
+}
+
+QFont FixedFont(const QStringList& families, int pixels) {
+  const auto found = std::find_if(families.begin(), families.end(),
+                                  [](const QString& family) { return QFontDatabase::hasFamily(family); });
+  QFont font = found == families.end() ? QFontDatabase::systemFont(QFontDatabase::FixedFont) : QFont(*found);
+  font.setPixelSize(pixels);
   return font;
 }
 

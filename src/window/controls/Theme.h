@@ -4,6 +4,7 @@
 
 #include <QColor>
 #include <QFont>
+#include <QStringList>
 #include <cstdint>
 
 class QApplication;
@@ -46,6 +47,8 @@ inline constexpr double kRadius = 5;
 
 /// The system's own family at `pixels` height.
 QFont TextFont(int pixels, QFont::Weight weight = QFont::Normal);
+/// The first of these families that the system has, or else its own, in one pitch at `pixels` height.
+QFont FixedFont(const QStringList& families, int pixels);
 /// A colour of the model, whose low byte is red.
 QColor FromModel(std::int32_t color);
 /// Lets a widget on a card cover what lies behind it up to its corners.

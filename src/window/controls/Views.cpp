@@ -21,6 +21,7 @@
 #include "window/controls/TextEditor.h"
 #include "window/controls/TextField.h"
 #include "window/controls/Theme.h"
+#include "window/controls/TitledCard.h"
 
 namespace vintoral {
 
@@ -73,6 +74,7 @@ class EditorView : public TypedView<TextBoxState, TextEditor> {
   void ShowOwn() override {
     const bool text = state.text.News();
     if (text) face.ShowText(ToQString(*state.text));
+    if (state.locked.News()) face.ShowLocked(*state.locked);
     const bool marks = state.marks.News();
     if (marks) face.ShowReasons(ReasonsOf(*state.marks));
     face.ShowCaret(static_cast<int>(state.selectionStart), static_cast<int>(state.selectionLength),
@@ -136,6 +138,8 @@ class CheckBoxView : public TypedView<ButtonState, QCheckBox> {
 
  protected:
   void ShowOwn() override {
+    // One that has no words of its own keeps those of its window.
+    if (state.caption.News() && !state.caption->Empty()) face.setText(ToQString(TrimBlanks(*state.caption)));
     // A click has turned the widget's own tick over, whatever came of it.
     if (face.isChecked() != *state.on) face.setChecked(*state.on);
   }
@@ -158,6 +162,16 @@ class CommandView : public TypedView<ButtonState, PushButton> {
  protected:
   void ShowOwn() override {
     if (state.caption.News()) face.setText(ToQString(*state.caption));
+  }
+};
+
+class TitleView : public TypedView<ButtonState, TitledCard> {
+ public:
+  using TypedView::TypedView;
+
+ protected:
+  void ShowOwn() override {
+    if (state.caption.News()) face.ShowTitle(ToQString(TrimBlanks(*state.caption)));
   }
 };
 
@@ -300,6 +314,10 @@ void Bind(Stage& stage, const ControlName& name, Light& light, QColor color) {
 
 void Bind(Stage& stage, const ControlName& name, PushButton& button) {
   AddView<CommandView, ButtonState>(stage, name, button);
+}
+
+void Bind(Stage& stage, const ControlName& name, TitledCard& card) {
+  AddView<TitleView, ButtonState>(stage, name, card);
 }
 
 void Bind(Stage& stage, const ControlName& name, CurveView& view) {

@@ -25,6 +25,7 @@ class PictureView;
 class PushButton;
 class TextEditor;
 class TextField;
+class TitledCard;
 
 /// What the panels of a form's window are built on.
 struct Stage {
@@ -67,6 +68,8 @@ void Bind(Stage& stage, const ControlName& name, CellFrame& frame);
 void Bind(Stage& stage, const ControlName& name, Light& light, QColor color);
 /// A command button.
 void Bind(Stage& stage, const ControlName& name, PushButton& button);
+/// A frame.
+void Bind(Stage& stage, const ControlName& name, TitledCard& card);
 /// A chart.
 void Bind(Stage& stage, const ControlName& name, CurveView& view);
 /// A control of which only presence, use and tooltip show.

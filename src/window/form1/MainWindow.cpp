@@ -7,6 +7,7 @@
 
 #include "station/form1/Form1.h"
 #include "window/controls/InputFilter.h"
+#include "window/controls/Text.h"
 #include "window/controls/Theme.h"
 #include "window/controls/Views.h"
 #include "window/form1/FieldsPanel.h"
@@ -32,9 +33,9 @@ MainWindow::MainWindow(Form1& form)
       hands_(form.OpenForms, [this] { Refresh(); }),
       pictures_(form.Devices().pictures, form.Devices().disk) {
   setObjectName(QStringLiteral("Form1"));
-  setWindowTitle(QString::fromLatin1(Form1::kTitulo));
   setWindowIcon(QIcon(QStringLiteral(":/icons/vintoral.svg")));
   TellDamage(form);
+  TellHelp();
   Stage stage{mirror_, hands_, pictures_};
   Build(stage);
   new InputFilter(*this, mirror_, hands_);  // the window owns it
@@ -48,6 +49,14 @@ void MainWindow::TellDamage(Form1& form) {
     form.FotoDanada(picture.Path(), picture.Mark());
     Refresh();
   };
+}
+
+/// The title bar is the help line: it says what the button under the pointer does.
+void MainWindow::TellHelp() {
+  auto& help = mirror_.StateOf<LabelState>("LblAyuda");
+  mirror_.AfterViews([this, &help] {
+    if (help.caption.News()) setWindowTitle(ToQString(TrimBlanks(*help.caption)));
+  });
 }
 
 void MainWindow::Build(Stage& stage) {

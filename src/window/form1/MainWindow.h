@@ -37,6 +37,7 @@ class MainWindow : public QWidget {
 
  private:
   void TellDamage(Form1& form);
+  void TellHelp();
   void Build(Stage& stage);
   QWidget* BuildLeft(Stage& stage);
 
