@@ -12,7 +12,8 @@ namespace vintoral::bench {
 namespace {
 
 constexpr int kSlips = 100;
-constexpr int kRest = 100;  // milliseconds; on the two processors of a gate a spooler takes as long for a slip
+constexpr int kRest =
+    100;  // milliseconds; on the two processors of a gate a spooler takes as long for a slip
 
 /// An entry's, with photo, code and twelve lines of text at both ends.
 PrintDocument TypicalSlip() {

@@ -98,6 +98,9 @@ TEST(SlipLayout, ThePaperOfCertainLengthsThatTakesTheSlip) {
   roll.sizes = {{226.77, 283}, {226.77, 842}, {226.77, 566.93}, {300, 300}, {164, 500}};
   const auto lengthOf = [&](int lines) { return LayOut(Lines(lines), roll).paper.length; };
   EXPECT_EQ(lengthOf(20), 283);
+  roll.sizes[0].length = Lines(20).Height() / 20.0;
+  EXPECT_EQ(lengthOf(20), roll.sizes[0].length) << "to the last dot";
+  roll.sizes[0].length = 283;
   EXPECT_DOUBLE_EQ(lengthOf(30), roll.standard.length);
   EXPECT_EQ(lengthOf(60), 842);
   EXPECT_EQ(lengthOf(200), 842);
@@ -169,6 +172,13 @@ TEST(SlipLayout, BarsHaveTheirTypeOnlyWhileItIsThere) {
   for (const SlipItem& item : layout.pages[0].items)
     files.emplace_back(item.barsFile);
   EXPECT_THAT(files, ElementsAre("", "Fuentes\\Vintoral.ttf", "", ""));
+}
+
+TEST(SlipLayout, AQueueThatTellsNothingOfItsPaperHasSheets) {
+  const SlipLayout layout = LayOut(Lines(20), {.margins = {}, .sizes = {}});
+  EXPECT_EQ(layout.paper, (PaperSize{595, 842}));
+  EXPECT_EQ(layout.scale, 1);
+  EXPECT_FALSE(layout.own);
 }
 
 TEST(SlipLayout, NothingOnItGivesNoPage) {
@@ -270,8 +280,9 @@ struct Spooler {
   std::mutex mutex;
   std::condition_variable news;
   QueueNames names{{"first", "second"}, "second"};
-  bool hangs = false;             ///< until `over`, as a connection does that waits
-  bool hangsFor = false;          ///< whatever happens
+  bool hangs = false;     ///< until `over`, as a connection does that waits
+  bool hangsFor = false;  ///< whatever happens
+  int lists = 0;
   int unreached = 0;              ///< so many questions find nobody
   std::string refusal;            ///< of jobs
   std::vector<std::string> jobs;  ///< queue and length of the paper
@@ -286,6 +297,8 @@ class Queues final : public PrintQueues {
     std::unique_lock lock(spooler_.mutex);
     if (QueueAnswer answer = Wait(lock); !answer.Good()) return answer;
     names = spooler_.names;
+    ++spooler_.lists;
+    spooler_.news.notify_all();
     return {};
   }
   QueueAnswer PaperOf(const std::string& /*queue*/, QueuePaper& paper) override {
@@ -426,6 +439,17 @@ TEST_F(Handed, NobodyWaitsForASpoolerThatHangs) {
   EXPECT_THAT(Jobs(1), SizeIs(1));
 }
 
+TEST_F(Handed, TheListIsKnownBeforeSomebodyAsks) {
+  printer_->Begin();
+  {
+    std::unique_lock lock(spooler_.mutex);
+    ASSERT_TRUE(
+        spooler_.news.wait_for(lock, std::chrono::seconds(20), [this] { return spooler_.lists > 0; }));
+    spooler_.hangs = true;
+  }
+  EXPECT_THAT(printer_->Printers().names, SizeIs(2));
+}
+
 TEST_F(Handed, TheEndWaitsShortlyForASpoolerThatHangs) {
   for (const bool forGood : {false, true}) {
     Change([&] { (forGood ? spooler_.hangsFor : spooler_.hangs) = true; });
@@ -451,7 +475,9 @@ TEST_F(Handed, TheEndWaitsShortlyForASpoolerThatHangs) {
 TEST_F(Handed, WhatWaitsAtTheEndIsHandedOver) {
   for (int i = 0; i < 20; ++i)
     printer_->EndDoc(Slip(10));
-  EXPECT_THAT(End(), SizeIs(0));
+  std::vector<std::string> errors;
+  EXPECT_LT(Milliseconds([&] { errors = End(); }), 1000) << "and no longer is waited for them";
+  EXPECT_THAT(errors, SizeIs(0));
   EXPECT_THAT(spooler_.jobs, SizeIs(20));
 }
 
@@ -460,7 +486,8 @@ TEST_F(Handed, NoMoreThanSoManyWait) {
   testing::internal::CaptureStderr();
   for (int i = 0; i < 102; ++i)
     printer_->EndDoc(Slip(10));
-  EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("too many"));
+  const std::string errors = testing::internal::GetCapturedStderr();
+  EXPECT_EQ(std::count(errors.begin(), errors.end(), '\n'), 2) << errors;
   Change([this] { spooler_.hangs = false; });
   EXPECT_THAT(Jobs(100), SizeIs(100));
 }

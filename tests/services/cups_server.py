@@ -113,7 +113,7 @@ def free_port():
 
 
 class Server:
-    """`queues`: names with their paper; the first one is the default."""
+    """`queues`: names with their paper, or None without a driver; the first one is the default."""
 
     def __init__(self, root, queues):
         self.root, self.port, self.process = pathlib.Path(root), free_port(), None
@@ -136,7 +136,8 @@ class Server:
             kind = "Printer" if number else "DefaultPrinter"
             printers += (f"<{kind} {name}>\nDeviceURI slip:{self.root}/out\nState Idle\nAccepting Yes\nShared No\n"
                          f"</{kind}>\n")
-            (self.root / f"etc/ppd/{name}.ppd").write_text(paper.ppd())
+            if paper:
+                (self.root / f"etc/ppd/{name}.ppd").write_text(paper.ppd())
         (self.root / "etc/printers.conf").write_text(printers)
 
     def start(self):

@@ -25,8 +25,9 @@ PAPERS = {
     "roll58": Paper(58, [200], left=5, longest=3000),
     "sheet": Paper(210, [297], left=6, top=10),
 }
+RAW = "raw"  # has no driver, and so tells nothing of its paper
 # Names come in the alphabet's order.
-NAMES = sorted(PAPERS)
+NAMES = sorted([*PAPERS, RAW])
 
 PITCH = 0.6  # of a column, in sizes of the type
 COLUMNS = 31
@@ -117,7 +118,7 @@ class Slips(unittest.TestCase):
         self.station = self.root / "station"
         (self.station / "Fuentes").mkdir(parents=True)
         (self.station / "Fuentes/Vintoral.ttf").write_bytes((PROJECT / "data/fonts/Vintoral.ttf").read_bytes())
-        self.server = Server(self.root / "cups", PAPERS)
+        self.server = Server(self.root / "cups", PAPERS | {RAW: None})
         self.addCleanup(self.server.end)
         self.root.chmod(0o755)  # for the user that the server's own programs run as
 
@@ -156,7 +157,7 @@ class Slips(unittest.TestCase):
 
     def test_every_letter_stands_in_its_column(self):
         sizes = (10.5, 8.25, 12)
-        cases = [(name, size) for name in NAMES for size in sizes]
+        cases = [(name, size) for name in PAPERS for size in sizes]
         files = self.print_all(*(slip(*self.LINES, printer=name, size=size) for name, size in cases))
         plain = [line[0] if isinstance(line, tuple) else line for line in self.LINES]
         for file, (name, size) in zip(files, cases):
@@ -198,13 +199,18 @@ class Slips(unittest.TestCase):
 
     def test_documents_come_out_in_their_order(self):
         count = 30
-        documents = [slip(f"NUMERO {i}", printer=NAMES[i % 2]) for i in range(count)]
+        documents = [slip(f"NUMERO {i}", printer=("roll80", "sheet")[i % 2]) for i in range(count)]
         files = self.print_all(*documents)
         self.assertEqual([read_pages(file)[0].words[1][4] for file in files], [str(i) for i in range(count)])
 
     def test_the_printer_is_chosen_by_its_name(self):
         files = self.print_all(*(slip("X", printer=name) for name in ("  SHEET ", "nowhere", "")))
         self.assertEqual([file.stem.split("-")[0] for file in files], ["sheet", "roll80", "roll80"])
+
+    def test_a_queue_without_a_driver_has_sheets(self):
+        file, = self.print_all(slip("X", printer=RAW))
+        page, = read_pages(file)
+        self.assertEqual((page.width, page.length), (595, 842))
 
     def test_the_list(self):
         printing = self.start()

@@ -121,7 +121,6 @@ void DesktopPrinter::Worker::Stop() {
     ReportLost(document, "the program ended");
   waiting_.clear();
   if (left_) return thread_.detach();
-  lock.unlock();
   thread_.join();  // what the toolkit keeps of a thread goes before the toolkit
 }
 

@@ -22,7 +22,7 @@ struct PaperMargins {
 
 /// The paper that a queue has and takes.
 struct QueuePaper {
-  PaperSize standard;
+  PaperSize standard{595, 842};  ///< a sheet, of a queue that doesn't tell
   PaperMargins margins;
   /// Other sizes that it can be asked for by name.
   std::vector<PaperSize> sizes;

@@ -117,11 +117,12 @@ void ReadStandard(ipp_t* media, QueuePaper& paper) {
   ipp_attribute_t* const size = ippFindAttribute(media, "media-size", IPP_TAG_BEGIN_COLLECTION);
   if (size == nullptr) return;
   ipp_t* const sides = ippGetCollection(size, 0);
-  const auto margin = [media](const char* name) { return Points(NumbersOf(media, name).lower); };
-  paper.standard = {Points(NumbersOf(sides, "x-dimension").lower),
-                    Points(NumbersOf(sides, "y-dimension").lower)};
-  paper.margins = {margin("media-left-margin"), margin("media-right-margin"), margin("media-top-margin"),
-                   margin("media-bottom-margin")};
+  const auto points = [](ipp_t* of, const char* name) { return Points(NumbersOf(of, name).lower); };
+  const PaperSize standard{points(sides, "x-dimension"), points(sides, "y-dimension")};
+  if (standard.width <= 0 || standard.length <= 0) return;
+  paper.standard = standard;
+  paper.margins = {points(media, "media-left-margin"), points(media, "media-right-margin"),
+                   points(media, "media-top-margin"), points(media, "media-bottom-margin")};
 }
 
 /// One of the sizes that a queue takes, or a range of them.
