@@ -30,6 +30,11 @@ class Invoices : public Slips {
     const QRect caret = field.inputMethodQuery(Qt::ImCursorRectangle).toRect();
     return field.mapTo(&Front(), caret.topLeft()).x() + kBeforeCaret;
   }
+  /// Where its text begins to stand.
+  int Top(const QString& name) {
+    QWidget& field = Face(name);
+    return field.mapTo(&Front(), field.inputMethodQuery(Qt::ImCursorRectangle).toRect().topLeft()).y();
+  }
 };
 
 TEST_F(Invoices, ControlAltLShowsTheFormat) {
@@ -73,6 +78,7 @@ TEST_F(Invoices, TheNumberStandsInTheFirstLine) {
     for (const char* field : {"TxtPrefijo", "TxtNumEtiqueta"}) {
       EXPECT_EQ(Place(field).top(), line.top());
       EXPECT_EQ(Place(field).bottom(), line.bottom());
+      EXPECT_EQ(Top(field), line.top());
       EXPECT_EQ(Field(field).font(), Text(kPreview).font());
     }
     EXPECT_NEAR(FirstCharacter("TxtPrefijo"), column.left(), 1);
@@ -92,6 +98,7 @@ TEST_F(Invoices, TaxesStandInTheBlanksOfTheirLines) {
       const QRect blanks = Characters(kPreview, 13 + tax, 11, 5);
       EXPECT_EQ(Place(name).top(), blanks.top());
       EXPECT_EQ(Place(name).bottom(), blanks.bottom());
+      EXPECT_EQ(Top(name), blanks.top());
       EXPECT_GE(Place(name).left(), blanks.left());
       EXPECT_LE(Place(name).right(), blanks.right() + 1);
       // The four that can be typed stand whole before their sign.

@@ -39,7 +39,8 @@ void TextField::ShowCaret(int start, int length) {
 
 void TextField::SetInset(int pixels) {
   const int beside = pixels - theme::kTextInset;
-  setTextMargins(beside, -1, beside, -1);  // no outline above the text to keep free
+  // The text takes the whole height, and stands on the line of the text around the box.
+  setTextMargins(beside, -1, beside, 0);
 }
 
 void TextField::SetWidthFor(int characters) {
