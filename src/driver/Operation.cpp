@@ -236,10 +236,12 @@ Json EventJson(const DeviceEvent& event) {
 
 PrinterList PrintersOf(const Json& operation, PrinterList before) {
   if (Has(operation, "printers")) {
-    before = {};
+    before.names.clear();
     for (const auto& name : Field<std::vector<std::string>>(operation, "printers"))
       before.names.push_back(String::FromUtf8(name));
-    if (!before.names.empty()) before.current = before.names.front();
+    const bool kept =
+        std::find(before.names.begin(), before.names.end(), before.current) != before.names.end();
+    if (!kept) before.current = before.names.empty() ? String() : before.names.front();
   }
   if (Has(operation, "printer")) before.current = String::FromUtf8(Field<std::string>(operation, "printer"));
   return before;

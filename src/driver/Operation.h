@@ -79,8 +79,8 @@ Json BoxJson(const Box& box);
 /// What the station waits for, `now` in Clock::Ticks; null when it waits for nothing.
 Json WaitingJson(const Waiting* waiting, std::int64_t now);
 Json EventJson(const DeviceEvent& event);
-/// What "printers" and "printer" tell of the printers; what they don't tell stays as it was. Of a list
-/// without a current printer the first one is it.
+/// What "printers" and "printer" tell of the printers; what they don't tell stays as it was. Where a list
+/// doesn't hold the current printer, the first one is it.
 PrinterList PrintersOf(const Json& operation, PrinterList before);
 Json FareJson(const Form1& station, const String& category, const String& entry, const String& exit);
 

@@ -28,7 +28,8 @@ void LlenarFicha(RegistroFicha& ficha, const Form1& form) {
   ficha.UsuarioPuntos = form.NumeroUsuario;
 }
 
-void AnotarEntrada(Form1& form, const String& registro, std::int64_t numero) {
+/// False when the slot could not be written.
+bool AnotarEntrada(Form1& form, const String& registro, std::int64_t numero) {
   RegistroFicha& ficha = form.FichaActual;
   form.MarcaTiquete = StampOf(form.Devices().clock.Now());
   ficha.EnUso = true;
@@ -40,7 +41,16 @@ void AnotarEntrada(Form1& form, const String& registro, std::int64_t numero) {
   ficha.Posicion = static_cast<std::int32_t>(numero);
   LlenarFicha(ficha, form);
   Register<RegistroFicha> act(form.Devices().disk, registro, OpenMode::kReadWrite);
-  (act ? act.Write(numero, ficha, true) : act.Opened()).PassOver();
+  const Outcome written = act ? act.Write(numero, ficha, true) : act.Opened();
+  written.PassOver();
+  return static_cast<bool>(written);
+}
+
+/// What is printed is a promise: it must be on disk.
+void ImprimirGuardada(Form1& form, SyncTogether& onDisk) {
+  const Outcome synced = onDisk.Finish();
+  synced.PassOver();
+  if (synced) form.ImprimirTiquete();
 }
 
 /// A pass that comes back has its validity closed, and its ticket already.
@@ -71,13 +81,8 @@ void Form1::GuardarFicha() {
     FichaActual = *puesto;
   }
   SyncTogether onDisk(platform_.disk);
-  if (!puesto->EnUso) {
-    AnotarEntrada(*this, registro, numero);
-    if (PideTiquete(*this)) {
-      onDisk.Finish().PassOver();  // the slip is a promise
-      ImprimirTiquete();
-    }
-  }
+  const bool guardada = !puesto->EnUso && AnotarEntrada(*this, registro, numero);
+  if (guardada && PideTiquete(*this)) ImprimirGuardada(*this, onDisk);
   RefrescarVista();
   ImgIndicador[indicador::kFotosAdicionales].Visible = false;
   LimpiarCampos();

@@ -100,7 +100,7 @@ bool PasarAlHistorial(Form1& form) {
 
 DatosEstadia EstadiaEnPantalla(const Form1& form) {
   DatosEstadia estadia{.campos = {},
-                       .entrada = form.LblFechaEnt.Caption,
+                       .entrada = form.FichaActual.MarcaEntrada.Trimmed(),
                        .salida = form.TextoSalida,
                        .categoria = form.CboTarifa[0].Text(),
                        .puntos = {},
@@ -116,6 +116,7 @@ DatosEstadia EstadiaEnPantalla(const Form1& form) {
 std::optional<DatosFactura> Facturar(Form1& form) {
   const bool asked = IsPressed(form.PctBoton[boton::kFacturas]) && form.ChkFactura.Value != 0;
   if (!asked) return std::nullopt;
+  if (form.LblCambio.Visible) form.LineaEfectivo();  // cash that was typed since the last tick
   form.CopiarFactura(false);
   return form.FacturaDe(form.ValorEstadia, DetalleEstadia(EstadiaEnPantalla(form)),
                         form.FacturaActual.Impuesto);
@@ -146,9 +147,9 @@ void Form1::RetirarFicha() {
   }
   TmrHoraFecha.SetEnabled(true);
   if (!retirada) return platform_.screen.Beep();  // the ficha stays on display
-  // The slip is a promise, so it comes last; and while its second copy waits, the next one is served.
   if (factura) ImprimirFactura(*factura);
   MidiWav(sonido::kHecho);
+  EntregarCopias();
 }
 
 }  // namespace vintoral

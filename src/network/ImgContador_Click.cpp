@@ -15,7 +15,7 @@ void Form1::ImgContador_Click() {
   };
   LblInfo[4].Caption = Digits(std::count_if(VistaFichas.begin(), VistaFichas.end(), equal));
   MidiWav(sonido::kContador);
-  platform_.screen.Wait(kShown);
+  Esperar(kShown);
   LblInfo[4].Caption = {};
 }
 

@@ -16,6 +16,7 @@ void Form1::AlternarTiquetes() {
   if (CmdBarCode.Visible) AlternarCodigoBarras();  // no bar codes without tickets
   CmdNumeroFicha.Visible = false;
   tickets.BorderStyle = 0;
+  FocoDondeSeEscribe();  // it may have stood on the button that goes
 }
 
 }  // namespace vintoral

@@ -2,14 +2,10 @@
 #include "reports/form8/Form8.h"
 #include "station/form1/Archivos.h"
 #include "station/form1/Form1.h"
+#include "station/form1/Papel.h"
 
 namespace vintoral {
 namespace {
-
-std::int32_t NumeroSiguiente(std::int32_t numero) {
-  constexpr std::int32_t kUltimo = 999'999;
-  return numero < kUltimo ? numero + 1 : 1;
-}
 
 /// All of the record may have become another one.
 Outcome Reemplazar(Disk& disk, const RegistroFactura& formato) {

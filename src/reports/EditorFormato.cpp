@@ -51,6 +51,7 @@ void EditorFormato::MostrarComunes(std::string_view impresora, double tamano, st
 void EditorFormato::Conectar() {
   CboDimFuente.KeyRule = DecimalFieldKey;
   LimitDecimal(CboDimFuente);
+  CboDimFuente.OnGotFocus = [this] { CboDimFuente.SelectAll(); };  // else the next digit finds no room
   PctBoton.OnClick = [this] {
     Guardar();
     station_.OpenForms.Unload(*this);
@@ -88,8 +89,7 @@ std::array<bool, 5> EditorFormato::CamposMarcados() const {
 }
 
 float EditorFormato::Tamano() const {
-  const float size = NumeroDecimal(CboDimFuente.Text());
-  return size > 0 ? size : static_cast<float>(TamanoFuente(size));
+  return static_cast<float>(TamanoFuente(NumeroDecimal(CboDimFuente.Text())));
 }
 
 String EditorFormato::Muestra() {

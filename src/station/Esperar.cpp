@@ -2,9 +2,8 @@
 
 namespace vintoral {
 
-void Form1::Esperar(int segundos) {
-  constexpr std::int64_t kSecond = 1000;
-  platform_.screen.Wait(segundos * kSecond);
+void Form1::Esperar(std::int64_t milisegundos) {
+  if (milisegundos > 0) platform_.screen.Wait(milisegundos);
 }
 
 }  // namespace vintoral

@@ -84,7 +84,7 @@ void Form8::MostrarFormato(const RegistroFactura& format) {
   MostrarComunes(format.Impresora.View(), TamanoFuente(format.DimFuente), format.Encabezado.View(),
                  format.Pie.View());
   TxtPrefijo.SetText(PrefijoDe(format));
-  TxtNumEtiqueta.SetText(Digits(std::int64_t{format.NumFactura} + 1));
+  TxtNumEtiqueta.SetText(Digits(NumeroSiguiente(format.NumFactura)));
   // As long as what can be typed: a blank or a digit behind it would join what is typed over it.
   TxtImpuesto[kEstadias].SetText(Left(TextoPorcentaje(Porcentaje(format.Impuesto)), kAnchoImpuesto));
   TxtImpuesto[kExtras].SetText(Left(TextoPorcentaje(Porcentaje(format.ImpuestoExtras)), kAnchoImpuesto));
@@ -128,11 +128,11 @@ RegistroFactura Form8::Formato() const {
 }
 
 void Form8::Guardar() {
-  PictureBox& invoices = station_.PctBoton[boton::kFacturas];
-  station_.MidiWav(IsPressed(invoices) ? sonido::kClic : voz::kFacturasActivadas);
+  const bool on = IsPressed(station_.PctBoton[boton::kFacturas]);
+  station_.MidiWav(on ? sonido::kClic : voz::kFacturasActivadas);
   station_.ActualizarLineaFCT();
   station_.CopiarFactura(true);
-  invoices.BorderStyle = 1;
+  if (!on) station_.ActivarFacturas();
 }
 
 PrintDocument Form8::Prueba() const {

@@ -148,12 +148,13 @@ void ConnectCamera(Form1& form) {
 }
 
 void Retire(Form1& form) {
+  // First: while the copy of an invoice waits, the next ficha is typed.
+  form.FocoDondeSeEscribe();
   if (form.ShpCelda.Visible) {
     form.RetirarFicha();
   } else {
     form.Devices().screen.Beep();
   }
-  form.FocoDondeSeEscribe();
 }
 
 constexpr std::array kButtons = {

@@ -10,6 +10,7 @@
 
 #include <array>
 #include <cstdint>
+#include <deque>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -293,16 +294,21 @@ class Form1 : public ScreenModel {
   void ActivarTiquetes();
   /// The tag of a switch that opens its dialog even when it is on.
   static constexpr std::int64_t kSoloFormato = 1;
+  /// Invoices are printed from here on, for the ficha on display too.
+  void ActivarFacturas();
   /// Opens the dialog of a switch whatever its state.
   void CambiarFormato(boton::Index interruptor);
   /// The ticket of what stands on the screen.
   void ImprimirTiquete();
   /// An invoice of this gate, as of now, with the number last taken and the cash line as it stands.
   DatosFactura FacturaDe(Money valor, const String& detalle, float porcentaje);
-  /// Prints its copies, five seconds apart, and puts it at the top of the invoice log.
+  /// Prints it, puts it at the top of the invoice log, and notes its second copy.
   void ImprimirFactura(const DatosFactura& factura);
-  /// Whole seconds, counted by a clock that nobody sets: midnight makes no difference.
-  void Esperar(int segundos);
+  /// Waits for the second copies that were noted and prints each five seconds behind its first one; the
+  /// screen is served meanwhile. Under such a wait there is nothing to do: it serves those too.
+  void EntregarCopias();
+  /// By a clock that nobody sets, so midnight makes no difference. Less than nothing is no wait.
+  void Esperar(std::int64_t milisegundos);
 
   // ---- Sounds
   // ------------------------------------------------------------------------------------------------
@@ -326,7 +332,15 @@ class Form1 : public ScreenModel {
   void ConectarRelojes();
   void ClickEnBarra(int index);
 
+  /// A copy that waits for the one before it to be torn off.
+  struct Copia {
+    PrintDocument documento;
+    std::int64_t momento;  ///< in Clock::Ticks
+  };
+
   Platform platform_;
+  std::deque<Copia> copias_;
+  bool entregandoCopias_ = false;
   /// The start sequence is through: only then are the screen's state and the labels this station's own.
   bool iniciado_ = false;
   /// The labels of the data folder have been seen: only then may this gate write its own over them.

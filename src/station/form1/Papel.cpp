@@ -77,6 +77,11 @@ float NumeroDecimal(std::string_view texto) {
   return static_cast<float>(number.negative ? -value : value);
 }
 
+std::int32_t NumeroSiguiente(std::int32_t numero) {
+  constexpr std::int32_t kUltimo = 999'999;
+  return numero < kUltimo ? numero + 1 : 1;
+}
+
 String PrefijoDe(const RegistroFactura& formato) {
   const std::string_view field = formato.Prefijo.View();
   const std::size_t end = field.find(kMarca);

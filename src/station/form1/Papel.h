@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 #include "common/String.h"
@@ -43,6 +44,8 @@ String TextoTamano(double tamano);
 /// The number at the start of a text, a comma being a point; 0 if there is none.
 float NumeroDecimal(std::string_view texto);
 
+/// The invoice number behind `numero`: six digits, and then from 1 again.
+std::int32_t NumeroSiguiente(std::int32_t numero);
 /// The prefix without its end mark; blanks at its end count. Where a damaged record lacks the mark, blanks at
 /// the end don't.
 String PrefijoDe(const RegistroFactura& formato);

@@ -207,6 +207,7 @@ TEST(PrintersOf, TakesWhatIsToldAndKeepsTheRest) {
   EXPECT_EQ(PrintersOf(Json::parse(R"({"printer":"A"})"), both).current, "A"_w);
   EXPECT_EQ(PrintersOf(Json::parse(R"({"printer":"A"})"), both).names, both.names);
   EXPECT_EQ(PrintersOf(Json::parse(R"({"printers":["B","C"]})"), both).current, "B"_w);
+  EXPECT_EQ(PrintersOf(Json::parse(R"({"printers":["B","Ñ"]})"), both).current, "Ñ"_w);
   EXPECT_EQ(PrintersOf(Json::parse(R"({"printers":[]})"), both).current, ""_w);
   EXPECT_THROW(PrintersOf(Json::parse(R"({"printers":"A"})"), both), std::runtime_error);
 }

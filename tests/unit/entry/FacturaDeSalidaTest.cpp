@@ -92,6 +92,41 @@ TEST_F(FacturaDeSalidaTest, SaysWhatTheStayCost) {
             "PIE\n\n\n.\n");
 }
 
+TEST_F(FacturaDeSalidaTest, CashAndChangeAgreeThoughNoTickCameBetween) {
+  station_.Hands.ReplaceText(form_.TxtEfectivo, "5000"_w);
+  station_.Pass(500);
+  station_.Hands.ReplaceText(form_.TxtEfectivo, "20000"_w);
+  EXPECT_THAT(test::TextOf(Retire().at(0)), HasSubstr("\n EFECTIVO 20000.00\n   CAMBIO 16300.00\n"));
+}
+
+TEST_F(FacturaDeSalidaTest, TheEntryIsTheRegistersThoughTheLinkWasLost) {
+  form_.LblFechaEnt.Caption = "CONECTANDO... "_w;
+  EXPECT_THAT(test::TextOf(Retire().at(0)), HasSubstr("\n  ENTRADA : 14:00  (20/11/2026)\n"));
+}
+
+TEST_F(FacturaDeSalidaTest, SwitchedOffTheTickIsGone) {
+  ASSERT_TRUE(form_.ChkFactura.Visible);
+  ASSERT_TRUE(form_.ImgIndicador[indicador::kImprimirFactura].Visible);
+  station_.Answers = {Answer::kYes};
+  form_.PctBoton_Click(boton::kFacturas);
+  EXPECT_FALSE(form_.ChkFactura.Visible);
+  EXPECT_FALSE(form_.ImgIndicador[indicador::kImprimirFactura].Visible);
+  EXPECT_EQ(form_.ChkFactura.Value, 0);
+}
+
+TEST_F(FacturaDeSalidaTest, SwitchedOnBeforeAFichaItIsTickedForAllToSee) {
+  station_.Answers = {Answer::kYes};
+  form_.PctBoton_Click(boton::kFacturas);
+  ASSERT_FALSE(form_.ChkFactura.Visible);
+  station_.InDialog = {[this] { station_.Hands.Key(keys::kEnter, 0); }};
+  form_.PctBoton_Click(boton::kFacturas);
+  EXPECT_TRUE(form_.ChkFactura.Visible);
+  EXPECT_TRUE(form_.ChkFactura.Enabled);
+  EXPECT_EQ(form_.ChkFactura.Value, 1);
+  EXPECT_EQ(form_.ChkFactura.Tag, "1"_w);
+  EXPECT_TRUE(form_.ImgIndicador[indicador::kImprimirFactura].Visible);
+}
+
 TEST_F(FacturaDeSalidaTest, NoCashLineWithoutEnoughCash) {
   const std::string text = test::TextOf(Retire().at(0));
   EXPECT_THAT(text, HasSubstr("TOTAL $ 3700.00\n-------------------------------\n"));
@@ -164,7 +199,6 @@ TEST_F(FacturaDeSalidaTest, TheSecondCopyComesFiveSecondsLaterAndIsTheSame) {
     log = Log();
     EXPECT_TRUE(form_.TxtCampo[0].TakesFocus());  // the next one can be served
     EXPECT_TRUE(form_.TmrHoraFecha.Enabled);
-    EXPECT_THAT(station_.Heard(), Not(testing::Contains("Sonidos\\Vintoral-4.wav"_w)));
   };
   const auto second = Retire();
   EXPECT_THAT(station_.Waits, ElementsAre(5000));
@@ -184,12 +218,29 @@ TEST_F(FacturaDeSalidaTest, AWaitOverMidnightEndsAfterFiveSecondsToo) {
   EXPECT_THAT(station_.Waits, ElementsAre(5000));
 }
 
-TEST_F(FacturaDeSalidaTest, WhatIsTypedDuringTheWaitStays) {
+TEST_F(FacturaDeSalidaTest, WhatIsTypedDuringTheWaitStaysAndGoesOn) {
   form_.FacturaActual.Copia = true;
-  station_.UnderWait = [this] { station_.TypeNew("9", "nueva"); };
+  station_.UnderWait = [this] {
+    station_.TypeNew("9", "nueva");
+    station_.Type("an");
+  };
   ASSERT_EQ(Retire().size(), 2u);
+  station_.Type("a");
   EXPECT_EQ(form_.TxtCampo[1].Text(), "NUEVA"_w);
+  EXPECT_EQ(form_.TxtCampo[2].Text(), "ANA"_w);
   EXPECT_TRUE(form_.TxtCampo[0].Locked);
+}
+
+TEST_F(FacturaDeSalidaTest, ItIsHeardBeforeTheCopyComes) {
+  form_.FacturaActual.Copia = true;
+  bool heard = false;
+  station_.UnderWait = [&] {
+    const auto events = station_.Events.Take();
+    heard = events.size() == 2 && events[0].kind == DeviceEvent::Kind::kPrint &&
+            events[1].text == "Sonidos\\Vintoral-4.wav"_w;
+  };
+  EXPECT_EQ(Retire().size(), 1u);
+  EXPECT_TRUE(heard);
 }
 
 TEST_F(FacturaDeSalidaTest, TheNextOneRetiredDuringTheWaitIsInvoicedToo) {
@@ -203,7 +254,12 @@ TEST_F(FacturaDeSalidaTest, TheNextOneRetiredDuringTheWaitIsInvoicedToo) {
     station_.Answers = {Answer::kYes};
     station_.Hands.Key(keys::kDelete, 0);
   };
-  EXPECT_EQ(Retire().size(), 4u);
+  const auto printed = Retire();
+  ASSERT_EQ(printed.size(), 4u);
+  // Each copy in the order of the first ones, the second 500 ms behind the first: nobody waits twice.
+  EXPECT_EQ(printed[2], printed[0]);
+  EXPECT_EQ(printed[3], printed[1]);
+  EXPECT_NE(printed[2], printed[3]);
   EXPECT_EQ(NumberOnDisk(), 43);
   EXPECT_EQ(station_.HistoryRows(), 3u);
   // The newest on top.

@@ -300,8 +300,8 @@ TEST(RetirarFicha, AMinuteThatTurnsBetweenTheTicksChargesWhatTheExitSays) {
     station.StartConnected();
     station.Enter("7", "abc");
     TurningClock clock;
-    Form1 form(
-        Platform{clock, station.Screen, station.Sound, station.System, station.Faulty, station.Pictures, station.Printer});
+    Form1 form(Platform{clock, station.Screen, station.Sound, station.System, station.Faulty,
+                        station.Pictures, station.Printer});
     Input hands(form.OpenForms);
     clock.TurnAfter(1000);
     station.Answers = {Answer::kOk};

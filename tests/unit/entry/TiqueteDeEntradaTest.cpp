@@ -72,6 +72,17 @@ TEST_F(TiqueteDeEntradaTest, ComesOutWhenTheFichaIsOnDisk) {
   EXPECT_FALSE(pending);
 }
 
+TEST_F(TiqueteDeEntradaTest, NoneForAFichaThatIsNotOnDisk) {
+  station_.UnderBox = [this] { station_.Faulty.Set().failAllWrites = true; };
+  EXPECT_THAT(Enter(), IsEmpty());
+  EXPECT_FALSE(station_.Slot(7).EnUso);
+}
+
+TEST_F(TiqueteDeEntradaTest, NoneWhereTheDiskDidNotKeepIt) {
+  station_.UnderBox = [this] { station_.Faulty.Set().failSync = true; };
+  EXPECT_THAT(Enter(), IsEmpty());
+}
+
 TEST_F(TiqueteDeEntradaTest, NoneWithoutTheSwitch) {
   form_.PctBoton[boton::kTiquetes].BorderStyle = 0;
   EXPECT_THAT(Enter(), IsEmpty());

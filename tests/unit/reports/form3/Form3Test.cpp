@@ -146,7 +146,7 @@ TEST_F(Form3Test, ShowsWhatMemoryHolds) {
 }
 
 TEST_F(Form3Test, ASizeLeftEmptyOrZeroSavesTenAndAHalf) {
-  for (const String& size : {""_w, "0"_w, "0,0"_w}) {
+  for (const String& size : {""_w, "0"_w, "0,0"_w, "0,5"_w}) {
     Dialog({[&, this] {
              form_.TiqueteActual.DimFuente = 7;
              hands_.ReplaceText(Format().CboDimFuente, size);
@@ -291,6 +291,23 @@ TEST_F(Form3Test, SwitchingOffAsksAndDefaultsToNo) {
   Switch();
   EXPECT_EQ(Button().BorderStyle, 0);
   EXPECT_FALSE(form_.CmdNumeroFicha.Visible);
+}
+
+TEST_F(Form3Test, SwitchingOffLeavesNoFocusOnTheButtonThatGoes) {
+  Dialog({[this] { Save(); }});
+  hands_.Focus(form_.CmdNumeroFicha);
+  ASSERT_EQ(form_.Focus(), &form_.CmdNumeroFicha);
+  station_.Answers = {Answer::kYes};
+  Switch();
+  EXPECT_EQ(form_.Focus(), &form_.TxtCampo[0]);
+}
+
+TEST_F(Form3Test, TypingOverTheSizeReplacesIt) {
+  Dialog({[this] {
+    hands_.Focus(Format().CboDimFuente);
+    station_.Type("8");
+    EXPECT_EQ(Format().CboDimFuente.Text(), "8"_w);
+  }});
 }
 
 TEST_F(Form3Test, SwitchingOffLeavesBarcodeModeFirst) {

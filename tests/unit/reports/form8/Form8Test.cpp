@@ -130,6 +130,12 @@ TEST_F(Form8Test, EachSaveOfAnUntouchedFormSkipsANumber) {
   EXPECT_EQ(OnDisk().NumFactura, 102);
 }
 
+TEST_F(Form8Test, BehindTheLastNumberComesTheFirst) {
+  form_.FacturaActual.NumFactura = 999'999;
+  station_.Disk.Put(kFta, test::Encoded(form_.FacturaActual));
+  Dialog({[this] { EXPECT_EQ(Format().TxtNumEtiqueta.Text(), "1"_w); }});
+}
+
 TEST_F(Form8Test, ShowsWhatMemoryHolds) {
   RegistroFactura format;
   format.Impresora = "Laser";
