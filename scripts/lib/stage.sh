@@ -1,4 +1,5 @@
-# Sourced by screenshots and demo: a screen of its own, a home and a station of its own on it, and hands for both.
+# Sourced by screenshots, slips and demo: a screen of its own, a home and a station of its own on it, and hands for both;
+# and a printer, for who asks.
 # What is started ends with the script, each by its own number.
 
 stage_started=()
@@ -9,8 +10,11 @@ stage_end() {
     kill "${stage_started[i]}" 2>/dev/null && wait "${stage_started[i]}" 2>/dev/null || true
   done
   [[ -z "${stage:-}" ]] || rm -rf "$stage"
+  [[ -z "${stage_printer:-}" ]] || rm -rf "$stage_printer"
   stage_started=()
   stage=""
+  stage_printer=""
+  unset CUPS_SERVER
 }
 
 # stage_begin WIDTHxHEIGHT SCALE: an empty screen and a station's folder with what an installation brings; sets stage,
@@ -54,6 +58,24 @@ stage_wait() {
   done
   echo "Nothing came of: $*" >&2
   return 1
+}
+
+# A station that starts after this has a printer, "tirilla". It lies beside the stage: its server's programs run as a user
+# that must not see the screen's cookie.
+stage_tirilla() {
+  stage_printer="$(mktemp -d)"
+  scripts/lib/printer.py "$stage_printer" &
+  stage_started+=($!)
+  stage_wait test -s "$stage_printer/address"
+  CUPS_SERVER="$(<"$stage_printer/address")"
+  export CUPS_SERVER
+}
+
+# stage_slip NUMBER: until so many slips have been printed; says which file is the last one.
+stage_slip() {
+  local slip="$stage_printer/out/tirilla-$1.pdf"
+  stage_wait test -f "$slip"
+  echo "$slip"
 }
 
 # stage_station PROGRAM: starts the station; it is on screen when this returns.
