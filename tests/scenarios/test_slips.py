@@ -274,6 +274,25 @@ class Invoices(SlipTest):
         station = self.day(invoice_on=True, fichas=[self.STAY])
         station.retire(9)
         self.assertTrue((self.folder / HFC).read_bytes().endswith(b"\r\nlo anterior\r\n"))
+        self.assertEqual(self.mode(HFC), 0o644)  # cleared, whoever runs this
+
+    def test_formats_that_are_read_only_are_written_all_the_same(self):
+        self.folder.write(TQE, ticket())
+        self.folder.write(FTA, invoice())
+        for name in (TQE, FTA):
+            (self.folder / name).chmod(0o444)
+        station = self.day(fichas=[self.STAY])
+        for button, form in ((10, "Form3"), (14, "Form8")):
+            station.click(f"PctBoton({button})")
+            station.click(f"{form}.PctBoton")
+        self.assertEqual([self.mode(name) for name in (TQE, FTA)], [0o644, 0o644])
+        (self.folder / FTA).chmod(0o444)
+        station.retire(9)
+        self.assertEqual(self.mode(FTA), 0o644)
+        self.assertEqual(number_in((self.folder / FTA).read_bytes()), 43)
+
+    def mode(self, name):
+        return (self.folder / name).stat().st_mode & 0o777
 
 
 if __name__ == "__main__":
