@@ -6,6 +6,8 @@
 #include <cerrno>
 #include <vector>
 
+#include "platform/WriteAllAt.h"
+
 namespace vintoral {
 namespace {
 
@@ -20,18 +22,6 @@ void BeginWriting(int file, std::uint64_t offset, std::uint64_t length) {
   sync_file_range(file, static_cast<off64_t>(offset), static_cast<off64_t>(length), SYNC_FILE_RANGE_WRITE);
 }
 
-bool WriteWhole(int file, const char* bytes, std::size_t count, std::uint64_t at) {
-  while (count > 0) {
-    const ssize_t written = pwrite(file, bytes, count, static_cast<off_t>(at));
-    if (written < 0 && errno == EINTR) continue;
-    if (written <= 0) return false;
-    bytes += written;
-    count -= static_cast<std::size_t>(written);
-    at += static_cast<std::uint64_t>(written);
-  }
-  return true;
-}
-
 }  // namespace
 
 Copied CopyByHand(int from, int into, std::uint64_t at, std::uint64_t done) {
@@ -43,7 +33,8 @@ Copied CopyByHand(int from, int into, std::uint64_t at, std::uint64_t done) {
     if (got < 0) return {done, errno};
     if (got == 0) return {done, 0};
     const auto count = static_cast<std::size_t>(got);
-    if (!WriteWhole(into, buffer.data(), count, at + done)) return {done, errno};
+    const int error = WriteAllAt(into, at + done, {buffer.data(), count});
+    if (error != 0) return {done, error};
     BeginWriting(into, at + done, count);
     done += count;
   }

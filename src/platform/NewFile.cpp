@@ -8,23 +8,14 @@
 #include <cstdio>
 #include <filesystem>
 
+#include "platform/WriteAllAt.h"
+
 namespace vintoral {
 namespace {
 
-int WriteAll(int file, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t written = write(file, bytes.data(), bytes.size());
-    if (written < 0 && errno == EINTR) continue;
-    if (written < 0) return errno;
-    if (written == 0) return EIO;
-    bytes.remove_prefix(static_cast<std::size_t>(written));
-  }
-  return 0;
-}
-
 /// Writes all and closes: a network file system may tell of a failed write only then.
 int WriteAndClose(int file, std::string_view bytes) {
-  const int error = WriteAll(file, bytes);
+  const int error = WriteAllAt(file, 0, bytes);
   const int closed = close(file) == 0 ? 0 : errno;
   return error != 0 ? error : closed;
 }
@@ -50,7 +41,7 @@ int WriteNewFile(const std::string& path, std::string_view bytes) {
 int WriteUnnamed(const std::string& path, std::string_view bytes) {
   const int file = open(FolderOf(path).c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0666);
   if (file < 0) return errno;
-  int error = WriteAll(file, bytes);
+  int error = WriteAllAt(file, 0, bytes);
   const std::string unnamed = "/proc/self/fd/" + std::to_string(file);
   if (error == 0 && linkat(AT_FDCWD, unnamed.c_str(), AT_FDCWD, path.c_str(), AT_SYMLINK_FOLLOW) != 0)
     error = errno;

@@ -10,6 +10,7 @@
 #include <thread>
 
 #include "platform/FileStatus.h"
+#include "platform/WriteAllAt.h"
 
 namespace vintoral {
 namespace {
@@ -85,16 +86,8 @@ Outcome PosixFile::WriteAt(std::uint64_t offset, std::span<const char> bytes) {
     Outcome room = MakeRoom(offset, bytes.size());
     if (!room) return room;
   }
-  std::size_t done = 0;
-  while (done < bytes.size()) {
-    const ssize_t put =
-        pwrite(open_->Number(), bytes.data() + done, bytes.size() - done, static_cast<off_t>(offset + done));
-    if (put < 0 && errno == EINTR) continue;
-    if (put < 0) return Failed("write");
-    if (put == 0) return Outcome::Failed("write", path_, EIO);
-    done += static_cast<std::size_t>(put);
-  }
-  return Outcome::Done();
+  const int error = WriteAllAt(open_->Number(), offset, {bytes.data(), bytes.size()});
+  return error == 0 ? Outcome::Done() : Outcome::Failed("write", path_, error);
 }
 
 Result<std::uint64_t> PosixFile::Length() {
