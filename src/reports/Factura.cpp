@@ -15,16 +15,13 @@ const String& LineBreak() {
   return lineBreak;
 }
 
-/// Blanks up to `wanted` columns behind `taken` ones. Where the room is too narrow there are none: an invoice
-/// without its number or its total would be worth nothing.
-String Blanks(std::size_t wanted, std::size_t taken) {
-  return {wanted - std::min(wanted, taken), ' '};
-}
+// Where the room of a line is too narrow it has no blanks and is longer: an invoice without its number or its
+// total would be worth nothing.
 
 String LineaNumero(const DatosFactura& datos) {
   constexpr std::size_t kRoom = 26;
   const String prefix = PrefijoDe(datos.formato), number = Digits(datos.formato.NumFactura);
-  return prefix + "  "_w + number + Blanks(kRoom, prefix.Size() + number.Size()) + "P"_w + datos.porteria;
+  return prefix + "  "_w + number + Blancos(kRoom, prefix.Size() + number.Size()) + "P"_w + datos.porteria;
 }
 
 String LineaFecha(const DatosFactura& datos) {
@@ -38,7 +35,7 @@ const String& CabezaDeVenta() {
 
 /// Two amounts below each other, both ending in the column of the first.
 String Debajo(const String& primero, const String& segundo) {
-  return Blanks(primero.Size(), segundo.Size()) + segundo;
+  return Blancos(primero.Size(), segundo.Size()) + segundo;
 }
 
 /// Nothing without a tax.
@@ -54,7 +51,7 @@ std::optional<String> BloqueImpuesto(const DatosFactura& datos) {
 String LineaTotal(const DatosFactura& datos) {
   constexpr std::size_t kRoom = 24;
   const String currency = Trim(datos.moneda), value = datos.valor.Format();
-  return Blanks(kRoom, currency.Size() + value.Size()) + "TOTAL "_w + currency + " "_w + value;
+  return Blancos(kRoom, currency.Size() + value.Size()) + "TOTAL "_w + currency + " "_w + value;
 }
 
 bool EsEstadia(const DatosFactura& datos) {

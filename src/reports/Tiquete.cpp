@@ -17,8 +17,8 @@ void ImprimirCabeza(PrintDocument& tira, const DatosTiquete& datos) {
   constexpr std::size_t kAnchoNumero = 16;
   tira.Print(TrimRight(datos.formato.Encabezado.View()));
   const String number = Trim(datos.ficha);
-  const String room(kAnchoNumero - std::min(kAnchoNumero, number.Size()), ' ');
-  ImprimirNegrita(tira, "  No.FICHA  "_w + number + room + "P"_w + datos.porteria);
+  ImprimirNegrita(tira,
+                  "  No.FICHA  "_w + number + Blancos(kAnchoNumero, number.Size()) + "P"_w + datos.porteria);
   ImprimirNegrita(tira, "HORA/FECHA  "_w + datos.marca);
   tira.Print(ReglaGuiones());
 }
@@ -63,7 +63,7 @@ std::optional<String> LineaDeEntradas(const Validez& validez) {
   constexpr std::size_t kRoom = 16;
   // Half a blank too few is still none.
   if (validez.numero.Size() > kRoom + 1) return std::nullopt;
-  const std::size_t left = (kRoom - std::min(kRoom, validez.numero.Size())) / 2;
+  const std::size_t left = Blancos(kRoom, validez.numero.Size()).Size() / 2;
   return String(left, ' ') + "VALIDO "_w + validez.numero + " ENTRADAS"_w;
 }
 
@@ -73,20 +73,13 @@ std::optional<String> LineaDeDias(const Validez& validez) {
   constexpr std::int64_t kDay = 24LL * 60 * 60 * 1000;
   if (validez.numero.Size() > kRoom) return std::nullopt;
   const Moment last = validez.hoy.Plus((LeadingInteger(validez.numero) - 1) * kDay);
-  const String room(kRoom - validez.numero.Size(), ' ');
-  return "VALIDO "_w + validez.numero + " DIA(S)"_w + room + "  ("_w + DateText(last) + ")"_w;
-}
-
-/// With its decimals, which the box takes: one and a half is more than one.
-double Numero(std::string_view texto) {
-  const Decimal number = LeadingDecimal(texto);
-  const double value = static_cast<double>(number.digits) / std::pow(10.0, number.decimals);
-  return number.negative ? -value : value;
+  return "VALIDO "_w + validez.numero + " DIA(S)"_w + Blancos(kRoom, validez.numero.Size()) + "  ("_w +
+         DateText(last) + ")"_w;
 }
 
 void ImprimirValidez(PrintDocument& tira, const DatosTiquete& datos) {
   const Validez& validez = datos.validez;
-  const double number = Numero(validez.numero);
+  const double number = ValorNumerico(validez.numero);  // one and a half is more than one
   const bool days = validez.unidad == Validez::kDias;
   // A ticket for one entry needs no saying so.
   const bool says = number > 1 || (days && number > 0);

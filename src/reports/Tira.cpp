@@ -1,5 +1,7 @@
 #include "reports/Tira.h"
 
+#include <algorithm>
+
 #include "station/form1/Papel.h"
 
 namespace vintoral {
@@ -15,6 +17,10 @@ void TerminarTira(PrintDocument& tira, const String& direccion, std::string_view
   // The dot is what makes the printer feed the paper that far.
   const String feed(kFinDeLinea);
   tira.Print(TrimRight(pie) + feed + feed + feed + "."_w);
+}
+
+String Blancos(std::size_t columnas, std::size_t ocupadas) {
+  return {columnas - std::min(columnas, ocupadas), ' '};
 }
 
 void ImprimirNegrita(PrintDocument& tira, const String& text) {

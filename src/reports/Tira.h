@@ -9,6 +9,8 @@ namespace vintoral {
 PrintDocument EmpezarTira(const String& impresora, float tamano);
 /// The closing rule, the foot, and the paper that must pass the tear bar of a receipt printer.
 void TerminarTira(PrintDocument& tira, const String& direccion, std::string_view pie);
+/// Blanks up to column `columnas` behind `ocupadas` ones; none where the room is too narrow.
+String Blancos(std::size_t columnas, std::size_t ocupadas);
 /// `text` in bold.
 void ImprimirNegrita(PrintDocument& tira, const String& text);
 

@@ -71,10 +71,14 @@ String TextoTamano(double tamano) {
   return ReplaceAll(Shortest(static_cast<float>(tamano)), ".", ",");
 }
 
-float NumeroDecimal(std::string_view texto) {
-  const Decimal number = LeadingDecimal(ReplaceAll(texto, ",", "."));
+double ValorNumerico(std::string_view texto) {
+  const Decimal number = LeadingDecimal(texto);
   const double value = static_cast<double>(number.digits) / std::pow(10.0, number.decimals);
-  return static_cast<float>(number.negative ? -value : value);
+  return number.negative ? -value : value;
+}
+
+float NumeroDecimal(std::string_view texto) {
+  return static_cast<float>(ValorNumerico(ReplaceAll(texto, ",", ".")));
 }
 
 std::int32_t NumeroSiguiente(std::int32_t numero) {

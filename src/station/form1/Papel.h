@@ -41,7 +41,9 @@ float Porcentaje(float guardado);
 String TextoPorcentaje(float porcentaje);
 /// As it is typed and shown: the shortest text that is this number, with a comma.
 String TextoTamano(double tamano);
-/// The number at the start of a text, a comma being a point; 0 if there is none.
+/// The number at the start of a text; 0 if there is none.
+double ValorNumerico(std::string_view texto);
+/// The same as a format keeps it, a comma being a point.
 float NumeroDecimal(std::string_view texto);
 
 /// The invoice number behind `numero`: six digits, and then from 1 again.
