@@ -79,7 +79,7 @@ class Disk {
   /// half.
   virtual Outcome Replace(std::string_view path, std::string_view bytes) = 0;
   /// Replaces the whole file, in the same way, by `before`, all that it held, and `after`; a file that was
-  /// missing held nothing. It is never in memory as a whole.
+  /// missing held nothing. A real disk never has it in memory as a whole.
   virtual Outcome PutAround(std::string_view path, std::string_view before, std::string_view after);
   /// Makes a file that did not exist: readers see none or all of it. Nothing is changed, and the error is
   /// EEXIST, when there is anything of that name. It is not synced: a power cut soon after may lose it.
