@@ -111,6 +111,7 @@ void Driver::Start(const Json& operation) {
   const Moment now = Has(operation, "now") ? ParseMoment(Field<std::string>(operation, "now")) : before;
   auto station = std::make_unique<Station>(MakeFolders(folder));
   station->platform.Clock.Set(now);
+  if (Has(operation, "seed")) station->platform.Chance.Seed(Field<std::uint64_t>(operation, "seed"));
   station->platform.System.Instances = FieldOr(operation, "instances", 1);
   station->platform.System.Desktop = FieldOr(operation, "desktop", std::string());
   RequirePath(station->platform.System.Desktop);

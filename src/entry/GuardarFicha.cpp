@@ -1,4 +1,5 @@
 #include "common/Numbers.h"
+#include "entry/Pase.h"
 #include "entry/Puesto.h"
 #include "records/Register.h"
 #include "station/form1/Form1.h"
@@ -28,8 +29,7 @@ void LlenarFicha(RegistroFicha& ficha, const Form1& form) {
   ficha.UsuarioPuntos = form.NumeroUsuario;
 }
 
-/// False when the slot could not be written.
-bool AnotarEntrada(Form1& form, const String& registro, std::int64_t numero) {
+void AnotarEntrada(Form1& form, std::int64_t numero) {
   RegistroFicha& ficha = form.FichaActual;
   form.MarcaTiquete = StampOf(form.Devices().clock.Now());
   ficha.EnUso = true;
@@ -40,10 +40,33 @@ bool AnotarEntrada(Form1& form, const String& registro, std::int64_t numero) {
   ficha.PorteriaSalida = "??";
   ficha.Posicion = static_cast<std::int32_t>(numero);
   LlenarFicha(ficha, form);
-  Register<RegistroFicha> act(form.Devices().disk, registro, OpenMode::kReadWrite);
-  const Outcome written = act ? act.Write(numero, ficha, true) : act.Opened();
+}
+
+/// False when the slot could not be written.
+bool OcuparPuesto(Form1& form) {
+  const RegistroFicha& ficha = form.FichaActual;
+  Register<RegistroFicha> act(form.Devices().disk, form.RutaMostrada("Vintoral.ACT"), OpenMode::kReadWrite);
+  const Outcome written = act.Write(ficha.Posicion, ficha, true);
   written.PassOver();
+  if (written && form.TxtBarCode.Visible) form.GuardarCodigoBarras(true);
   return static_cast<bool>(written);
+}
+
+struct Ingreso {
+  bool hecho = false;    ///< the ficha is inside
+  bool primera = false;  ///< and its user is the last one who was registered
+};
+
+/// The user before the ficha, which carries his number; slot, code and pass behind it.
+Ingreso Ingresar(Form1& form, std::int64_t numero) {
+  AnotarEntrada(form, numero);
+  const bool primera = form.GuardarUsuario();
+  const auto entrar = [&form] { return OcuparPuesto(form); };
+  const bool conPase = form.TxtBarCode.Visible && TocaPase(ValidezEnPantalla(form));
+  const bool hecho = conPase ? form.GuardarPase(entrar) : entrar();
+  // The last entry of a pass that another gate has taken meanwhile.
+  if (!hecho) form.Devices().screen.Beep();
+  return {hecho, primera};
 }
 
 /// What is printed is a promise: it must be on disk.
@@ -67,8 +90,8 @@ void Form1::GuardarFicha() {
 
   const std::int64_t numero = NumeroEscrito();
   // A path corrected under the box leads to another folder, where nobody looked whether the slot is free.
-  const String registro = RutaCompartida("Vintoral.ACT");
-  const std::optional<RegistroFicha> puesto = LeerPuesto(*this, numero);
+  CarpetaMostrada = CarpetaCompartida;
+  std::optional<RegistroFicha> puesto = LeerPuesto(*this, numero);
   if (!puesto) return;
 
   if (!puesto->EnUso) {
@@ -78,11 +101,14 @@ void Form1::GuardarFicha() {
       MostrarImagenEnVivo();
       return SetFocus(&TxtCampo[2]);
     }
+    // Another gate may have taken the slot while the question stood.
+    if (const std::optional<RegistroFicha> ahora = LeerPuesto(*this, numero)) puesto = ahora;
     FichaActual = *puesto;
   }
   SyncTogether onDisk(platform_.disk);
-  const bool guardada = !puesto->EnUso && AnotarEntrada(*this, registro, numero);
-  if (guardada && PideTiquete(*this)) ImprimirGuardada(*this, onDisk);
+  const Ingreso ingreso = puesto->EnUso ? Ingreso{} : Ingresar(*this, numero);
+  if (ingreso.hecho && PideTiquete(*this)) ImprimirGuardada(*this, onDisk);
+  if (ingreso.hecho) GuardarFotosUsuario(FichaActual.UsuarioPuntos, ingreso.primera);
   RefrescarVista();
   ImgIndicador[indicador::kFotosAdicionales].Visible = false;
   LimpiarCampos();

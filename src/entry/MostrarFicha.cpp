@@ -32,7 +32,7 @@ void MostrarUsuario(Form1& form) {
   MostrarFotoUsuario(form, form.FichaActual.UsuarioPuntos);
   form.ImgPuntos.Tag = "0"_w;
   form.ImgPuntos.Visible = true;
-  form.PuntosAcumulados = form.LeerPuntosUsuario(form.FichaActual.UsuarioPuntos);
+  form.PuntosLeidos = form.PuntosAcumulados = form.LeerPuntosUsuario(form.FichaActual.UsuarioPuntos);
   form.PuntosEstadia = 0;
 }
 
@@ -75,10 +75,10 @@ void MostrarFichaNueva(Form1& form) {
 void Form1::MostrarFicha() {
   if (!HayConexion()) return;
   SalirDeCelda();
+  CarpetaMostrada = CarpetaCompartida;
   const std::optional<RegistroFicha> puesto = LeerPuesto(*this, NumeroEscrito());
   if (!puesto) return;
   FichaActual = *puesto;
-  CarpetaMostrada = CarpetaCompartida;
   if (FichaActual.EnUso) {
     MostrarFichaAdentro(*this);
   } else {

@@ -1,7 +1,40 @@
+#include <algorithm>
+#include <limits>
+
 #include "records/Register.h"
 #include "station/form1/Form1.h"
 
 namespace vintoral {
+namespace {
+
+struct Saldo {
+  std::int32_t usuario = 0;  ///< whose points they are, 0 for nobody's
+  std::int32_t puntos = 0;   ///< with those of this stay
+};
+
+std::int32_t PuntosDelRegistro(std::int64_t puntos) {
+  using Limits = std::numeric_limits<std::int32_t>;
+  return static_cast<std::int32_t>(std::clamp<std::int64_t>(puntos, Limits::min(), Limits::max()));
+}
+
+/// The user's points behind this stay; he becomes UsuarioActual. A number that no user has, of a register
+/// that was put back or is scrambled, is nobody's.
+Saldo SaldoDe(Form1& form, std::int32_t numero) {
+  const Register<RegistroUsuario> usuarios(form.Devices().disk, form.RutaCompartida("Vintoral.USR"),
+                                           OpenMode::kRead);
+  if (numero < 1 || usuarios.Missing()) return {};
+  if (usuarios.Count().PassOver().value_or(0) < numero) return {};
+  const std::optional<RegistroUsuario> ahora = usuarios.Read(numero).PassOver();
+  if (!ahora) return {};
+  form.UsuarioActual = *ahora;
+  // Another gate may have retired a ficha of the same user since this one was called up. Points that were
+  // cleared are gone all the same.
+  const bool borrados = form.ImgPuntos.TagNumber() != 0;
+  const std::int64_t ganados = borrados ? 0 : ahora->Puntos - form.PuntosLeidos;
+  return {numero, PuntosDelRegistro(form.PuntosAcumulados + form.PuntosEstadia + ganados)};
+}
+
+}  // namespace
 
 bool Form1::RegistrarHistorial() {
   Register<RegistroFicha> hst(platform_.disk, RutaCompartida("Vintoral.HST"), OpenMode::kReadWrite);
@@ -13,14 +46,17 @@ bool Form1::RegistrarHistorial() {
   FichaActual.ValorCobrado = ValorEstadia;
   // The row holds the user's points, no longer the user's number. They are read before the append lock is
   // taken: over a slow share the other gates would wait for it.
-  FichaActual.UsuarioPuntos = static_cast<std::int32_t>(LeerPuntosUsuario(FichaActual.UsuarioPuntos));
+  const Saldo saldo = SaldoDe(*this, FichaActual.UsuarioPuntos);
+  FichaActual.UsuarioPuntos = saldo.puntos;
   const auto row = [this](std::int64_t number) {
     FichaActual.Posicion = static_cast<std::int32_t>(number);
     return FichaActual;
   };
   const Outcome written = hst ? hst.Append(row) : hst.Opened();
   written.PassOver();
-  return static_cast<bool>(written);
+  if (!written) return false;
+  AcumularPuntos(saldo.usuario);
+  return true;
 }
 
 }  // namespace vintoral

@@ -1,8 +1,6 @@
 #include <cstdlib>
 
-#include "common/Numbers.h"
-#include "entry/Puesto.h"
-#include "records/Register.h"
+#include "entry/Salida.h"
 #include "station/form1/DetalleEstadia.h"
 #include "station/form1/Form1.h"
 #include "station/form1/Monitor.h"
@@ -38,64 +36,6 @@ bool ConfirmacionVencida(const Form1& form) {
   const std::optional<Moment> shown = MomentOfStamp(form.LblFechaSal.Caption);
   const Moment now = form.Devices().clock.Now().WholeMinute();
   return !shown || std::abs(now.Milliseconds() - shown->Milliseconds()) > kStillCounts;
-}
-
-/// Room on disk for the row of the history; a history that is missing is told by RegistrarHistorial.
-bool ReservarHistorial(const Form1& form) {
-  const String path = form.RutaCompartida("Vintoral.HST");
-  Register<RegistroFicha> hst(form.Devices().disk, path, OpenMode::kReadWrite);
-  if (hst.Missing()) return true;
-  const Outcome reserved = hst ? hst.ReserveRow() : hst.Opened();
-  reserved.PassOver();
-  return static_cast<bool>(reserved);
-}
-
-void AnotarSalida(Form1& form, std::int64_t numero) {
-  RegistroFicha& ficha = form.FichaActual;
-  ficha.EnUso = false;
-  ficha.NumeroFicha = Digits(numero, 4);
-  ficha.MarcaSalida = form.TextoSalida;
-  ficha.PorteriaSalida = form.NumeroPorteria;
-  ficha.Posicion = static_cast<std::int32_t>(numero);
-}
-
-/// The slot as it was before; nothing when it stays as it is, because it or the history can't be written.
-std::optional<RegistroFicha> LiberarPuesto(Form1& form, std::int64_t numero) {
-  Register<RegistroFicha> act(form.Devices().disk, form.RutaCompartida("Vintoral.ACT"), OpenMode::kReadWrite);
-  const std::optional<RegistroFicha> puesto = act.Read(numero).PassOver();
-  // Without the slot, or without room for the history row, the ficha stays inside and on display: to free it
-  // now would lose the money that goes with it.
-  if (!puesto || !ReservarHistorial(form)) {
-    form.BuscarEnlaceYa();
-    return std::nullopt;
-  }
-  form.FichaActual = *puesto;
-  // Where another gate retired it meanwhile, the row is written all the same.
-  if (!puesto->EnUso) return puesto;
-  AnotarSalida(form, numero);
-  act.Write(numero, form.FichaActual, true).PassOver();
-  return puesto;
-}
-
-/// Puts a ficha back inside whose row could not be written.
-void DevolverPuesto(Form1& form, std::int64_t numero, const RegistroFicha& puesto) {
-  form.BuscarEnlaceYa();
-  form.FichaActual = puesto;
-  Register<RegistroFicha> act(form.Devices().disk, form.RutaCompartida("Vintoral.ACT"), OpenMode::kReadWrite);
-  const std::optional<RegistroFicha> ahora = act.Read(numero).PassOver();
-  if (!ahora) return;
-  // Nothing to give back where another gate freed the slot, or has filled it since.
-  if (puesto.EnUso && !ahora->EnUso) act.Write(numero, puesto, true).PassOver();
-}
-
-/// From the slot to the history, as a whole or not at all.
-bool PasarAlHistorial(Form1& form) {
-  const std::int64_t numero = form.NumeroEscrito();
-  const std::optional<RegistroFicha> puesto = LiberarPuesto(form, numero);
-  if (!puesto) return false;
-  if (form.RegistrarHistorial()) return true;
-  DevolverPuesto(form, numero, *puesto);
-  return false;
 }
 
 DatosEstadia EstadiaEnPantalla(const Form1& form) {

@@ -8,4 +8,9 @@ String Form1::RutaCompartida(std::string_view file) const {
   return folder + "\\"_w + String(file);
 }
 
+String Form1::RutaMostrada(std::string_view file) const {
+  if (CarpetaMostrada == CarpetaCompartida) return RutaCompartida(file);
+  return CarpetaMostrada + "\\"_w + String(file);
+}
+
 }  // namespace vintoral

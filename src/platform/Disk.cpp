@@ -17,4 +17,9 @@ Outcome Disk::PutAround(std::string_view path, std::string_view before, std::str
   return Replace(path, String(before) + (held ? *held : String()) + String(after));
 }
 
+Outcome Disk::Copy(std::string_view from, std::string_view to) {
+  const Result<String> held = ReadAll(from);
+  return held ? Replace(to, *held) : held.Why();
+}
+
 }  // namespace vintoral

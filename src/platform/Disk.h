@@ -84,6 +84,9 @@ class Disk {
   /// Makes a file that did not exist: readers see none or all of it. Nothing is changed, and the error is
   /// EEXIST, when there is anything of that name. It is not synced: a power cut soon after may lose it.
   virtual Outcome CreateNew(std::string_view path, std::string_view bytes) = 0;
+  /// A copy under another name, in place of what stood there: readers see the old or the new, never half. Not
+  /// synced, as CreateNew.
+  virtual Outcome Copy(std::string_view from, std::string_view to);
   /// Does nothing when the folder is there already.
   virtual Outcome CreateFolder(std::string_view path) = 0;
   virtual Outcome Remove(std::string_view path) = 0;

@@ -8,14 +8,14 @@
 #include <cstdio>
 #include <filesystem>
 
+#include "platform/CopyBytes.h"
 #include "platform/WriteAllAt.h"
 
 namespace vintoral {
 namespace {
 
-/// Writes all and closes: a network file system may tell of a failed write only then.
-int WriteAndClose(int file, std::string_view bytes) {
-  const int error = WriteAllAt(file, 0, bytes);
+/// A network file system may tell of a failed write only now.
+int CloseBehind(int file, int error) {
   const int closed = close(file) == 0 ? 0 : errno;
   return error != 0 ? error : closed;
 }
@@ -29,6 +29,27 @@ int RenameWithoutReplacing(const std::string& from, const std::string& to) {
 std::filesystem::path FolderOf(const std::string& path) {
   return std::filesystem::path(path).parent_path();
 }
+
+/// A file beside `path` that has its name when it is whole. Each station writes under its own name.
+class Hidden {
+ public:
+  explicit Hidden(const std::string& path)
+      : name_(FolderOf(path) / ("." + std::filesystem::path(path).filename().string() + "." +
+                                std::to_string(getpid()) + ".nuevo")),
+        file_(open(name_.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, 0666)) {}
+  const std::string& Name() const { return name_; }
+  /// -1, with errno set, where it can't be made.
+  int File() const { return file_; }
+  /// Takes it away where it did not get its name; gives `error` back.
+  int Leave(int error) const {
+    if (error != 0) unlink(name_.c_str());
+    return error;
+  }
+
+ private:
+  std::string name_;
+  int file_;
+};
 
 }  // namespace
 
@@ -50,16 +71,19 @@ int WriteUnnamed(const std::string& path, std::string_view bytes) {
 }
 
 int WriteHidden(const std::string& path, std::string_view bytes) {
-  const std::filesystem::path whole(path);
-  // Each station writes under its own name.
-  const std::string hidden =
-      FolderOf(path) / ("." + whole.filename().string() + "." + std::to_string(getpid()) + ".nuevo");
-  const int file = open(hidden.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, 0666);
-  if (file < 0) return errno;
-  int error = WriteAndClose(file, bytes);
-  if (error == 0) error = RenameWithoutReplacing(hidden, path);
-  if (error != 0) unlink(hidden.c_str());
-  return error;
+  const Hidden hidden(path);
+  if (hidden.File() < 0) return errno;
+  int error = CloseBehind(hidden.File(), WriteAllAt(hidden.File(), 0, bytes));
+  if (error == 0) error = RenameWithoutReplacing(hidden.Name(), path);
+  return hidden.Leave(error);
+}
+
+int WriteCopy(const std::string& path, int source) {
+  const Hidden hidden(path);
+  if (hidden.File() < 0) return errno;
+  int error = CloseBehind(hidden.File(), CopyBytes(source, hidden.File(), 0).error);
+  if (error == 0 && rename(hidden.Name().c_str(), path.c_str()) != 0) error = errno;
+  return hidden.Leave(error);
 }
 
 int RenameUnlessTaken(const std::string& from, const std::string& to) {

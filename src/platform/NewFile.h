@@ -9,6 +9,8 @@ namespace vintoral {
 
 /// Makes a file that did not exist. One that could not be written whole leaves nothing behind.
 int WriteNewFile(const std::string& path, std::string_view bytes);
+/// All that `source` holds (a descriptor) as the file at `path`, in place of one that stands there.
+int WriteCopy(const std::string& path, int source);
 
 // The steps that it takes, as file systems differ in what they know.
 

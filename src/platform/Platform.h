@@ -4,6 +4,7 @@
 #include "platform/Disk.h"
 #include "platform/Pictures.h"
 #include "platform/Printer.h"
+#include "platform/Random.h"
 #include "platform/Screen.h"
 #include "platform/Sound.h"
 #include "platform/System.h"
@@ -19,6 +20,7 @@ struct Platform {
   Disk& disk;
   const Pictures& pictures;
   Printer& printer;
+  Random& random;
 };
 
 }  // namespace vintoral

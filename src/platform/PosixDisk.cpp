@@ -286,6 +286,15 @@ Outcome PosixDisk::CreateNew(std::string_view path, std::string_view bytes) {
   return error == 0 ? Outcome::Done() : Outcome::Failed("make", native, error);
 }
 
+Outcome PosixDisk::Copy(std::string_view from, std::string_view to) {
+  const std::string native = FindIgnoringCase(PathOf(from));
+  const Descriptor source(OpenRegular(native, O_RDONLY));
+  if (source.Number() < 0) return Outcome::Failed("open", native, errno);
+  const std::string target = FindIgnoringCase(PathOf(to));
+  const int error = target.empty() ? ENOENT : WriteCopy(target, source.Number());
+  return error == 0 ? Outcome::Done() : Outcome::Failed("copy to", target, error);
+}
+
 Outcome PosixDisk::CreateFolder(std::string_view path) {
   const std::string native = FindIgnoringCase(PathOf(path));
   if (mkdir(native.c_str(), 0777) == 0) {

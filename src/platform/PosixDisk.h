@@ -32,6 +32,7 @@ class PosixDisk final : public Disk {
   Outcome PutAround(std::string_view path, std::string_view before, std::string_view after) override;
   /// A link that leads nowhere is something of that name too.
   Outcome CreateNew(std::string_view path, std::string_view bytes) override;
+  Outcome Copy(std::string_view from, std::string_view to) override;
   Outcome CreateFolder(std::string_view path) override;
   Outcome Remove(std::string_view path) override;
   Outcome ClearReadOnly(std::string_view path) override;

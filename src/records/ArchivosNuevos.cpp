@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "records/RegistroCodigo.h"
 #include "records/RegistroFicha.h"
 
 namespace vintoral {
@@ -9,7 +10,8 @@ namespace {
 
 constexpr std::int32_t kSlots = 1000;
 
-void Append(std::string& bytes, const RegistroFicha& record) {
+template <class R>
+void Append(std::string& bytes, const R& record) {
   const auto encoded = record.Encode();
   bytes.append(encoded.data(), encoded.size());
 }
@@ -33,6 +35,14 @@ String ActNuevo() {
 String HstNuevo() {
   std::string bytes;
   Append(bytes, RegistroFicha{});
+  return String(std::move(bytes));
+}
+
+String CdbNuevo() {
+  std::string bytes;
+  bytes.reserve(kSlots * RegistroCodigo::kSize);
+  for (std::int32_t slot = 1; slot <= kSlots; ++slot)
+    Append(bytes, RegistroCodigo{});
   return String(std::move(bytes));
 }
 

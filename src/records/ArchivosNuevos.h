@@ -11,5 +11,7 @@ String ActNuevo();
 String HstNuevo();
 /// NSR: one blank record. 188 bytes.
 String NsrNuevo();
+/// CDB: 1000 blank records. 54,000 bytes.
+String CdbNuevo();
 
 }  // namespace vintoral

@@ -2,7 +2,7 @@
 
 #include <span>
 
-#include "common/String.h"
+#include "records/FieldMatcher.h"
 #include "records/LayoutFicha.h"
 #include "records/LayoutUsuario.h"
 
@@ -15,34 +15,12 @@ constexpr std::size_t kUserPlateOffset = coding::OffsetOf(kLayoutUsuario, &Regis
 constexpr std::size_t kPlateWidth = decltype(RegistroFicha::Placa)::kWidth;
 static_assert(kPlateWidth == decltype(RegistroUsuario::Placa)::kWidth);
 
-/// Compares fields with one plate. Nearly all fields differ in their first character, so that one decides
-/// before anything else is looked at.
-class PlateMatcher {
- public:
-  explicit PlateMatcher(std::string_view plate) : plate_(TrimBlanks(plate)) {
-    if (plate_.empty()) return;
-    upper_ = UpperByte(plate_.front());
-    lower_ = std::string_view(Lower(plate_.substr(0, 1))).front();
-  }
-
-  bool Searches() const { return !plate_.empty(); }
-
-  bool Matches(const char* field) const {
-    const char first = *field;
-    const bool begins = first == upper_ || first == lower_;
-    if (!begins && first != ' ') return false;
-    return EqualNoCase(TrimBlanks({field, kPlateWidth}), plate_);
-  }
-
- private:
-  std::string_view plate_;
-  char upper_ = ' ';
-  char lower_ = ' ';
-};
+using PlateMatcher = FieldMatcher<kPlateWidth>;
 
 }  // namespace
 
-Result<std::int64_t> BuscarPlaca(const Register<RegistroUsuario>& usuarios, std::string_view placa) {
+Result<std::int64_t> BuscarPlaca(const Register<RegistroUsuario>& usuarios, std::string_view placa,
+                                 std::int64_t desde) {
   const PlateMatcher matcher(placa);
   std::int64_t found = 0;
   if (!matcher.Searches()) return 0;
@@ -52,7 +30,7 @@ Result<std::int64_t> BuscarPlaca(const Register<RegistroUsuario>& usuarios, std:
   };
   const Result<std::int64_t> count = usuarios.Count();
   if (!count) return count.Why();
-  const Outcome walked = usuarios.WalkBytes(1, *count, visit);
+  const Outcome walked = usuarios.WalkBytes(desde, *count, visit);
   if (!walked) return walked;
   return found;
 }

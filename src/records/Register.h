@@ -88,9 +88,25 @@ class Register {
   /// as it is written, and no other station waits for this one's disk.
   template <class Fill>
   Outcome Append(Fill fill) {
+    return UnderLock([this, &fill] {
+      const Result<std::int64_t> number = Bytes().NextRow();
+      if (!number) return number.Why();
+      const R record = fill(*number);
+      return Bytes().Write(*number, record.Encode());
+    });
+  }
+  /// Runs `work` under the append lock: a record that others take too is looked at and written before anybody
+  /// else comes to it. `work` writes with Write, without a sync of its own and never beyond the next row.
+  /// Synced after the lock is given back, where `work` was done.
+  template <class Work>
+  Outcome UnderLock(Work work) {
     if (!file_) return opened_;
-    Outcome written = AppendLocked(fill);
-    return written ? file_->Sync() : written;
+    const auto locked = [this, &work]() -> Outcome {
+      const AppendLock lock(*file_);
+      return work();
+    };
+    Outcome done = locked();
+    return done ? file_->Sync() : done;
   }
 
  private:
@@ -105,14 +121,6 @@ class Register {
   template <class Visit>
   static auto Decoding(Visit& visit) {
     return [&visit](std::int64_t number, Record bytes) -> bool { return visit(number, R::Decode(bytes)); };
-  }
-  template <class Fill>
-  Outcome AppendLocked(Fill& fill) {
-    const AppendLock lock(*file_);
-    const Result<std::int64_t> number = Bytes().NextRow();
-    if (!number) return number.Why();
-    const R record = fill(*number);
-    return Bytes().Write(*number, record.Encode());
   }
 
   Outcome opened_ = Outcome::Done();

@@ -39,6 +39,10 @@ void Form1::CrearArchivoNSR() {
   std::ignore = Make(platform_.disk, "Vintoral.NSR"_w, NsrNuevo);
 }
 
+void Form1::CrearArchivoCDB() {
+  std::ignore = Make(platform_.disk, "Vintoral.CDB"_w, CdbNuevo);
+}
+
 void Form1::CrearArchivoCRD() {
   std::ignore = Make(platform_.disk, "Vintoral.CRD"_w, [] { return String(); });
 }

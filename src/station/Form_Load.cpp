@@ -32,6 +32,7 @@ void Form1::Form_Load() {
   InicioPagina = 1;
   if (!CrearArchivoACT() || !CrearArchivoHST()) return;
   CrearArchivoNSR();
+  CrearArchivoCDB();
   CrearArchivoCRD();
   MakeInvoiceHistory(platform_.disk);
   std::ignore = DireccionWeb();  // the file that names it is made

@@ -40,8 +40,12 @@ void OpenCategories(Form1& form) {
 }
 
 void ClearValidity(Form1& form) {
+  form.NumeroPase = 0;
   form.TxtMaxEntrada.SetText({});
   form.LstModEntrada.ListIndex = 0;
+  // A pass has shut them, and the next ticket is none.
+  form.TxtMaxEntrada.Enabled = form.LstModEntrada.Enabled = true;
+  form.TxtMaxEntrada.Visible = form.LstModEntrada.Visible = false;
 }
 
 void ClearPhotos(Form1& form) {

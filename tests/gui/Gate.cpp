@@ -35,7 +35,8 @@ Gate::~Gate() {
 }
 
 void Gate::Start() {
-  form_ = std::make_unique<Form1>(Platform{clock_, screen_, sound_, system_, disk_, pictures_, printer_});
+  form_ = std::make_unique<Form1>(
+      Platform{clock_, screen_, sound_, system_, disk_, pictures_, printer_, chance_});
   window_ = std::make_unique<MainWindow>(*form_);
   dialogs_ = std::make_unique<Dialogs>(form_->OpenForms, *window_);
   screen_.Owner = [this] { return dialogs_->Active(); };

@@ -13,6 +13,7 @@
 #include "platform/PosixDisk.h"
 #include "platform/desktop/DesktopScreen.h"
 #include "platform/headless/Recording.h"
+#include "platform/headless/SeededRandom.h"
 #include "platform/headless/VirtualClock.h"
 #include "platform/pictures/PicturesBeside.h"
 #include "station/form1/Form1.h"
@@ -78,6 +79,7 @@ class Gate : public testing::Test {
   Recording events_;
   CountingScreen screen_;
   RecordingPrinter printer_{events_};
+  SeededRandom chance_;
   std::vector<Box> boxes_;  ///< all that came up, in order
   std::unique_ptr<Form1> form_;
   std::unique_ptr<MainWindow> window_;

@@ -13,6 +13,7 @@
 
 #include "common/Moment.h"
 #include "platform/headless/Recording.h"
+#include "platform/headless/SeededRandom.h"
 #include "platform/headless/VirtualClock.h"
 #include "platform/pictures/PictureDecoder.h"
 #include "station/form1/Form1.h"
@@ -116,7 +117,8 @@ class MemoryStation {
   RecordingSound Sound{Events};
   PictureDecoder Pictures;
   RecordingPrinter Printer{Events};
-  Form1 Form{Platform{Clock, Screen, Sound, System, Faulty, Pictures, Printer}};
+  SeededRandom Chance;
+  Form1 Form{Platform{Clock, Screen, Sound, System, Faulty, Pictures, Printer, Chance}};
   Input Hands{Form.OpenForms};
 
   /// What the operator will answer, box by box.

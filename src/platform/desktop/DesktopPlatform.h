@@ -10,6 +10,7 @@
 #include "platform/desktop/DesktopScreen.h"
 #include "platform/desktop/DesktopSound.h"
 #include "platform/desktop/DesktopSystem.h"
+#include "platform/desktop/SystemRandom.h"
 #include "platform/pictures/PicturesBeside.h"
 
 namespace vintoral {
@@ -19,7 +20,7 @@ class DesktopPlatform {
   /// `folder`: the station's folder, a path of this system.
   explicit DesktopPlatform(const std::string& folder);
 
-  Platform Devices() { return {Clock, Screen, Sound, System, Disk, Pictures, Printer}; }
+  Platform Devices() { return {Clock, Screen, Sound, System, Disk, Pictures, Printer, chance_}; }
   /// The file of this system that a station path means, whatever the case of its name.
   std::string FileOf(std::string_view path) const;
 
@@ -30,6 +31,9 @@ class DesktopPlatform {
   DesktopSound Sound;
   DesktopSystem System;
   DesktopPrinter Printer;
+
+ private:
+  SystemRandom chance_;
 };
 
 }  // namespace vintoral

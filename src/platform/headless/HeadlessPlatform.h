@@ -6,6 +6,7 @@
 #include "platform/Platform.h"
 #include "platform/PosixDisk.h"
 #include "platform/headless/Recording.h"
+#include "platform/headless/SeededRandom.h"
 #include "platform/headless/VirtualClock.h"
 
 namespace vintoral {
@@ -18,13 +19,14 @@ class HeadlessPlatform {
   HeadlessPlatform(const HeadlessPlatform&) = delete;
   HeadlessPlatform& operator=(const HeadlessPlatform&) = delete;
 
-  Platform Devices() { return {Clock, Screen, sound_, System, disk_, pictures_, Printer}; }
+  Platform Devices() { return {Clock, Screen, sound_, System, disk_, pictures_, Printer, Chance}; }
 
   Recording Events;
   VirtualClock Clock;
   RecordingScreen Screen{Events, Clock};
   RecordingSystem System{Events, Screen};
   RecordingPrinter Printer{Events};
+  SeededRandom Chance;
 
  private:
   RecordingSound sound_{Events};

@@ -43,6 +43,10 @@ bool CameraOn(const Form1& form, int /*code*/) {
 bool HasPhotosToTurn(const Form1& form, int /*code*/) {
   return form.PctUsuario[0].Enabled;
 }
+// Where there is nothing to generate, Home moves the caret as in any text.
+bool CanGenerate(const Form1& form, int /*code*/) {
+  return form.PuedeGenerar();
+}
 bool BarsAreRed(const Form1& form, int /*code*/) {
   return form.LblConexion[0].BackColor == kLightRed;
 }
@@ -79,7 +83,7 @@ constexpr std::array kKeys = {
     KeyCommand{.code = kEscape, .action = Run<&Form1::LimpiarCampos>},
     KeyCommand{.code = kPageUp, .button = boton::kRetroceder},
     KeyCommand{.code = kPageDown, .button = boton::kAvanzar},
-    KeyCommand{.code = kHome, .action = kNotBuilt},
+    KeyCommand{.code = kHome, .condition = CanGenerate, .action = Run<&Form1::GenerarFicha>},
     KeyCommand{.code = kLeft, .condition = HasPhotosToTurn, .action = kNotBuilt},
     KeyCommand{.code = kRight, .condition = HasPhotosToTurn, .action = kNotBuilt},
     KeyCommand{.code = kInsert, .condition = Shown<boton::kGuardar>, .button = boton::kGuardar},
@@ -106,7 +110,7 @@ constexpr std::array kKeys = {
                .masks = kCtrlShift,
                .condition = Shown<boton::kRetirar>,
                .lock = 17,
-               .action = kNotBuilt},
+               .action = Run<&Form1::ReiniciarPuntos>},
     KeyCommand{.code = 'R',
                .masks = kCtrlAlt,
                .condition = LooksForTheFolder,

@@ -34,7 +34,10 @@ void Form1::ConectarCampos() {
   CboTarifa[1].OnEnter = [this] { GuardarFicha(); };
   TxtEfectivo.KeyRule = CashFieldKey;
   TxtEfectivo.OnEnter = [this] { RetirarFicha(); };
-  TxtBarCode.OnChange = [this] { TmrBarCode.Restart(); };
+  TxtBarCode.OnChange = [this] { TxtBarCode_Change(); };
+  TxtMaxEntrada.KeyRule = CashFieldKey;
+  TxtMaxEntrada.MaxLength = kLargoValidez;
+  TxtMaxEntrada.OnGotFocus = [this] { TxtMaxEntrada.Select(0, kLargoValidez); };
   CboMinutos.KeyRule = [this](char character) {
     // A digit over "15 Min. ATRAS" starts a new number.
     const bool digit = character >= '0' && character <= '9';

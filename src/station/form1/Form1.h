@@ -1,7 +1,7 @@
 // The main screen, and with it the station: the operator has one screen, so the station is one class.
 //
 // This header is its table of contents. Each operation is defined in a file of its own name in its
-// subsystem's folder (the four CrearArchivo in CrearArchivos.cpp, both pages in Paginas.cpp, the pointer's
+// subsystem's folder (the five CrearArchivo in CrearArchivos.cpp, both pages in Paginas.cpp, the pointer's
 // ways out of a cell in EstadoCelda.cpp; in Form1.cpp how
 // the form is wired, where its focus goes and what operations of several folders share), and reads as the
 // list of what happens. Its steps are functions of that file; what can be said without the screen is a plain
@@ -11,6 +11,7 @@
 #include <array>
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -24,6 +25,7 @@
 #include "records/RegistroFicha.h"
 #include "records/RegistroUsuario.h"
 #include "station/form1/Impresos.h"
+#include "station/form1/Lectura.h"
 #include "station/form1/ScreenModel.h"
 #include "station/forms/Forms.h"
 #include "tariffs/Estadia.h"
@@ -59,7 +61,8 @@ class Form1 : public ScreenModel {
   /// would get; 0 without a plate.
   std::int32_t NumeroUsuario = 0;
   std::int32_t UsuarioEnFormulario = 0;    ///< the user whose record filled the form in, 0 for none
-  String CarpetaMostrada;                  ///< the data folder that the ficha on display was read from
+  String CarpetaMostrada;                  ///< the data folder that the ficha on the screen was read from
+  std::int64_t NumeroPase = 0;             ///< the record in CFR of the pass on the screen, 0 for none
   std::vector<RegistroFicha> VistaFichas;  ///< element 0 is record 1 of the view
   std::int32_t InicioPagina = 1;           ///< first record of the grid page, from 1
   std::int32_t TotalVista() const { return static_cast<std::int32_t>(VistaFichas.size()); }
@@ -75,6 +78,7 @@ class Form1 : public ScreenModel {
   String TiempoEstadia;  ///< "02H 30M "
   Money ValorEstadia;
   std::int64_t PuntosAcumulados = 0, PuntosEstadia = 0;
+  std::int64_t PuntosLeidos = 0;  ///< the user's points when the ficha was called up
 
   String MarcaTiquete;          ///< the entry stamp just saved
   String MarcaSalidaPendiente;  ///< the exit stamp fixed when a ficha was called up
@@ -123,6 +127,10 @@ class Form1 : public ScreenModel {
   /// Sets the tooltip that goes with the button's state.
   void PctBoton_MouseMove(int Index);
   void GeneradorClick();  ///< CmdBarCode and CmdNumeroFicha
+  /// Tickets are on, and no ficha is being typed or on display.
+  bool PuedeGenerar() const;
+  /// The points of the ficha on display are redeemed; the register learns of it when the ficha is retired.
+  void ReiniciarPuntos();
   void ImgCambiarFondo_Click();
   void Cancelar();  ///< as if Esc had been pressed
   void AlternarMemoriaRostros();
@@ -166,6 +174,7 @@ class Form1 : public ScreenModel {
   bool CrearArchivoACT();  ///< false: the program ends
   bool CrearArchivoHST();  ///< false: the program ends
   void CrearArchivoNSR();
+  void CrearArchivoCDB();
   void CrearArchivoCRD();
   void CargarArchivoACT();
   void CargarSalidasHST();
@@ -224,6 +233,30 @@ class Form1 : public ScreenModel {
   bool BuscarUsuario(std::int32_t enFormulario = 0);
   /// The points of a user, who becomes UsuarioActual; 0 for no user, and when they can't be read.
   std::int64_t LeerPuntosUsuario(std::int32_t numero);
+  /// Writes what the form tells of its user, over him or as a new one, and gives FichaActual the number that
+  /// was written, 0 where none could be. True when he is the last one who was registered: then FichaActual is
+  /// kept as the ficha with which he came.
+  bool GuardarUsuario();
+  /// The photo of the ficha just saved becomes its user's, and that of the `primera` visit too.
+  void GuardarFotosUsuario(std::int32_t numero, bool primera);
+  /// FichaActual is a row of the history: its points become those of user `numero`, and a movement. Nothing
+  /// for nobody.
+  void AcumularPuntos(std::int32_t numero);
+  /// The next free number of this gate opens its form, in barcode mode with a new code.
+  void GenerarFicha();
+  /// A code into TxtBarCode that no ficha inside and no pass has.
+  void GenerarCodigoBarras();
+  /// The code on the screen becomes that of FichaActual, or its record is blanked.
+  void GuardarCodigoBarras(bool activo);
+  /// Makes the pass on the screen, or takes an entry from it, and lets its ficha in: `entrar` writes that,
+  /// and tells whether it could. False, and nothing written, when another gate took the last entry meanwhile.
+  bool GuardarPase(const std::function<bool()>& entrar);
+  /// A character more or less of a code.
+  void TxtBarCode_Change();
+  /// A whole code stands on the screen: the ficha that is inside with it is shown, or a pass enters.
+  void BuscarCodigoBarras();
+  /// True when a pass allows this entry; it is on the screen then. One that has run out is freed.
+  bool ValidarPase();
   /// The ficha on display: the row of the view that was pointed at, or else FichaActual.
   const RegistroFicha& FichaMostrada() const;
 
@@ -267,6 +300,8 @@ class Form1 : public ScreenModel {
   void CambiarMinutos();
   /// The path of a file in the data folder.
   String RutaCompartida(std::string_view file) const;
+  /// The same in the folder that the ficha on the screen was read from, as long as it is on the screen.
+  String RutaMostrada(std::string_view file) const;
   /// Is ACT there? If not, the link watch looks at once.
   bool HayConexion();
   /// The link watch looks at once: an operation has missed what should be in the data folder.
@@ -338,7 +373,10 @@ class Form1 : public ScreenModel {
     std::int64_t momento;  ///< in Clock::Ticks
   };
 
+  static constexpr std::size_t kLargoValidez = 3;
+
   Platform platform_;
+  Lectura lectura_{*this};
   std::deque<Copia> copias_;
   bool entregandoCopias_ = false;
   /// The start sequence is through: only then are the screen's state and the labels this station's own.

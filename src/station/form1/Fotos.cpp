@@ -51,6 +51,14 @@ String RutaFotoAdentro(const Form1& form, std::int64_t numero) {
   return Carpeta(form, true) + "\\"_w + Nombre(numero);
 }
 
+String RutaFotoUsuario(const Form1& form, std::int64_t usuario) {
+  return form.RutaCompartida("Imágenes USR\\"_w + Nombre(usuario));
+}
+
+String RutaFotoPrimera(const Form1& form, std::int64_t usuario) {
+  return form.RutaCompartida("Imágenes INI\\"_w + Nombre(usuario));
+}
+
 std::vector<Picture> FotosDe(Form1& form, std::span<const RegistroFicha> fichas) {
   std::vector<Picture> photos(fichas.size());
   for (const bool inside : {true, false})
@@ -66,7 +74,7 @@ void BorrarFotoDanada(Form1& form, const String& foto, const FileMark& mark) {
 }
 
 String MostrarFotoUsuario(Form1& form, std::int32_t numero) {
-  String foto = form.RutaCompartida("Imágenes USR\\"_w + Digits(numero, 6) + ".jpg"_w);
+  String foto = RutaFotoUsuario(form, numero);
   if (!form.Devices().disk.Exists(foto)) return {};
   form.ImgUsuario.Picture = form.PctUsuario[0].Picture = foto;
   form.ImgUsuario.Visible = form.PctUsuario[1].Visible = true;

@@ -18,6 +18,9 @@ class Form1;
 String RutaFoto(const Form1& form, const RegistroFicha& ficha);
 /// The same of the ficha that is inside under this number.
 String RutaFotoAdentro(const Form1& form, std::int64_t numero);
+/// Where the photo of a user lies: the latest one, and that of the first visit.
+String RutaFotoUsuario(const Form1& form, std::int64_t usuario);
+String RutaFotoPrimera(const Form1& form, std::int64_t usuario);
 /// The photos of `fichas`, one for each; nothing for one that is missing or, as far as this face knows by
 /// now, can't be shown. A damaged one is deleted.
 std::vector<Picture> FotosDe(Form1& form, std::span<const RegistroFicha> fichas);

@@ -1,0 +1,68 @@
+#include "records/BuscarPlaca.h"
+#include "records/Register.h"
+#include "station/form1/Form1.h"
+
+namespace vintoral {
+namespace {
+
+using Usuarios = Register<RegistroUsuario>;
+
+RegistroUsuario UsuarioDelFormulario(const Form1& form) {
+  RegistroUsuario usuario;
+  usuario.Placa = Trim(form.TxtCampo[1].Text());
+  usuario.Nombre = Trim(form.TxtCampo[2].Text());
+  usuario.Apellido = Trim(form.TxtCampo[3].Text());
+  usuario.Telefono = Trim(form.TxtCampo[4].Text());
+  usuario.Observacion = Trim(form.TxtCampo[5].Text());
+  usuario.Categoria = Trim(form.CboTarifa[1].Text());
+  usuario.Puntos = static_cast<std::int32_t>(form.PuntosAcumulados);
+  return usuario;
+}
+
+/// The form over a user who is known. His points are those on disk: another gate may have added to them while
+/// the question stood.
+Outcome Reescribir(Form1& form, Usuarios& usuarios, bool sync) {
+  const Result<RegistroUsuario> antes = usuarios.Read(form.NumeroUsuario);
+  if (!antes) return antes.Why();
+  form.UsuarioActual.Puntos = antes->Puntos;
+  return usuarios.Write(form.NumeroUsuario, form.UsuarioActual, sync);
+}
+
+/// A plate that is new. Whoever has come to stand behind the last user that this gate saw was added by
+/// another one: he may be the same.
+Outcome Agregar(Form1& form, Usuarios& usuarios) {
+  const Result<std::int64_t> total = usuarios.Count();
+  if (!total) return total.Why();
+  const Result<std::int64_t> mismo =
+      BuscarPlaca(usuarios, form.UsuarioActual.Placa.View(), form.NumeroUsuario);
+  if (!mismo) return mismo.Why();
+  const bool registrado = *mismo > 0;
+  form.NumeroUsuario = static_cast<std::int32_t>(registrado ? *mismo : *total + 1);
+  return registrado ? Reescribir(form, usuarios, false)
+                    : usuarios.Write(form.NumeroUsuario, form.UsuarioActual, false);
+}
+
+/// The ficha with which the last user came.
+void GuardarPrimeraFicha(const Form1& form) {
+  Register<RegistroFicha> primeras(form.Devices().disk, form.RutaMostrada("Vintoral.NSR"), OpenMode::kCreate);
+  primeras.Write(form.NumeroUsuario + 1, form.FichaActual, true).PassOver();
+}
+
+}  // namespace
+
+bool Form1::GuardarUsuario() {
+  if (Trim(TxtCampo[1].Text()).Empty() || NumeroUsuario < 1) return false;
+  const bool conocido = UsuarioEnFormulario == NumeroUsuario;
+  UsuarioActual = UsuarioDelFormulario(*this);
+  Usuarios usuarios(platform_.disk, RutaMostrada("Vintoral.USR"), OpenMode::kCreate);
+  const Outcome written = conocido ? Reescribir(*this, usuarios, true)
+                                   : usuarios.UnderLock([&] { return Agregar(*this, usuarios); });
+  written.PassOver();
+  if (!written && !conocido) NumeroUsuario = 0;  // nobody's number: the points would be somebody else's
+  FichaActual.UsuarioPuntos = NumeroUsuario;
+  const bool ultimo = written && usuarios.Count() == std::int64_t{NumeroUsuario};
+  if (ultimo) GuardarPrimeraFicha(*this);
+  return ultimo;
+}
+
+}  // namespace vintoral

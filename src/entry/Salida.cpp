@@ -1,0 +1,94 @@
+#include "entry/Salida.h"
+
+#include "common/Numbers.h"
+#include "records/Register.h"
+#include "records/RegistroCodigo.h"
+#include "station/form1/Form1.h"
+
+namespace vintoral {
+namespace {
+
+/// What stands at a number of the house: its ficha and the code of its ticket.
+struct Puesto {
+  RegistroFicha ficha;
+  std::optional<RegistroCodigo> codigo;  ///< nothing where codes can't be read, or aren't kept
+};
+
+/// Room on disk for the row of the history; a history that is missing is told by RegistrarHistorial.
+bool ReservarHistorial(const Form1& form) {
+  const String path = form.RutaCompartida("Vintoral.HST");
+  Register<RegistroFicha> hst(form.Devices().disk, path, OpenMode::kReadWrite);
+  if (hst.Missing()) return true;
+  const Outcome reserved = hst ? hst.ReserveRow() : hst.Opened();
+  reserved.PassOver();
+  return static_cast<bool>(reserved);
+}
+
+Register<RegistroFicha> Puestos(const Form1& form) {
+  return {form.Devices().disk, form.RutaCompartida("Vintoral.ACT"), OpenMode::kReadWrite};
+}
+
+Register<RegistroCodigo> Codigos(const Form1& form, OpenMode mode) {
+  return {form.Devices().disk, form.RutaCompartida("Vintoral.CDB"), mode};
+}
+
+std::optional<RegistroCodigo> CodigoEn(const Form1& form, std::int64_t numero) {
+  const Register<RegistroCodigo> codigos = Codigos(form, OpenMode::kRead);
+  return codigos.Missing() ? std::nullopt : codigos.Read(numero).PassOver();
+}
+
+void AnotarSalida(Form1& form, std::int64_t numero) {
+  RegistroFicha& ficha = form.FichaActual;
+  ficha.EnUso = false;
+  ficha.NumeroFicha = Digits(numero, 4);
+  ficha.MarcaSalida = form.TextoSalida;
+  ficha.PorteriaSalida = form.NumeroPorteria;
+  ficha.Posicion = static_cast<std::int32_t>(numero);
+}
+
+/// The slot as it was before; nothing when it stays as it is, because it or the history can't be written.
+std::optional<Puesto> LiberarPuesto(Form1& form, std::int64_t numero) {
+  Register<RegistroFicha> act = Puestos(form);
+  const std::optional<RegistroFicha> ficha = act.Read(numero).PassOver();
+  // Without the slot, or without room for the history row, the ficha stays inside and on display: to free it
+  // now would lose the money that goes with it.
+  if (!ficha || !ReservarHistorial(form)) {
+    form.BuscarEnlaceYa();
+    return std::nullopt;
+  }
+  form.FichaActual = *ficha;
+  // Where another gate retired it meanwhile, the row is written all the same.
+  if (!ficha->EnUso) return Puesto{*ficha, {}};
+  const Puesto puesto{*ficha, CodigoEn(form, numero)};
+  AnotarSalida(form, numero);
+  // The code first: once the slot is free, another gate may take it and write its own code there.
+  form.GuardarCodigoBarras(false);
+  act.Write(numero, form.FichaActual, true).PassOver();
+  return puesto;
+}
+
+/// Puts a ficha back inside whose row could not be written.
+void DevolverPuesto(Form1& form, std::int64_t numero, const Puesto& puesto) {
+  form.BuscarEnlaceYa();
+  form.FichaActual = puesto.ficha;
+  Register<RegistroFicha> act = Puestos(form);
+  const std::optional<RegistroFicha> ahora = act.Read(numero).PassOver();
+  // Nothing to give back where another gate freed the slot, or has filled it since.
+  if (!ahora || !puesto.ficha.EnUso || ahora->EnUso) return;
+  act.Write(numero, puesto.ficha, true).PassOver();
+  if (!puesto.codigo) return;
+  Codigos(form, OpenMode::kReadWrite).Write(numero, *puesto.codigo, true).PassOver();
+}
+
+}  // namespace
+
+bool PasarAlHistorial(Form1& form) {
+  const std::int64_t numero = form.NumeroEscrito();
+  const std::optional<Puesto> puesto = LiberarPuesto(form, numero);
+  if (!puesto) return false;
+  if (form.RegistrarHistorial()) return true;
+  DevolverPuesto(form, numero, *puesto);
+  return false;
+}
+
+}  // namespace vintoral
