@@ -4,7 +4,6 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <chrono>
 #include <cstdlib>
 #include <numeric>
 #include <stdexcept>
@@ -13,21 +12,13 @@
 
 #include "Median.h"
 #include "StationGate.h"
+#include "Timed.h"
 #include "station/form1/Archivos.h"
 
 namespace vintoral {
 namespace {
 
 using namespace bench;
-using Microseconds = std::chrono::duration<double, std::micro>;
-
-template <class Work>
-double Timed(Work work) {
-  const auto start = std::chrono::steady_clock::now();
-  work();
-  return Microseconds(std::chrono::steady_clock::now() - start).count();
-}
-
 /// A gate with ticket and invoice for everyone, or with neither.
 class PaperGate {
  public:
