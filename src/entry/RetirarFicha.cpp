@@ -139,15 +139,17 @@ void Form1::RetirarFicha() {
   SyncTogether onDisk(platform_.disk);
   const bool retirada = PasarAlHistorial(*this);
   std::optional<DatosFactura> factura;
+  std::unique_ptr<Replacement> registro;
   if (retirada) {
     factura = Facturar(*this);
+    if (factura) registro = RegistrarFactura(*factura);
     RefrescarVista();
     LimpiarCampos();
     onDisk.Finish().PassOver();
   }
   TmrHoraFecha.SetEnabled(true);
   if (!retirada) return platform_.screen.Beep();  // the ficha stays on display
-  if (factura) ImprimirFactura(*factura);
+  if (factura) ImprimirFactura(*factura, std::move(registro));
   MidiWav(sonido::kHecho);
   EntregarCopias();
 }

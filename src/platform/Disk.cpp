@@ -11,10 +11,29 @@ std::vector<std::optional<FileMark>> Disk::LookIn(std::string_view folder,
   return marks;
 }
 
-Outcome Disk::PutAround(std::string_view path, std::string_view before, std::string_view after) {
-  const Result<String> held = ReadAll(path);
-  if (!held && !held.Why().Missing()) return held.Why();
-  return Replace(path, String(before) + (held ? *held : String()) + String(after));
+namespace {
+
+/// Does all of it with Commit.
+class ReplacementAtOnce final : public Replacement {
+ public:
+  ReplacementAtOnce(Disk& disk, std::string_view path, std::string_view before, std::string_view after)
+      : disk_(disk), path_(path), before_(before), after_(after) {}
+  Outcome Commit() override {
+    const Result<String> held = disk_.ReadAll(path_);
+    if (!held && !held.Why().Missing()) return held.Why();
+    return disk_.Replace(path_, before_ + (held ? *held : String()) + after_);
+  }
+
+ private:
+  Disk& disk_;
+  const String path_, before_, after_;
+};
+
+}  // namespace
+
+std::unique_ptr<Replacement> Disk::StartAround(std::string_view path, std::string_view before,
+                                               std::string_view after) {
+  return std::make_unique<ReplacementAtOnce>(*this, path, before, after);
 }
 
 }  // namespace vintoral

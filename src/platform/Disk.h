@@ -50,6 +50,16 @@ class DiskFile {
   virtual void UnlockAppend() = 0;
 };
 
+/// The content of a file that is to take the place of what it holds. Destroyed without Commit it changes
+/// nothing.
+class Replacement {
+ public:
+  virtual ~Replacement() = default;
+  /// Once. A reader sees the old file before it and the new one after it, never half. What is seen has been
+  /// synced; a power cut soon after may bring the old file back, whole, until Settle has returned.
+  virtual Outcome Commit() = 0;
+};
+
 enum class OpenMode {
   kRead,       ///< must exist
   kReadWrite,  ///< must exist
@@ -78,9 +88,14 @@ class Disk {
   /// Replaces the whole file: written beside, synced, renamed over. A reader sees the old or the new, never
   /// half.
   virtual Outcome Replace(std::string_view path, std::string_view bytes) = 0;
-  /// Replaces the whole file, in the same way, by `before`, all that it held, and `after`; a file that was
-  /// missing held nothing. A real disk never has it in memory as a whole.
-  virtual Outcome PutAround(std::string_view path, std::string_view before, std::string_view after);
+  /// Begins to replace the whole file by `before`, all that it holds, and `after`; a file that is missing
+  /// holds nothing. Whatever fails is told by Commit. One at a time for each file, and the disk outlives it.
+  /// A real disk never has the whole in memory, and writes it while the station goes on; others begin with
+  /// Commit.
+  virtual std::unique_ptr<Replacement> StartAround(std::string_view path, std::string_view before,
+                                                   std::string_view after);
+  /// Returns when nothing is left to do behind a Commit.
+  virtual void Settle() {}
   /// Makes a file that did not exist: readers see none or all of it. Nothing is changed, and the error is
   /// EEXIST, when there is anything of that name. It is not synced: a power cut soon after may lose it.
   virtual Outcome CreateNew(std::string_view path, std::string_view bytes) = 0;

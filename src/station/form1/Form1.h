@@ -11,6 +11,7 @@
 #include <array>
 #include <cstdint>
 #include <deque>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -302,8 +303,11 @@ class Form1 : public ScreenModel {
   void ImprimirTiquete();
   /// An invoice of this gate, as of now, with the number last taken and the cash line as it stands.
   DatosFactura FacturaDe(Money valor, const String& detalle, float porcentaje);
-  /// Prints it, puts it at the top of the invoice log, and notes its second copy.
-  void ImprimirFactura(const DatosFactura& factura);
+  /// Begins to put it at the top of the invoice log, so that it is written there while the rest of its
+  /// operation goes to the disk. Nobody sees it before ImprimirFactura.
+  std::unique_ptr<Replacement> RegistrarFactura(const DatosFactura& factura);
+  /// Prints it, has it seen in the log, and notes its second copy.
+  void ImprimirFactura(const DatosFactura& factura, std::unique_ptr<Replacement> registro);
   /// Waits for the second copies that were noted and prints each five seconds behind its first one; the
   /// screen is served meanwhile. Under such a wait there is nothing to do: it serves those too.
   void EntregarCopias();

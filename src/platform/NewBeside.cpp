@@ -1,0 +1,121 @@
+#include "platform/NewBeside.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <memory>
+#include <tuple>
+
+#include "platform/CopyBytes.h"
+#include "platform/FileStatus.h"
+#include "platform/NativePath.h"
+
+namespace vintoral {
+namespace {
+
+struct FreeText {
+  void operator()(char* text) const { std::free(text); }
+};
+
+/// Two stations may replace one file of a shared folder at once, so each writes beside it under its own name.
+std::string HiddenBeside(const std::string& path) {
+  const std::string name = path.substr(path.rfind('/') + 1);
+  return FolderOf(path) + "/." + name + "." + std::to_string(getpid()) + ".nuevo";
+}
+
+/// 0 where there is no file yet.
+int RefusedToWrite(const std::string& path) {
+  if (path.empty()) return ENOENT;
+  return access(path.c_str(), W_OK) == 0 || errno == ENOENT ? 0 : errno;
+}
+
+}  // namespace
+
+NewBeside::NewBeside(std::string path, const Content& content)
+    : path_(std::move(path)), folder_(FolderOf(path_)), temporary_(HiddenBeside(path_)), content_(content) {}
+
+NewBeside::~NewBeside() {
+  if (named_) unlink(temporary_.c_str());
+}
+
+Outcome NewBeside::Write() {
+  int error = RefusedToWrite(path_);
+  if (error == 0) error = OpenOld();
+  if (error == 0) error = WriteUnnamed();
+  return error == 0 ? Outcome::Done() : Outcome::Failed("replace", path_, error);
+}
+
+int NewBeside::OpenOld() {
+  if (!content_.keepOld) return 0;
+  old_.emplace(OpenRegular(path_, O_RDONLY));
+  return old_->Number() >= 0 || errno == ENOENT ? 0 : errno;
+}
+
+int NewBeside::WriteUnnamed() {
+  // It gets its name when it is whole, so that a station that is killed leaves nothing behind.
+  const int descriptor = open(folder_.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0666);
+  return descriptor < 0 ? WriteNamed() : Fill(descriptor);
+}
+
+int NewBeside::WriteNamed() {
+  const int descriptor = OpenRegular(temporary_, O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW);
+  if (descriptor < 0) return errno;
+  named_ = true;
+  return Fill(descriptor);
+}
+
+int NewBeside::Fill(int descriptor) {
+  descriptor_ = descriptor;
+  file_.emplace(descriptor, temporary_, "", none_);
+  const std::optional<FileStatus> old = StatusOf(path_);
+  // A file system without permissions refuses; then there is nothing to keep.
+  if (old) std::ignore = fchmod(descriptor, old->mode & 07777);
+  Outcome written = WriteContent();
+  return (written ? file_->Sync() : written).Error();
+}
+
+Outcome NewBeside::WriteContent() {
+  std::uint64_t end = content_.before.size();
+  Outcome written = file_->WriteAt(0, content_.before);
+  if (written && old_ && old_->Number() >= 0) {
+    const Copied copied = CopyBytes(old_->Number(), descriptor_, end);
+    if (copied.error != 0) return Outcome::Failed("copy into", "a new file", copied.error);
+    end += copied.bytes;
+  }
+  return written ? file_->WriteAt(end, content_.after) : written;
+}
+
+Outcome NewBeside::TakePlace() {
+  int error = 0;
+  // A file system that has unnamed files may still not let them have a name.
+  if (!named_ && !GiveName()) error = WriteNamed();
+  if (error == 0 && rename(temporary_.c_str(), path_.c_str()) != 0) error = errno;
+  if (error != 0) return Outcome::Failed("replace", path_, error);
+  named_ = false;
+  return Outcome::Done();
+}
+
+bool NewBeside::GiveName() {
+  const std::string unnamed = "/proc/self/fd/" + std::to_string(descriptor_);
+  const auto link = [&] {
+    return linkat(AT_FDCWD, unnamed.c_str(), AT_FDCWD, temporary_.c_str(), AT_SYMLINK_FOLLOW) == 0;
+  };
+  named_ = link();
+  // Left by a station that was killed when it had this process's number.
+  if (!named_ && errno == EEXIST && unlink(temporary_.c_str()) == 0) named_ = link();
+  return named_;
+}
+
+void NewBeside::SyncName() const {
+  SyncFolder(folder_);
+}
+
+std::string RealPath(const std::string& path) {
+  const std::unique_ptr<char, FreeText> real(realpath(path.c_str(), nullptr));
+  return real ? std::string(real.get()) : path;
+}
+
+}  // namespace vintoral
