@@ -27,6 +27,11 @@ namespace {
 /// No file of the station is as large; reading one as a whole would only take the memory.
 constexpr std::size_t kLargestFile = std::size_t{512} << 20;
 
+bool IsLink(const std::string& path) {
+  char first = 0;
+  return readlink(path.c_str(), &first, 1) >= 0;
+}
+
 bool IsFile(const std::string& path) {
   const std::optional<FileStatus> status = StatusOf(path);
   return status && status->IsFile();
@@ -93,7 +98,8 @@ std::string PosixDisk::PathOf(std::string_view path) const {
 }
 
 std::string PosixDisk::FileItself(std::string_view path) const {
-  return RealPath(FindIgnoringCase(PathOf(path)));
+  const std::string native = FindIgnoringCase(PathOf(path));
+  return IsLink(native) ? RealPath(native) : native;
 }
 
 bool PosixDisk::Exists(std::string_view path) const {
