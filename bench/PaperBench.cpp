@@ -133,7 +133,9 @@ void InvoiceOnALongLog(benchmark::State& state) {
         SyncFile(copy);
       }));
       ours.push_back(Timed([&] {
-        disk.StartAround("log", std::string(800, 'n'), "\r\n")->Commit().PassOver();
+        const std::unique_ptr<Replacement> longer = disk.BeginReplacement("log");
+        longer->PutAround(std::string(800, 'n'), "\r\n");
+        longer->Commit().PassOver();
         disk.Settle();
       }));
     }

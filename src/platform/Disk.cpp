@@ -16,24 +16,27 @@ namespace {
 /// Does all of it with Commit.
 class ReplacementAtOnce final : public Replacement {
  public:
-  ReplacementAtOnce(Disk& disk, std::string_view path, std::string_view before, std::string_view after)
-      : disk_(disk), path_(path), before_(before), after_(after) {}
+  ReplacementAtOnce(Disk& disk, std::string_view path) : disk_(disk), path_(path) {}
+  void PutAround(std::string_view before, std::string_view after) override {
+    around_.emplace(String(before), String(after));
+  }
   Outcome Commit() override {
+    if (!around_) return NothingPut();
     const Result<String> held = disk_.ReadAll(path_);
     if (!held && !held.Why().Missing()) return held.Why();
-    return disk_.Replace(path_, before_ + (held ? *held : String()) + after_);
+    return disk_.Replace(path_, around_->first + (held ? *held : String()) + around_->second);
   }
 
  private:
   Disk& disk_;
-  const String path_, before_, after_;
+  const String path_;
+  std::optional<std::pair<String, String>> around_;
 };
 
 }  // namespace
 
-std::unique_ptr<Replacement> Disk::StartAround(std::string_view path, std::string_view before,
-                                               std::string_view after) {
-  return std::make_unique<ReplacementAtOnce>(*this, path, before, after);
+std::unique_ptr<Replacement> Disk::BeginReplacement(std::string_view path) {
+  return std::make_unique<ReplacementAtOnce>(*this, path);
 }
 
 }  // namespace vintoral

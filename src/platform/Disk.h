@@ -6,6 +6,7 @@
 // found whatever their case, since the folders of customers come from systems that ignore it.
 #pragma once
 
+#include <cerrno>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -50,14 +51,19 @@ class DiskFile {
   virtual void UnlockAppend() = 0;
 };
 
-/// The content of a file that is to take the place of what it holds. Destroyed without Commit it changes
-/// nothing.
+/// A file that is to take the place of another one. Destroyed without Commit it changes nothing.
 class Replacement {
  public:
   virtual ~Replacement() = default;
-  /// Once. A reader sees the old file before it and the new one after it, never half. What is seen has been
-  /// synced; a power cut soon after may bring the old file back, whole, until Settle has returned.
+  /// The new file is to hold `before`, all that the old one holds, and `after`. Once.
+  virtual void PutAround(std::string_view before, std::string_view after) = 0;
+  /// Once, behind PutAround; without it the error is EINVAL. Whatever failed so far is told here. A reader
+  /// sees the old file before it and the new one after it, never half. What is seen has been synced; a power
+  /// cut soon after may bring the old file back, whole, until Settle has returned.
   virtual Outcome Commit() = 0;
+
+ protected:
+  static Outcome NothingPut() { return Outcome::Failed("put nothing around", "a file", EINVAL); }
 };
 
 enum class OpenMode {
@@ -88,12 +94,10 @@ class Disk {
   /// Replaces the whole file: written beside, synced, renamed over. A reader sees the old or the new, never
   /// half.
   virtual Outcome Replace(std::string_view path, std::string_view bytes) = 0;
-  /// Begins to replace the whole file by `before`, all that it holds, and `after`; a file that is missing
-  /// holds nothing. Whatever fails is told by Commit. One at a time for each file, and the disk outlives it.
-  /// A real disk never has the whole in memory, and writes it while the station goes on; others begin with
-  /// Commit.
-  virtual std::unique_ptr<Replacement> StartAround(std::string_view path, std::string_view before,
-                                                   std::string_view after);
+  /// Begins to replace the whole file; one that is missing holds nothing. One at a time for each file, and
+  /// the disk outlives it. A real disk never has the whole in memory, and works while the station goes on;
+  /// others do all of it in Commit.
+  virtual std::unique_ptr<Replacement> BeginReplacement(std::string_view path);
   /// Returns when nothing is left to do behind a Commit.
   virtual void Settle() {}
   /// Makes a file that did not exist: readers see none or all of it. Nothing is changed, and the error is

@@ -34,66 +34,77 @@ int RefusedToWrite(const std::string& path) {
 
 }  // namespace
 
-NewBeside::NewBeside(std::string path, const Content& content)
-    : path_(std::move(path)), folder_(FolderOf(path_)), temporary_(HiddenBeside(path_)), content_(content) {}
+NewBeside::NewBeside(std::string path, Old old)
+    : path_(std::move(path)), folder_(FolderOf(path_)), temporary_(HiddenBeside(path_)), keeping_(old) {}
 
 NewBeside::~NewBeside() {
   if (named_) unlink(temporary_.c_str());
 }
 
-Outcome NewBeside::Write() {
+Outcome NewBeside::Open() {
   int error = RefusedToWrite(path_);
   if (error == 0) error = OpenOld();
-  if (error == 0) error = WriteUnnamed();
+  if (error == 0) error = OpenUnnamed();
   return error == 0 ? Outcome::Done() : Outcome::Failed("replace", path_, error);
 }
 
 int NewBeside::OpenOld() {
-  if (!content_.keepOld) return 0;
+  if (keeping_ == Old::kDropped) return 0;
   old_.emplace(OpenRegular(path_, O_RDONLY));
   return old_->Number() >= 0 || errno == ENOENT ? 0 : errno;
 }
 
-int NewBeside::WriteUnnamed() {
+int NewBeside::OpenUnnamed() {
   // It gets its name when it is whole, so that a station that is killed leaves nothing behind.
   const int descriptor = open(folder_.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0666);
-  return descriptor < 0 ? WriteNamed() : Fill(descriptor);
+  if (descriptor < 0) return OpenNamed();
+  Take(descriptor);
+  return 0;
 }
 
-int NewBeside::WriteNamed() {
+int NewBeside::OpenNamed() {
   const int descriptor = OpenRegular(temporary_, O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW);
   if (descriptor < 0) return errno;
   named_ = true;
-  return Fill(descriptor);
+  Take(descriptor);
+  return 0;
 }
 
-int NewBeside::Fill(int descriptor) {
+void NewBeside::Take(int descriptor) {
   descriptor_ = descriptor;
   file_.emplace(descriptor, temporary_, "", none_);
   const std::optional<FileStatus> old = StatusOf(path_);
   // A file system without permissions refuses; then there is nothing to keep.
   if (old) std::ignore = fchmod(descriptor, old->mode & 07777);
-  Outcome written = WriteContent();
-  return (written ? file_->Sync() : written).Error();
+}
+
+Outcome NewBeside::Write(std::string_view before, std::string_view after) {
+  before_ = before;
+  after_ = after;
+  const Outcome written = WriteContent();
+  const int error = (written ? file_->Sync() : written).Error();
+  return error == 0 ? Outcome::Done() : Outcome::Failed("replace", path_, error);
 }
 
 Outcome NewBeside::WriteContent() {
-  std::uint64_t end = content_.before.size();
-  Outcome written = file_->WriteAt(0, content_.before);
+  std::uint64_t end = before_.size();
+  Outcome written = file_->WriteAt(0, before_);
   if (written && old_ && old_->Number() >= 0) {
     const Copied copied = CopyBytes(old_->Number(), descriptor_, end);
     if (copied.error != 0) return Outcome::Failed("copy into", "a new file", copied.error);
     end += copied.bytes;
   }
-  return written ? file_->WriteAt(end, content_.after) : written;
+  return written ? file_->WriteAt(end, after_) : written;
 }
 
 Outcome NewBeside::TakePlace() {
-  int error = 0;
   // A file system that has unnamed files may still not let them have a name.
-  if (!named_ && !GiveName()) error = WriteNamed();
-  if (error == 0 && rename(temporary_.c_str(), path_.c_str()) != 0) error = errno;
-  if (error != 0) return Outcome::Failed("replace", path_, error);
+  if (!named_ && !GiveName()) {
+    const int error = OpenNamed();
+    Outcome written = error == 0 ? Write(before_, after_) : Outcome::Failed("replace", path_, error);
+    if (!written) return written;
+  }
+  if (rename(temporary_.c_str(), path_.c_str()) != 0) return Outcome::Failed("replace", path_, errno);
   named_ = false;
   return Outcome::Done();
 }

@@ -10,28 +10,23 @@
 
 namespace vintoral {
 
-/// What the new file is to hold: `before`, all of the old file where it is to be kept, and `after`. The texts
-/// belong to somebody who outlives the file.
-struct Content {
-  std::string_view before;
-  bool keepOld = false;
-  std::string_view after;
-};
-
 /// Its steps may be taken on different threads, one after the other. A file that doesn't get as far as
 /// TakePlace leaves nothing behind.
 class NewBeside {
  public:
+  enum class Old { kDropped, kKept };
   /// `path` is the native path of the file itself: renaming over a link would put a file in its place.
-  NewBeside(std::string path, const Content& content);
+  NewBeside(std::string path, Old old);
   NewBeside(const NewBeside&) = delete;
   NewBeside& operator=(const NewBeside&) = delete;
   /// What the old file took on the disk is freed here at the latest.
   ~NewBeside();
 
-  /// Written and synced, with the permissions of the old file; refuses one that may not be written. Nobody
-  /// sees it yet.
-  Outcome Write();
+  /// The new file, empty, with the permissions of the old one; refuses where that may not be written.
+  Outcome Open();
+  /// `before`, all that the old file holds where it is kept, and `after`; synced. Nobody sees it yet. The
+  /// texts are not copied, and stay until TakePlace has returned.
+  Outcome Write(std::string_view before, std::string_view after);
   /// From here on readers see the new file.
   Outcome TakePlace();
   /// From here on a power cut leaves the new file, too.
@@ -39,16 +34,16 @@ class NewBeside {
 
  private:
   int OpenOld();
-  int WriteUnnamed();
-  int WriteNamed();
-  /// Fills the file behind `descriptor`, which it takes, and syncs it.
-  int Fill(int descriptor);
+  int OpenUnnamed();
+  int OpenNamed();
+  void Take(int descriptor);
   Outcome WriteContent();
   bool GiveName();
 
   std::string path_, folder_, temporary_;
-  Content content_;
+  Old keeping_;
   std::optional<Descriptor> old_;
+  std::string_view before_, after_;
   PendingSyncs none_;
   int descriptor_ = -1;            ///< of file_
   std::optional<PosixFile> file_;  ///< the new one

@@ -12,6 +12,7 @@
 #include <cerrno>
 #include <chrono>
 #include <csignal>
+#include <functional>
 #include <tuple>
 
 #include "platform/Descriptor.h"
@@ -177,8 +178,9 @@ Result<String> PosixDisk::ReadAll(std::string_view path) {
 }
 
 Outcome PosixDisk::Replace(std::string_view path, std::string_view bytes) {
-  NewBeside file(FileItself(path), {.before = bytes, .after = {}});
-  const Outcome written = file.Write();
+  NewBeside file(FileItself(path), NewBeside::Old::kDropped);
+  const Outcome opened = file.Open();
+  const Outcome written = opened ? file.Write(bytes, {}) : opened;
   Outcome replaced = written ? file.TakePlace() : written;
   if (replaced) file.SyncName();
   return replaced;
@@ -186,26 +188,31 @@ Outcome PosixDisk::Replace(std::string_view path, std::string_view bytes) {
 
 namespace {
 
-/// What is seen of the disk's own thread: it writes the file, and it does what is left behind a Commit.
+/// The disk's own thread opens and writes the file, and does what is left behind a Commit.
 class ReplacementBeside final : public Replacement {
  public:
-  ReplacementBeside(WorkBeside& beside, std::string before, std::string after)
+  /// `find` gives the native path of the file itself.
+  ReplacementBeside(WorkBeside& beside, std::function<std::string()> find)
       : beside_(beside), work_(std::make_shared<Work>()) {
-    work_->before = std::move(before);
-    work_->after = std::move(after);
+    beside_.Add([work = work_, find = std::move(find)] {
+      work->file.emplace(find(), NewBeside::Old::kKept);
+      work->opened = work->file->Open();
+    });
   }
-  template <class FindFile>
-  void Start(FindFile findFile) {
-    beside_.Add([work = work_, findFile = std::move(findFile)] {
-      work->file.emplace(findFile(), Content{work->before, true, work->after});
-      work->written = work->file->Write();
+  void PutAround(std::string_view before, std::string_view after) override {
+    beside_.Add([work = work_, ahead = std::string(before), behind = std::string(after)]() mutable {
+      work->before = std::move(ahead);
+      work->after = std::move(behind);
+      work->written = work->opened ? work->file->Write(work->before, work->after) : work->opened;
     });
   }
   Outcome Commit() override {
     beside_.Await();
-    Outcome replaced = work_->written ? work_->file->TakePlace() : work_->written;
-    // The last owner closes the old file, whose room on the disk is freed then.
-    if (replaced) beside_.Add([work = std::move(work_)] { work->file->SyncName(); });
+    // The last owner closes the files, by which the room of the old one is freed, or takes away a new one
+    // that could not be moved to its place.
+    std::shared_ptr<Work> work = std::move(work_);
+    Outcome replaced = work->written ? work->file->TakePlace() : work->written;
+    if (replaced) beside_.Add([work = std::move(work)] { work->file->SyncName(); });
     return replaced;
   }
 
@@ -213,7 +220,7 @@ class ReplacementBeside final : public Replacement {
   struct Work {
     std::string before, after;
     std::optional<NewBeside> file;
-    Outcome written = Outcome::Done();
+    Outcome opened = Outcome::Done(), written = NothingPut();
   };
   WorkBeside& beside_;
   std::shared_ptr<Work> work_;
@@ -221,11 +228,9 @@ class ReplacementBeside final : public Replacement {
 
 }  // namespace
 
-std::unique_ptr<Replacement> PosixDisk::StartAround(std::string_view path, std::string_view before,
-                                                    std::string_view after) {
-  auto replacement = std::make_unique<ReplacementBeside>(beside_, std::string(before), std::string(after));
-  replacement->Start([this, name = std::string(path)] { return FileItself(name); });
-  return replacement;
+std::unique_ptr<Replacement> PosixDisk::BeginReplacement(std::string_view path) {
+  return std::make_unique<ReplacementBeside>(beside_,
+                                             [this, name = std::string(path)] { return FileItself(name); });
 }
 
 Outcome PosixDisk::CreateNew(std::string_view path, std::string_view bytes) {

@@ -30,10 +30,9 @@ class PosixDisk final : public Disk {
   Result<String> ReadAll(std::string_view path) override;
   /// Keeps the permissions of the file that was there; refuses one that may not be written.
   Outcome Replace(std::string_view path, std::string_view bytes) override;
-  /// Written and synced beside the station's thread, which waits for it in Commit. Left behind that are the
-  /// sync of the new file's name and the freeing of the old file; the next Commit waits for them too.
-  std::unique_ptr<Replacement> StartAround(std::string_view path, std::string_view before,
-                                           std::string_view after) override;
+  /// Opened, written and synced beside the station's thread, which waits for it in Commit. Left behind that
+  /// are the sync of the new file's name and the freeing of the old file; the next Commit waits for them too.
+  std::unique_ptr<Replacement> BeginReplacement(std::string_view path) override;
   void Settle() override { beside_.Await(); }
   /// A link that leads nowhere is something of that name too.
   Outcome CreateNew(std::string_view path, std::string_view bytes) override;

@@ -5,17 +5,21 @@
 
 namespace vintoral {
 
-std::unique_ptr<Replacement> Form1::RegistrarFactura(const DatosFactura& factura) {
+std::unique_ptr<Replacement> Form1::AbrirRegistroFacturas() {
   Disk& disk = platform_.disk;
   disk.ClearReadOnly(archivo::kFacturas).PassOver();
-  return disk.StartAround(archivo::kFacturas, FacturaEnRegistro(factura), kFinDeLinea);
+  return disk.BeginReplacement(archivo::kFacturas);
 }
 
-void Form1::ImprimirFactura(const DatosFactura& factura, std::unique_ptr<Replacement> registro) {
+void Form1::RegistrarFactura(const DatosFactura& factura, Replacement& registro) {
+  registro.PutAround(FacturaEnRegistro(factura), kFinDeLinea);
+}
+
+void Form1::ImprimirFactura(const DatosFactura& factura, Replacement& registro) {
   const PrintDocument copy = FacturaImpresa(factura);
   platform_.printer.EndDoc(copy);
   // Before any wait: neither the end of the program nor the next invoice comes between.
-  registro->Commit().PassOver();
+  registro.Commit().PassOver();
   constexpr std::int64_t kParaCortar = 5000;  // milliseconds, to tear the first one off
   if (factura.formato.Copia) copias_.push_back({copy, platform_.clock.Ticks() + kParaCortar});
 }

@@ -130,7 +130,9 @@ TEST_F(PosixFileTest, ReplacementThatStopsHalfwayLeavesTheOldFileAlone) {
   // In the text ahead, in the copy, in the text behind.
   for (const rlim_t room : {5U, 100U, 200U}) {
     const FileLimit limit(room);
-    EXPECT_EQ(disk_.StartAround("file", "before the ", " and behind")->Commit().Error(), EFBIG) << room;
+    const std::unique_ptr<Replacement> longer = disk_.BeginReplacement("file");
+    longer->PutAround("before the ", " and behind");
+    EXPECT_EQ(longer->Commit().Error(), EFBIG) << room;
   }
   EXPECT_EQ(folder_.Get("file"), old);
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_.Path()), {}), 1);

@@ -21,6 +21,14 @@ using test::TempFolder;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
+/// Begun, and not yet seen.
+std::unique_ptr<Replacement> Around(Disk& disk, std::string_view path, std::string_view before,
+                                    std::string_view after) {
+  std::unique_ptr<Replacement> replacement = disk.BeginReplacement(path);
+  replacement->PutAround(before, after);
+  return replacement;
+}
+
 class ReplacementTest : public testing::Test {
  protected:
   std::vector<std::string> Names(const std::string& folder = "") const {
@@ -42,9 +50,9 @@ class ReplacementTest : public testing::Test {
 TEST_F(ReplacementTest, KeepsWhatTheFileHeldInTheMiddle) {
   folder_.Put("Log.HFC", "the old one");
   ASSERT_EQ(chmod(folder_.Path("Log.HFC").c_str(), 0640), 0);
-  EXPECT_TRUE(disk_.StartAround("log.hfc", "new, ", "!")->Commit());
+  EXPECT_TRUE(Around(disk_, "log.hfc", "new, ", "!")->Commit());
   EXPECT_EQ(folder_.Get("Log.HFC"), "new, the old one!");
-  EXPECT_TRUE(disk_.StartAround("log.hfc", "", "")->Commit());
+  EXPECT_TRUE(Around(disk_, "log.hfc", "", "")->Commit());
   EXPECT_EQ(folder_.Get("Log.HFC"), "new, the old one!");
   struct stat status {};
   ASSERT_EQ(stat(folder_.Path("Log.HFC").c_str(), &status), 0);
@@ -53,20 +61,20 @@ TEST_F(ReplacementTest, KeepsWhatTheFileHeldInTheMiddle) {
 }
 
 TEST_F(ReplacementTest, MakesAFileThatWasMissing) {
-  EXPECT_TRUE(disk_.StartAround("x", "a", "b")->Commit());
+  EXPECT_TRUE(Around(disk_, "x", "a", "b")->Commit());
   EXPECT_EQ(folder_.Get("x"), "ab");
 }
 
 TEST_F(ReplacementTest, TellsWhyItCouldNot) {
   folder_.Put("Folder/x", "inside");
-  EXPECT_EQ(disk_.StartAround("Folder", "a", "b")->Commit().Error(), EISDIR);
-  EXPECT_EQ(disk_.StartAround("No folder\\x", "a", "b")->Commit().Error(), ENOENT);
+  EXPECT_EQ(Around(disk_, "Folder", "a", "b")->Commit().Error(), EISDIR);
+  EXPECT_EQ(Around(disk_, "No folder\\x", "a", "b")->Commit().Error(), ENOENT);
   EXPECT_THAT(Names(), ElementsAre("Folder"));
 }
 
 TEST_F(ReplacementTest, NobodySeesItBeforeCommit) {
   folder_.Put("x", "old");
-  const auto replacement = disk_.StartAround("x", "new ", "");
+  const auto replacement = Around(disk_, "x", "new ", "");
   disk_.Settle();  // it has been written
   EXPECT_EQ(folder_.Get("x"), "old");
   EXPECT_THAT(Names(), ElementsAre("x"));
@@ -77,12 +85,20 @@ TEST_F(ReplacementTest, NobodySeesItBeforeCommit) {
 
 TEST_F(ReplacementTest, WithoutCommitNothingChanges) {
   folder_.Put("x", "old");
-  { const auto replacement = disk_.StartAround("x", "new ", ""); }
+  { const auto replacement = Around(disk_, "x", "new ", ""); }
   disk_.Settle();
   EXPECT_EQ(folder_.Get("x"), "old");
   EXPECT_THAT(Names(), ElementsAre("x"));
-  EXPECT_TRUE(disk_.StartAround("x", "next ", "")->Commit());
+  EXPECT_TRUE(Around(disk_, "x", "next ", "")->Commit());
   EXPECT_EQ(folder_.Get("x"), "next old");
+}
+
+TEST_F(ReplacementTest, WithoutContentNothingChangesEither) {
+  folder_.Put("x", "old");
+  { const auto begun = disk_.BeginReplacement("x"); }
+  EXPECT_EQ(disk_.BeginReplacement("x")->Commit().Error(), EINVAL);
+  EXPECT_EQ(folder_.Get("x"), "old");
+  EXPECT_THAT(Names(), ElementsAre("x"));
 }
 
 TEST_F(ReplacementTest, EachOfManyStandsOnTheOneBefore) {
@@ -90,7 +106,7 @@ TEST_F(ReplacementTest, EachOfManyStandsOnTheOneBefore) {
   for (int i = 0; i < 50; ++i) {
     const std::string line = std::to_string(i) + "\n";
     expected.insert(0, line);
-    ASSERT_TRUE(disk_.StartAround("x", line, "")->Commit());
+    ASSERT_TRUE(Around(disk_, "x", line, "")->Commit());
     ASSERT_EQ(folder_.Get("x"), expected);
   }
 }
@@ -108,7 +124,7 @@ int OpenWithoutName(const std::string& below) {
 
 TEST_F(ReplacementTest, OnceSettledTheOldFileIsFreed) {
   folder_.Put("x", "old");
-  const auto replacement = disk_.StartAround("x", "new ", "");
+  const auto replacement = Around(disk_, "x", "new ", "");
   disk_.Settle();
   ASSERT_EQ(OpenWithoutName(folder_.Path()), 1);  // the new one
   EXPECT_TRUE(replacement->Commit());
@@ -120,7 +136,7 @@ TEST_F(ReplacementTest, FollowsALinkAndLeavesReadersTheOldFile) {
   folder_.Put("real/x", "old");
   std::filesystem::create_symlink("real/x", folder_.Path("link"));
   const std::unique_ptr<DiskFile> reader = disk_.Open("link", OpenMode::kRead).Take();
-  EXPECT_TRUE(disk_.StartAround("link", "new ", "")->Commit());
+  EXPECT_TRUE(Around(disk_, "link", "new ", "")->Commit());
   std::array<char, 20> bytes{};
   EXPECT_EQ(reader->ReadAt(0, bytes), 3u);
   EXPECT_EQ(folder_.Get("real/x"), "new old");
@@ -131,14 +147,14 @@ TEST_F(ReplacementTest, FollowsALinkAndLeavesReadersTheOldFile) {
 TEST_F(ReplacementTest, WhatAKilledStationLeftIsNoHindrance) {
   folder_.Put("x", "old");
   folder_.Put(Hidden("x"), "left by somebody");
-  EXPECT_TRUE(disk_.StartAround("x", "new ", "")->Commit());
+  EXPECT_TRUE(Around(disk_, "x", "new ", "")->Commit());
   EXPECT_EQ(folder_.Get("x"), "new old");
   EXPECT_THAT(Names(), ElementsAre("x"));
 }
 
 TEST_F(ReplacementTest, APlaceThatCantBeTakenLeavesNothingBehind) {
   folder_.Put("x", "old");
-  const auto replacement = disk_.StartAround("x", "new ", "");
+  const auto replacement = Around(disk_, "x", "new ", "");
   disk_.Settle();
   std::filesystem::remove(folder_.Path("x"));
   folder_.Put("x/inside", "somebody else's");
@@ -150,13 +166,13 @@ TEST_F(ReplacementTest, APlaceThatCantBeTakenLeavesNothingBehind) {
 TEST_F(ReplacementTest, AHiddenNameThatCantBeTakenChangesNothing) {
   folder_.Put("x", "old");
   folder_.Put(Hidden("x") + "/inside", "");
-  EXPECT_EQ(disk_.StartAround("x", "new ", "")->Commit().Error(), EISDIR);
+  EXPECT_EQ(Around(disk_, "x", "new ", "")->Commit().Error(), EISDIR);
   EXPECT_EQ(folder_.Get("x"), "old");
 }
 
 TEST_F(ReplacementTest, AFolderThatGoesBetweenTheTwoIsTold) {
   folder_.Put("Recursos/x", "old");
-  const auto replacement = disk_.StartAround("Recursos\\x", "new ", "");
+  const auto replacement = Around(disk_, "Recursos\\x", "new ", "");
   disk_.Settle();
   std::filesystem::remove_all(folder_.Path("Recursos"));
   EXPECT_EQ(replacement->Commit().Error(), ENOENT);
@@ -167,7 +183,7 @@ TEST_F(ReplacementTest, TheEndOfTheDiskWaitsForAll) {
   folder_.Put("x", "old");
   {
     PosixDisk disk(folder_.Path());
-    EXPECT_TRUE(disk.StartAround("x", "new ", "")->Commit());
+    EXPECT_TRUE(Around(disk, "x", "new ", "")->Commit());
   }
   EXPECT_EQ(OpenWithoutName(folder_.Path()), 0);
   EXPECT_EQ(folder_.Get("x"), "new old");
@@ -177,7 +193,7 @@ class ReplacementAtOnceTest : public testing::Test {
  protected:
   void SetUp() override { memory_.Put("x", "old"); }
   Outcome CommitWith(const test::Faults& faults) {
-    const auto replacement = disk_.StartAround("x", "new ", "!");
+    const auto replacement = Around(disk_, "x", "new ", "!");
     disk_.Set() = faults;
     Outcome done = replacement->Commit();
     disk_.Repair();
@@ -187,15 +203,16 @@ class ReplacementAtOnceTest : public testing::Test {
   FaultyDisk disk_{memory_};
 };
 
-TEST_F(ReplacementAtOnceTest, BeginsWithCommit) {
-  { const auto dropped = disk_.StartAround("x", "dropped ", ""); }
-  const auto replacement = disk_.StartAround("x", "new ", "!");
+TEST_F(ReplacementAtOnceTest, DoesAllOfItInCommit) {
+  { const auto dropped = Around(disk_, "x", "dropped ", ""); }
+  const auto replacement = Around(disk_, "x", "new ", "!");
   disk_.Settle();
+  EXPECT_EQ(disk_.BeginReplacement("x")->Commit().Error(), EINVAL);  // nothing was put
   EXPECT_EQ(disk_.Operations(), 0);
   EXPECT_EQ(memory_.Get("x"), "old");
   EXPECT_TRUE(replacement->Commit());
   EXPECT_EQ(memory_.Get("x"), "new old!");
-  EXPECT_TRUE(disk_.StartAround("y", "a", "b")->Commit());
+  EXPECT_TRUE(Around(disk_, "y", "a", "b")->Commit());
   EXPECT_EQ(memory_.Get("y"), "ab");
 }
 
