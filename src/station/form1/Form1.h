@@ -335,7 +335,8 @@ class Form1 : public ScreenModel {
   /// Opens the dialog of a switch whatever its state.
   void CambiarFormato(boton::Index interruptor);
   /// The ticket of what stands on the screen.
-  void ImprimirTiquete();
+  PrintDocument TiqueteEnPantalla();
+  void ImprimirTiquete(PrintDocument tiquete);
   /// An invoice of this gate, as of now, with the number last taken and the cash line as it stands.
   DatosFactura FacturaDe(Money valor, const String& detalle, float porcentaje);
   /// The invoice log for one more invoice, which goes to the disk while the rest of its operation does.
