@@ -13,7 +13,7 @@ namespace {
 void MostrarFotoConfirmacion(Form1& form) {
   const bool sinCamara = form.ImgIndicador[indicador::kCamaraDesactivada].Visible;
   const bool conMemoria = form.ImgIndicador[indicador::kMemoriaRostros].Visible;
-  if (!sinCamara) MostrarFija(form, conMemoria ? String() : MostrarFotoUsuario(form, form.NumeroUsuario));
+  if (!sinCamara) MostrarFija(form, conMemoria ? String() : MostrarFotoUsuario(form, form.UsuarioEnFormulario));
   AvisarSinImagen(form);
 }
 

@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <deque>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -337,8 +338,13 @@ class Form1 : public ScreenModel {
   void ImprimirTiquete();
   /// An invoice of this gate, as of now, with the number last taken and the cash line as it stands.
   DatosFactura FacturaDe(Money valor, const String& detalle, float porcentaje);
-  /// Prints it, puts it at the top of the invoice log, and notes its second copy.
-  void ImprimirFactura(const DatosFactura& factura);
+  /// The invoice log for one more invoice, which goes to the disk while the rest of its operation does.
+  /// Called as soon as it is known that there will be one.
+  std::unique_ptr<Replacement> AbrirRegistroFacturas();
+  /// Puts it at the top of the log, where nobody sees it before ImprimirFactura.
+  void RegistrarFactura(const DatosFactura& factura, Replacement& registro);
+  /// Prints it, has it seen in the log, and notes its second copy.
+  void ImprimirFactura(const DatosFactura& factura, Replacement& registro);
   /// Waits for the second copies that were noted and prints each five seconds behind its first one; the
   /// screen is served meanwhile. Under such a wait there is nothing to do: it serves those too.
   void EntregarCopias();
