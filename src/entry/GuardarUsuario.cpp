@@ -55,14 +55,22 @@ bool Form1::GuardarUsuario() {
   const bool conocido = UsuarioEnFormulario == NumeroUsuario;
   UsuarioActual = UsuarioDelFormulario(*this);
   Usuarios usuarios(platform_.disk, RutaMostrada("Vintoral.USR"), OpenMode::kCreate);
-  const auto escribir = [&] { return conocido ? Reescribir(*this, usuarios) : Agregar(*this, usuarios); };
+  bool ultimo = false;
+  const auto escribir = [&]() -> Outcome {
+    Outcome escrito = conocido ? Reescribir(*this, usuarios) : Agregar(*this, usuarios);
+    if (!escrito) return escrito;
+    FichaActual.UsuarioPuntos = NumeroUsuario;
+    // Under the lock, while nobody can be registered behind him: later he would be the last one no more, and
+    // his first ficha kept by no gate.
+    ultimo = usuarios.Count() == std::int64_t{NumeroUsuario};
+    if (ultimo) GuardarPrimeraFicha(*this);
+    return escrito;
+  };
   const Outcome written = usuarios.UnderLock(escribir);
   written.PassOver();
   if (!written && !conocido) NumeroUsuario = 0;  // nobody's number: the points would be somebody else's
   FichaActual.UsuarioPuntos = NumeroUsuario;
-  const bool ultimo = written && usuarios.Count() == std::int64_t{NumeroUsuario};
-  if (ultimo) GuardarPrimeraFicha(*this);
-  return ultimo;
+  return written && ultimo;
 }
 
 }  // namespace vintoral

@@ -363,9 +363,8 @@ class TwoGates(UserDay):
         for number in (*range(1, 11), *range(501, 511)):
             slot = self.folder.slot(number)
             self.assertEqual(plates[slot.UsuarioPuntos - 1], slot.Placa)
-        # The last user of the file keeps the ficha of a row; whoever was not the last one any more keeps none.
-        self.assertEqual([ficha.Placa for ficha in self.books.first_fichas() if ficha.Placa],
-                         [plate for plate, ficha in zip(plates, self.books.first_fichas()) if ficha.Placa])
+        self.assertEqual([(ficha.Placa, ficha.UsuarioPuntos) for ficha in self.books.first_fichas()],
+                         [(plate, number) for number, plate in enumerate(plates, start=1)])
 
     def test_the_same_new_plate_at_both_is_one_user(self):
         one, two = self.running(), self.second_gate()
