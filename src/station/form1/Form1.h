@@ -79,7 +79,6 @@ class Form1 : public ScreenModel {
   String TiempoEstadia;  ///< "02H 30M "
   Money ValorEstadia;
   std::int64_t PuntosAcumulados = 0, PuntosEstadia = 0;
-  std::int64_t PuntosLeidos = 0;  ///< the user's points when the ficha was called up
 
   String MarcaTiquete;          ///< the entry stamp just saved
   String MarcaSalidaPendiente;  ///< the exit stamp fixed when a ficha was called up
