@@ -1,25 +1,29 @@
 // What the registers cost beside reading the same bytes with plain system calls: the reference stands before
 // each measured work, on the same files, in the same run.
 #include <benchmark/benchmark.h>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include <filesystem>
 
+#include "PlainReads.h"
+#include "Slots.h"
 #include "common/Numbers.h"
 #include "platform/PosixDisk.h"
 #include "records/ArchivosNuevos.h"
+#include "records/BuscarCodigo.h"
 #include "records/BuscarPlaca.h"
 #include "records/Monitores.h"
 
 namespace vintoral {
 namespace {
 
+using namespace bench;
+
 constexpr const char* kAct = "Vintoral.ACT";
 constexpr const char* kUsr = "Vintoral.USR";
-constexpr std::int64_t kSlots = 1000;
-constexpr int kUsers = 100'000;
+constexpr const char* kCdb = "Vintoral.CDB";
+constexpr const char* kCfr = "Vintoral.CFR";
+constexpr int kUsers = 1'000'000;
+constexpr int kPasses = 100'000;
 
 void FillSlots(Disk& disk) {
   disk.Replace(kAct, ActNuevo()).PassOver();
@@ -51,12 +55,38 @@ void FillUsers(Disk& disk) {
   disk.Replace(kUsr, bytes).PassOver();
 }
 
+/// Codes as stations draw them, all different.
+String Code(int number) {
+  return String(1, static_cast<char>('A' + number % 26)) + Digits(number, 11);
+}
+
+void FillCodes(Disk& disk) {
+  disk.Replace(kCdb, CdbNuevo()).PassOver();
+  Register<RegistroCodigo> codes(disk, kCdb, OpenMode::kReadWrite);
+  for (int number = 1; number <= kSlots; ++number) {
+    RegistroCodigo code;
+    code.CodigoBarras = Code(number);
+    code.FichaCodigo = Digits(number, 4);
+    codes.Write(number, code, false).PassOver();
+  }
+  std::string bytes;
+  for (int number = 1; number <= kPasses; ++number) {
+    RegistroPase pass;
+    pass.CodigoPase = Code(kSlots + number);
+    pass.RestantesPase = 9;
+    const auto encoded = pass.Encode();
+    bytes.append(encoded.data(), encoded.size());
+  }
+  disk.Replace(kCfr, bytes).PassOver();
+}
+
 /// A folder with a full house and very many users, made once.
 class Premises {
  public:
   Premises() : disk_(Make()) {
     FillSlots(disk_);
     FillUsers(disk_);
+    FillCodes(disk_);
   }
   ~Premises() {
     std::error_code ignored;
@@ -78,17 +108,6 @@ class Premises {
 Premises& TheHouse() {
   static Premises premises;
   return premises;
-}
-
-/// The reference: open, one read of the whole file into memory that is there already, close.
-std::size_t ReadWhole(const std::string& path, std::vector<char>& into) {
-  const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
-  struct stat status {};
-  fstat(descriptor, &status);
-  into.resize(static_cast<std::size_t>(status.st_size));
-  const ssize_t got = read(descriptor, into.data(), into.size());
-  close(descriptor);
-  return got < 0 ? 0 : static_cast<std::size_t>(got);
 }
 
 void OneReadOfAct(benchmark::State& state) {
@@ -144,21 +163,14 @@ void DecodeOf1000Fichas(benchmark::State& state) {
 BENCHMARK(DecodeOf1000Fichas)->Unit(benchmark::kMicrosecond);
 
 void OnePassOfReadOverBoth(benchmark::State& state) {
-  const std::string act = TheHouse().disk().PathOf(kAct);
-  const std::string users = TheHouse().disk().PathOf(kUsr);
-  std::vector<char> bytes(std::size_t{1} << 20);
-  for (auto _ : state) {
-    for (const std::string& path : {act, users}) {
-      const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
-      while (read(descriptor, bytes.data(), bytes.size()) > 0)
-        benchmark::DoNotOptimize(bytes.data());
-      close(descriptor);
-    }
-  }
+  const PosixDisk& disk = TheHouse().disk();
+  std::vector<char> bytes;
+  for (auto _ : state)
+    ReadAllOf({disk.PathOf(kAct), disk.PathOf(kUsr)}, bytes);
 }
 BENCHMARK(OnePassOfReadOverBoth)->Unit(benchmark::kMicrosecond);
 
-void PlateNotAmong100000Users(benchmark::State& state) {
+void PlateNotAmongAMillionUsers(benchmark::State& state) {
   PosixDisk& disk = TheHouse().disk();
   for (auto _ : state) {
     const Register<RegistroFicha> act(disk, kAct, OpenMode::kRead);
@@ -167,7 +179,26 @@ void PlateNotAmong100000Users(benchmark::State& state) {
     if (BuscarPlaca(users, "XBC-NONE") != 0) state.SkipWithError("found among the users");
   }
 }
-BENCHMARK(PlateNotAmong100000Users)->Unit(benchmark::kMicrosecond);
+BENCHMARK(PlateNotAmongAMillionUsers)->Unit(benchmark::kMicrosecond);
+
+void OnePassOfReadOverCodesAndPasses(benchmark::State& state) {
+  const PosixDisk& disk = TheHouse().disk();
+  std::vector<char> bytes;
+  for (auto _ : state)
+    ReadAllOf({disk.PathOf(kCdb), disk.PathOf(kCfr)}, bytes);
+}
+BENCHMARK(OnePassOfReadOverCodesAndPasses)->Unit(benchmark::kMicrosecond);
+
+void CodeOfNobodyAmong100000Passes(benchmark::State& state) {
+  PosixDisk& disk = TheHouse().disk();
+  for (auto _ : state) {
+    const Register<RegistroCodigo> codes(disk, kCdb, OpenMode::kRead);
+    if (BuscarCodigo(codes, "X99999999999", kSlots) != 0) state.SkipWithError("found inside");
+    const Register<RegistroPase> passes(disk, kCfr, OpenMode::kRead);
+    if (BuscarPase(passes, "X99999999999") != 0) state.SkipWithError("found among the passes");
+  }
+}
+BENCHMARK(CodeOfNobodyAmong100000Passes)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace vintoral

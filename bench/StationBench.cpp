@@ -1,11 +1,10 @@
 // A day at a gate, on disk and synced, against the same facts in SQLite: vehicles come in and leave one after
-// the other, and each of them is saved and retired.
+// the other, and each of them is saved and retired. Nobody asks for their plates, so slot and row are all
+// that is written.
 //
 // Both start in the morning with the same fichas inside, SQLite with a database that was closed the evening
 // before. Its log grows until it is written over from the start (by its default after 1000 pages, some 330
 // vehicles), which is then cheaper, so the day is told as a whole and in its two parts.
-#include <sqlite3.h>
-
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
@@ -18,7 +17,9 @@
 #include <thread>
 #include <vector>
 
+#include "Sqlite.h"
 #include "StationGate.h"
+#include "Timed.h"
 #include "common/Numbers.h"
 
 namespace vintoral {
@@ -33,107 +34,63 @@ constexpr std::chrono::milliseconds kApart{5};
 /// The same facts in two tables, one transaction to come in and one to leave.
 class SqlGate {
  public:
-  explicit SqlGate(const std::string& file) {
-    Open(file);
+  explicit SqlGate(const std::string& file) : database_(file) {
     const std::string columns =
         "EnUso INT, MarcaEntrada TEXT, MarcaSalida TEXT, NumeroFicha TEXT, Placa TEXT, Nombre TEXT, Apellido "
         "TEXT, "
         "Telefono TEXT, Observacion TEXT, Categoria TEXT, PorteriaEntrada TEXT, PorteriaSalida TEXT, "
         "ValorCobrado INT, InicioTurno INT, UsuarioPuntos INT)";
-    Run("BEGIN");
-    Run("CREATE TABLE Adentro (Posicion INTEGER PRIMARY KEY, " + columns);
-    Run("CREATE TABLE Historial (Posicion INTEGER PRIMARY KEY, " + columns);
+    database_.Run("BEGIN");
+    database_.Run("CREATE TABLE Adentro (Posicion INTEGER PRIMARY KEY, " + columns);
+    database_.Run("CREATE TABLE Historial (Posicion INTEGER PRIMARY KEY, " + columns);
     for (int slot = 1; slot <= kSlots; ++slot)
-      Run("INSERT INTO Adentro VALUES (" + std::to_string(slot) + ", " +
-          (slot <= kInside ? Inside(slot) : kBlank));
-    Run("COMMIT");
-    sqlite3_close(database_);  // in the evening, and opened again in the morning
-    Open(file);
-    Prepare(&begin_, "BEGIN IMMEDIATE");
-    Prepare(&commit_, "COMMIT");
-    Prepare(&save_,
-            "INSERT OR REPLACE INTO Adentro VALUES (?1, -1, '14:00  (20/11/2026)', '?\?', ?2, ?3, '', '', "
-            "'', '', "
-            "'AUTOMOVIL', '01', '?\?', 0, 0, 1)");
-    Prepare(&leave_,
-            "UPDATE Adentro SET EnUso = 0, MarcaSalida = '14:00  (20/11/2026)', PorteriaSalida = '01' WHERE "
-            "Posicion = ?1");
-    Prepare(
-        &row_,
+      database_.Run("INSERT INTO Adentro VALUES (" + std::to_string(slot) + ", " +
+                    (slot <= kInside ? Inside(slot) : kBlank));
+    database_.Run("COMMIT");
+    database_.Reopen();
+    save_ = database_.Prepare(
+        "INSERT OR REPLACE INTO Adentro VALUES (?1, -1, '14:00  (20/11/2026)', '?\?', ?2, '', '', '', "
+        "'', '', "
+        "'AUTOMOVIL', '01', '?\?', 0, 0, 0)");
+    leave_ = database_.Prepare(
+        "UPDATE Adentro SET EnUso = 0, MarcaSalida = '14:00  (20/11/2026)', PorteriaSalida = '01' WHERE "
+        "Posicion = ?1");
+    row_ = database_.Prepare(
         "INSERT INTO Historial SELECT NULL, -1, MarcaEntrada, MarcaSalida, NumeroFicha, Placa, Nombre, "
         "Apellido, "
         "Telefono, Observacion, Categoria, PorteriaEntrada, PorteriaSalida, 0, InicioTurno, UsuarioPuntos "
         "FROM Adentro WHERE Posicion = ?1");
   }
-  SqlGate(const SqlGate&) = delete;
-  SqlGate& operator=(const SqlGate&) = delete;
-  ~SqlGate() {
-    for (sqlite3_stmt* statement : {save_, leave_, row_, begin_, commit_})
-      sqlite3_finalize(statement);
-    sqlite3_close(database_);
-  }
 
   void BeforeSave(int slot) {
-    const std::string number = Digits(slot, 4).ToUtf8(), plate = "ABC" + number;
-    sqlite3_bind_int(save_, 1, slot);
-    sqlite3_bind_text(save_, 2, number.c_str(), -1, SQLITE_TRANSIENT);
-    sqlite3_bind_text(save_, 3, plate.c_str(), -1, SQLITE_TRANSIENT);
+    Sqlite::Bind(save_, 1, slot);
+    Sqlite::Bind(save_, 2, Digits(slot, 4).ToUtf8());
   }
   void BeforeRetire(int slot) {
-    sqlite3_bind_int(leave_, 1, slot);
-    sqlite3_bind_int(row_, 1, slot);
+    Sqlite::Bind(leave_, 1, slot);
+    Sqlite::Bind(row_, 1, slot);
   }
-  void Save() { Transaction({{begin_, save_, commit_}}); }
-  void Retire() { Transaction({{begin_, leave_, row_, commit_}}); }
-  std::int64_t Retired() {
-    sqlite3_stmt* count = nullptr;
-    Prepare(&count, "SELECT COUNT(*) FROM Historial");
-    sqlite3_step(count);
-    const std::int64_t rows = sqlite3_column_int64(count, 0);
-    sqlite3_finalize(count);
-    return rows;
-  }
+  void Save() { database_.Transaction({save_}); }
+  void Retire() { database_.Transaction({leave_, row_}); }
+  std::int64_t Retired() { return database_.Count("Historial"); }
 
  private:
   static constexpr const char* kBlank = "0, '', '', '', '', '', '', '', '', '', '', '', 0, 0, 0)";
   static std::string Inside(int slot) {
-    const std::string number = Digits(slot, 4).ToUtf8();
-    return "-1, '14:00  (20/11/2026)', '?\?', '" + number + "', 'ABC" + number +
-           "', '', '', '', '', 'AUTOMOVIL', '01', '?\?', 0, 0, 1)";
-  }
-  void Open(const std::string& file) {
-    Check(sqlite3_open(file.c_str(), &database_));
-    Run("PRAGMA journal_mode=WAL");
-    Run("PRAGMA synchronous=FULL");
-  }
-  static void Check(int code) {
-    if (code != SQLITE_OK) throw std::runtime_error(sqlite3_errstr(code));
-  }
-  void Run(const std::string& sql) { Check(sqlite3_exec(database_, sql.c_str(), nullptr, nullptr, nullptr)); }
-  void Prepare(sqlite3_stmt** statement, const std::string& sql) {
-    Check(sqlite3_prepare_v2(database_, sql.c_str(), -1, statement, nullptr));
-  }
-  void Transaction(std::span<sqlite3_stmt* const> statements) {
-    for (sqlite3_stmt* statement : statements) {
-      if (sqlite3_step(statement) != SQLITE_DONE) throw std::runtime_error(sqlite3_errmsg(database_));
-      sqlite3_reset(statement);
-    }
+    return "-1, '14:00  (20/11/2026)', '?\?', '" + Digits(slot, 4).ToUtf8() +
+           "', '', '', '', '', '', 'AUTOMOVIL', '01', '?\?', 0, 0, 0)";
   }
 
-  sqlite3* database_ = nullptr;
-  sqlite3_stmt *save_ = nullptr, *leave_ = nullptr, *row_ = nullptr, *begin_ = nullptr, *commit_ = nullptr;
+  Sqlite database_;
+  sqlite3_stmt *save_ = nullptr, *leave_ = nullptr, *row_ = nullptr;
 };
-
-using Microseconds = std::chrono::duration<double, std::micro>;
 
 /// What the two commands took for one vehicle; `pause` comes before each.
 template <class AnyGate>
 double Pass(AnyGate& gate, int slot, std::chrono::milliseconds pause) {
   const auto timed = [&](auto&& command) {
     std::this_thread::sleep_for(pause);
-    const auto start = std::chrono::steady_clock::now();
-    command();
-    return Microseconds(std::chrono::steady_clock::now() - start).count();
+    return Timed(command);
   };
   gate.BeforeSave(slot);
   const double save = timed([&] { gate.Save(); });
@@ -158,7 +115,7 @@ struct Times {
 /// The gates take turns, so that a disk that slows down slows both. False when one of them lost a vehicle.
 bool ADay(Times& times, std::chrono::milliseconds pause) {
   const WorkFolder folder;
-  Gate gate(folder.Path("Vintoral"));
+  Gate gate(folder.Path("Vintoral"), Plates::kNone);
   SqlGate reference(folder.Path("reference.db"));
   const std::int64_t before = gate.Retired();
   times.ours.clear();

@@ -5,6 +5,7 @@
 #include <fstream>
 #include <string>
 
+#include "Slots.h"
 #include "common/Numbers.h"
 #include "platform/headless/HeadlessPlatform.h"
 #include "platform/pictures/PictureDecoder.h"
@@ -15,7 +16,6 @@
 
 namespace vintoral::bench {
 
-inline constexpr int kSlots = 1000;
 inline constexpr int kInside = 300;  ///< of them taken in the morning
 inline constexpr int kUsers = 100;   ///< registered; the day's vehicles are strangers
 
@@ -29,7 +29,8 @@ class WorkFolder {
  public:
   WorkFolder() : path_(std::filesystem::current_path() / "bench-station") {
     std::filesystem::remove_all(path_);
-    for (const char* name : {"Vintoral/Multimedia/Vintoral.USR", "Vintoral/Sonidos/Vintoral-4.wav"}) {
+    for (const char* name : {"Vintoral/Multimedia/Vintoral.USR", "Vintoral/Multimedia/Vintoral.CFR",
+                             "Vintoral/Sonidos/Vintoral-4.wav", "Vintoral/Sonidos/Vintoral-10.wav"}) {
       std::filesystem::create_directories((path_ / name).parent_path());
       std::ofstream(path_ / name).flush();
     }
@@ -43,10 +44,13 @@ class WorkFolder {
   std::filesystem::path path_;
 };
 
+/// Whether the gate asks for them: who has a plate is registered.
+enum class Plates { kNone, kAll };
+
 class Gate {
  public:
-  explicit Gate(const std::string& folder)
-      : platform_(folder, pictures_), form_(platform_.Devices()), input_(form_.OpenForms) {
+  explicit Gate(const std::string& folder, Plates plates = Plates::kAll)
+      : plates_(plates), platform_(folder, pictures_), form_(platform_.Devices()), input_(form_.OpenForms) {
     platform_.Screen.OnWait = [this] {
       if (!platform_.Screen.Answer(Answer::kYes)) platform_.Screen.Answer(Answer::kOk);
     };
@@ -69,7 +73,7 @@ class Gate {
   /// The operator types the number and the plate, or calls the ficha up and reads what is to be paid.
   void BeforeSave(int slot) {
     Type(slot);
-    form_.TxtCampo[1].SetText("ABC"_w + Digits(slot, 4));
+    if (plates_ == Plates::kAll) form_.TxtCampo[1].SetText("ABC"_w + Digits(slot, 4));
   }
   void BeforeRetire(int slot) { Type(slot); }
   /// The command, its box answered at once. No time passes, so no tick weighs in.
@@ -78,10 +82,12 @@ class Gate {
   Form1& Form() { return form_; }
   HeadlessPlatform& Devices() { return platform_; }
   /// Rows in the history, which begins with one of its own.
-  std::int64_t Retired() {
-    const Register<RegistroFicha> hst(platform_.Devices().disk, form_.RutaCompartida("Vintoral.HST"),
-                                      OpenMode::kRead);
-    return hst.Count().PassOver().value_or(0);
+  std::int64_t Retired() { return Records<RegistroFicha>("Vintoral.HST"); }
+  /// Records in a register of the data folder.
+  template <class R>
+  std::int64_t Records(std::string_view file) {
+    const Register<R> records(platform_.Devices().disk, form_.RutaCompartida(file), OpenMode::kRead);
+    return records.Count().PassOver().value_or(0);
   }
 
  private:
@@ -91,6 +97,7 @@ class Gate {
     input_.Character('\r');
   }
 
+  Plates plates_;
   PictureDecoder pictures_;
   HeadlessPlatform platform_;
   Form1 form_;

@@ -20,12 +20,12 @@ RegistroUsuario UsuarioDelFormulario(const Form1& form) {
 }
 
 /// The form over a user who is known. His points are those on disk: another gate may have added to them while
-/// the question stood.
-Outcome Reescribir(Form1& form, Usuarios& usuarios, bool sync) {
+/// the question stood, or does so now.
+Outcome Reescribir(Form1& form, Usuarios& usuarios) {
   const Result<RegistroUsuario> antes = usuarios.Read(form.NumeroUsuario);
   if (!antes) return antes.Why();
   form.UsuarioActual.Puntos = antes->Puntos;
-  return usuarios.Write(form.NumeroUsuario, form.UsuarioActual, sync);
+  return usuarios.Write(form.NumeroUsuario, form.UsuarioActual, false);
 }
 
 /// A plate that is new. Whoever has come to stand behind the last user that this gate saw was added by
@@ -38,7 +38,7 @@ Outcome Agregar(Form1& form, Usuarios& usuarios) {
   if (!mismo) return mismo.Why();
   const bool registrado = *mismo > 0;
   form.NumeroUsuario = static_cast<std::int32_t>(registrado ? *mismo : *total + 1);
-  return registrado ? Reescribir(form, usuarios, false)
+  return registrado ? Reescribir(form, usuarios)
                     : usuarios.Write(form.NumeroUsuario, form.UsuarioActual, false);
 }
 
@@ -55,14 +55,22 @@ bool Form1::GuardarUsuario() {
   const bool conocido = UsuarioEnFormulario == NumeroUsuario;
   UsuarioActual = UsuarioDelFormulario(*this);
   Usuarios usuarios(platform_.disk, RutaMostrada("Vintoral.USR"), OpenMode::kCreate);
-  const Outcome written = conocido ? Reescribir(*this, usuarios, true)
-                                   : usuarios.UnderLock([&] { return Agregar(*this, usuarios); });
+  bool ultimo = false;
+  const auto escribir = [&]() -> Outcome {
+    Outcome escrito = conocido ? Reescribir(*this, usuarios) : Agregar(*this, usuarios);
+    if (!escrito) return escrito;
+    FichaActual.UsuarioPuntos = NumeroUsuario;
+    // Under the lock, while nobody can be registered behind him: later he would be the last one no more, and
+    // his first ficha kept by no gate.
+    ultimo = usuarios.Count() == std::int64_t{NumeroUsuario};
+    if (ultimo) GuardarPrimeraFicha(*this);
+    return escrito;
+  };
+  const Outcome written = usuarios.UnderLock(escribir);
   written.PassOver();
   if (!written && !conocido) NumeroUsuario = 0;  // nobody's number: the points would be somebody else's
   FichaActual.UsuarioPuntos = NumeroUsuario;
-  const bool ultimo = written && usuarios.Count() == std::int64_t{NumeroUsuario};
-  if (ultimo) GuardarPrimeraFicha(*this);
-  return ultimo;
+  return written && ultimo;
 }
 
 }  // namespace vintoral

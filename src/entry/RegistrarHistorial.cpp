@@ -1,6 +1,4 @@
-#include <algorithm>
-#include <limits>
-
+#include "entry/Puntos.h"
 #include "records/Register.h"
 #include "station/form1/Form1.h"
 
@@ -12,11 +10,6 @@ struct Saldo {
   std::int32_t puntos = 0;   ///< with those of this stay
 };
 
-std::int32_t PuntosDelRegistro(std::int64_t puntos) {
-  using Limits = std::numeric_limits<std::int32_t>;
-  return static_cast<std::int32_t>(std::clamp<std::int64_t>(puntos, Limits::min(), Limits::max()));
-}
-
 /// The user's points behind this stay; he becomes UsuarioActual. A number that no user has, of a register
 /// that was put back or is scrambled, is nobody's.
 Saldo SaldoDe(Form1& form, std::int32_t numero) {
@@ -27,11 +20,7 @@ Saldo SaldoDe(Form1& form, std::int32_t numero) {
   const std::optional<RegistroUsuario> ahora = usuarios.Read(numero).PassOver();
   if (!ahora) return {};
   form.UsuarioActual = *ahora;
-  // Another gate may have retired a ficha of the same user since this one was called up. Points that were
-  // cleared are gone all the same.
-  const bool borrados = form.ImgPuntos.TagNumber() != 0;
-  const std::int64_t ganados = borrados ? 0 : ahora->Puntos - form.PuntosLeidos;
-  return {numero, PuntosDelRegistro(form.PuntosAcumulados + form.PuntosEstadia + ganados)};
+  return {numero, PuntosTrasEstaEstadia(form, ahora->Puntos)};
 }
 
 }  // namespace

@@ -52,10 +52,12 @@ DatosEstadia EstadiaEnPantalla(const Form1& form) {
   return estadia;
 }
 
-/// The invoice that was asked for, under its number.
-std::optional<DatosFactura> Facturar(Form1& form) {
-  const bool asked = IsPressed(form.PctBoton[boton::kFacturas]) && form.ChkFactura.Value != 0;
-  if (!asked) return std::nullopt;
+bool PideFactura(const Form1& form) {
+  return IsPressed(form.PctBoton[boton::kFacturas]) && form.ChkFactura.Value != 0;
+}
+
+/// The invoice, under its number.
+DatosFactura Facturar(Form1& form) {
   if (form.LblCambio.Visible) form.LineaEfectivo();  // cash that was typed since the last tick
   form.CopiarFactura(false);
   return form.FacturaDe(form.ValorEstadia, DetalleEstadia(EstadiaEnPantalla(form)),
@@ -77,17 +79,18 @@ void Form1::RetirarFicha() {
   TmrHoraFecha.SetEnabled(false);
   TextoSalida = LblFechaSal.Caption;
   SyncTogether onDisk(platform_.disk);
+  const std::unique_ptr<Replacement> registro = PideFactura(*this) ? AbrirRegistroFacturas() : nullptr;
   const bool retirada = PasarAlHistorial(*this);
   std::optional<DatosFactura> factura;
   if (retirada) {
-    factura = Facturar(*this);
+    if (registro) RegistrarFactura(factura.emplace(Facturar(*this)), *registro);
     RefrescarVista();
     LimpiarCampos();
     onDisk.Finish().PassOver();
   }
   TmrHoraFecha.SetEnabled(true);
   if (!retirada) return platform_.screen.Beep();  // the ficha stays on display
-  if (factura) ImprimirFactura(*factura);
+  if (factura) ImprimirFactura(*factura, *registro);
   MidiWav(sonido::kHecho);
   EntregarCopias();
 }

@@ -62,7 +62,7 @@ std::optional<Puesto> LiberarPuesto(Form1& form, std::int64_t numero) {
   const Puesto puesto{*ficha, CodigoEn(form, numero)};
   AnotarSalida(form, numero);
   // The code first: once the slot is free, another gate may take it and write its own code there.
-  form.GuardarCodigoBarras(false);
+  if (puesto.codigo != RegistroCodigo{}) form.GuardarCodigoBarras(false);
   act.Write(numero, form.FichaActual, true).PassOver();
   return puesto;
 }

@@ -4,7 +4,7 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <vector>
+#include <memory>
 
 #include "platform/WriteAllAt.h"
 
@@ -26,14 +26,15 @@ void BeginWriting(int file, std::uint64_t offset, std::uint64_t length) {
 
 Copied CopyByHand(int from, int into, std::uint64_t at, std::uint64_t done) {
   constexpr std::size_t kBuffer = std::size_t{1} << 20;
-  std::vector<char> buffer(kBuffer);
+  // Not filled with zeros: most calls read only that there is nothing more.
+  const auto buffer = std::make_unique_for_overwrite<char[]>(kBuffer);
   for (;;) {
-    const ssize_t got = pread(from, buffer.data(), buffer.size(), static_cast<off_t>(done));
+    const ssize_t got = pread(from, buffer.get(), kBuffer, static_cast<off_t>(done));
     if (got < 0 && errno == EINTR) continue;
     if (got < 0) return {done, errno};
     if (got == 0) return {done, 0};
     const auto count = static_cast<std::size_t>(got);
-    const int error = WriteAllAt(into, at + done, {buffer.data(), count});
+    const int error = WriteAllAt(into, at + done, {buffer.get(), count});
     if (error != 0) return {done, error};
     BeginWriting(into, at + done, count);
     done += count;

@@ -11,10 +11,32 @@ std::vector<std::optional<FileMark>> Disk::LookIn(std::string_view folder,
   return marks;
 }
 
-Outcome Disk::PutAround(std::string_view path, std::string_view before, std::string_view after) {
-  const Result<String> held = ReadAll(path);
-  if (!held && !held.Why().Missing()) return held.Why();
-  return Replace(path, String(before) + (held ? *held : String()) + String(after));
+namespace {
+
+/// Does all of it with Commit.
+class ReplacementAtOnce final : public Replacement {
+ public:
+  ReplacementAtOnce(Disk& disk, std::string_view path) : disk_(disk), path_(path) {}
+  void PutAround(std::string_view before, std::string_view after) override {
+    around_.emplace(String(before), String(after));
+  }
+  Outcome Commit() override {
+    if (!around_) return NothingPut();
+    const Result<String> held = disk_.ReadAll(path_);
+    if (!held && !held.Why().Missing()) return held.Why();
+    return disk_.Replace(path_, around_->first + (held ? *held : String()) + around_->second);
+  }
+
+ private:
+  Disk& disk_;
+  const String path_;
+  std::optional<std::pair<String, String>> around_;
+};
+
+}  // namespace
+
+std::unique_ptr<Replacement> Disk::BeginReplacement(std::string_view path) {
+  return std::make_unique<ReplacementAtOnce>(*this, path);
 }
 
 Outcome Disk::Copy(std::string_view from, std::string_view to) {

@@ -6,6 +6,7 @@
 // found whatever their case, since the folders of customers come from systems that ignore it.
 #pragma once
 
+#include <cerrno>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -50,6 +51,21 @@ class DiskFile {
   virtual void UnlockAppend() = 0;
 };
 
+/// A file that is to take the place of another one. Destroyed without Commit it changes nothing.
+class Replacement {
+ public:
+  virtual ~Replacement() = default;
+  /// The new file is to hold `before`, all that the old one holds, and `after`. Once.
+  virtual void PutAround(std::string_view before, std::string_view after) = 0;
+  /// Once, behind PutAround; without it the error is EINVAL. Whatever failed so far is told here. A reader
+  /// sees the old file before it and the new one after it, never half. What is seen has been synced; a power
+  /// cut soon after may bring the old file back, whole, until Settle has returned.
+  virtual Outcome Commit() = 0;
+
+ protected:
+  static Outcome NothingPut() { return Outcome::Failed("put nothing around", "a file", EINVAL); }
+};
+
 enum class OpenMode {
   kRead,       ///< must exist
   kReadWrite,  ///< must exist
@@ -78,9 +94,12 @@ class Disk {
   /// Replaces the whole file: written beside, synced, renamed over. A reader sees the old or the new, never
   /// half.
   virtual Outcome Replace(std::string_view path, std::string_view bytes) = 0;
-  /// Replaces the whole file, in the same way, by `before`, all that it held, and `after`; a file that was
-  /// missing held nothing. A real disk never has it in memory as a whole.
-  virtual Outcome PutAround(std::string_view path, std::string_view before, std::string_view after);
+  /// Begins to replace the whole file; one that is missing holds nothing. One at a time for each file, and
+  /// the disk outlives it. A real disk never has the whole in memory, and works while the station goes on;
+  /// others do all of it in Commit.
+  virtual std::unique_ptr<Replacement> BeginReplacement(std::string_view path);
+  /// Returns when nothing is left to do behind a Commit.
+  virtual void Settle() {}
   /// Makes a file that did not exist: readers see none or all of it. Nothing is changed, and the error is
   /// EEXIST, when there is anything of that name. It is not synced: a power cut soon after may lose it.
   virtual Outcome CreateNew(std::string_view path, std::string_view bytes) = 0;

@@ -12,13 +12,13 @@
 #include <cerrno>
 #include <chrono>
 #include <csignal>
-#include <cstdlib>
+#include <functional>
 #include <tuple>
 
-#include "platform/CopyBytes.h"
 #include "platform/Descriptor.h"
 #include "platform/FileStatus.h"
 #include "platform/NativePath.h"
+#include "platform/NewBeside.h"
 #include "platform/NewFile.h"
 #include "platform/PosixFile.h"
 
@@ -28,33 +28,14 @@ namespace {
 /// No file of the station is as large; reading one as a whole would only take the memory.
 constexpr std::size_t kLargestFile = std::size_t{512} << 20;
 
-struct FreeText {
-  void operator()(char* text) const { std::free(text); }
-};
-
-/// The path without links and relative parts; as given when it can't be followed.
-std::string RealPath(const std::string& path) {
-  const std::unique_ptr<char, FreeText> real(realpath(path.c_str(), nullptr));
-  return real ? std::string(real.get()) : path;
+bool IsLink(const std::string& path) {
+  char first = 0;
+  return readlink(path.c_str(), &first, 1) >= 0;
 }
 
 bool IsFile(const std::string& path) {
   const std::optional<FileStatus> status = StatusOf(path);
   return status && status->IsFile();
-}
-
-/// A descriptor of the regular file at `path`, or -1 with errno set. O_NONBLOCK: opening a pipe would wait.
-int OpenRegular(const std::string& path, int flags) {
-  int descriptor = -1;
-  do
-    descriptor = open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, 0666);
-  while (descriptor < 0 && errno == EINTR);
-  if (descriptor < 0) return -1;
-  const std::optional<FileStatus> status = RememberedStatusOf(descriptor);
-  if (status && status->IsFile()) return descriptor;
-  close(descriptor);
-  errno = status && status->IsFolder() ? EISDIR : EINVAL;
-  return -1;
 }
 
 /// -1 where there is no such folder.
@@ -88,60 +69,6 @@ bool ChangedJustNow(const std::string& path) {
   return mark && std::chrono::abs(now - std::chrono::nanoseconds(mark->changed)) < kJustNow;
 }
 
-/// A file in `folder` that gets its name when it is whole, so that a station that is killed leaves nothing
-/// behind. -1 where the file system knows no such file.
-int OpenUnnamed(const std::string& folder) {
-  return open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0666);
-}
-
-bool GiveName(int descriptor, const std::string& path) {
-  unlink(path.c_str());
-  const std::string unnamed = "/proc/self/fd/" + std::to_string(descriptor);
-  return linkat(AT_FDCWD, unnamed.c_str(), AT_FDCWD, path.c_str(), AT_SYMLINK_FOLLOW) == 0;
-}
-
-/// What a file is to hold: `before`, all of the old file where there is a descriptor of it, and `after`.
-struct Content {
-  std::string_view before;
-  int old = -1;
-  std::string_view after;
-};
-
-Outcome WriteContent(PosixFile& file, int descriptor, const Content& content) {
-  Outcome written = file.WriteAt(0, {content.before.data(), content.before.size()});
-  if (!written || content.old < 0) return written;
-  const Copied copied = CopyBytes(content.old, descriptor, content.before.size());
-  if (copied.error != 0) return Outcome::Failed("copy into", "a new file", copied.error);
-  return file.WriteAt(content.before.size() + copied.bytes, {content.after.data(), content.after.size()});
-}
-
-/// Fills the file behind `descriptor`, on disk when this returns. `path` is the file that it will replace.
-Outcome Fill(PosixFile& file, int descriptor, const std::string& path, const Content& content) {
-  const std::optional<FileStatus> old = StatusOf(path);
-  // A file system without permissions refuses; then there is nothing to keep.
-  if (old) std::ignore = fchmod(descriptor, old->mode & 07777);
-  Outcome written = WriteContent(file, descriptor, content);
-  return written ? file.Sync() : written;
-}
-
-/// Writes `content` to a new file at `temporary` and moves it to `path`. 0, or the system's errno.
-int WriteBeside(const std::string& temporary, const std::string& path, const Content& content) {
-  int error = 0;
-  for (const bool unnamed : {true, false}) {
-    const int descriptor = unnamed ? OpenUnnamed(FolderOf(path))
-                                   : OpenRegular(temporary, O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW);
-    error = descriptor < 0 ? errno : 0;
-    if (error != 0) continue;
-    PendingSyncs none;
-    PosixFile file(descriptor, temporary, "", none);
-    const Outcome filled = Fill(file, descriptor, path, content);
-    if (!filled) return filled.Error();
-    if (unnamed && !GiveName(descriptor, temporary)) continue;
-    return rename(temporary.c_str(), path.c_str()) == 0 ? 0 : errno;
-  }
-  return error;
-}
-
 }  // namespace
 
 PosixDisk::PosixDisk(std::string folder) : folder_(std::move(folder)) {
@@ -169,6 +96,11 @@ std::string PosixDisk::PathOf(std::string_view path) const {
   std::string native = NativePath(inside ? below : path);
   if (!inside) return native;
   return native.starts_with('/') ? base + native : base + "/" + native;
+}
+
+std::string PosixDisk::FileItself(std::string_view path) const {
+  const std::string native = FindIgnoringCase(PathOf(path));
+  return IsLink(native) ? RealPath(native) : native;
 }
 
 bool PosixDisk::Exists(std::string_view path) const {
@@ -245,39 +177,60 @@ Result<String> PosixDisk::ReadAll(std::string_view path) {
   return Outcome::Failed("read all of", PathOf(path), EFBIG);
 }
 
+Outcome PosixDisk::Replace(std::string_view path, std::string_view bytes) {
+  NewBeside file(FileItself(path), NewBeside::Old::kDropped);
+  const Outcome opened = file.Open();
+  const Outcome written = opened ? file.Write(bytes, {}) : opened;
+  Outcome replaced = written ? file.TakePlace() : written;
+  if (replaced) file.SyncName();
+  return replaced;
+}
+
 namespace {
 
-/// `native` is the file itself: renaming over a link would put a file in its place.
-Outcome ReplaceBy(const Content& content, const std::string& native) {
-  const std::string folder = FolderOf(native);
-  const std::string hidden = folder + "/." + native.substr(native.rfind('/') + 1);
-  // Two stations may replace one file of a shared folder at once, so each writes beside it under its own
-  // name.
-  const std::string temporary = hidden + "." + std::to_string(getpid()) + ".nuevo";
-  int error = access(native.c_str(), F_OK) == 0 && access(native.c_str(), W_OK) != 0 ? errno : 0;
-  if (error == 0 && native.empty()) error = ENOENT;
-  if (error != 0) return Outcome::Failed("replace", native, error);
-  error = WriteBeside(temporary, native, content);
-  if (error != 0) {
-    unlink(temporary.c_str());
-    return Outcome::Failed("replace", native, error);
+/// The disk's own thread opens and writes the file, and does what is left behind a Commit.
+class ReplacementBeside final : public Replacement {
+ public:
+  /// `find` gives the native path of the file itself.
+  ReplacementBeside(WorkBeside& beside, std::function<std::string()> find)
+      : beside_(beside), work_(std::make_shared<Work>()) {
+    beside_.Add([work = work_, find = std::move(find)] {
+      work->file.emplace(find(), NewBeside::Old::kKept);
+      work->opened = work->file->Open();
+    });
   }
-  SyncFolder(folder);
-  return Outcome::Done();
-}
+  void PutAround(std::string_view before, std::string_view after) override {
+    beside_.Add([work = work_, ahead = std::string(before), behind = std::string(after)]() mutable {
+      work->before = std::move(ahead);
+      work->after = std::move(behind);
+      work->written = work->opened ? work->file->Write(work->before, work->after) : work->opened;
+    });
+  }
+  Outcome Commit() override {
+    beside_.Await();
+    // The last owner closes the files, by which the room of the old one is freed, or takes away a new one
+    // that could not be moved to its place.
+    std::shared_ptr<Work> work = std::move(work_);
+    Outcome replaced = work->written ? work->file->TakePlace() : work->written;
+    if (replaced) beside_.Add([work = std::move(work)] { work->file->SyncName(); });
+    return replaced;
+  }
+
+ private:
+  struct Work {
+    std::string before, after;
+    std::optional<NewBeside> file;
+    Outcome opened = Outcome::Done(), written = NothingPut();
+  };
+  WorkBeside& beside_;
+  std::shared_ptr<Work> work_;
+};
 
 }  // namespace
 
-Outcome PosixDisk::Replace(std::string_view path, std::string_view bytes) {
-  return ReplaceBy({.before = bytes, .after = {}}, RealPath(FindIgnoringCase(PathOf(path))));
-}
-
-Outcome PosixDisk::PutAround(std::string_view path, std::string_view before, std::string_view after) {
-  const std::string native = RealPath(FindIgnoringCase(PathOf(path)));
-  const Descriptor old(OpenRegular(native, O_RDONLY));
-  if (old.Number() < 0 && errno != ENOENT) return Outcome::Failed("open", native, errno);
-  if (old.Number() < 0) return Replace(path, String(before) + String(after));
-  return ReplaceBy({.before = before, .old = old.Number(), .after = after}, native);
+std::unique_ptr<Replacement> PosixDisk::BeginReplacement(std::string_view path) {
+  return std::make_unique<ReplacementBeside>(beside_,
+                                             [this, name = std::string(path)] { return FileItself(name); });
 }
 
 Outcome PosixDisk::CreateNew(std::string_view path, std::string_view bytes) {

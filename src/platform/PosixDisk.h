@@ -5,6 +5,7 @@
 
 #include "platform/Disk.h"
 #include "platform/PendingSyncs.h"
+#include "platform/WorkBeside.h"
 
 namespace vintoral {
 
@@ -29,7 +30,10 @@ class PosixDisk final : public Disk {
   Result<String> ReadAll(std::string_view path) override;
   /// Keeps the permissions of the file that was there; refuses one that may not be written.
   Outcome Replace(std::string_view path, std::string_view bytes) override;
-  Outcome PutAround(std::string_view path, std::string_view before, std::string_view after) override;
+  /// Opened, written and synced beside the station's thread, which waits for it in Commit. Left behind that
+  /// are the sync of the new file's name and the freeing of the old file; the next Commit waits for them too.
+  std::unique_ptr<Replacement> BeginReplacement(std::string_view path) override;
+  void Settle() override { beside_.Await(); }
   /// A link that leads nowhere is something of that name too.
   Outcome CreateNew(std::string_view path, std::string_view bytes) override;
   Outcome Copy(std::string_view from, std::string_view to) override;
@@ -47,9 +51,13 @@ class PosixDisk final : public Disk {
   std::string PathOf(std::string_view path) const;
 
  private:
+  /// The file that is meant, whatever the case of its name, and not a link to it.
+  std::string FileItself(std::string_view path) const;
+
   std::string folder_;
   String currentFolder_;  ///< folder_ as station text
   PendingSyncs pending_;
+  WorkBeside beside_;  ///< the last one, since its work uses the others
 };
 
 }  // namespace vintoral

@@ -145,6 +145,19 @@ void PosixFile::UnlockAppend() {
   lockedAt_.reset();
 }
 
+int OpenRegular(const std::string& path, int flags) {
+  int descriptor = -1;
+  do
+    descriptor = open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, 0666);
+  while (descriptor < 0 && errno == EINTR);
+  if (descriptor < 0) return -1;
+  const std::optional<FileStatus> status = RememberedStatusOf(descriptor);
+  if (status && status->IsFile()) return descriptor;
+  close(descriptor);
+  errno = status && status->IsFolder() ? EISDIR : EINVAL;
+  return -1;
+}
+
 void SyncFolder(const std::string& folder) {
   const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (descriptor < 0) return;

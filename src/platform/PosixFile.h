@@ -43,6 +43,9 @@ class PosixFile final : public DiskFile {
   std::optional<std::int64_t> lockedAt_;
 };
 
+/// A descriptor of the regular file at `path`, or -1 with errno set. O_NONBLOCK: opening a pipe would wait.
+int OpenRegular(const std::string& path, int flags);
+
 /// Syncs the names in a folder. File systems that refuse it keep them by themselves, so nothing is reported.
 void SyncFolder(const std::string& folder);
 

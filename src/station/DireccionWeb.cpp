@@ -15,8 +15,12 @@ constexpr std::string_view kDefault =
 
 String Form1::DireccionWeb() {
   Disk& disk = platform_.disk;
-  if (!disk.Exists(archivo::kWeb)) disk.Replace(archivo::kWeb, kDefault).PassOver();
-  const std::optional<String> text = disk.ReadAll(archivo::kWeb).PassOver();
+  Result<String> file = disk.ReadAll(archivo::kWeb);
+  if (file.Why().Missing()) {
+    disk.Replace(archivo::kWeb, kDefault).PassOver();
+    file = String(kDefault);
+  }
+  const std::optional<String> text = file.PassOver();
   const std::optional<String> address = text ? Ajuste(*text, kName) : std::nullopt;
   return address.value_or(Ajuste(kDefault, kName).value_or(String()));
 }

@@ -334,18 +334,22 @@ class Buttons(DrivenDay):
 
 
 class GeneratorButtons(DrivenDay):
-    def test_in_barcode_mode_the_one_that_is_shown_beeps(self):
+    def test_one_at_a_time_is_shown(self):
         station = self.with_tickets()
         self.assertEqual([station.shown("CmdNumeroFicha"), station.shown("CmdBarCode")], [True, False])
         self.switch_barcodes(station)
         self.assertEqual([station.shown("CmdNumeroFicha"), station.shown("CmdBarCode")], [False, True])
-        self.assertFalse(station.get("TxtCampo(0)")["Enabled"])
-        self.assertEqual(kinds(station.click("CmdBarCode")), ["beep"])
 
-    def test_while_a_number_can_be_typed_it_is_silent(self):
+    def test_in_barcode_mode_it_goes_on_though_the_number_is_closed(self):
         station = self.with_tickets()
-        self.assertEqual(kinds(station.click("CmdNumeroFicha")), [])
-        self.assertIsNone(station.focused())
+        self.switch_barcodes(station)
+        self.assertFalse(station.get("TxtCampo(0)")["Enabled"])
+        self.assertEqual(sounds(station.click("CmdBarCode")), ["Sonidos\\Vintoral-10.wav"])
+
+    def test_the_focus_goes_to_the_plate(self):
+        station = self.with_tickets()
+        self.assertEqual(kinds(station.click("CmdNumeroFicha")), ["sound"])
+        self.assertEqual(station.focused(), "TxtCampo(1)")
 
 
 if __name__ == "__main__":

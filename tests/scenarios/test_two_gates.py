@@ -46,7 +46,7 @@ class Saving(TwoGates):
         self.assertEqual(self.folder.slot(7).Placa, "THEIRS")
         self.assertIdle(one)
 
-    def test_the_same_number_at_once_keeps_the_later_write(self):
+    def test_a_number_taken_under_the_question_is_left_alone(self):
         one, two = self.gates()
         one.fill(7, "first")
         two.fill(7, "second")
@@ -55,8 +55,11 @@ class Saving(TwoGates):
         one.answer("yes")
         two.answer("yes")
         slot = self.folder.slot(7)
-        self.assertEqual((slot.Placa, slot.PorteriaEntrada, slot.EnUso), ("SECOND", "02", -1))
+        self.assertEqual((slot.Placa, slot.PorteriaEntrada, slot.EnUso), ("FIRST", "01", -1))
         self.assertEqual((self.folder.shared / "Vintoral.ACT").stat().st_size, 188188)
+        self.assertIdle(two)
+        # Nobody came in with the second plate, so it is no user either.
+        self.assertEqual((self.folder.shared / "Vintoral.USR").stat().st_size, 124)
 
     def test_the_connected_gate_writes_nothing_at_home(self):
         one, two = self.gates()

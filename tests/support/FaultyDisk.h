@@ -72,12 +72,6 @@ class FaultyDisk final : public Disk {
     if (FailsWrite(*faults_)) return Error(faults_->writeError);
     return disk_.Replace(path, bytes);
   }
-  Outcome PutAround(std::string_view path, std::string_view before, std::string_view after) override {
-    if (Gone()) return Error(ENOTCONN);
-    if (faults_->openReadOnly) return Error(EACCES);
-    if (FailsWrite(*faults_)) return Error(faults_->writeError);
-    return disk_.PutAround(path, before, after);
-  }
   Outcome CreateNew(std::string_view path, std::string_view bytes) override {
     if (Gone()) return Error(ENOTCONN);
     if (faults_->openReadOnly) return Error(EACCES);

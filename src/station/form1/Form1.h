@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <deque>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -78,7 +79,6 @@ class Form1 : public ScreenModel {
   String TiempoEstadia;  ///< "02H 30M "
   Money ValorEstadia;
   std::int64_t PuntosAcumulados = 0, PuntosEstadia = 0;
-  std::int64_t PuntosLeidos = 0;  ///< the user's points when the ficha was called up
 
   String MarcaTiquete;          ///< the entry stamp just saved
   String MarcaSalidaPendiente;  ///< the exit stamp fixed when a ficha was called up
@@ -334,11 +334,17 @@ class Form1 : public ScreenModel {
   /// Opens the dialog of a switch whatever its state.
   void CambiarFormato(boton::Index interruptor);
   /// The ticket of what stands on the screen.
-  void ImprimirTiquete();
+  PrintDocument TiqueteEnPantalla();
+  void ImprimirTiquete(PrintDocument tiquete);
   /// An invoice of this gate, as of now, with the number last taken and the cash line as it stands.
   DatosFactura FacturaDe(Money valor, const String& detalle, float porcentaje);
-  /// Prints it, puts it at the top of the invoice log, and notes its second copy.
-  void ImprimirFactura(const DatosFactura& factura);
+  /// The invoice log for one more invoice, which goes to the disk while the rest of its operation does.
+  /// Called as soon as it is known that there will be one.
+  std::unique_ptr<Replacement> AbrirRegistroFacturas();
+  /// Puts it at the top of the log, where nobody sees it before ImprimirFactura.
+  void RegistrarFactura(const DatosFactura& factura, Replacement& registro);
+  /// Prints it, has it seen in the log, and notes its second copy.
+  void ImprimirFactura(const DatosFactura& factura, Replacement& registro);
   /// Waits for the second copies that were noted and prints each five seconds behind its first one; the
   /// screen is served meanwhile. Under such a wait there is nothing to do: it serves those too.
   void EntregarCopias();

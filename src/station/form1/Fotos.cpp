@@ -75,7 +75,7 @@ void BorrarFotoDanada(Form1& form, const String& foto, const FileMark& mark) {
 
 String MostrarFotoUsuario(Form1& form, std::int32_t numero) {
   String foto = RutaFotoUsuario(form, numero);
-  if (!form.Devices().disk.Exists(foto)) return {};
+  if (numero < 1 || !form.Devices().disk.Exists(foto)) return {};
   form.ImgUsuario.Picture = form.PctUsuario[0].Picture = foto;
   form.ImgUsuario.Visible = form.PctUsuario[1].Visible = true;
   return foto;

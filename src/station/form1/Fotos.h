@@ -28,8 +28,8 @@ std::vector<Picture> FotosDe(Form1& form, std::span<const RegistroFicha> fichas)
 /// nor while somebody writes it.
 void BorrarFotoDanada(Form1& form, const String& foto, const FileMark& mark);
 
-/// Puts the photo of user `numero` on his card; gives its station path, or an empty text, with the card left
-/// as it is, when there is none.
+/// Puts the photo of user `numero` (0 for nobody) on his card; gives its station path, or an empty text, with
+/// the card left as it is, when there is none.
 String MostrarFotoUsuario(Form1& form, std::int32_t numero);
 /// The still takes the place of the live picture; it may hold nothing.
 void MostrarFija(Form1& form, const Picture& foto);

@@ -56,7 +56,7 @@ void Lectura::Devolver() const {
   auto* const list = dynamic_cast<ComboBox*>(campo_);
   if (list != nullptr && elegido_ >= 0) {
     list->Select(elegido_);
-    return list->ShowInstead(antes_);  // the monitors write more than the item says
+    return list->ShowInstead(antes_);  // of a monitor: "15 Min. ATRAS"
   }
   if (list != nullptr) return list->SetText(antes_);
   if (auto* const box = dynamic_cast<TextBox*>(campo_)) box->SetText(antes_);

@@ -4,19 +4,17 @@ Whatever the damage, every operation is answered; and what the damage did not to
 or retired lands where the layouts say, and fichas beside it keep their bytes.
 """
 import os
-import random
 import stat
 
 import trouble
+from damage import DamagedFolder
 from station import (ACT_LENGTH, BLANK, RECORD, Folder, ansi, fresh_register, inside, lines, mixed, mixed_value, screen_state,
                      stamp, user)
 from trouble import some
 
-SEED = 4711
 ENTRY = stamp("08:15", "20/11/2026")
 LEFT = stamp("09:15", "20/11/2026")
 INSIDE = (2, 3, 999, 1000)
-SCRAMBLES = 15
 BARCODE = "barcode mode"
 
 ACT, HST, NSR, CRD, USR, LBL = (f"Multimedia/Vintoral.{name}" for name in ("ACT", "HST", "NSR", "CRD", "USR", "LBL"))
@@ -56,31 +54,9 @@ def strange_values():
         yield screen_state(body.ljust(46, b"\xee")[:46], body.ljust(46, b"\xdd")[:46], [body.ljust(46, b"\xcc")[:46]] * 14)
 
 
-class Damaged(trouble.Trouble):
-    def setUp(self):
-        super().setUp()
-        self.dice = random.Random(SEED)
-        self.gate = self.process()
-        self.original = self.root / "original"
-        for name, data in intact().items():
-            Folder(self.original).write(name, data)
-        (self.root / "P01-desktop").mkdir()
-        # All that a first start adds is there already, so that each of the many starts does only what the day needs.
-        self.start(self.gate, Folder(self.original))
-        self.answer_all(self.gate, "ok")
-        for name, data in intact().items():
-            self.assertEqual((self.original / name).read_bytes(), data, f"a start changed {name}")
-        self.files = Folder(self.original).all_bytes()
-
-    def fresh(self):
-        """The folder with all its files as they were; made anew only where something else than files changed."""
-        kept = self.folder.all_bytes() if self.folder.path.exists() else {}
-        if set(kept) != set(self.files):
-            return trouble.copy_station(self.original, self.folder.path)
-        for name, data in self.files.items():
-            if kept[name] != data:
-                self.folder.write(name, data)
-        return self.folder
+class Damaged(DamagedFolder):
+    def intact(self):
+        return intact()
 
     def day(self, folder):
         """Start, see, save number 7, retire number 2, close: the saving and the retiring, whether each was taken."""
@@ -132,19 +108,6 @@ class Damaged(trouble.Trouble):
         for register, length in ((LBL, 132), (DAT, 16 * 46)):
             had = len(data) if register == name else 0
             self.assertEqual((folder / register).stat().st_size, max(length, had))
-
-    def scrambled(self, data):
-        """Seeded damage: all of it noise, or a few bytes, or a piece moved, or too much of it."""
-        dice = self.dice
-        for _ in range(SCRAMBLES):
-            yield dice.randbytes(len(data))
-            few = bytearray(data)
-            for _ in range(dice.randrange(1, 40)):
-                few[dice.randrange(len(few))] = dice.randrange(256)
-            yield bytes(few)
-            at = dice.randrange(len(data))
-            yield data[at:] + data[:at]
-            yield data + dice.randbytes(dice.randrange(1, 1000))
 
     # ---- Settings and registers that hold no ficha inside: nothing that they hold may stop the day ----
 

@@ -176,29 +176,6 @@ TEST_F(PosixDiskTest, ReplaceWritesWhereALinkPoints) {
   EXPECT_THAT(NamesIn("real"), ElementsAre("x"));
 }
 
-TEST_F(PosixDiskTest, PutAroundKeepsWhatTheFileHeldInTheMiddle) {
-  folder_.Put("Log.HFC", "the old one");
-  ASSERT_EQ(chmod(folder_.Path("Log.HFC").c_str(), 0640), 0);
-  EXPECT_TRUE(disk_.PutAround("log.hfc", "new, ", "!"));
-  EXPECT_EQ(folder_.Get("Log.HFC"), "new, the old one!");
-  EXPECT_TRUE(disk_.PutAround("log.hfc", "", ""));
-  EXPECT_EQ(folder_.Get("Log.HFC"), "new, the old one!");
-  EXPECT_EQ(ModeOf("Log.HFC"), 0640u);
-  EXPECT_THAT(NamesIn(""), ElementsAre("Log.HFC"));
-}
-
-TEST_F(PosixDiskTest, PutAroundMakesAFileThatWasMissing) {
-  EXPECT_TRUE(disk_.PutAround("x", "a", "b"));
-  EXPECT_EQ(folder_.Get("x"), "ab");
-}
-
-TEST_F(PosixDiskTest, PutAroundTellsWhyItCouldNot) {
-  folder_.Put("Folder/x", "inside");
-  EXPECT_EQ(disk_.PutAround("Folder", "a", "b").Error(), EISDIR);
-  EXPECT_EQ(disk_.PutAround("No folder\\x", "a", "b").Error(), ENOENT);
-  EXPECT_THAT(NamesIn(""), ElementsAre("Folder"));
-}
-
 TEST_F(PosixDiskTest, CreateNewMakesAFileOnce) {
   ASSERT_TRUE(disk_.CreateFolder("Im\xE1genes ACT"));
   EXPECT_TRUE(disk_.CreateNew("IM\xC1GENES ACT\\000007.jpg", "photo"));

@@ -124,13 +124,15 @@ TEST_F(PosixFileTest, ReplaceThatStopsHalfwayLeavesTheOldFileAlone) {
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_.Path()), {}), 1);
 }
 
-TEST_F(PosixFileTest, PutAroundThatStopsHalfwayLeavesTheOldFileAlone) {
+TEST_F(PosixFileTest, ReplacementThatStopsHalfwayLeavesTheOldFileAlone) {
   const std::string old(188, 'o');
   folder_.Put("file", old);
   // In the text ahead, in the copy, in the text behind.
   for (const rlim_t room : {5U, 100U, 200U}) {
     const FileLimit limit(room);
-    EXPECT_EQ(disk_.PutAround("file", "before the ", " and behind").Error(), EFBIG) << room;
+    const std::unique_ptr<Replacement> longer = disk_.BeginReplacement("file");
+    longer->PutAround("before the ", " and behind");
+    EXPECT_EQ(longer->Commit().Error(), EFBIG) << room;
   }
   EXPECT_EQ(folder_.Get("file"), old);
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_.Path()), {}), 1);
