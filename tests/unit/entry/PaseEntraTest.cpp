@@ -205,6 +205,16 @@ TEST_F(PaseEsperaTest, OneThatTheOperatorSavedMeanwhileIsNotSavedTwice) {
   EXPECT_FALSE(station_.Slot(2).EnUso);
 }
 
+TEST_F(PaseEsperaTest, ASlotThatAnotherGateTookMeanwhileSpendsNothingAndAsksNothing) {
+  station_.UnderWait = [this] { PutInside(1); };
+  Scan(kCodigo);
+  EXPECT_TRUE(station_.Boxes.empty());
+  EXPECT_EQ(station_.Slot(1).Placa.Trimmed(), "OTRA"_w);
+  EXPECT_EQ(PassAt(1), Pase(0, 2));
+  EXPECT_EQ(CodeAt(1), "");
+  EXPECT_TRUE(Idle());
+}
+
 TEST_F(PaseEsperaTest, WithoutASlotTheLimitIsToldAndTheScreenCleared) {
   RegistroFicha taken;
   taken.EnUso = true;
