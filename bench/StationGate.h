@@ -29,7 +29,8 @@ class WorkFolder {
  public:
   WorkFolder() : path_(std::filesystem::current_path() / "bench-station") {
     std::filesystem::remove_all(path_);
-    for (const char* name : {"Vintoral/Multimedia/Vintoral.USR", "Vintoral/Sonidos/Vintoral-4.wav"}) {
+    for (const char* name : {"Vintoral/Multimedia/Vintoral.USR", "Vintoral/Multimedia/Vintoral.CFR",
+                             "Vintoral/Sonidos/Vintoral-4.wav", "Vintoral/Sonidos/Vintoral-10.wav"}) {
       std::filesystem::create_directories((path_ / name).parent_path());
       std::ofstream(path_ / name).flush();
     }

@@ -19,6 +19,10 @@ void CompareStarts(const std::string& self, const std::string& folder);
 /// A key in a field to its repaint, with 1000 fichas inside.
 void MeasureKeys(int argc, char** argv, const std::string& folder);
 
+/// A child of the bench: codes of those who are inside in the station of `folder`, read by a reader, to the
+/// ficha on display.
+int ScanTimes(int argc, char** argv, const std::string& folder);
+
 /// The children of the grid's bench, at the size that the arguments 3 and 4 say.
 int GridTimes(int argc, char** argv, const std::string& folder);
 int GridMemory(int argc, char** argv, const std::string& folder);

@@ -1,12 +1,11 @@
 #include <QApplication>
-#include <QEvent>
 #include <QTest>
 #include <algorithm>
 #include <cstdio>
-#include <utility>
 #include <vector>
 
 #include "Benches.h"
+#include "PaintWatch.h"
 #include "app/Station.h"
 #include "common/Numbers.h"
 #include "records/Register.h"
@@ -17,20 +16,6 @@ namespace vintoral::bench {
 namespace {
 
 constexpr int kFichas = 1000;
-
-/// Takes the moment at which a widget has been painted last.
-class PaintWatch : public QObject {
- public:
-  explicit PaintWatch(QWidget& widget) { widget.installEventFilter(this); }
-  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-    if (event->type() == QEvent::Paint) painted_ = true;
-    return false;
-  }
-  bool Take() { return std::exchange(painted_, false); }
-
- private:
-  bool painted_ = false;
-};
 
 /// A full house, as it stands in the register.
 void FillHouse(Station& station) {

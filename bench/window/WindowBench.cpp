@@ -1,5 +1,6 @@
 // Measures the window on the offscreen platform; no arguments needed.
 #include <QFile>
+#include <QProcess>
 #include <QString>
 #include <cstdlib>
 #include <string_view>
@@ -31,6 +32,7 @@ int main(int argc, char** argv) {
   if (mode == "--empty") return ShowEmpty(argc, argv);
   const bool first = mode == "--first";
   if ((first || mode == "--station") && argc > 2) return ShowStation(argc, argv, argv[2], first);
+  if (mode == "--scan-times" && argc > 2) return ScanTimes(argc, argv, argv[2]);
   if (mode == "--grid-times" && argc > 4) return GridTimes(argc, argv, argv[2]);
   if (mode == "--grid-memory" && argc > 4) return GridMemory(argc, argv, argv[2]);
   if (mode == "--slow-pages" && argc > 2) return SlowPages(argc, argv, argv[2]);
@@ -40,6 +42,9 @@ int main(int argc, char** argv) {
   const std::string self = QFile::symLinkTarget(QStringLiteral("/proc/self/exe")).toStdString();
   CompareStarts(self, folder.Path("station"));
   MeasureKeys(argc, argv, folder.Path("station"));
+  // With the house that the keys have filled.
+  QProcess::execute(QString::fromStdString(self),
+                    {QStringLiteral("--scan-times"), QString::fromStdString(folder.Path("station"))});
   MeasureGrid(self, folder.Path("station"));
   return 0;
 }

@@ -11,8 +11,7 @@ void Form1::AcumularPuntos(std::int32_t numero) {
   const auto sumar = [&]() -> Outcome {
     const Result<RegistroUsuario> ahora = usuarios.Read(numero);
     if (!ahora) return ahora.Why();
-    const std::int64_t ganados = GanadosEnOtraPorteria(*this, UsuarioActual.Puntos, ahora->Puntos);
-    FichaActual.UsuarioPuntos = PuntosDelRegistro(FichaActual.UsuarioPuntos + ganados);
+    FichaActual.UsuarioPuntos = PuntosTrasEstaEstadia(*this, ahora->Puntos);
     UsuarioActual = *ahora;
     UsuarioActual.Puntos = FichaActual.UsuarioPuntos;
     return usuarios.Write(numero, UsuarioActual, false);

@@ -74,10 +74,13 @@ bool Form1::BuscarUsuario(std::int32_t enFormulario) {
   if (*count == 0) return false;
 
   platform_.screen.Busy(true);
-  const std::int64_t found = BuscarPlaca(usuarios, placa).PassOver().value_or(0);
-  const std::optional<RegistroUsuario> usuario = found > 0 ? usuarios.Read(found).PassOver() : std::nullopt;
-  if (usuario) TomarUsuario(*this, static_cast<std::int32_t>(found), *usuario);
-  if (usuario && found != enFormulario) LlenarFormulario(*this);
+  const std::optional<std::int64_t> found = BuscarPlaca(usuarios, placa).PassOver();
+  const bool known = found.value_or(0) > 0;
+  const std::optional<RegistroUsuario> usuario = known ? usuarios.Read(*found).PassOver() : std::nullopt;
+  // Whoever could not be read may be registered: the next number would make a second user of him.
+  if (!found || (known && !usuario)) NumeroUsuario = 0;
+  if (usuario) TomarUsuario(*this, static_cast<std::int32_t>(*found), *usuario);
+  if (usuario && *found != enFormulario) LlenarFormulario(*this);
   if (usuario) UsuarioEnFormulario = NumeroUsuario;
   platform_.screen.Busy(false);
   return usuario.has_value();

@@ -7,21 +7,22 @@
 namespace vintoral {
 namespace {
 
-/// The first free slot from this gate's first number on, 0 when all are taken.
+/// The first free slot from this gate's first number on, 0 when all are taken. One that was cut off the end
+/// of the register is free.
 Result<std::int64_t> PuestoLibre(const Form1& form) {
   constexpr std::size_t kEnUso = coding::OffsetOf(kLayoutFicha, &RegistroFicha::EnUso);
   const Register<RegistroFicha> act(form.Devices().disk, form.RutaCompartida("Vintoral.ACT"),
                                     OpenMode::kRead);
-  std::int64_t free = 0;
+  std::int64_t next = form.PrimerNumero;
   const auto visit = [&](std::int64_t number, std::span<const char, RegistroFicha::kSize> bytes) {
     bool taken = false;
     coding::Code<bool>::Read(bytes.data() + kEnUso, taken);
-    if (!taken) free = number;
+    if (taken) next = number + 1;
     return taken;
   };
   const Outcome walked = act.WalkBytes(form.PrimerNumero, form.TotalFichas, visit);
   if (!walked) return walked;
-  return free;
+  return form.HayPuesto(next) ? next : 0;
 }
 
 void AvisarLimite(Form1& form) {

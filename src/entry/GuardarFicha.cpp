@@ -13,7 +13,8 @@ namespace {
 void MostrarFotoConfirmacion(Form1& form) {
   const bool sinCamara = form.ImgIndicador[indicador::kCamaraDesactivada].Visible;
   const bool conMemoria = form.ImgIndicador[indicador::kMemoriaRostros].Visible;
-  if (!sinCamara) MostrarFija(form, conMemoria ? String() : MostrarFotoUsuario(form, form.UsuarioEnFormulario));
+  if (!sinCamara)
+    MostrarFija(form, conMemoria ? String() : MostrarFotoUsuario(form, form.UsuarioEnFormulario));
   AvisarSinImagen(form);
 }
 
@@ -69,13 +70,6 @@ Ingreso Ingresar(Form1& form, std::int64_t numero) {
   return {hecho, primera};
 }
 
-/// What is printed is a promise: it must be on disk.
-void ImprimirGuardada(Form1& form, SyncTogether& onDisk) {
-  const Outcome synced = onDisk.Finish();
-  synced.PassOver();
-  if (synced) form.ImprimirTiquete();
-}
-
 /// A pass that comes back has its validity closed, and its ticket already.
 bool PideTiquete(const Form1& form) {
   return IsPressed(form.PctBoton[boton::kTiquetes]) && form.TxtMaxEntrada.Enabled;
@@ -107,12 +101,16 @@ void Form1::GuardarFicha() {
   }
   SyncTogether onDisk(platform_.disk);
   const Ingreso ingreso = puesto->EnUso ? Ingreso{} : Ingresar(*this, numero);
-  if (ingreso.hecho && PideTiquete(*this)) ImprimirGuardada(*this, onDisk);
   if (ingreso.hecho) GuardarFotosUsuario(FichaActual.UsuarioPuntos, ingreso.primera);
+  std::optional<PrintDocument> tiquete;
+  if (ingreso.hecho && PideTiquete(*this)) tiquete = TiqueteEnPantalla();
   RefrescarVista();
   ImgIndicador[indicador::kFotosAdicionales].Visible = false;
   LimpiarCampos();
-  onDisk.Finish().PassOver();
+  const Outcome synced = onDisk.Finish();
+  synced.PassOver();
+  // What is printed is a promise: it must be on disk.
+  if (tiquete && synced) ImprimirTiquete(std::move(*tiquete));
 }
 
 }  // namespace vintoral

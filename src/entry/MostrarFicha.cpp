@@ -32,7 +32,7 @@ void MostrarUsuario(Form1& form) {
   MostrarFotoUsuario(form, form.FichaActual.UsuarioPuntos);
   form.ImgPuntos.Tag = "0"_w;
   form.ImgPuntos.Visible = true;
-  form.PuntosLeidos = form.PuntosAcumulados = form.LeerPuntosUsuario(form.FichaActual.UsuarioPuntos);
+  form.PuntosAcumulados = form.LeerPuntosUsuario(form.FichaActual.UsuarioPuntos);
   form.PuntosEstadia = 0;
 }
 

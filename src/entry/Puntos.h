@@ -1,25 +1,18 @@
-// Points of a user that more than one gate adds to.
+// The points of a user when he leaves.
 #pragma once
 
-#include <algorithm>
 #include <cstdint>
-#include <limits>
 
 #include "station/form1/Form1.h"
+#include "station/form1/Puntos.h"
 
 namespace vintoral {
 
-/// As a record holds them.
-inline std::int32_t PuntosDelRegistro(std::int64_t puntos) {
-  using Limits = std::numeric_limits<std::int32_t>;
-  return static_cast<std::int32_t>(std::clamp<std::int64_t>(puntos, Limits::min(), Limits::max()));
-}
-
-/// What other gates have added between two looks at a user's points. Points that were cleared are gone all
-/// the same.
-inline std::int64_t GanadosEnOtraPorteria(const Form1& form, std::int64_t antes, std::int64_t ahora) {
+/// `enDisco`: his points as they are now. Another gate may have retired a ficha of the same user since this
+/// one was called up, so the screen's are not taken. Points that were cleared are gone all the same.
+inline std::int32_t PuntosTrasEstaEstadia(const Form1& form, std::int32_t enDisco) {
   const bool borrados = form.ImgPuntos.TagNumber() != 0;
-  return borrados ? 0 : ahora - antes;
+  return borrados ? 0 : static_cast<std::int32_t>(PuntosTras(enDisco, form.PuntosEstadia));
 }
 
 }  // namespace vintoral

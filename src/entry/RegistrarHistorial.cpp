@@ -20,9 +20,7 @@ Saldo SaldoDe(Form1& form, std::int32_t numero) {
   const std::optional<RegistroUsuario> ahora = usuarios.Read(numero).PassOver();
   if (!ahora) return {};
   form.UsuarioActual = *ahora;
-  // Another gate may have retired a ficha of the same user since this one was called up.
-  const std::int64_t ganados = GanadosEnOtraPorteria(form, form.PuntosLeidos, ahora->Puntos);
-  return {numero, PuntosDelRegistro(form.PuntosAcumulados + form.PuntosEstadia + ganados)};
+  return {numero, PuntosTrasEstaEstadia(form, ahora->Puntos)};
 }
 
 }  // namespace

@@ -2,7 +2,9 @@
 // ignored.
 #pragma once
 
+#include <array>
 #include <cstddef>
+#include <cstring>
 #include <string_view>
 
 #include "common/String.h"
@@ -26,7 +28,7 @@ class FieldMatcher {
   bool Matches(const char* field) const {
     const char first = *field;
     if (first == first_ || first == firstLower_) return BeginsHere(field);
-    return first == ' ' && EqualNoCase(TrimBlanks({field, Width}), upper_);
+    return first == ' ' && !IsBlank(field) && EqualNoCase(TrimBlanks({field, Width}), upper_);
   }
 
  private:
@@ -38,6 +40,14 @@ class FieldMatcher {
     }
     return TrimBlanks({field + text.size(), Width - text.size()}).empty();
   }
+
+  static constexpr std::array<char, Width> kBlank = [] {
+    std::array<char, Width> blanks{};
+    blanks.fill(' ');
+    return blanks;
+  }();
+  /// A free record: there are more of them than of texts with blanks ahead.
+  static bool IsBlank(const char* field) { return std::memcmp(field, kBlank.data(), Width) == 0; }
 
   String upper_;
   char first_ = ' ';

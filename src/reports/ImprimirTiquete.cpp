@@ -25,8 +25,12 @@ DatosTiquete DatosEnPantalla(Form1& form) {
 
 }  // namespace
 
-void Form1::ImprimirTiquete() {
-  platform_.printer.EndDoc(TiqueteImpreso(DatosEnPantalla(*this)));
+PrintDocument Form1::TiqueteEnPantalla() {
+  return TiqueteImpreso(DatosEnPantalla(*this));
+}
+
+void Form1::ImprimirTiquete(PrintDocument tiquete) {
+  platform_.printer.EndDoc(std::move(tiquete));
 }
 
 }  // namespace vintoral

@@ -1,16 +1,16 @@
 #include "common/Numbers.h"
 #include "station/form1/Form1.h"
 #include "station/form1/Monitor.h"
+#include "station/form1/Puntos.h"
 #include "tariffs/Tasacion.h"
 
 namespace vintoral {
 
 Money Form1::CalcularValor() {
-  constexpr std::int64_t kMostPoints = 999'999;
   const Tasacion account = Tasar(TablaTarifas, CboTarifa[0].Text(), Permanencia);
   if (ImgPuntos.Visible && ImgPuntos.TagNumber() == 0) {
     PuntosEstadia = account.puntos;
-    if (PuntosAcumulados + PuntosEstadia > kMostPoints) PuntosAcumulados = 0;
+    PuntosAcumulados = PuntosTras(PuntosAcumulados, PuntosEstadia) - PuntosEstadia;
   }
   LblPuntos[1].Caption = Digits(PuntosAcumulados + PuntosEstadia);
   LblFechaSal.Caption = StampOf(platform_.clock.Now());

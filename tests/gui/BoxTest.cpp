@@ -19,9 +19,9 @@ class Boxes : public Gate {
     screen_.OnShown = [&](QMessageBox& dialog, const Box&) { hook(dialog); };
     return screen_.Show({"Título"_w, "¿Sí?"_w, Icon::kExclamation, std::move(buttons), preselected});
   }
-  static Hook Press(Qt::Key key) {
-    return [key](QMessageBox& dialog) {
-      QTest::keyClick(&dialog, key);
+  static Hook Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    return [=](QMessageBox& dialog) {
+      QTest::keyClick(dialog.windowHandle(), key, modifiers);
       // A letter presses its button for a moment, as a finger would.
       for (int i = 0; dialog.isVisible() && i < 100; ++i)
         QTest::qWait(10);
@@ -59,9 +59,35 @@ TEST_F(Boxes, EscChangesNothing) {
   EXPECT_EQ(Ask({Answer::kOk}, Answer::kOk, Press(Qt::Key_Escape)), Answer::kOk);
 }
 
-TEST_F(Boxes, FirstLettersAnswer) {
-  EXPECT_EQ(Ask(kYesNo, Answer::kNo, Press(Qt::Key_S)), Answer::kYes);
-  EXPECT_EQ(Ask(kYesNo, Answer::kYes, Press(Qt::Key_N)), Answer::kNo);
+TEST_F(Boxes, AltAndTheFirstLetterAnswer) {
+  EXPECT_EQ(Ask(kYesNo, Answer::kNo, Press(Qt::Key_S, Qt::AltModifier)), Answer::kYes);
+  EXPECT_EQ(Ask(kYesNo, Answer::kYes, Press(Qt::Key_N, Qt::AltModifier)), Answer::kNo);
+}
+
+TEST_F(Boxes, ALetterAloneAnswersNothing) {
+  const Answer answer = Ask(kYesNo, Answer::kNo, [](QMessageBox& dialog) {
+    for (const Qt::Key key : {Qt::Key_S, Qt::Key_N, Qt::Key_A, Qt::Key_1}) {
+      QTest::keyClick(dialog.windowHandle(), key);
+      QTest::keyClick(dialog.windowHandle(), key, Qt::ShiftModifier);
+      QTest::qWait(150);  // a letter would press its button for a moment, as a finger does
+      EXPECT_TRUE(dialog.isVisible()) << key;
+    }
+    dialog.buttons().at(0)->click();
+  });
+  EXPECT_EQ(answer, Answer::kYes);
+}
+
+TEST_F(Boxes, KeysWalkOverTheButtonsAndSpacePressesOne) {
+  for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Right}) {
+    const Answer answer = Ask(kYesNo, Answer::kYes, [&](QMessageBox& dialog) {
+      QTest::qWait(KeyBurst::kGap + 10);  // behind the keys of the box before
+      QTest::keyClick(dialog.windowHandle(), key);
+      QTest::keyClick(dialog.windowHandle(), Qt::Key_Space);
+      EXPECT_FALSE(dialog.isVisible());
+      dialog.reject();
+    });
+    EXPECT_EQ(answer, Answer::kNo) << key;
+  }
 }
 
 TEST_F(Boxes, AProgramThatEndsAnswersHarmlessly) {
@@ -104,7 +130,7 @@ TEST_F(Boxes, KeysOfABoxDoNotReachTheStation) {
   Type("7");
   Key(Qt::Key_Return);
   screen_.OnShown = [&](QMessageBox& dialog, const Box&) {
-    QTest::keyClick(&dialog, Qt::Key_9);
+    QTest::keyClick(dialog.windowHandle(), Qt::Key_9);
     EXPECT_EQ(Shown("TxtCampo(1)"), "");
     dialog.reject();
   };

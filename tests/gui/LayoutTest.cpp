@@ -5,6 +5,7 @@
 
 #include "gui/Gate.h"
 #include "window/controls/CaptionLabel.h"
+#include "window/controls/Theme.h"
 
 namespace vintoral::test {
 namespace {
@@ -20,6 +21,29 @@ class Layout : public Gate {
       places[widget->objectName()] = QRect(widget->mapTo(window_.get(), QPoint()), widget->size());
     }
     return places;
+  }
+  /// The look of a station that works with bar codes, or with numbers.
+  void ShowMode(bool codes) {
+    form_->CmdBarCode.Visible = codes;
+    window_->Refresh();
+    QCoreApplication::processEvents();
+  }
+  /// What is visible hides, and the other way round; the mode stays.
+  void TurnOver() {
+    for (Control* control : form_->Controls()) {
+      if (control->Name.rfind("Tmr", 0) != 0 && control != &form_->CmdBarCode)
+        control->Visible = !control->Visible;
+    }
+  }
+  /// `hidden` are on no screen: where they would stand is nobody's business.
+  void ExpectPlaces(const QMap<QString, QRect>& expected, const QStringList& hidden = {}) const {
+    for (const auto& [name, place] : Places().toStdMap()) {
+      if (hidden.contains(name)) continue;
+      const QRect before = expected[name];
+      EXPECT_EQ(place, before) << name.toStdString() << " was at " << before.x() << "," << before.y() << " "
+                               << before.width() << "x" << before.height() << ", is at " << place.x() << ","
+                               << place.y() << " " << place.width() << "x" << place.height();
+    }
   }
   void ExpectAllInside() {
     for (const auto& [name, place] : Places().toStdMap())
@@ -90,16 +114,45 @@ TEST_F(Layout, LabelsFitBesideTheirFields) {
 }
 
 TEST_F(Layout, NothingMovesWhenThingsComeAndGo) {
-  const QMap<QString, QRect> idle = Places();
-  for (Control* control : form_->Controls()) {
-    if (control->Name.rfind("Tmr", 0) != 0) control->Visible = !control->Visible;
+  for (const bool codes : {false, true}) {
+    SCOPED_TRACE(codes ? "bar codes" : "numbers");
+    ShowMode(codes);
+    const QMap<QString, QRect> idle = Places();
+    ASSERT_FALSE(idle.empty());
+    TurnOver();
+    form_->LblValor.Caption = "$ 123456789.00"_w;
+    form_->LblInfo[4].Caption = "1000"_w;
+    form_->LblFechaEnt.Caption = {};
+    window_->Refresh();
+    QCoreApplication::processEvents();
+    ExpectPlaces(idle);
+    TurnOver();
   }
-  form_->LblValor.Caption = "$ 123456789.00"_w;
-  form_->LblInfo[4].Caption = "1000"_w;
-  form_->LblFechaEnt.Caption = {};
-  window_->Refresh();
-  QCoreApplication::processEvents();
-  EXPECT_EQ(Places(), idle);
+}
+
+TEST_F(Layout, TheBandOfTheCodeMovesNothingOutsideTheFields) {
+  const QMap<QString, QRect> numbers = Places();
+  EXPECT_EQ(numbers["TxtCampo(1)"].left() - numbers["PctEtiqueta(1)"].left(), theme::kLabelWidth + 6);
+  ShowMode(true);
+  const QMap<QString, QRect> codes = Places();
+  EXPECT_EQ(codes["PctEtiqueta(1)"].top(), numbers["PctEtiqueta(2)"].top());  // one row down
+  EXPECT_EQ(codes["TxtCampo(0)"], numbers["TxtCampo(0)"]);
+  for (const char* const name : {"LblFechaEnt", "LblValor", "TxtEfectivo", "FraFicha", "PctBoton(0)"})
+    EXPECT_EQ(codes[name], numbers[name]) << name;
+  ShowMode(false);
+  ExpectPlaces(numbers, {"TxtBarCode", "TxtBarCodeOK"});
+}
+
+TEST_F(Layout, TheBandOfTheCodeFitsTheSmallScreens) {
+  ShowMode(true);
+  for (const QSize screen : {QSize(1366, 740), QSize(1093, 590), QSize(1280, 690)}) {
+    EXPECT_LE(window_->minimumSizeHint().width(), screen.width());
+    EXPECT_LE(window_->minimumSizeHint().height(), screen.height());
+    window_->resize(screen);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window_->size(), screen);
+    ExpectAllInside();
+  }
 }
 
 TEST_F(Layout, TheTitleIsTheHelpLine) {

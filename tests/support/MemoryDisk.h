@@ -4,11 +4,13 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/Disk.h"
@@ -39,6 +41,10 @@ class MemoryDisk final : public Disk {
   int Syncs() const { return *syncs_; }
   /// How often an append lock was taken.
   int Locked() const { return locks_->taken; }
+  /// Happens once, when somebody next waits for the append lock of a file: what the gate that had it leaves.
+  void BeforeLocked(std::string_view path, std::function<void()> happens) {
+    locks_->before[Key(path)] = std::move(happens);
+  }
   /// The files that were opened or read while an append lock was held, in order.
   const std::vector<std::string>& UsedUnderLock() const { return locks_->used; }
 
@@ -118,6 +124,14 @@ class MemoryDisk final : public Disk {
     int taken = 0;
     int held = 0;
     std::vector<std::string> used;
+    std::map<std::string, std::function<void()>> before;
+    void Take(const std::string& key) {
+      const auto found = before.find(key);
+      if (found != before.end()) std::exchange(found->second, nullptr)();
+      before.erase(key);
+      ++taken;
+      ++held;
+    }
     void Use(const std::string& key) {
       if (held > 0) used.push_back(key);
     }
@@ -153,10 +167,7 @@ class MemoryDisk final : public Disk {
       bytes_->resize(std::min<std::uint64_t>(length, bytes_->size()));
       return Outcome::Done();
     }
-    void LockAppend() override {
-      ++locks_->taken;
-      ++locks_->held;
-    }
+    void LockAppend() override { locks_->Take(key_); }
     void UnlockAppend() override { --locks_->held; }
 
    private:

@@ -13,13 +13,13 @@
 
 #include "common/Moment.h"
 #include "platform/headless/Recording.h"
-#include "platform/headless/SeededRandom.h"
 #include "platform/headless/VirtualClock.h"
 #include "platform/pictures/PictureDecoder.h"
 #include "station/form1/Form1.h"
 #include "station/forms/Input.h"
 #include "support/FaultyDisk.h"
 #include "support/MemoryDisk.h"
+#include "support/ScriptedRandom.h"
 
 namespace vintoral::test {
 
@@ -117,7 +117,7 @@ class MemoryStation {
   RecordingSound Sound{Events};
   PictureDecoder Pictures;
   RecordingPrinter Printer{Events};
-  SeededRandom Chance;
+  ScriptedRandom Chance;
   Form1 Form{Platform{Clock, Screen, Sound, System, Faulty, Pictures, Printer, Chance}};
   Input Hands{Form.OpenForms};
 

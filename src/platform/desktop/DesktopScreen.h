@@ -1,10 +1,14 @@
 // Message boxes, the beep and the wait cursor on the operator's screen. All boxes of the program come from
 // here.
+//
+// A box is answered by Enter, Esc, Alt and a letter, or a button that has the keyboard: never by a mere
+// character, which may be a bar code reader's.
 #pragma once
 
 #include <functional>
 
 #include "platform/Screen.h"
+#include "platform/desktop/ReaderGuard.h"
 
 class QMessageBox;
 class QWidget;
@@ -27,6 +31,7 @@ class DesktopScreen : public Screen {
   std::function<void(QMessageBox&, const Box&)> OnShown;
 
  private:
+  ReaderGuard guard_;
   bool busy_ = false;
 };
 

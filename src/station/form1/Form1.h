@@ -79,7 +79,6 @@ class Form1 : public ScreenModel {
   String TiempoEstadia;  ///< "02H 30M "
   Money ValorEstadia;
   std::int64_t PuntosAcumulados = 0, PuntosEstadia = 0;
-  std::int64_t PuntosLeidos = 0;  ///< the user's points when the ficha was called up
 
   String MarcaTiquete;          ///< the entry stamp just saved
   String MarcaSalidaPendiente;  ///< the exit stamp fixed when a ficha was called up
@@ -335,7 +334,8 @@ class Form1 : public ScreenModel {
   /// Opens the dialog of a switch whatever its state.
   void CambiarFormato(boton::Index interruptor);
   /// The ticket of what stands on the screen.
-  void ImprimirTiquete();
+  PrintDocument TiqueteEnPantalla();
+  void ImprimirTiquete(PrintDocument tiquete);
   /// An invoice of this gate, as of now, with the number last taken and the cash line as it stands.
   DatosFactura FacturaDe(Money valor, const String& detalle, float porcentaje);
   /// The invoice log for one more invoice, which goes to the disk while the rest of its operation does.

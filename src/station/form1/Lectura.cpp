@@ -54,7 +54,10 @@ bool Lectura::Completa() const {
 
 void Lectura::Devolver() const {
   auto* const list = dynamic_cast<ComboBox*>(campo_);
-  if (list != nullptr && elegido_ >= 0) return list->Select(elegido_);
+  if (list != nullptr && elegido_ >= 0) {
+    list->Select(elegido_);
+    return list->ShowInstead(antes_);  // of a monitor: "15 Min. ATRAS"
+  }
   if (list != nullptr) return list->SetText(antes_);
   if (auto* const box = dynamic_cast<TextBox*>(campo_)) box->SetText(antes_);
 }

@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <optional>
 
+#include "common/KeyBurst.h"
 #include "common/String.h"
-#include "station/forms/KeyBurst.h"
 
 namespace vintoral {
 

@@ -14,13 +14,16 @@ ScreenModel::ScreenModel() : Form("Form1") {
 #define NAME(control) Add(control, #control)
 
 void ScreenModel::NameAll() {
-  NAME(TxtCampo), NAME(TxtEtiqueta), NAME(PctEtiqueta), NAME(LblCampo);
-  NAME(CboTarifa), NAME(LblCategoria), NAME(LblFechaEnt), NAME(LblFechaSal), NAME(LblValor);
+  // In the order in which the keyboard goes round: what is read first, what is typed, what the ticket is
+  // worth.
+  NAME(TxtBarCode), NAME(TxtCampo), NAME(TxtEtiqueta), NAME(PctEtiqueta), NAME(LblCampo);
+  NAME(CboTarifa), NAME(TxtMaxEntrada), NAME(LstModEntrada), NAME(LblCategoria), NAME(LblFechaEnt),
+      NAME(LblFechaSal), NAME(LblValor);
   NAME(TxtEfectivo), NAME(LblCambio), NAME(LblInfo), NAME(LblIndicador), NAME(LblConexion);
   NAME(ImgIndicador), NAME(ChkFactura), NAME(PctUsuario), NAME(ImgUsuario), NAME(LblPuntos), NAME(ImgPuntos);
   NAME(Picture1), NAME(Picture2), NAME(dspPreview), NAME(ImgFotoDetalle), NAME(PctFotoDetalle);
   NAME(LblWebCamMsg), NAME(PctAppCamera), NAME(CmdBarCode), NAME(CmdNumeroFicha);
-  NAME(TxtBarCode), NAME(TxtBarCodeOK), NAME(TxtMaxEntrada), NAME(LstModEntrada), NAME(CboMinutos);
+  NAME(TxtBarCodeOK), NAME(CboMinutos);
   NAME(PctBoton), NAME(PctBuscar), NAME(ImgFicha), NAME(PctFicha), NAME(ShpCelda), NAME(PctSeleccion);
   NAME(FraFicha), NAME(ImgFondo), NAME(LblFondo), NAME(FilFondos), NAME(ImgCambiarFondo);
   NAME(ImgPanico), NAME(ImgContador), NAME(LblAyuda);
@@ -78,6 +81,8 @@ void ScreenModel::DesignInfo() {
   CboMinutos.Tag = "0"_w;
   CmdNumeroFicha.ToolTipText = "<INICIO> Generador Automático de Fichas"_w;
   CmdBarCode.ToolTipText = "<INICIO> Generador de Códigos de Barras Code39"_w;
+  ImgPuntos.ToolTipText = "<CTRL+MAYUS+R> Reiniciar Total Puntos"_w;
+  TxtBarCodeOK.CanFocus = false;  // a sign
   PctFicha.Tag = "0"_w;
   FraFicha.CanFocus = true;  // the pointer can be moved over the grid by keys
   FilFondos.Pattern = "*.jpg"_w;

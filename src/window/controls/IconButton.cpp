@@ -8,9 +8,16 @@
 namespace vintoral {
 
 IconButton::IconButton(QString icon, int edge, int iconEdge, Kind kind, QWidget* parent)
-    : QAbstractButton(parent), icon_(std::move(icon)), edge_(edge), iconEdge_(iconEdge), kind_(kind) {
+    : QAbstractButton(parent), icon_(std::move(icon)), iconEdge_(iconEdge), kind_(kind) {
   setFocusPolicy(Qt::NoFocus);
   setFixedSize(edge, edge);
+}
+
+void IconButton::ShowWord(const QString& word) {
+  word_ = word;
+  // Reckoned, not measured: a font is loaded only when something is written in it.
+  const int letters = static_cast<int>(word_.size()) * theme::kCaptionPixels * 3 / 4;
+  setFixedSize(WordStart() + letters, height());
 }
 
 void IconButton::ShowPressed(bool pressed) {
@@ -40,13 +47,21 @@ void IconButton::PaintGround(QPainter& painter) const {
                           theme::kRadius);
 }
 
+void IconButton::PaintWord(QPainter& painter) const {
+  painter.setFont(theme::TextFont(theme::kCaptionPixels));
+  painter.setPen(QColor::fromRgb(theme::kText));
+  painter.drawText(rect().adjusted(WordStart(), 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, word_);
+}
+
 void IconButton::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   PaintGround(painter);
   if (!isEnabled()) painter.setOpacity(0.35);
   const QPixmap icon = IconPixmap(icon_, iconEdge_, devicePixelRatioF());
-  painter.drawPixmap(QPoint((width() - iconEdge_) / 2, (height() - iconEdge_) / 2), icon);
+  const int inset = (height() - iconEdge_) / 2;
+  painter.drawPixmap(QPoint(inset, inset), icon);
+  if (!word_.isEmpty()) PaintWord(painter);
   if (hasFocus()) theme::PaintFocusRing(painter, rect());
 }
 

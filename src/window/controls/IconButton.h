@@ -13,7 +13,9 @@ class IconButton : public QAbstractButton {
   /// Held in, as a function that is on.
   void ShowPressed(bool pressed);
   bool Pressed() const { return pressed_; }
-  QSize sizeHint() const override { return {edge_, edge_}; }
+  /// A word beside the icon: the button is as wide as both.
+  void ShowWord(const QString& word);
+  QSize sizeHint() const override { return size(); }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -22,8 +24,10 @@ class IconButton : public QAbstractButton {
 
  private:
   void PaintGround(QPainter& painter) const;
+  void PaintWord(QPainter& painter) const;
+  int WordStart() const { return height() - 1; }
   QString icon_;
-  int edge_;
+  QString word_;
   int iconEdge_;
   Kind kind_;
   bool pressed_ = false;

@@ -28,6 +28,7 @@ inline constexpr QRgb kDisplay = 0xFF14263A;  ///< the dark panel of the amount
 inline constexpr QRgb kDisplayText = 0xFFFFFFFF;
 inline constexpr QRgb kDisplayMuted = 0xFFB7C8D8;
 inline constexpr QRgb kWarning = 0xFFFFC080;        ///< behind a sign that something is wrong
+inline constexpr QRgb kAccepted = 0xFF1B7A3D;       ///< the tick of a code that is accepted
 inline constexpr QRgb kOff = 0xFFC3CCD5;            ///< a light that is out
 inline constexpr QRgb kPictureGround = 0xFFDDE3E9;  ///< where a picture may stand
 
@@ -41,6 +42,7 @@ inline constexpr int kLabelWidth = 156;  ///< of the labels beside the fields
 inline constexpr int kCaptionPixels = 12;
 inline constexpr int kTextPixels = 15;
 inline constexpr int kStrongPixels = 18;
+inline constexpr int kCodePixels = 20;
 inline constexpr int kAmountPixels = 26;
 inline constexpr int kValuePixels = 54;
 inline constexpr double kRadius = 5;

@@ -2,20 +2,35 @@
 
 #include <QCheckBox>
 #include <QGridLayout>
+#include <QPainter>
 
 #include "window/controls/CaptionLabel.h"
 #include "window/controls/IconButton.h"
 #include "window/controls/ListField.h"
+#include "window/controls/Mirror.h"
 #include "window/controls/TextField.h"
 #include "window/controls/Theme.h"
 #include "window/controls/Views.h"
+#include "window/form1/AcceptedSign.h"
 
 namespace vintoral {
 
 namespace {
 
 constexpr std::size_t kFields = 6;
-constexpr int kCategoryRow = kFields, kOptionsRow = kCategoryRow + 1;
+// One row is free for the options while they are a band.
+constexpr int kNumberRow = 0, kBandRow = 1, kFirstRow = kBandRow + 1;
+constexpr int kCategoryRow = kFirstRow + kFields - 1, kOptionsRow = kCategoryRow + 1;
+constexpr int kLabels = 0, kBoxes = 1, kTools = 2, kColumns = 3;
+// Of the options.
+constexpr int kCode = 0, kSign = 1, kSpace = 2, kValidity = 3;
+constexpr int kOptionGap = 4;
+constexpr Qt::Alignment kLeft = Qt::AlignLeft | Qt::AlignVCenter;
+constexpr int kMargin = 10;
+
+int RowOf(std::size_t field) {
+  return field == 0 ? kNumberRow : kFirstRow + static_cast<int>(field) - 1;
+}
 
 TextField* NewField(QWidget* parent) {
   auto* const field = new TextField(parent);
@@ -24,24 +39,46 @@ TextField* NewField(QWidget* parent) {
   return field;
 }
 
-}  // namespace
-
-FieldsPanel::FieldsPanel(Stage& stage, QWidget* parent) : Card(theme::kCard, theme::kLine, parent) {
-  auto* const rows = new QGridLayout(this);
-  rows->setContentsMargins(10, 9, 10, 9);
-  rows->setHorizontalSpacing(6);
-  rows->setVerticalSpacing(4);
-  rows->setColumnStretch(2, 1);
-  for (std::size_t i = 0; i < kFields; ++i) {
-    BuildLabel(stage, i, *rows);
-    BuildField(stage, i, *rows);
-  }
-  BuildNumberTools(stage, *rows);
-  BuildCategory(stage, *rows);
-  BuildOptions(stage, *rows);
+/// What a pass has left can't be changed, but is what everybody reads.
+void StayLegibleWhenClosed(QWidget& widget) {
+  QPalette palette = widget.palette();
+  for (const QPalette::ColorRole role : {QPalette::Text, QPalette::ButtonText})
+    palette.setColor(QPalette::Disabled, role, QColor::fromRgb(theme::kText));
+  widget.setPalette(palette);
 }
 
-void FieldsPanel::BuildLabel(Stage& stage, std::size_t index, QGridLayout& rows) {
+/// Large, in one pitch, and wide enough for a whole code. The font is loaded only by who works with codes.
+void BeCode(TextField& field) {
+  constexpr int kCodeLength = 12;
+  QFont font = theme::FixedFont({QStringLiteral("Liberation Mono")}, theme::kCodePixels);
+  font.setWeight(QFont::Bold);
+  field.setFont(font);
+  field.setFixedWidth(field.fontMetrics().horizontalAdvance(QString(kCodeLength, u'0')) +
+                      2 * theme::kTextInset + 2);
+}
+
+}  // namespace
+
+FieldsPanel::FieldsPanel(Stage& stage, QWidget* parent)
+    : Card(theme::kCard, theme::kLine, parent),
+      rows_(new QGridLayout(this)),
+      options_(new QWidget(this)),
+      inOptions_(new QGridLayout(options_)) {
+  rows_->setContentsMargins(kMargin, 9, kMargin, 9);
+  rows_->setHorizontalSpacing(6);
+  rows_->setVerticalSpacing(4);
+  rows_->setColumnStretch(kTools, 1);
+  for (std::size_t i = 0; i < kFields; ++i) {
+    BuildLabel(stage, i);
+    BuildField(stage, i);
+  }
+  BuildNumberTools(stage);
+  BuildCategory(stage);
+  BuildOptions(stage);
+  FollowMode(stage);
+}
+
+void FieldsPanel::BuildLabel(Stage& stage, std::size_t index) {
   auto* const panel = new QWidget(this);
   panel->setFixedWidth(theme::kLabelWidth);
   auto* const inside = new QHBoxLayout(panel);
@@ -50,12 +87,12 @@ void FieldsPanel::BuildLabel(Stage& stage, std::size_t index, QGridLayout& rows)
   label->setFont(theme::TextFont(theme::kCaptionPixels, QFont::Bold));
   label->BePlainWhenLocked();
   inside->addWidget(label);
-  rows.addWidget(panel, static_cast<int>(index), 0);
+  rows_->addWidget(panel, RowOf(index), kLabels);
   BindPlain(stage, {"PctEtiqueta", index}, *panel);
   Bind(stage, {"TxtEtiqueta", index}, *label);
 }
 
-void FieldsPanel::BuildField(Stage& stage, std::size_t index, QGridLayout& rows) {
+void FieldsPanel::BuildField(Stage& stage, std::size_t index) {
   // The record's row and the entry box share one place: the box lies above.
   const bool number = index == 0;
   CaptionLabel::Look look;
@@ -71,71 +108,116 @@ void FieldsPanel::BuildField(Stage& stage, std::size_t index, QGridLayout& rows)
     field->SetWidthFor(kNumberDigits);
     row->setFixedWidth(field->width());
   }
-  rows.addWidget(row, static_cast<int>(index), 1, 1, number ? 1 : 2);
-  rows.addWidget(field, static_cast<int>(index), 1, 1, number ? 1 : 2);
+  rows_->addWidget(row, RowOf(index), kBoxes, 1, number ? 1 : 2);
+  rows_->addWidget(field, RowOf(index), kBoxes, 1, number ? 1 : 2);
   Bind(stage, {"LblCampo", index}, *row);
   Bind(stage, {"TxtCampo", index}, *field);
 }
 
-void FieldsPanel::BuildNumberTools(Stage& stage, QGridLayout& rows) {
+void FieldsPanel::BuildNumberTools(Stage& stage) {
   constexpr int kEdge = 28, kIcon = 22;
-  auto* const place = new QWidget(this);
-  auto* const tools = new QGridLayout(place);
-  tools->setContentsMargins(0, 0, 0, 0);
-  tools->setHorizontalSpacing(6);
-  const auto button = [&](const char* name) {
-    auto* const face =
-        new IconButton(QString::fromLatin1(name), kEdge, kIcon, IconButton::Kind::kTool, place);
-    tools->addWidget(face, 0, 0);
-    BindPlain(stage, name, *face);
-  };
-  button("CmdNumeroFicha");
-  button("CmdBarCode");
-  for (const char* const code : {"TxtBarCode", "TxtBarCodeOK"}) {
-    auto* const field = NewField(place);
-    tools->addWidget(field, 0, 1);
-    Bind(stage, code, *field);
-  }
-  rows.addWidget(place, 0, 2);
+  // The one of the codes is worked all day, and says what it does.
+  auto* const number =
+      new IconButton(QStringLiteral("CmdNumeroFicha"), kEdge, kIcon, IconButton::Kind::kTool, this);
+  auto* const code =
+      new IconButton(QStringLiteral("CmdBarCode"), kEdge, kIcon, IconButton::Kind::kTool, this);
+  code->ShowWord(QStringLiteral("Nuevo"));
+  for (IconButton* const button : {number, code})
+    rows_->addWidget(button, kNumberRow, kTools, kLeft);
+  BindPlain(stage, "CmdNumeroFicha", *number);
+  BindPlain(stage, "CmdBarCode", *code);
 }
 
-void FieldsPanel::BuildCategory(Stage& stage, QGridLayout& rows) {
+void FieldsPanel::BuildCategory(Stage& stage) {
   CaptionLabel::Look look;
   look.pixels = theme::kCaptionPixels;
   look.weight = QFont::Bold;
   look.padding = theme::kTextInset;
   auto* const label = new CaptionLabel(look, this);
   label->setFixedWidth(theme::kLabelWidth);
-  rows.addWidget(label, kCategoryRow, 0);
+  rows_->addWidget(label, kCategoryRow, kLabels);
   Bind(stage, "LblCategoria", *label);
   for (const std::size_t list : {0U, 1U}) {
     auto* const field = new ListField(false, this);
     field->setFont(theme::TextFont(theme::kTextPixels));
     field->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    rows.addWidget(field, kCategoryRow, 1, 1, 2);
+    rows_->addWidget(field, kCategoryRow, kBoxes, 1, 2);
     Bind(stage, {"CboTarifa", list}, *field);
   }
 }
 
-void FieldsPanel::BuildOptions(Stage& stage, QGridLayout& rows) {
-  auto* const invoice = new QCheckBox(QStringLiteral("Factura"), this);
-  invoice->setFocusPolicy(Qt::NoFocus);
-  rows.addWidget(invoice, kOptionsRow, 0);
-  Bind(stage, "ChkFactura", *invoice);
+void FieldsPanel::BuildOptions(Stage& stage) {
+  inOptions_->setContentsMargins(0, 0, 0, 0);
+  inOptions_->setHorizontalSpacing(kOptionGap);
+  inOptions_->setColumnStretch(kSpace, 1);
+  BuildCode(stage);
+  BuildValidity(stage);
+  invoice_ = new QCheckBox(QStringLiteral("Factura"), options_);
+  invoice_->setFocusPolicy(Qt::NoFocus);
+  Bind(stage, "ChkFactura", *invoice_);
+  inOptions_->addWidget(invoice_, 0, kCode, kLeft);
+  onBand_.append(invoice_);
+  rows_->addWidget(options_, kOptionsRow, kLabels, 1, kColumns);
+}
 
-  auto* const validity = new QWidget(this);
-  auto* const inside = new QHBoxLayout(validity);
-  inside->setContentsMargins(0, 0, 0, 0);
-  auto* const count = new TextField(validity);
-  constexpr int kCountDigits = 3;
+void FieldsPanel::BuildCode(Stage& stage) {
+  code_ = NewField(options_);
+  auto* const sign = new AcceptedSign(options_);
+  inOptions_->addWidget(code_, 0, kCode);
+  inOptions_->addWidget(sign, 0, kSign);
+  onBand_.append({code_, sign});
+  Bind(stage, "TxtBarCode", *code_);
+  Bind(stage, "TxtBarCodeOK", *sign);
+}
+
+void FieldsPanel::BuildValidity(Stage& stage) {
+  constexpr int kCountDigits = 3, kUnitWidth = 96;
+  auto* const place = new QWidget(options_);
+  auto* const row = new QHBoxLayout(place);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(kOptionGap);
+  auto* const count = NewField(place);
+  count->setFont(theme::TextFont(theme::kTextPixels, QFont::Bold));
   count->SetWidthFor(kCountDigits);
-  auto* const unit = new ListField(false, validity);
-  inside->addStretch(1);
-  inside->addWidget(count);
-  inside->addWidget(unit);
-  rows.addWidget(validity, kOptionsRow, 1, 1, 2);
+  auto* const unit = new ListField(false, place);
+  unit->setFont(theme::TextFont(theme::kTextPixels));
+  unit->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
+  unit->setFixedWidth(kUnitWidth);
+  for (QWidget* const box : {static_cast<QWidget*>(count), static_cast<QWidget*>(unit)}) {
+    StayLegibleWhenClosed(*box);
+    row->addWidget(box);
+  }
+  inOptions_->addWidget(place, 0, kValidity);
+  onBand_.append({count, unit});
   Bind(stage, "TxtMaxEntrada", *count);
   Bind(stage, "LstModEntrada", *unit);
+}
+
+void FieldsPanel::FollowMode(Stage& stage) {
+  const auto& generator = stage.mirror.StateOf<ButtonState>("CmdBarCode");
+  stage.mirror.AfterViews([this, &generator] {
+    if (*generator.visible != codes_) ShowCodes(*generator.visible);
+  });
+}
+
+void FieldsPanel::ShowCodes(bool codes) {
+  codes_ = codes;
+  if (codes) BeCode(*code_);
+  rows_->addWidget(options_, codes ? kBandRow : kOptionsRow, kLabels, 1, kColumns);
+  // A ticket that is asked for an invoice has been sold: the validity's place is free.
+  inOptions_->addWidget(invoice_, 0, codes ? kValidity : kCode, kLeft);
+  for (QWidget* const widget : onBand_)
+    theme::CoverGround(*widget, codes ? theme::kAccentPale : theme::kCard);
+  update();
+}
+
+void FieldsPanel::paintEvent(QPaintEvent* event) {
+  Card::paintEvent(event);
+  if (!codes_) return;
+  QPainter painter(this);
+  constexpr int kAbove = 2;
+  painter.fillRect(QRect(1, options_->y() - kAbove, width() - 2, options_->height() + 2 * kAbove),
+                   QColor::fromRgb(theme::kAccentPale));
 }
 
 }  // namespace vintoral

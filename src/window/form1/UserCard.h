@@ -1,4 +1,4 @@
-// The registered user of the ficha: the photo and the points.
+// The registered user of the ficha: photo, name and points.
 #pragma once
 
 #include "window/controls/Card.h"
@@ -15,6 +15,7 @@ class UserCard : public Card {
 
  private:
   QWidget* BuildPhoto(Stage& stage);
+  QWidget* BuildName(Stage& stage);
   QWidget* BuildPoints(Stage& stage);
 };
 

@@ -267,7 +267,7 @@ TEST_F(MostrarFichaTest, TheRowInTheHistoryHoldsTheUsersPoints) {
   station_.Answers = {Answer::kYes};
   station_.Hands.Key(keys::kDelete, 0);
   EXPECT_EQ(station_.Slot(7).UsuarioPuntos, 1);
-  EXPECT_EQ(station_.History(2).UsuarioPuntos, 33);
+  EXPECT_EQ(station_.History(2).UsuarioPuntos, 37);  // with four quarters of an hour
 }
 
 TEST_F(MostrarFichaTest, EnterInTheNumberOfAnOpenFormOpensItAnew) {

@@ -223,7 +223,7 @@ TEST_F(RetirarFichaTest, AnUnreadableSlotLeavesTheFichaInside) {
 }
 
 TEST_F(RetirarFichaTest, ASlotThatCantBeFreedStillGetsItsRow) {
-  station_.UnderBox = [this] { station_.Faulty.Set().failWrite = 1; };
+  station_.UnderBox = [this] { station_.Faulty.Set().failWrite = 2; };  // the code, then the slot
   Retire();
   EXPECT_TRUE(Inside());
   EXPECT_TRUE(InHistory());
@@ -239,7 +239,7 @@ TEST_F(RetirarFichaTest, ARowThatCantBeWrittenPutsTheFichaBackInsideAndOnDisplay
   const std::string act = station_.Disk.Get(kAct);
   for (const std::size_t torn : {0u, 1u, 187u}) {
     station_.UnderBox = [&] {
-      station_.Faulty.Set().failWrite = 2;  // the slot, then the row
+      station_.Faulty.Set().failWrite = 3;  // the code, the slot, then the row
       station_.Faulty.Set().tornBytes = torn;
     };
     Retire();

@@ -37,5 +37,9 @@ TEST(ArchivosNuevos, HistoryAndFirstVisitsBeginWithABlankRecord) {
   EXPECT_EQ(NsrNuevo(), HstNuevo());
 }
 
+TEST(ArchivosNuevos, NobodyHasACode) {
+  EXPECT_EQ(CdbNuevo().Bytes(), Blanks(54'000));
+}
+
 }  // namespace
 }  // namespace vintoral

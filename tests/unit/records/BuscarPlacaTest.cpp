@@ -15,11 +15,11 @@ using test::Hex;
 using test::MemoryDisk;
 using test::Zeros;
 
-Result<std::int64_t> FindUser(const std::string& file, std::string_view plate) {
+Result<std::int64_t> FindUser(const std::string& file, std::string_view plate, std::int64_t from = 1) {
   MemoryDisk disk;
   disk.Put("USR", file);
   const Register<RegistroUsuario> users(disk, "USR", OpenMode::kRead);
-  return BuscarPlaca(users, plate);
+  return BuscarPlaca(users, plate, from);
 }
 
 std::string UserField(const std::string& field) {
@@ -42,6 +42,15 @@ TEST(BuscarPlaca, FirstMatchCounts) {
   EXPECT_EQ(FindUser(file, "BBB222"), 2);
   EXPECT_EQ(FindUser(file, "AAA111"), 1);
   EXPECT_EQ(FindUser(file, "CCC333"), 0);
+}
+
+TEST(BuscarPlaca, LooksFromOneUserOn) {
+  const std::string file = UserField("AAA111") + UserField("BBB222") + UserField("AAA111");
+  EXPECT_EQ(FindUser(file, "AAA111", 1), 1);
+  EXPECT_EQ(FindUser(file, "AAA111", 2), 3);
+  EXPECT_EQ(FindUser(file, "AAA111", 3), 3);
+  EXPECT_EQ(FindUser(file, "AAA111", 4), 0);
+  EXPECT_EQ(FindUser(file, "BBB222", 3), 0);
 }
 
 TEST(BuscarPlaca, CaseAndBlanksAroundDoNotCount) {

@@ -62,6 +62,33 @@ TEST(Arranque, TheInvoiceHistoryBeginsEmpty) {
   EXPECT_EQ(station.Disk.Get("Recursos\\Vintoral.HFC"), "");
 }
 
+TEST(Arranque, TheRegisterOfCodesBeginsBlankAndStays) {
+  const char* cdb = "Multimedia\\Vintoral.CDB";
+  MemoryStation station;
+  ASSERT_EQ(station.Disk.Get(cdb), "(missing)");
+  station.Start();
+  EXPECT_EQ(station.Disk.Get(cdb), test::Blanks(54'000));
+  MemoryStation again;
+  again.Disk.Put(cdb, "codes");
+  again.Start();
+  EXPECT_EQ(again.Disk.Get(cdb), "codes");
+}
+
+TEST(Arranque, ARegisterOfCodesThatCantBeMadeStopsNobody) {
+  MemoryStation station;
+  ASSERT_TRUE(station.Disk.CreateFolder("Multimedia"));
+  ASSERT_TRUE(station.Disk.CreateFolder("Multimedia\\Vintoral.CDB"));
+  station.Start();
+  EXPECT_FALSE(station.Form.Terminado());
+  EXPECT_EQ(station.Form.TotalFichas, 1000);
+}
+
+TEST(Arranque, PassesAreNoRegisterUntilOneIsSold) {
+  MemoryStation station;
+  station.Start();
+  EXPECT_FALSE(station.Disk.Exists("Multimedia\\Vintoral.CFR"));
+}
+
 TEST(Arranque, ASecondInstanceEndsBeforeItTouchesAnything) {
   MemoryStation station;
   station.System.Instances = 2;

@@ -116,6 +116,7 @@ TEST(KeyCommands, AKeyFindsTheFirstRowThatAnswersToCodeAndMask) {
   station.Disk.Put("Recursos\\Vintoral.HFC", "");
   station.Form.PctUsuario[0].Enabled = true;
   station.Form.PctBoton[5].Visible = station.Form.PctBoton[6].Visible = true;
+  station.Form.PctBoton[10].BorderStyle = 1;
   for (int item = 0; item < 10; ++item)
     station.Form.CboTarifa[1].AddItem("X"_w);
   for (int code = 0; code < 256; ++code) {
@@ -166,6 +167,16 @@ TEST_F(ConditionTest, ArrowsTurnPhotosWhileTheUsersCardIsEnabled) {
     form_.PctUsuario[0].Enabled = true;
     EXPECT_TRUE(Answers(arrow, kNone)) << arrow;
   }
+}
+
+TEST_F(ConditionTest, HomeGeneratesWhileTicketsAreOnAndNoNumberIsHeld) {
+  EXPECT_FALSE(Answers(36, kNone));
+  form_.PctBoton[10].BorderStyle = 1;
+  EXPECT_TRUE(Answers(36, kNone));
+  form_.TxtCampo[0].Enabled = false;  // of barcode mode
+  EXPECT_TRUE(Answers(36, kNone));
+  form_.TxtCampo[0].Locked = true;
+  EXPECT_FALSE(Answers(36, kNone));
 }
 
 TEST_F(ConditionTest, InsertSavesWhileTheSaveButtonIsShown) {
@@ -268,7 +279,7 @@ TEST_F(KeyTest, AMonitorsKeySpeaksForItsOwnButton) {
   }
 }
 
-TEST_F(KeyTest, WhatIsNotBuiltYetLeavesTheKeyToTheField) {
+TEST_F(KeyTest, WhatHasNothingToDoLeavesTheKeyToTheField) {
   station_.Type("12");
   EXPECT_FALSE(form_.Form_KeyDown(36, kNone));
   EXPECT_TRUE(form_.Form_KeyDown('X', kControl));

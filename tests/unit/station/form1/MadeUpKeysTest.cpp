@@ -48,14 +48,17 @@ TEST_F(MadeUpKeysTest, ThePointsAskForTheirReset) {
 TEST_F(MadeUpKeysTest, TheGeneratorsButtonsAskForTheNextNumber) {
   form_.CmdNumeroFicha.Visible = form_.CmdBarCode.Visible = true;
   form_.CmdNumeroFicha.Enabled = form_.CmdBarCode.Enabled = true;
+  form_.PctBoton[boton::kTiquetes].BorderStyle = 1;
   hands_.Click(form_.CmdNumeroFicha);
+  form_.LimpiarCampos();
   hands_.Click(form_.CmdBarCode);
   EXPECT_THAT(form_.Keys, ElementsAre(Pair(36, 0), Pair(36, 0)));
 }
 
-TEST_F(MadeUpKeysTest, TheGeneratorsButtonsAskForNoneWhereTheNumberIsShut) {
+TEST_F(MadeUpKeysTest, TheGeneratorsButtonsAskForNoneWhereTheNumberIsHeld) {
   form_.CmdNumeroFicha.Visible = form_.CmdNumeroFicha.Enabled = true;
-  form_.TxtCampo[0].Enabled = false;
+  form_.PctBoton[boton::kTiquetes].BorderStyle = 1;
+  form_.TxtCampo[0].Locked = true;
   hands_.Click(form_.CmdNumeroFicha);
   EXPECT_THAT(form_.Keys, IsEmpty());
   EXPECT_EQ(station_.Beeps(), 1);

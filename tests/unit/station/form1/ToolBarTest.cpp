@@ -125,21 +125,27 @@ class GeneratorTest : public ButtonTest {
   }
 };
 
-TEST_F(GeneratorTest, ItsButtonBeepsInBarcodeMode) {
-  form_.CambiarModoFicha();
-  ASSERT_TRUE(form_.CmdBarCode.Visible);
-  ASSERT_FALSE(form_.TxtCampo[0].Enabled);
-  ASSERT_EQ(form_.Focus(), &form_.TxtBarCode);
-  station_.Hands.Click(form_.CmdBarCode);
-  EXPECT_EQ(station_.Beeps(), 1);
-  EXPECT_EQ(form_.Focus(), nullptr);
-}
-
-TEST_F(GeneratorTest, ItsButtonIsSilentWhereANumberCanBeTyped) {
+TEST_F(GeneratorTest, ItsButtonOpensTheNextFormWithoutABeep) {
   ASSERT_TRUE(form_.CmdNumeroFicha.TakesFocus());
   station_.Hands.Click(form_.CmdNumeroFicha);
   EXPECT_EQ(station_.Beeps(), 0);
+  EXPECT_EQ(form_.TxtCampo[0].Text(), "1"_w);
+  EXPECT_EQ(form_.Focus(), &form_.TxtCampo[1]);
+}
+
+TEST_F(GeneratorTest, ItsButtonBeepsWhereAFormIsOpenAndLeavesItToTheToolBar) {
+  station_.TypeAndEnter("7");
+  station_.Events.Take();
+  station_.Hands.Click(form_.CmdNumeroFicha);
+  EXPECT_EQ(station_.Beeps(), 1);
+  EXPECT_EQ(form_.TxtCampo[0].Text(), "7"_w);
   EXPECT_EQ(form_.Focus(), nullptr);
+}
+
+TEST_F(GeneratorTest, WithoutARegisterTypingGoesOn) {
+  ASSERT_TRUE(station_.Disk.Remove("Multimedia\\Vintoral.ACT"));
+  station_.Hands.Click(form_.CmdNumeroFicha);
+  EXPECT_EQ(form_.Focus(), &form_.TxtCampo[0]);
 }
 
 TEST_F(ButtonTest, MonitorsAnnounceWhetherTheyGoOnOrOff) {

@@ -11,14 +11,17 @@ class KeyBurst {
   /// Milliseconds between two characters that a hand is not faster than.
   static constexpr std::int64_t kGap = 50;
 
-  /// `ticks` of Clock::Ticks, as everywhere here.
+  /// `ticks`: milliseconds of one clock, as everywhere here.
   void Add(char character, std::int64_t ticks) {
     if (!Continues(ticks)) text_.clear();
     text_ += character;
     last_ = ticks;
   }
   /// Would a character of now belong to it?
-  bool Continues(std::int64_t ticks) const { return !text_.empty() && ticks - last_ < kGap; }
+  bool Continues(std::int64_t ticks) const {
+    const std::int64_t gap = ticks - last_;  // below 0 where the clock has begun anew
+    return !text_.empty() && gap >= 0 && gap < kGap;
+  }
   const std::string& Text() const { return text_; }
   void Clear() { text_.clear(); }
 

@@ -1,0 +1,89 @@
+#include <QApplication>
+#include <QTest>
+#include <algorithm>
+#include <cstdio>
+#include <random>
+#include <vector>
+
+#include "Benches.h"
+#include "PaintWatch.h"
+#include "app/Station.h"
+#include "common/Numbers.h"
+#include "records/Register.h"
+#include "window/controls/Theme.h"
+
+namespace vintoral::bench {
+
+namespace {
+
+constexpr int kInside = 999;  // who came before has left one slot free
+constexpr int kScans = 1000;
+
+/// Twelve characters of which no two numbers have the same.
+String CodeOf(int number) {
+  return "GATE9B0X"_w + Digits(number, 4);
+}
+
+void PutCodes(Station& station) {
+  Register<RegistroCodigo> codes(station.Devices.Disk, station.Form.RutaCompartida("Vintoral.CDB"),
+                                 OpenMode::kReadWrite);
+  for (int number = 1; number <= kInside; ++number) {
+    RegistroCodigo code;
+    code.CodigoBarras = CodeOf(number);
+    code.FichaCodigo = Digits(number, 4);
+    codes.Write(number, code, false).PassOver();
+  }
+}
+
+void Press(QWidget& window, int key, const QString& text) {
+  QTest::simulateEvent(window.windowHandle(), true, key, Qt::NoModifier, text, false);
+}
+
+/// From the first of the reader's keys to the painted ficha, in milliseconds.
+double Scan(Station& station, int number) {
+  const long long begun = Nanoseconds();
+  for (const char character : CodeOf(number).Bytes())
+    Press(station.Window, character, QString(QLatin1Char(character)));
+  QCoreApplication::processEvents();
+  return static_cast<double>(Nanoseconds() - begun) / 1e6;
+}
+
+}  // namespace
+
+int ScanTimes(int argc, char** argv, const std::string& folder) {
+  Station::PrepareToolkit();
+  QApplication application(argc, argv);
+  theme::Apply(application);
+  Station station(folder);
+  if (!station.Start()) return 1;
+  PutCodes(station);
+  station.Form.CargarArchivoACT();
+  station.Form.ImprimirIndice();
+  station.Form.ActivarTiquetes();
+  station.Form.CambiarModoFicha();
+  station.Window.Refresh();
+
+  PaintWatch watch(*station.Window.Shown().WidgetOf("LblCampo(1)"));
+  std::mt19937 random(7);
+  std::uniform_int_distribution<int> anyone(1, kInside);
+  std::vector<double> times;
+  int missed = 0;
+  for (int i = 0; i < kScans; ++i) {
+    QCoreApplication::processEvents();
+    watch.Take();
+    const int number = anyone(random);
+    times.push_back(Scan(station, number));
+    const bool shown = station.Form.LblCampo[0].Caption == Digits(number, 4) && watch.Take();
+    if (!shown) ++missed;
+    Press(station.Window, Qt::Key_Escape, {});
+  }
+  std::sort(times.begin(), times.end());
+  std::printf(
+      "a scan to the ficha on display, %d fichas inside: median %.2f ms, 99th percentile %.2f ms (at most "
+      "30), "
+      "longest %.2f ms, %d of %d missed\n",
+      station.Form.TotalVista(), times[kScans / 2], times[kScans * 99 / 100], times.back(), missed, kScans);
+  return missed == 0 ? 0 : 1;
+}
+
+}  // namespace vintoral::bench
