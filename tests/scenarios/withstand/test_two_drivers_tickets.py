@@ -15,7 +15,7 @@ import threading
 
 import trouble
 from station import CONFIRM_RETIRE, CONFIRM_SAVE, CONTROL, DELETE, ESC, HOME, INSERT, SHIFT, RECORD, Ficha
-from tickets import CODE, DAYS, ENTRIES, PASS, USER, TicketDay
+from tickets import CODE, DAYS, ENTRIES, PASS, USER, TicketDay, earned
 
 # Real syncs make the moments between two writes long enough for the other gate to come between.
 tempfile.tempdir = None
@@ -212,17 +212,6 @@ class Gate:
             return ""
         self.own += 1
         return f"{self.door}OWN{self.own}" if kind < 0.8 else f"{self.door}{ONCE}{self.own % 7}"
-
-
-def moment_of(text):
-    return datetime.datetime.strptime(text[8:18] + text[:5], "%d/%m/%Y%H:%M")
-
-
-def earned(row):
-    """96 points a day, 4 an hour, one for 15 minutes."""
-    minutes = int((moment_of(row.MarcaSalida) - moment_of(row.MarcaEntrada)).total_seconds()) // 60
-    days, rest = divmod(minutes, 24 * 60)
-    return days * 96 + rest // 60 * 4 + rest % 60 // 15
 
 
 class TwoGates(TicketDay, trouble.Trouble):
