@@ -126,6 +126,18 @@ TEST_F(BuscarCodigoBarrasTest, ANumberThatLeadsNowhereGoesAwayAfterASecond) {
   }
 }
 
+TEST_F(BuscarCodigoBarrasTest, ACodeThatWasLeftAtAFreeNumberOpensItsForm) {
+  PutCode(7, kCodigo, "0007");
+  form_.TxtBarCodeOK.BackColor = kWhite;
+  Scan(kCodigo);
+  EXPECT_TRUE(form_.PctBoton[boton::kGuardar].Visible);
+  EXPECT_EQ(form_.TxtCampo[0].Text(), "0007"_w);
+  EXPECT_TRUE(form_.TxtBarCodeOK.Visible);
+  EXPECT_EQ(form_.TxtBarCodeOK.BackColor, 0x80FFFF);
+  station_.Pass(3000);
+  EXPECT_EQ(form_.TxtBarCode.Text(), String(kCodigo));
+}
+
 TEST_F(BuscarCodigoBarrasTest, ASlotOutOfReachLeavesTheCodeToBeReadAgain) {
   PutTicket(7);
   ASSERT_TRUE(station_.Disk.Remove(kAct));

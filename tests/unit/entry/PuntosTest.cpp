@@ -34,6 +34,14 @@ TEST_F(PuntosTest, TheMovementIsTheRowOfTheHistory) {
   EXPECT_EQ(MovementAt(1).ValorCobrado, form_.ValorEstadia);
 }
 
+TEST_F(PuntosTest, AllOfItIsOnDiskWhenTheScreenIsIdle) {
+  Stay(100);
+  const int before = station_.Disk.Syncs();
+  Retire();
+  EXPECT_EQ(station_.Disk.Syncs() - before, 5);  // code, slot, row, user, movement
+  EXPECT_FALSE(station_.Faulty.Pending());
+}
+
 TEST_F(PuntosTest, MovementsAreAppended) {
   RegistroFicha before;
   before.Placa = "BEFORE";
