@@ -23,7 +23,7 @@ from tickets import CODE, PASS, USER, Books, TicketDay, earned, pass_record
 # Real syncs make the moments between two writes long enough to be hit.
 tempfile.tempdir = None
 
-RUNS = int(os.environ.get("VINTORAL_KILLS", "500"))
+RUNS = int(os.environ.get("VINTORAL_KILLS", "150"))
 SEED = 20261122
 PAGE = 4096
 EXIT_GATE_AT = 168  # in a slot: entering and leaving both write it anew
