@@ -16,8 +16,8 @@ import threading
 import time
 
 import trouble
-from station import (ACT_LENGTH, BLANK, CONFIRM_RETIRE, CONFIRM_SAVE, DELETE, HOME, INSERT, RECORD, Ficha, fresh_register, inside, mixed,
-                     screen_state, stamp)
+from station import (ACT_LENGTH, BLANK, CONFIRM_RETIRE, CONFIRM_SAVE, DELETE, HOME, INSERT, RECORD, Ficha, fresh_register,
+                     inside, mixed, screen_state, stamp)
 from tickets import CODE, PASS, USER, Books, TicketDay, earned, pass_record
 
 # Real syncs make the moments between two writes long enough to be hit.
