@@ -21,6 +21,7 @@ void ClearCodes(Form1& form) {
   for (TextBox* code : {&form.TxtBarCode, &form.TxtBarCodeOK}) {
     code->SetText({});
     code->Visible = false;
+    code->BackColor = kWhite;  // yellow tells of a ficha that is inside
   }
 }
 

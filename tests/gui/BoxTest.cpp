@@ -77,6 +77,24 @@ TEST_F(Boxes, ALetterAloneAnswersNothing) {
   EXPECT_EQ(answer, Answer::kYes);
 }
 
+TEST_F(Boxes, KeysThatTellNoTimeAreTimedAsTheyCome) {
+  const Answer answer = Ask(kYesNo, Answer::kYes, [](QMessageBox& dialog) {
+    const auto press = [&](Qt::Key key, const QString& text) {
+      QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, text);
+      ASSERT_EQ(event.timestamp(), 0U);
+      QCoreApplication::sendEvent(dialog.windowHandle(), &event);
+    };
+    press(Qt::Key_X, "x");
+    press(Qt::Key_Return, "\r");
+    EXPECT_TRUE(dialog.isVisible());
+    QTest::qWait(KeyBurst::kGap + 10);
+    press(Qt::Key_Return, "\r");
+    EXPECT_FALSE(dialog.isVisible());
+    dialog.reject();
+  });
+  EXPECT_EQ(answer, Answer::kYes);
+}
+
 TEST_F(Boxes, KeysWalkOverTheButtonsAndSpacePressesOne) {
   for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Right}) {
     const Answer answer = Ask(kYesNo, Answer::kYes, [&](QMessageBox& dialog) {

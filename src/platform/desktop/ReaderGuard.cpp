@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMessageBox>
+#include <chrono>
 
 namespace vintoral {
 
@@ -21,8 +22,12 @@ bool EndsCode(const QKeyEvent& key) {
   return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter || key.key() == Qt::Key_Tab;
 }
 
+/// When it was pressed, however late it is seen, in milliseconds. A key that doesn't say is timed as it
+/// comes: all of them would seem to come at once.
 std::int64_t TimeOf(const QKeyEvent& key) {
-  return static_cast<std::int64_t>(key.timestamp());  // when it was pressed, however late it is seen
+  using namespace std::chrono;
+  if (key.timestamp() != 0) return static_cast<std::int64_t>(key.timestamp());
+  return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
 }
 
 bool BoxIsUp() {
