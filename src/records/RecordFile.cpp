@@ -16,6 +16,16 @@ void Complete(std::span<char> record, std::size_t got, std::span<const char> bla
             record.begin() + static_cast<std::ptrdiff_t>(got));
 }
 
+/// As many blank records as are written at a time.
+std::vector<char> BlankRecords(std::span<const char> blank) {
+  const std::size_t count = std::max<std::size_t>(BlockReader::kBlock / blank.size(), 1);
+  std::vector<char> blanks;
+  blanks.reserve(count * blank.size());
+  for (std::size_t i = 0; i < count; ++i)
+    blanks.insert(blanks.end(), blank.begin(), blank.end());
+  return blanks;
+}
+
 }  // namespace
 
 Result<std::int64_t> RecordFile::Count() const {
@@ -56,15 +66,15 @@ Outcome RecordFile::FillGap(std::uint64_t until) {
   if (!length) return length.Why();
   if (*length >= until) return Outcome::Done();
   if (until - *length > kLongestGap) return Outcome::Failed("write a record far beyond", "a register", EFBIG);
-  std::vector<char> blanks;
-  for (std::uint64_t at = *length; at < until; at += blanks.size()) {
-    const std::size_t wanted = std::min<std::uint64_t>(until - at, BlockReader::kBlock);
-    blanks.clear();
-    // The first one may begin inside a torn record.
-    while (blanks.size() < wanted)
-      blanks.push_back(blank_[(at + blanks.size()) % blank_.size()]);
-    Outcome written = file_.WriteAt(at, blanks);
+  // The first one may begin inside a torn record.
+  const std::vector<char> blanks = BlankRecords(blank_);
+  std::size_t from = *length % blank_.size();
+  for (std::uint64_t at = *length; at < until;) {
+    const std::size_t wanted = std::min<std::uint64_t>(until - at, blanks.size() - from);
+    Outcome written = file_.WriteAt(at, std::span(blanks).subspan(from, wanted));
     if (!written) return written;
+    at += wanted;
+    from = 0;
   }
   return Outcome::Done();
 }

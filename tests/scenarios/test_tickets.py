@@ -458,6 +458,17 @@ class Reader(TicketDay):
                 self.station.advance(1000)
                 self.assertNothingRead(self.station)
 
+    def test_a_code_whose_slot_is_free_opens_the_form_of_that_number(self):
+        """As its number would; the power went while somebody left."""
+        self.folder.write(CDB, codes_file(s8=KNOWN))
+        before = self.folder.all_bytes()
+        self.scan(self.station, KNOWN)
+        self.assertEqual((self.station.text("TxtCampo(0)"), self.station.shown("PctBoton(5)")), ("0008", True))
+        self.assertFalse(self.station.shown("TxtMaxEntrada"))
+        self.station.key(ESC)
+        self.assertNothingRead(self.station)
+        self.assertEqual(self.folder.all_bytes(), before)
+
     def test_two_scans_one_after_the_other_show_the_first(self):
         """What is read while a ficha is on display reaches no field that would lose it."""
         self.scan(self.station, KNOWN)

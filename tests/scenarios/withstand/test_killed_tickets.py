@@ -16,14 +16,14 @@ import threading
 import time
 
 import trouble
-from station import (ACT_LENGTH, BLANK, CONFIRM_RETIRE, CONFIRM_SAVE, DELETE, HOME, INSERT, RECORD, Ficha, fresh_register, inside, mixed,
-                     screen_state, stamp)
+from station import (ACT_LENGTH, BLANK, CONFIRM_RETIRE, CONFIRM_SAVE, DELETE, HOME, INSERT, RECORD, Ficha, fresh_register,
+                     inside, mixed, screen_state, stamp)
 from tickets import CODE, PASS, USER, Books, TicketDay, earned, pass_record
 
 # Real syncs make the moments between two writes long enough to be hit.
 tempfile.tempdir = None
 
-RUNS = int(os.environ.get("VINTORAL_KILLS", "500"))
+RUNS = int(os.environ.get("VINTORAL_KILLS", "150"))
 SEED = 20261122
 PAGE = 4096
 EXIT_GATE_AT = 168  # in a slot: entering and leaving both write it anew

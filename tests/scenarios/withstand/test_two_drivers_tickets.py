@@ -287,8 +287,8 @@ class TwoGates(TicketDay, trouble.Trouble):
         self.assertMovements()
         self.assertPoints()
         print(f"{len(self.entries)} entries, {len(self.exits)} exits, refused {dict(self.refused)}; "
-              f"{len(self.books.users())} users, {len(self.books.passes())} records of passes, {self.town.minutes // 1440} days",
-              file=sys.stderr)
+              f"{len(self.books.users())} users, {len(self.books.passes())} records of passes, "
+              f"{self.town.minutes // 1440} days", file=sys.stderr)
 
     def assertWholeFiles(self):
         self.legal(self.folder)
@@ -329,7 +329,8 @@ class TwoGates(TicketDay, trouble.Trouble):
             if mode == DAYS:
                 self.assertEqual((record.PlacaPase, record.ModoPase, record.RestantesPase), (plate, DAYS, number - 1))
             elif taken[code] < number:
-                self.assertEqual((record.PlacaPase, record.ModoPase, record.RestantesPase), (plate, ENTRIES, number - taken[code]))
+                self.assertEqual((record.PlacaPase, record.ModoPase), (plate, ENTRIES))
+                self.assertEqual(record.RestantesPase, number - taken[code])
             else:
                 self.assertEqual((taken[code], record), (number, None), f"a pass of {number} entries")
 
@@ -339,9 +340,10 @@ class TwoGates(TicketDay, trouble.Trouble):
         self.assertEqual([row.Posicion for row in rows], list(range(2, len(rows) + 2)))
         self.assertEqual(collections.Counter((int(row.NumeroFicha), row.Placa) for row in rows),
                          collections.Counter((exit_.slot, exit_.plate) for exit_ in self.exits))
-        identity = [(row.Posicion, row.NumeroFicha, row.Placa, row.MarcaEntrada, row.MarcaSalida) for row in rows if row.Placa]
-        moved = [(row.Posicion, row.NumeroFicha, row.Placa, row.MarcaEntrada, row.MarcaSalida) for row in self.books.movements()]
-        self.assertEqual(sorted(moved), identity)
+        def stay(row):  # all but the points, which one of two departures at once learns from the other
+            return row._replace(UsuarioPuntos=0)
+        self.assertEqual(sorted(map(stay, self.books.movements()), key=lambda row: row.Posicion),
+                         [stay(row) for row in rows if row.Placa])
 
     def assertPoints(self):
         moved = collections.defaultdict(list)
