@@ -10,6 +10,7 @@
 #include "app/Station.h"
 #include "common/Numbers.h"
 #include "records/Register.h"
+#include "records/RegistroCodigo.h"
 #include "window/controls/Theme.h"
 
 namespace vintoral::bench {

@@ -1,4 +1,5 @@
 // The monitors beside the contact sheet, and readings that come too late for it.
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QImage>
 #include <QTest>
@@ -6,6 +7,7 @@
 #include "gui/Sheet.h"
 #include "window/controls/Light.h"
 #include "window/controls/ListField.h"
+#include "window/controls/TextField.h"
 #include "window/controls/Theme.h"
 
 namespace vintoral::test {

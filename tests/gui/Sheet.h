@@ -15,6 +15,7 @@
 #include "records/Register.h"
 #include "window/controls/CellFrame.h"
 #include "window/controls/PhotoCell.h"
+#include "window/form1/CellGrid.h"
 
 namespace vintoral::test {
 

@@ -1,4 +1,4 @@
-#include "station/forms/KeyBurst.h"
+#include "common/KeyBurst.h"
 
 #include <gtest/gtest.h>
 
@@ -34,6 +34,14 @@ TEST(KeyBurst, ContinuesUntilTheGapIsOver) {
   EXPECT_TRUE(burst.Continues(1000));
   EXPECT_TRUE(burst.Continues(1049));
   EXPECT_FALSE(burst.Continues(1050));
+}
+
+TEST(KeyBurst, NothingContinuesBackwards) {
+  KeyBurst burst;
+  burst.Add('A', 1000);
+  EXPECT_FALSE(burst.Continues(999));
+  burst.Add('B', 0);  // the clock of a screen begins anew after 49 days
+  EXPECT_EQ(burst.Text(), "B");
 }
 
 TEST(KeyBurst, NothingContinuesOneThatWasCleared) {
