@@ -31,11 +31,9 @@ void EntrarConPase(Form1& form) {
   constexpr std::int64_t kParaVer = 1000;  // milliseconds
   form.GenerarFicha();
   if (!form.PctBoton[boton::kGuardar].Visible) return form.LimpiarCampos();  // there is no slot to be had
-  const String codigo = form.TxtBarCode.Text();
+  form.TxtBarCode.Tag = "1"_w;  // saves by itself, unless the operator saves or clears it meanwhile
   form.Esperar(kParaVer);
-  // The operator may have saved or cleared it meanwhile, and begun another one.
-  const bool same = form.PctBoton[boton::kGuardar].Visible && form.TxtBarCode.Text() == codigo;
-  if (same) form.GuardarFicha();
+  if (form.TxtBarCode.TagNumber() != 0 && !form.Terminado()) form.GuardarFicha();
 }
 
 }  // namespace

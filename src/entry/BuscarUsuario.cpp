@@ -79,6 +79,8 @@ bool Form1::BuscarUsuario(std::int32_t enFormulario) {
   const std::optional<RegistroUsuario> usuario = known ? usuarios.Read(*found).PassOver() : std::nullopt;
   // Whoever could not be read may be registered: the next number would make a second user of him.
   if (!found || (known && !usuario)) NumeroUsuario = 0;
+  // The card may be that of the plate that stood there before.
+  if (!usuario || *found != enFormulario) QuitarUsuario(*this);
   if (usuario) TomarUsuario(*this, static_cast<std::int32_t>(*found), *usuario);
   if (usuario && *found != enFormulario) LlenarFormulario(*this);
   if (usuario) UsuarioEnFormulario = NumeroUsuario;

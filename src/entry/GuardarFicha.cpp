@@ -2,6 +2,7 @@
 #include "entry/Pase.h"
 #include "entry/Puesto.h"
 #include "records/Register.h"
+#include "records/RegistroCodigo.h"
 #include "station/form1/Form1.h"
 #include "station/form1/Fotos.h"
 #include "station/form1/Monitor.h"
@@ -53,21 +54,38 @@ bool OcuparPuesto(Form1& form) {
   return static_cast<bool>(written);
 }
 
+/// Will its code find the ficha? Without a register of codes it is found by its number, as in other modes.
+bool CodigoGuardado(const Form1& form) {
+  const Register<RegistroCodigo> codigos(form.Devices().disk, form.RutaMostrada("Vintoral.CDB"),
+                                         OpenMode::kRead);
+  if (codigos.Missing()) return true;
+  const Result<RegistroCodigo> codigo = codigos.Read(form.FichaActual.Posicion);
+  return codigo && codigo->CodigoBarras.Trimmed() == Trim(form.TxtBarCode.Text());
+}
+
 struct Ingreso {
   bool hecho = false;    ///< the ficha is inside
   bool primera = false;  ///< and its user is the last one who was registered
+  bool entero = false;   ///< and code and pass, where there are any, are what a ticket would say
 };
 
 /// The user before the ficha, which carries his number; slot, code and pass behind it.
 Ingreso Ingresar(Form1& form, std::int64_t numero) {
   AnotarEntrada(form, numero);
-  const bool primera = form.GuardarUsuario();
-  const auto entrar = [&form] { return OcuparPuesto(form); };
-  const bool conPase = form.TxtBarCode.Visible && TocaPase(ValidezEnPantalla(form));
-  const bool hecho = conPase ? form.GuardarPase(entrar) : entrar();
-  // The last entry of a pass that another gate has taken meanwhile.
-  if (!hecho) form.Devices().screen.Beep();
-  return {hecho, primera};
+  const bool codigos = form.TxtBarCode.Visible;
+  // What is counted is what is printed.
+  if (codigos && !Trim(form.TxtMaxEntrada.Text()).Empty())
+    form.TxtMaxEntrada.SetText(Digits(ValidezEnPantalla(form).numero));
+  Ingreso ingreso;
+  const auto entrar = [&] {
+    ingreso.primera = form.GuardarUsuario();
+    return OcuparPuesto(form);
+  };
+  const bool conPase = codigos && TocaPase(ValidezEnPantalla(form));
+  ingreso.hecho = conPase ? form.GuardarPase(entrar) : entrar();
+  const bool codigo = !codigos || CodigoGuardado(form);
+  ingreso.entero = ingreso.hecho && codigo && (!conPase || form.NumeroPase > 0);
+  return ingreso;
 }
 
 /// A pass that comes back has its validity closed, and its ticket already.
@@ -79,6 +97,7 @@ bool PideTiquete(const Form1& form) {
 
 void Form1::GuardarFicha() {
   if (!HayConexion()) return;
+  TxtBarCode.Tag = {};  // whatever waits to save by itself has been forestalled
   if (!TxtCampo[1].Locked) BuscarUsuario(UsuarioEnFormulario);
   if (!TxtCampo[0].Locked) return;
 
@@ -95,12 +114,18 @@ void Form1::GuardarFicha() {
       MostrarImagenEnVivo();
       return SetFocus(&TxtCampo[2]);
     }
-    // Another gate may have taken the slot while the question stood.
-    if (const std::optional<RegistroFicha> ahora = LeerPuesto(*this, numero)) puesto = ahora;
+    // Another gate may have taken the slot while the question stood; out of reach, nothing can be saved, and
+    // what was typed waits for the link.
+    puesto = LeerPuesto(*this, numero);
+    if (!puesto) {
+      MostrarImagenEnVivo();
+      return SetFocus(&TxtCampo[2]);
+    }
     FichaActual = *puesto;
   }
   SyncTogether onDisk(platform_.disk);
-  const Ingreso ingreso = puesto->EnUso ? Ingreso{} : Ingresar(*this, numero);
+  const bool libre = !puesto->EnUso;
+  const Ingreso ingreso = libre ? Ingresar(*this, numero) : Ingreso{};
   if (ingreso.hecho) GuardarFotosUsuario(FichaActual.UsuarioPuntos, ingreso.primera);
   std::optional<PrintDocument> tiquete;
   if (ingreso.hecho && PideTiquete(*this)) tiquete = TiqueteEnPantalla();
@@ -109,8 +134,10 @@ void Form1::GuardarFicha() {
   LimpiarCampos();
   const Outcome synced = onDisk.Finish();
   synced.PassOver();
-  // What is printed is a promise: it must be on disk.
-  if (tiquete && synced) ImprimirTiquete(std::move(*tiquete));
+  // What is printed is a promise: it must be on disk. Nothing is, or less than the ticket says: a beep.
+  const bool cumplida = synced && ingreso.entero;
+  if (tiquete && cumplida) ImprimirTiquete(std::move(*tiquete));
+  if (libre && !cumplida) platform_.screen.Beep();
 }
 
 }  // namespace vintoral

@@ -34,8 +34,9 @@ void CrearPase(Form1& form, Pases& pases) {
     const bool libre = visto && LugarLibre(pases, *visto) == true;
     const Result<std::int64_t> lugar = libre ? visto : LugarParaPase(pases);
     if (!lugar) return lugar.Why();
-    form.NumeroPase = *lugar;
-    return pases.Write(*lugar, PaseDeLaPantalla(form), false);
+    Outcome written = pases.Write(*lugar, PaseDeLaPantalla(form), false);
+    if (written) form.NumeroPase = *lugar;
+    return written;
   };
   pases.UnderLock(crear).PassOver();
 }

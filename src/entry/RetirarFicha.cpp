@@ -1,5 +1,6 @@
 #include <cstdlib>
 
+#include "entry/Puesto.h"
 #include "entry/Salida.h"
 #include "station/form1/DetalleEstadia.h"
 #include "station/form1/Form1.h"
@@ -8,6 +9,13 @@
 
 namespace vintoral {
 namespace {
+
+/// Another gate has retired the ficha on display, and given its number to somebody else.
+bool OtraFicha(Form1& form) {
+  const std::optional<RegistroFicha> puesto = LeerPuesto(form, form.NumeroEscrito());
+  if (!puesto || !puesto->EnUso) return false;
+  return puesto->MarcaEntrada != form.FichaActual.MarcaEntrada || puesto->Placa != form.FichaActual.Placa;
+}
 
 String CuentaDeSalida(const Form1& form) {
   return form.LblFechaEnt.Caption + "|"_w + form.LblFechaSal.Caption + "|"_w + form.TiempoEstadia + "|"_w +
@@ -72,7 +80,7 @@ void Form1::RetirarFicha() {
   const bool confirmada =
       Preguntar("Vintoral - Confirmar Ficha"_w, "¿Desea realmente retirar la ficha actual?"_w, Answer::kYes);
   if (!confirmada) return Cancelar();
-  if (ConfirmacionVencida(*this)) {
+  if (ConfirmacionVencida(*this) || OtraFicha(*this)) {
     Cancelar();
     return MidiWav(sonido::kOlvidada);
   }

@@ -46,6 +46,12 @@ void AnotarSalida(Form1& form, std::int64_t numero) {
   ficha.Posicion = static_cast<std::int32_t>(numero);
 }
 
+/// A ficha that stays inside is found by its code.
+void DevolverCodigo(const Form1& form, std::int64_t numero, const Puesto& puesto) {
+  if (!puesto.codigo || *puesto.codigo == RegistroCodigo{}) return;
+  Codigos(form, OpenMode::kReadWrite).Write(numero, *puesto.codigo, true).PassOver();
+}
+
 /// The slot as it was before; nothing when it stays as it is, because it or the history can't be written.
 std::optional<Puesto> LiberarPuesto(Form1& form, std::int64_t numero) {
   Register<RegistroFicha> act = Puestos(form);
@@ -63,7 +69,9 @@ std::optional<Puesto> LiberarPuesto(Form1& form, std::int64_t numero) {
   AnotarSalida(form, numero);
   // The code first: once the slot is free, another gate may take it and write its own code there.
   if (puesto.codigo != RegistroCodigo{}) form.GuardarCodigoBarras(false);
-  act.Write(numero, form.FichaActual, true).PassOver();
+  const Outcome freed = act.Write(numero, form.FichaActual, true);
+  freed.PassOver();
+  if (!freed) DevolverCodigo(form, numero, puesto);
   return puesto;
 }
 
@@ -76,8 +84,7 @@ void DevolverPuesto(Form1& form, std::int64_t numero, const Puesto& puesto) {
   // Nothing to give back where another gate freed the slot, or has filled it since.
   if (!ahora || !puesto.ficha.EnUso || ahora->EnUso) return;
   act.Write(numero, puesto.ficha, true).PassOver();
-  if (!puesto.codigo) return;
-  Codigos(form, OpenMode::kReadWrite).Write(numero, *puesto.codigo, true).PassOver();
+  DevolverCodigo(form, numero, puesto);
 }
 
 }  // namespace
@@ -86,7 +93,12 @@ bool PasarAlHistorial(Form1& form) {
   const std::int64_t numero = form.NumeroEscrito();
   const std::optional<Puesto> puesto = LiberarPuesto(form, numero);
   if (!puesto) return false;
-  if (form.RegistrarHistorial()) return true;
+  // Another gate has retired the same ficha, and added its points.
+  const std::int64_t ganados = form.PuntosEstadia;
+  if (!puesto->ficha.EnUso) form.PuntosEstadia = 0;
+  const bool registrada = form.RegistrarHistorial();
+  form.PuntosEstadia = ganados;
+  if (registrada) return true;
   DevolverPuesto(form, numero, *puesto);
   return false;
 }

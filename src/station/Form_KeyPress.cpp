@@ -24,7 +24,7 @@ bool Form1::Form_KeyPress(char character) {
     return fromGrid;  // typing goes on where the pointer has led back to
   }
   if (character == keys::kEnter && lectura_.TerminaEnEnter()) return true;
-  if (TxtBarCode.Visible && !FichaEnCurso() && lectura_.Recibir(character)) return true;
+  if (TxtBarCode.Visible && lectura_.Recibir(character)) return true;
   if (focus != nullptr && !focus->Visible && Writes(character)) QuitarCelda();
   const bool types = static_cast<unsigned char>(character) >= ' ';
   if (types && (focus == nullptr || focus == &FraFicha)) {

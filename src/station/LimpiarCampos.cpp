@@ -1,5 +1,6 @@
 #include "station/form1/Filas.h"
 #include "station/form1/Form1.h"
+#include "station/form1/Fotos.h"
 
 namespace vintoral {
 namespace {
@@ -21,6 +22,7 @@ void ClearCodes(Form1& form) {
   for (TextBox* code : {&form.TxtBarCode, &form.TxtBarCodeOK}) {
     code->SetText({});
     code->Visible = false;
+    code->Tag = {};
     code->BackColor = kWhite;  // yellow tells of a ficha that is inside
   }
 }
@@ -55,20 +57,6 @@ void ClearPhotos(Form1& form) {
     arrow.Visible = false;
 }
 
-void ClearUser(Form1& form) {
-  for (PictureBox& card : form.PctUsuario) {
-    card.Visible = false;
-    card.Picture = {};
-  }
-  form.ImgUsuario.Visible = false;
-  form.ImgUsuario.Picture = {};
-  form.ImgPuntos.Visible = false;
-  for (Label& points : form.LblPuntos) {
-    points.Caption = {};
-    points.Visible = false;
-  }
-}
-
 void ClearCash(Form1& form) {
   form.LblValor.Visible = false;
   form.TxtEfectivo.Visible = false;
@@ -96,7 +84,7 @@ void Form1::LimpiarCampos() {
   SetFocus(barcodes ? &TxtBarCode : &TxtCampo[0]);
   ClearPhotos(*this);
   MostrarImagenEnVivo();
-  ClearUser(*this);
+  QuitarUsuario(*this);
   ClearCash(*this);
 }
 

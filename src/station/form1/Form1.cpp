@@ -35,6 +35,9 @@ void Form1::ConectarCampos() {
   TxtEfectivo.KeyRule = CashFieldKey;
   TxtEfectivo.OnEnter = [this] { RetirarFicha(); };
   TxtBarCode.OnChange = [this] { TxtBarCode_Change(); };
+  TxtBarCode.KeyRule = [this](char character) {
+    return FichaEnCurso() ? KeyVerdict::kDrop : TextFieldKey(character);
+  };
   TxtMaxEntrada.KeyRule = CashFieldKey;
   TxtMaxEntrada.MaxLength = kLargoValidez;
   TxtMaxEntrada.OnGotFocus = [this] { TxtMaxEntrada.Select(0, kLargoValidez); };
@@ -129,7 +132,8 @@ bool Form1::FichaEnPantalla() const {
 }
 
 void Form1::FocoDondeSeEscribe() {
-  if (TxtBarCode.TakesFocus()) return SetFocus(&TxtBarCode);
+  // The code of a ficha that is under way stands, and nobody types into it.
+  if (!FichaEnCurso() && TxtBarCode.TakesFocus()) return SetFocus(&TxtBarCode);
   if (TxtEfectivo.TakesFocus()) return SetFocus(&TxtEfectivo);
   FocoPrimerCampo();
 }

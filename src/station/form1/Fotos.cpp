@@ -81,6 +81,20 @@ String MostrarFotoUsuario(Form1& form, std::int32_t numero) {
   return foto;
 }
 
+void QuitarUsuario(Form1& form) {
+  for (PictureBox& card : form.PctUsuario) {
+    card.Visible = false;
+    card.Picture = {};
+  }
+  form.ImgUsuario.Visible = false;
+  form.ImgUsuario.Picture = {};
+  form.ImgPuntos.Visible = false;
+  for (Label& points : form.LblPuntos) {
+    points.Caption = {};
+    points.Visible = false;
+  }
+}
+
 void MostrarFija(Form1& form, const Picture& foto) {
   form.Picture2.Picture = foto;
   form.Picture2.Visible = true;

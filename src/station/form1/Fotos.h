@@ -31,6 +31,8 @@ void BorrarFotoDanada(Form1& form, const String& foto, const FileMark& mark);
 /// Puts the photo of user `numero` (0 for nobody) on his card; gives its station path, or an empty text, with
 /// the card left as it is, when there is none.
 String MostrarFotoUsuario(Form1& form, std::int32_t numero);
+/// Photo and points of a user go from his card.
+void QuitarUsuario(Form1& form);
 /// The still takes the place of the live picture; it may hold nothing.
 void MostrarFija(Form1& form, const Picture& foto);
 /// The photo of the ficha that is looked at; without one the live picture, and the operator is told so.

@@ -108,7 +108,7 @@ TEST_F(OrdenAlRetirarTest, NothingIsGivenBackOverWhoTookTheSlot) {
 
 TEST_F(OrdenAlRetirarTest, ACodeThatCouldNotBeReadIsNotGivenBack) {
   Retire([this] {
-    station_.Faulty.Set().failRead = 2;  // the slot, the code
+    station_.Faulty.Set().failRead = 3;  // the slot twice, the code
     station_.Faulty.Set().failWrite = 3;
   });
   EXPECT_TRUE(Inside());

@@ -141,7 +141,7 @@ TEST_F(PuntosAjenosTest, UsersThatCantBeWrittenDoNotHoldTheVehicle) {
 TEST_F(PuntosAjenosTest, ARowThatCantBeWrittenAddsNothing) {
   Stay(100);
   const std::string users = station_.Disk.Get(kUsr);
-  station_.UnderBox = [this] { station_.Faulty.Set().failWrite = 3; };  // code, slot, row
+  station_.UnderBox = [this] { station_.Faulty.Set().failWrite = 2; };  // slot, row
   Retire();
   ASSERT_EQ(station_.HistoryRows(), 1u);
   EXPECT_EQ(station_.Disk.Get(kUsr), users);

@@ -38,7 +38,7 @@ TEST_F(PuntosTest, AllOfItIsOnDiskWhenTheScreenIsIdle) {
   Stay(100);
   const int before = station_.Disk.Syncs();
   Retire();
-  EXPECT_EQ(station_.Disk.Syncs() - before, 5);  // code, slot, row, user, movement
+  EXPECT_EQ(station_.Disk.Syncs() - before, 4);  // slot, row, user, movement
   EXPECT_FALSE(station_.Faulty.Pending());
 }
 

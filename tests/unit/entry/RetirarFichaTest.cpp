@@ -216,14 +216,14 @@ TEST_F(RetirarFichaTest, AReadOnlyFolderLeavesTheFichaInside) {
 }
 
 TEST_F(RetirarFichaTest, AnUnreadableSlotLeavesTheFichaInside) {
-  station_.UnderBox = [this] { station_.Faulty.Set().failRead = 1; };
+  station_.UnderBox = [this] { station_.Faulty.Set().failRead = 2; };  // behind the look whose it is
   Retire();
   EXPECT_TRUE(Inside());
   EXPECT_FALSE(InHistory());
 }
 
 TEST_F(RetirarFichaTest, ASlotThatCantBeFreedStillGetsItsRow) {
-  station_.UnderBox = [this] { station_.Faulty.Set().failWrite = 2; };  // the code, then the slot
+  station_.UnderBox = [this] { station_.Faulty.Set().failWrite = 1; };
   Retire();
   EXPECT_TRUE(Inside());
   EXPECT_TRUE(InHistory());
@@ -239,7 +239,7 @@ TEST_F(RetirarFichaTest, ARowThatCantBeWrittenPutsTheFichaBackInsideAndOnDisplay
   const std::string act = station_.Disk.Get(kAct);
   for (const std::size_t torn : {0u, 1u, 187u}) {
     station_.UnderBox = [&] {
-      station_.Faulty.Set().failWrite = 3;  // the code, the slot, then the row
+      station_.Faulty.Set().failWrite = 2;  // the slot, then the row
       station_.Faulty.Set().tornBytes = torn;
     };
     Retire();
