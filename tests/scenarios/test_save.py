@@ -193,8 +193,11 @@ class Refused(DrivenDay):
         (self.root / "away").rename(self.folder.shared)
         station.advance(20000)
         self.assertEqual((self.folder.shared / "Vintoral.ACT").stat().st_size, 188188)
-        station.save(8)
-        self.assertEqual(self.folder.slot(8).EnUso, -1)
+        self.assertEqual(self.folder.slot(7).EnUso, 0)
+        self.assertEqual(station.texts("TxtCampo(0)", "TxtCampo(1)"), ["7", "ABC"])
+        station.key(INSERT)
+        station.answer("yes")
+        self.assertEqual(self.folder.slot(7).Placa, "ABC")
 
 
 if __name__ == "__main__":
