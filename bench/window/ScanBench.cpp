@@ -43,7 +43,8 @@ void Press(QWidget& window, int key, const QString& text) {
 /// From the first of the reader's keys to the painted ficha, in milliseconds.
 double Scan(Station& station, int number) {
   const long long begun = Nanoseconds();
-  for (const char character : CodeOf(number).Bytes())
+  const String code = CodeOf(number);
+  for (const char character : code.Bytes())
     Press(station.Window, character, QString(QLatin1Char(character)));
   QCoreApplication::processEvents();
   return static_cast<double>(Nanoseconds() - begun) / 1e6;
