@@ -48,13 +48,13 @@ Result<std::int64_t> BuscarCodigo(const Register<RegistroCodigo>& codigos, std::
 }
 
 Result<std::int64_t> BuscarPase(const Register<RegistroPase>& pases, std::string_view codigo) {
-  const Result<std::int64_t> count = pases.Count();
+  Result<std::int64_t> count = pases.Count();
   if (!count) return count;
   return Find<RegistroPase, kPassOffset>(pases, codigo, *count);
 }
 
 Result<std::int64_t> LugarParaPase(const Register<RegistroPase>& pases) {
-  const Result<std::int64_t> count = pases.Count();
+  Result<std::int64_t> count = pases.Count();
   if (!count) return count;
   std::int64_t place = *count + 1;
   const auto visit = [&](std::int64_t number, std::span<const char, RegistroPase::kSize> bytes) {
