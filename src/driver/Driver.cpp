@@ -93,7 +93,8 @@ void Driver::Dispatch(const Json& operation) {
   if (station_->form.Terminado()) throw std::runtime_error("the program has ended");
   if (name == "answer") return AnswerBox(operation);
   if (name == "advance") return Advance(operation);
-  if (name == "devices") return SetPrinters(operation);
+  if (name == "devices") return SetDevices(operation);
+  if (name == "camera") return SetCamera(operation);
   if (name == "clock") return station_->platform.Clock.Set(ParseMoment(Field<std::string>(operation, "now")));
   if (name == "fare") return Fare(operation);
   if (name == "get" || name == "state" || name == "view") return Look(name, operation);
@@ -116,14 +117,24 @@ void Driver::Start(const Json& operation) {
   station->platform.System.Desktop = FieldOr(operation, "desktop", std::string());
   RequirePath(station->platform.System.Desktop);
   station->platform.Screen.OnWait = [this] { Step(); };
+  station->platform.System.Pictures = String::FromUtf8(FieldOr(operation, "pictures", std::string()));
+  RequirePath(station->platform.System.Pictures.Bytes());
   station->platform.Printer.Installed = PrintersOf(operation, {});
+  station->platform.Camera.Installed = NamesOf(operation, "cameras", {});
   station_ = std::move(station);
   station_->form.Form_Load();
 }
 
-void Driver::SetPrinters(const Json& operation) {
-  PrinterList& installed = station_->platform.Printer.Installed;
-  installed = PrintersOf(operation, installed);
+void Driver::SetDevices(const Json& operation) {
+  HeadlessPlatform& platform = station_->platform;
+  platform.Printer.Installed = PrintersOf(operation, platform.Printer.Installed);
+  platform.Camera.Installed = NamesOf(operation, "cameras", platform.Camera.Installed);
+}
+
+void Driver::SetCamera(const Json& operation) {
+  GivenCamera::Given& camera =
+      station_->platform.Camera.Cameras[String::FromUtf8(Field<std::string>(operation, "name"))];
+  camera = CameraOf(operation, camera);
 }
 
 void Driver::AnswerBox(const Json& operation) {

@@ -52,7 +52,8 @@ class Driver {
   void Drive(const std::string& name, const Json& operation);
   void DriveForm(const std::string& name, const Json& operation);
   void Look(const std::string& name, const Json& operation);
-  void SetPrinters(const Json& operation);
+  void SetDevices(const Json& operation);
+  void SetCamera(const Json& operation);
   void AnswerBox(const Json& operation);
   void Advance(const Json& operation);
   void DriveControl(const std::string& name, Control& control, const Json& operation);

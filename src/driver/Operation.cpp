@@ -5,18 +5,21 @@
 #include <cmath>
 #include <cstdio>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <string_view>
 #include <utility>
 
+#include "platform/pictures/PictureFile.h"
 #include "tariffs/Tasacion.h"
 
 namespace vintoral {
 namespace {
 
-constexpr std::array<std::string_view, 21> kOperations = {
-    "key",    "type",  "set",  "focus",  "click",  "dblclick", "hover",
-    "select", "check", "tick", "scroll", "answer", "unload",   "close",
-    "get",    "state", "view", "fare",   "clock",  "advance",  "devices"};
+constexpr std::array<std::string_view, 22> kOperations = {
+    "key",   "type", "set",    "focus",   "click",   "dblclick", "hover", "select",
+    "check", "tick", "scroll", "answer",  "unload",  "close",    "get",   "state",
+    "view",  "fare", "clock",  "advance", "devices", "camera"};
 
 constexpr std::array<std::pair<Answer, const char*>, 4> kAnswers = {
     {{Answer::kOk, "ok"}, {Answer::kYes, "yes"}, {Answer::kNo, "no"}, {Answer::kCancel, "cancel"}}};
@@ -234,16 +237,42 @@ Json EventJson(const DeviceEvent& event) {
   return {{"event", "beep"}};
 }
 
+std::vector<String> NamesOf(const Json& operation, const char* field, const std::vector<String>& before) {
+  if (!Has(operation, field)) return before;
+  std::vector<String> names;
+  for (const auto& name : Field<std::vector<std::string>>(operation, field))
+    names.push_back(String::FromUtf8(name));
+  return names;
+}
+
 PrinterList PrintersOf(const Json& operation, PrinterList before) {
   if (Has(operation, "printers")) {
-    before.names.clear();
-    for (const auto& name : Field<std::vector<std::string>>(operation, "printers"))
-      before.names.push_back(String::FromUtf8(name));
+    before.names = NamesOf(operation, "printers", {});
     const bool kept =
         std::find(before.names.begin(), before.names.end(), before.current) != before.names.end();
     if (!kept) before.current = before.names.empty() ? String() : before.names.front();
   }
   if (Has(operation, "printer")) before.current = String::FromUtf8(Field<std::string>(operation, "printer"));
+  return before;
+}
+
+GivenCamera::Given CameraOf(const Json& operation, GivenCamera::Given before) {
+  const std::string state = FieldOr(operation, "state", std::string("ok"));
+  if (state != "ok" && state != "fail" && state != "gone")
+    throw std::runtime_error("no camera is '" + state + "': ok, fail, gone");
+  before.fails = state == "fail";
+  before.gone = state == "gone";
+  if (!operation.contains("frame")) return before;
+  before.frame = nullptr;
+  if (operation["frame"].is_null()) return before;
+  const auto file = Field<std::string>(operation, "frame");
+  RequirePath(file);
+  std::ifstream stream(file, std::ios::binary);
+  const std::string bytes{std::istreambuf_iterator<char>(stream), {}};
+  if (!stream) throw std::runtime_error("file '" + file + "' can't be read");
+  before.frame = DecodePictureFile({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
+  if (before.frame == nullptr)
+    throw std::runtime_error("file '" + file + "' is no picture (" + kPictureKinds + ")");
   return before;
 }
 

@@ -12,6 +12,7 @@
 #include <nlohmann/json.hpp>
 
 #include "platform/Screen.h"
+#include "platform/headless/GivenCamera.h"
 #include "platform/headless/Recording.h"
 #include "station/form1/Form1.h"
 
@@ -82,6 +83,10 @@ Json EventJson(const DeviceEvent& event);
 /// What "printers" and "printer" tell of the printers; what they don't tell stays as it was. Where a list
 /// doesn't hold the current printer, the first one is it.
 PrinterList PrintersOf(const Json& operation, PrinterList before);
+/// The texts of a list, those of `before` where the field is left out.
+std::vector<String> NamesOf(const Json& operation, const char* field, const std::vector<String>& before);
+/// What "frame" and "state" tell of a camera; a frame that is left out stays as it was.
+GivenCamera::Given CameraOf(const Json& operation, GivenCamera::Given before);
 Json FareJson(const Form1& station, const String& category, const String& entry, const String& exit);
 
 }  // namespace vintoral

@@ -90,6 +90,12 @@ void AddMarks(Json& state, const Form1& form) {
   state["TextoSalida"] = form.TextoSalida.ToUtf8();
   state["MarcaTurno"] = form.MarcaTurno.ToUtf8();
   state["RutaFotoFicha"] = form.RutaFotoFicha.ToUtf8();
+  state["NumeroFotos"] = form.NumeroFotos;
+  state["FotoActual"] = form.FotoActual;
+  state["FotoContinua"] = form.FotoContinua;
+  state["RutaAppCamera"] = form.RutaAppCamera.ToUtf8();
+  state["RutaFotosApp"] = form.RutaFotosApp.ToUtf8();
+  state["UltimoError"] = form.dspPreview.UltimoError;
   state["BaseReloj"] = (DateText(form.BaseReloj) + " "_w + TimeText(form.BaseReloj)).ToUtf8();
   state["MinutoBase"] = form.MinutoBase;
   state["TiempoEjecucion"] = form.TiempoEjecucion;

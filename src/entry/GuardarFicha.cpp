@@ -6,16 +6,19 @@
 #include "station/form1/Form1.h"
 #include "station/form1/Fotos.h"
 #include "station/form1/Monitor.h"
+#include "station/form1/Sonidos.h"
 
 namespace vintoral {
 namespace {
 
 /// The photo that the operator compares with who stands at the gate.
 void MostrarFotoConfirmacion(Form1& form) {
-  const bool sinCamara = form.ImgIndicador[indicador::kCamaraDesactivada].Visible;
-  const bool conMemoria = form.ImgIndicador[indicador::kMemoriaRostros].Visible;
-  if (!sinCamara)
-    MostrarFija(form, conMemoria ? String() : MostrarFotoUsuario(form, form.UsuarioEnFormulario));
+  if (!form.ImgIndicador[indicador::kCamaraDesactivada].Visible) {
+    const bool conMemoria = form.ImgIndicador[indicador::kMemoriaRostros].Visible;
+    form.Picture2.Picture = conMemoria ? String() : MostrarFotoUsuario(form, form.UsuarioEnFormulario);
+    if (form.Picture2.Picture.Empty()) form.CapturarFoto();
+    MostrarFija(form, form.Picture2.Picture);
+  }
   AvisarSinImagen(form);
 }
 
@@ -61,6 +64,24 @@ bool CodigoGuardado(const Form1& form) {
   if (codigos.Missing()) return true;
   const Result<RegistroCodigo> codigo = codigos.Read(form.FichaActual.Posicion);
   return codigo && codigo->CodigoBarras.Trimmed() == Trim(form.TxtBarCode.Text());
+}
+
+/// The photo of the entrance into its file; false when there is none.
+bool GuardarFotoEntrada(Form1& form) {
+  const RegistroFicha& ficha = form.FichaActual;
+  if (form.ImgIndicador[indicador::kCamaraDesactivada].Visible) {
+    form.CargarFotosApp(ficha.Placa.View(), ficha.Posicion);
+    return !form.RutaFotoFicha.Empty();
+  }
+  if (form.Picture2.Picture.Empty()) return false;
+  const bool conMemoria = form.ImgIndicador[indicador::kMemoriaRostros].Visible;
+  const bool tomada = form.Picture2.Picture.Path().Empty();
+  if (conMemoria)
+    form.SellarFoto(kSelloEntrada, TextoSelloEntrada(ficha.PorteriaEntrada.Trimmed(), form.MarcaTiquete));
+  const bool guardada = form.GuardarFotoJPEG(RutaFotoAdentro(form, ficha.Posicion));
+  form.MidiWav(conMemoria || tomada ? sonido::kFoto : sonido::kHecho);
+  form.RutaFotoFicha = RutaFotoAdentro(form, ficha.Posicion);
+  return guardada;
 }
 
 struct Ingreso {
@@ -122,11 +143,13 @@ void Form1::GuardarFicha() {
       return SetFocus(&TxtCampo[2]);
     }
     FichaActual = *puesto;
+    if (ImgIndicador[indicador::kFotosAdicionales].Visible) AcomodarFotos();
   }
   SyncTogether onDisk(platform_.disk);
   const bool libre = !puesto->EnUso;
   const Ingreso ingreso = libre ? Ingresar(*this, numero) : Ingreso{};
-  if (ingreso.hecho) GuardarFotosUsuario(FichaActual.UsuarioPuntos, ingreso.primera);
+  if (ingreso.hecho && GuardarFotoEntrada(*this))
+    GuardarFotosUsuario(FichaActual.UsuarioPuntos, ingreso.primera);
   std::optional<PrintDocument> tiquete;
   if (ingreso.hecho && PideTiquete(*this)) tiquete = TiqueteEnPantalla();
   RefrescarVista();

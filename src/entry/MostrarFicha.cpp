@@ -47,6 +47,7 @@ void MostrarFichaAdentro(Form1& form) {
   MostrarRegistro(form);
   form.MarcarCelda();
   form.SetFocus(nullptr);  // the cash line takes the focus with its first step
+  form.MostrarFotosAdicionales();
   MostrarFotoEntrada(form);
   MostrarUsuario(form);
   form.LblValor.Visible = false;

@@ -1,6 +1,7 @@
 #include "entry/Puntos.h"
 #include "records/Register.h"
 #include "station/form1/Form1.h"
+#include "station/form1/Fotos.h"
 
 namespace vintoral {
 namespace {
@@ -21,6 +22,19 @@ Saldo SaldoDe(Form1& form, std::int32_t numero) {
   if (!ahora) return {};
   form.UsuarioActual = *ahora;
   return {numero, PuntosTrasEstaEstadia(form, ahora->Puntos)};
+}
+
+/// The photo on the screen becomes that of the row just written.
+void GuardarFotoSalida(Form1& form) {
+  const RegistroFicha& fila = form.FichaActual;
+  if (form.ImgIndicador[indicador::kCamaraDesactivada].Visible || !form.TomarFotoFija()) return;
+  form.SellarFoto(kSelloSalida,
+                  TextoSelloSalida("PS"_w, fila.PorteriaSalida.Trimmed(), fila.MarcaSalida.Trimmed()));
+  // With face memory on, the entrance is stamped already.
+  if (!form.ImgIndicador[indicador::kMemoriaRostros].Visible)
+    form.SellarFoto(kSelloEntradaAlSalir,
+                    TextoSelloSalida("PE"_w, fila.PorteriaEntrada.Trimmed(), fila.MarcaEntrada.Trimmed()));
+  form.GuardarFotoJPEG(RutaFoto(form, fila));
 }
 
 }  // namespace
@@ -45,6 +59,7 @@ bool Form1::RegistrarHistorial() {
   written.PassOver();
   if (!written) return false;
   AcumularPuntos(saldo.usuario);
+  GuardarFotoSalida(*this);
   return true;
 }
 

@@ -84,6 +84,8 @@ void Form1::RetirarFicha() {
     Cancelar();
     return MidiWav(sonido::kOlvidada);
   }
+  // Now, while its file is there: the photo of the entrance goes with the slot.
+  if (!ImgIndicador[indicador::kCamaraDesactivada].Visible) TomarFotoFija();
   TmrHoraFecha.SetEnabled(false);
   TextoSalida = LblFechaSal.Caption;
   SyncTogether onDisk(platform_.disk);
@@ -92,6 +94,7 @@ void Form1::RetirarFicha() {
   std::optional<DatosFactura> factura;
   if (retirada) {
     if (registro) RegistrarFactura(factura.emplace(Facturar(*this)), *registro);
+    CerrarFotosAdicionales();
     RefrescarVista();
     LimpiarCampos();
     onDisk.Finish().PassOver();

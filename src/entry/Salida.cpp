@@ -4,6 +4,7 @@
 #include "records/Register.h"
 #include "records/RegistroCodigo.h"
 #include "station/form1/Form1.h"
+#include "station/form1/Fotos.h"
 
 namespace vintoral {
 namespace {
@@ -87,6 +88,15 @@ void DevolverPuesto(Form1& form, std::int64_t numero, const Puesto& puesto) {
   DevolverCodigo(form, numero, puesto);
 }
 
+/// Behind the row: until that stands, the ficha may have to be put back inside.
+void BorrarFotoEntrada(Form1& form, std::int64_t numero) {
+  Disk& disk = form.Devices().disk;
+  const String foto = RutaFotoAdentro(form, numero);
+  if (form.ImgIndicador[indicador::kCamaraDesactivada].Visible || !disk.Exists(foto)) return;
+  disk.ClearReadOnly(foto).PassOver();
+  disk.Remove(foto).PassOver();
+}
+
 }  // namespace
 
 bool PasarAlHistorial(Form1& form) {
@@ -98,7 +108,10 @@ bool PasarAlHistorial(Form1& form) {
   if (!puesto->ficha.EnUso) form.PuntosEstadia = 0;
   const bool registrada = form.RegistrarHistorial();
   form.PuntosEstadia = ganados;
-  if (registrada) return true;
+  if (registrada) {
+    if (puesto->ficha.EnUso) BorrarFotoEntrada(form, numero);
+    return true;
+  }
   DevolverPuesto(form, numero, *puesto);
   return false;
 }

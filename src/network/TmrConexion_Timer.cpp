@@ -41,6 +41,7 @@ void Form1::TmrConexion_Timer() {
       RecortarHistorial(*this);
       Form_KeyDown('W', keys::kAlt);
     }
+    BuscarCamara();
     if (bar == kLightRed) EstadoConexion(*this, true);
     return;
   }

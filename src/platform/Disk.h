@@ -108,6 +108,18 @@ class Disk {
   virtual Outcome Copy(std::string_view from, std::string_view to);
   /// Does nothing when the folder is there already.
   virtual Outcome CreateFolder(std::string_view path) = 0;
+  /// A folder, or a link to one. Any error counts as no.
+  virtual bool FolderExists(std::string_view path) const = 0;
+  /// A file or a folder gets another name, in another folder where that says so; refused (EEXIST) where there
+  /// is anything of that name. A link is moved itself. Files alone may come from another file system.
+  virtual Outcome Move(std::string_view from, std::string_view to) = 0;
+  /// A folder with all that lies in it, under a name that nothing has; links are left out. What could not be
+  /// copied is missing from the copy, and the first failure is told.
+  virtual Outcome CopyFolder(std::string_view from, std::string_view to) = 0;
+  /// A folder with all that lies in it; what links in it lead to stays.
+  virtual Outcome RemoveFolder(std::string_view path) = 0;
+  /// The name leads to a file or a folder elsewhere.
+  virtual bool IsLink(std::string_view path) const = 0;
   virtual Outcome Remove(std::string_view path) = 0;
   /// Lets the owner write the file again; done when it is missing.
   virtual Outcome ClearReadOnly(std::string_view path) = 0;

@@ -20,12 +20,6 @@ int CloseBehind(int file, int error) {
   return error != 0 ? error : closed;
 }
 
-int RenameWithoutReplacing(const std::string& from, const std::string& to) {
-  const int result = renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE);
-  if (result == 0) return 0;
-  return errno == EEXIST ? EEXIST : RenameUnlessTaken(from, to);
-}
-
 std::filesystem::path FolderOf(const std::string& path) {
   return std::filesystem::path(path).parent_path();
 }
@@ -74,7 +68,7 @@ int WriteHidden(const std::string& path, std::string_view bytes) {
   const Hidden hidden(path);
   if (hidden.File() < 0) return errno;
   int error = CloseBehind(hidden.File(), WriteAllAt(hidden.File(), 0, bytes));
-  if (error == 0) error = RenameWithoutReplacing(hidden.Name(), path);
+  if (error == 0) error = MoveFile(hidden.Name(), path);
   return hidden.Leave(error);
 }
 
@@ -84,6 +78,12 @@ int WriteCopy(const std::string& path, int source) {
   int error = CloseBehind(hidden.File(), CopyBytes(source, hidden.File(), 0).error);
   if (error == 0 && rename(hidden.Name().c_str(), path.c_str()) != 0) error = errno;
   return hidden.Leave(error);
+}
+
+int MoveFile(const std::string& from, const std::string& to) {
+  const int result = renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE);
+  if (result == 0) return 0;
+  return errno == EEXIST ? EEXIST : RenameUnlessTaken(from, to);
 }
 
 int RenameUnlessTaken(const std::string& from, const std::string& to) {

@@ -12,6 +12,9 @@ int WriteNewFile(const std::string& path, std::string_view bytes);
 /// All that `source` holds (a descriptor) as the file at `path`, in place of one that stands there.
 int WriteCopy(const std::string& path, int source);
 
+/// A file or a folder gets the name `to`.
+int MoveFile(const std::string& from, const std::string& to);
+
 // The steps that it takes, as file systems differ in what they know.
 
 /// Without any name until it is whole: a station that is killed leaves nothing behind either.

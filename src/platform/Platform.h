@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Camera.h"
 #include "platform/Clock.h"
 #include "platform/Disk.h"
 #include "platform/Pictures.h"
@@ -21,6 +22,7 @@ struct Platform {
   const Pictures& pictures;
   Printer& printer;
   Random& random;
+  Camera& camera;
 };
 
 }  // namespace vintoral

@@ -12,6 +12,7 @@
 #include <cerrno>
 #include <chrono>
 #include <csignal>
+#include <filesystem>
 #include <functional>
 #include <tuple>
 
@@ -28,7 +29,7 @@ namespace {
 /// No file of the station is as large; reading one as a whole would only take the memory.
 constexpr std::size_t kLargestFile = std::size_t{512} << 20;
 
-bool IsLink(const std::string& path) {
+bool LeadsElsewhere(const std::string& path) {
   char first = 0;
   return readlink(path.c_str(), &first, 1) >= 0;
 }
@@ -100,7 +101,7 @@ std::string PosixDisk::PathOf(std::string_view path) const {
 
 std::string PosixDisk::FileItself(std::string_view path) const {
   const std::string native = FindIgnoringCase(PathOf(path));
-  return IsLink(native) ? RealPath(native) : native;
+  return LeadsElsewhere(native) ? RealPath(native) : native;
 }
 
 bool PosixDisk::Exists(std::string_view path) const {
@@ -258,6 +259,44 @@ Outcome PosixDisk::CreateFolder(std::string_view path) {
   const std::optional<FileStatus> there = error == EEXIST ? StatusOf(native) : std::nullopt;
   if (there && there->IsFolder()) return Outcome::Done();
   return Outcome::Failed("make folder", native, error);
+}
+
+bool PosixDisk::FolderExists(std::string_view path) const {
+  const std::optional<FileStatus> status = StatusOf(FindIgnoringCase(PathOf(path)));
+  return status && status->IsFolder();
+}
+
+bool PosixDisk::IsLink(std::string_view path) const {
+  return LeadsElsewhere(FindIgnoringCase(PathOf(path)));
+}
+
+Outcome PosixDisk::Move(std::string_view from, std::string_view to) {
+  const std::string source = FindIgnoringCase(PathOf(from));
+  const std::string target = FindIgnoringCase(PathOf(to));
+  int error = MoveFile(source, target);
+  if (error == EXDEV && IsFile(source) && !LeadsElsewhere(source) && !StatusOf(target)) {
+    if (const Outcome copied = Copy(from, to); !copied) return copied;
+    error = unlink(source.c_str()) == 0 ? 0 : errno;
+  }
+  return error == 0 ? Outcome::Done() : Outcome::Failed("move to", target, error);
+}
+
+Outcome PosixDisk::CopyFolder(std::string_view from, std::string_view to) {
+  const std::string source = FindIgnoringCase(PathOf(from));
+  const std::string target = FindIgnoringCase(PathOf(to));
+  if (mkdir(target.c_str(), 0777) != 0) return Outcome::Failed("make folder", target, errno);
+  std::error_code error;
+  constexpr auto kHow =
+      std::filesystem::copy_options::recursive | std::filesystem::copy_options::skip_symlinks;
+  std::filesystem::copy(source, target, kHow, error);
+  return error ? Outcome::Failed("copy to", target, error.value()) : Outcome::Done();
+}
+
+Outcome PosixDisk::RemoveFolder(std::string_view path) {
+  const std::string native = FindIgnoringCase(PathOf(path));
+  std::error_code error;
+  std::filesystem::remove_all(native, error);
+  return error ? Outcome::Failed("remove folder", native, error.value()) : Outcome::Done();
 }
 
 Outcome PosixDisk::Remove(std::string_view path) {

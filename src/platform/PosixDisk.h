@@ -38,6 +38,11 @@ class PosixDisk final : public Disk {
   Outcome CreateNew(std::string_view path, std::string_view bytes) override;
   Outcome Copy(std::string_view from, std::string_view to) override;
   Outcome CreateFolder(std::string_view path) override;
+  bool FolderExists(std::string_view path) const override;
+  Outcome Move(std::string_view from, std::string_view to) override;
+  Outcome CopyFolder(std::string_view from, std::string_view to) override;
+  Outcome RemoveFolder(std::string_view path) override;
+  bool IsLink(std::string_view path) const override;
   Outcome Remove(std::string_view path) override;
   Outcome ClearReadOnly(std::string_view path) override;
   /// Hidden names (a leading point) are left out. A name with characters that Windows-1252 lacks has "?" for

@@ -23,6 +23,8 @@ class System {
   /// Is there a shortcut of this name on the desktop?
   virtual bool HasShortcut(std::string_view name) = 0;
   virtual Outcome CreateShortcut(const Shortcut& shortcut) = 0;
+  /// The user's own folder of pictures, as station text.
+  virtual String PicturesFolder() = 0;
   /// Opens a file, a folder or a web address in the user's own program without waiting. `command` is the
   /// station's text, "Notepad.exe Objetos\Servidor.INI", "Explorer.exe Fondos" or "Explorer.exe https://…"; a
   /// missing program or file is passed over.

@@ -1,5 +1,6 @@
 #include <tuple>
 
+#include "camera/DSPreview/CamarasRed.h"
 #include "common/Outcome.h"
 #include "station/form1/Archivos.h"
 #include "station/form1/Form1.h"
@@ -22,6 +23,9 @@ void Form1::Form_Load() {
   if (IsSecondInstance(platform_)) return Terminar();
   CrearCarpetas();
   if (!CargarServidor()) return;
+  CargarAppCamera();
+  CrearCamarasRed(platform_.disk);
+  WebCamCargar();
   EscribirAyuda();
   if (Terminado()) return;
   CrearAccesoDirecto();

@@ -7,6 +7,8 @@ void Form1::Form_Unload() {
   for (Timer* timer : Timers())
     timer->SetEnabled(false);
   OpenForms.UnloadDialogs();
+  WebCamDesconectar();
+  WebCamGuardarIndice();
   GuardarEstadoPantalla();
   GuardarMarcas();
 }

@@ -53,8 +53,11 @@ void ClearValidity(Form1& form) {
 
 void ClearPhotos(Form1& form) {
   form.ImgIndicador[indicador::kFotosAdicionales].Visible = false;
-  for (PictureBox& arrow : form.PctFotoDetalle)
+  for (PictureBox& button : form.PctFotoDetalle)
+    button.Visible = false;
+  for (Image& arrow : form.ImgFotoDetalle)
     arrow.Visible = false;
+  form.PctUsuario[0].Enabled = false;  // no photos to turn
 }
 
 void ClearCash(Form1& form) {
@@ -70,6 +73,7 @@ void ClearCash(Form1& form) {
 
 void Form1::LimpiarCampos() {
   const bool barcodes = CmdBarCode.Visible;
+  BorrarFotosSinGuardar();
   QuitarCelda();
   UsuarioEnFormulario = 0;
   NumeroUsuario = 0;

@@ -25,6 +25,7 @@ Gate::Gate() : disk_(folder_.Path()) {
   clock_.Set(*Moment::From(start));
   // A shortcut is there already: no welcome.
   folder_.Put("Desktop/Vintoral.desktop", "[Desktop Entry]\n");
+  camera_.Installed = {"CAMARA"_w};
   system_.Desktop = folder_.Path("Desktop");
   screen_.OnShown = [this](QMessageBox& dialog, const Box& box) { AnswerBox(dialog, box); };
 }
@@ -36,7 +37,7 @@ Gate::~Gate() {
 
 void Gate::Start() {
   form_ = std::make_unique<Form1>(
-      Platform{clock_, screen_, sound_, system_, disk_, pictures_, printer_, chance_});
+      Platform{clock_, screen_, sound_, system_, disk_, pictures_, printer_, chance_, camera_});
   window_ = std::make_unique<MainWindow>(*form_);
   dialogs_ = std::make_unique<Dialogs>(form_->OpenForms, *window_);
   screen_.Owner = [this] { return dialogs_->Active(); };

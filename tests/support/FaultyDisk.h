@@ -83,6 +83,19 @@ class FaultyDisk final : public Disk {
     return faults_->failAllWrites ? Error(faults_->writeError) : disk_.CreateFolder(path);
   }
   Outcome Remove(std::string_view path) override { return Gone() ? Error(ENOTCONN) : disk_.Remove(path); }
+  bool FolderExists(std::string_view path) const override { return !Gone() && disk_.FolderExists(path); }
+  Outcome Move(std::string_view from, std::string_view to) override {
+    if (Gone()) return Error(ENOTCONN);
+    return faults_->failAllWrites ? Error(faults_->writeError) : disk_.Move(from, to);
+  }
+  Outcome CopyFolder(std::string_view from, std::string_view to) override {
+    if (Gone()) return Error(ENOTCONN);
+    return faults_->failAllWrites ? Error(faults_->writeError) : disk_.CopyFolder(from, to);
+  }
+  Outcome RemoveFolder(std::string_view path) override {
+    return Gone() ? Error(ENOTCONN) : disk_.RemoveFolder(path);
+  }
+  bool IsLink(std::string_view path) const override { return disk_.IsLink(path); }
   Outcome ClearReadOnly(std::string_view path) override {
     return Gone() ? Error(ENOTCONN) : disk_.ClearReadOnly(path);
   }

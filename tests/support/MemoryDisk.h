@@ -104,6 +104,49 @@ class MemoryDisk final : public Disk {
   Outcome Remove(std::string_view path) override {
     return files_.erase(Key(path)) > 0 ? Outcome::Done() : Outcome::Failed("remove", Key(path), ENOENT);
   }
+  bool FolderExists(std::string_view path) const override { return HasFolder(path); }
+  Outcome Move(std::string_view from, std::string_view to) override {
+    const std::string source = Key(from), target = Key(to);
+    if (files_.contains(target) || folders_.contains(target))
+      return Outcome::Failed("move to", target, EEXIST);
+    if (!HasParent(target)) return Outcome::Failed("move to", target, ENOENT);
+    if (!files_.contains(source) && !folders_.contains(source))
+      return Outcome::Failed("move", source, ENOENT);
+    Rename(files_, source, target);
+    Rename(folders_, source, target);
+    if (const auto moved = files_.find(target); moved != files_.end())
+      moved->second.name = String(NameOf(to));
+    return Outcome::Done();
+  }
+  Outcome CopyFolder(std::string_view from, std::string_view to) override {
+    const std::string source = Key(from), target = Key(to);
+    if (!folders_.contains(source)) return Outcome::Failed("copy", source, ENOENT);
+    if (files_.contains(target) || folders_.contains(target))
+      return Outcome::Failed("copy to", target, EEXIST);
+    if (!HasParent(target)) return Outcome::Failed("copy to", target, ENOENT);
+    const auto copyAll = [&](auto& entries) {
+      const auto before = entries;
+      for (const auto& [key, entry] : before) {
+        if (IsAtOrBelow(key, source)) entries[target + key.substr(source.size())] = entry;
+      }
+    };
+    copyAll(files_);
+    copyAll(folders_);
+    for (auto& [key, entry] : files_) {
+      if (IsAtOrBelow(key, target)) entry.bytes = std::make_shared<std::string>(*entry.bytes);
+    }
+    return Outcome::Done();
+  }
+  Outcome RemoveFolder(std::string_view path) override {
+    const std::string folder = Key(path);
+    const auto gone = [&](const auto& entry) { return IsAtOrBelow(entry.first, folder); };
+    std::erase_if(files_, gone);
+    std::erase_if(folders_, gone);
+    return Outcome::Done();
+  }
+  bool IsLink(std::string_view path) const override { return links_.contains(Key(path)); }
+  /// The file of that name is only a link to another.
+  void SetLink(std::string_view path) { links_.insert(Key(path)); }
   Outcome ClearReadOnly(std::string_view path) override {
     const auto found = files_.find(Key(path));
     if (found != files_.end()) found->second.readOnly = false;
@@ -201,6 +244,16 @@ class MemoryDisk final : public Disk {
     const std::size_t slash = key.rfind('/');
     return slash == 0 || (slash != std::string::npos && folders_.contains(key.substr(0, slash)));
   }
+  static bool IsAtOrBelow(const std::string& key, const std::string& folder) {
+    return key == folder || key.starts_with(folder + "/");
+  }
+  template <class Entries>
+  static void Rename(Entries& entries, const std::string& from, const std::string& to) {
+    Entries moved;
+    for (auto& [key, entry] : entries)
+      moved[IsAtOrBelow(key, from) ? to + key.substr(from.size()) : key] = std::move(entry);
+    entries = std::move(moved);
+  }
   void MakeFolders(const std::string& key) {
     for (std::size_t end = key.find('/', 1); end != std::string::npos; end = key.find('/', end + 1))
       folders_[key.substr(0, end)] = true;
@@ -211,6 +264,7 @@ class MemoryDisk final : public Disk {
   std::map<std::string, Entry> files_;
   std::map<std::string, bool> folders_;
   std::set<std::string> beingWritten_;
+  std::set<std::string> links_;
   std::int64_t puts_ = 0;
   std::shared_ptr<int> syncs_ = std::make_shared<int>(0);
   std::shared_ptr<Locks> locks_ = std::make_shared<Locks>();

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "common/Moment.h"
+#include "platform/headless/GivenCamera.h"
 #include "platform/headless/Recording.h"
 #include "platform/headless/VirtualClock.h"
 #include "platform/pictures/PictureDecoder.h"
@@ -34,6 +35,7 @@ class MemoryStation {
   explicit MemoryStation(Moment now = At(14, 0)) {
     Clock.Set(now);
     Screen.OnWait = [this] { Serve(); };
+    Camera.Installed = {"CAMARA"_w};  // of which no frame comes until a test gives one
   }
 
   /// The start sequence on whatever the disk holds; the welcome is answered.
@@ -118,7 +120,8 @@ class MemoryStation {
   PictureDecoder Pictures;
   RecordingPrinter Printer{Events};
   ScriptedRandom Chance;
-  Form1 Form{Platform{Clock, Screen, Sound, System, Faulty, Pictures, Printer, Chance}};
+  GivenCamera Camera;
+  Form1 Form{Platform{Clock, Screen, Sound, System, Faulty, Pictures, Printer, Chance, Camera}};
   Input Hands{Form.OpenForms};
 
   /// What the operator will answer, box by box.

@@ -5,6 +5,7 @@
 
 #include "platform/Platform.h"
 #include "platform/PosixDisk.h"
+#include "platform/desktop/DesktopCamera.h"
 #include "platform/desktop/DesktopClock.h"
 #include "platform/desktop/DesktopPrinter.h"
 #include "platform/desktop/DesktopScreen.h"
@@ -20,7 +21,7 @@ class DesktopPlatform {
   /// `folder`: the station's folder, a path of this system.
   explicit DesktopPlatform(const std::string& folder);
 
-  Platform Devices() { return {Clock, Screen, Sound, System, Disk, Pictures, Printer, chance_}; }
+  Platform Devices() { return {Clock, Screen, Sound, System, Disk, Pictures, Printer, chance_, Camera}; }
   /// The file of this system that a station path means, whatever the case of its name.
   std::string FileOf(std::string_view path) const;
 
@@ -31,6 +32,7 @@ class DesktopPlatform {
   DesktopSound Sound;
   DesktopSystem System;
   DesktopPrinter Printer;
+  DesktopCamera Camera;
 
  private:
   SystemRandom chance_;

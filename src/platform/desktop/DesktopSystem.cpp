@@ -11,6 +11,7 @@
 #include <cerrno>
 
 #include "platform/DesktopEntry.h"
+#include "platform/NativePath.h"
 
 namespace vintoral {
 
@@ -77,6 +78,10 @@ Outcome DesktopSystem::CreateShortcut(const Shortcut& shortcut) {
                             .executable = QCoreApplication::applicationFilePath().toStdString(),
                             .workingFolder = fileOf_(shortcut.workingFolder),
                             .icon = fileOf_(shortcut.icon)});
+}
+
+String DesktopSystem::PicturesFolder() {
+  return StationName(QStandardPaths::writableLocation(QStandardPaths::PicturesLocation).toStdString());
 }
 
 void DesktopSystem::Launch(std::string_view command) {

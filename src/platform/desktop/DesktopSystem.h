@@ -25,6 +25,8 @@ class DesktopSystem : public System {
   int CountInstances() override;
   bool HasShortcut(std::string_view name) override;
   Outcome CreateShortcut(const Shortcut& shortcut) override;
+  /// A folder whose name Windows-1252 can't hold is none.
+  String PicturesFolder() override;
   void Launch(std::string_view command) override;
   void End() override;
 

@@ -5,6 +5,7 @@
 
 #include "platform/Platform.h"
 #include "platform/PosixDisk.h"
+#include "platform/headless/GivenCamera.h"
 #include "platform/headless/Recording.h"
 #include "platform/headless/SeededRandom.h"
 #include "platform/headless/VirtualClock.h"
@@ -19,7 +20,7 @@ class HeadlessPlatform {
   HeadlessPlatform(const HeadlessPlatform&) = delete;
   HeadlessPlatform& operator=(const HeadlessPlatform&) = delete;
 
-  Platform Devices() { return {Clock, Screen, sound_, System, disk_, pictures_, Printer, Chance}; }
+  Platform Devices() { return {Clock, Screen, sound_, System, disk_, pictures_, Printer, Chance, Camera}; }
 
   Recording Events;
   VirtualClock Clock;
@@ -27,6 +28,7 @@ class HeadlessPlatform {
   RecordingSystem System{Events, Screen};
   RecordingPrinter Printer{Events};
   SeededRandom Chance;
+  GivenCamera Camera;
 
  private:
   RecordingSound sound_{Events};

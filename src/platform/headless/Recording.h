@@ -116,6 +116,7 @@ class RecordingSystem : public System {
   int CountInstances() override { return Instances; }
   bool HasShortcut(std::string_view name) override;
   Outcome CreateShortcut(const Shortcut& shortcut) override;
+  String PicturesFolder() override { return Pictures; }
   void Launch(std::string_view command) override {
     recording_.Add({DeviceEvent::Kind::kLaunch, String(command), false});
   }
@@ -123,6 +124,7 @@ class RecordingSystem : public System {
 
   int Instances = 1;
   std::string Desktop;
+  String Pictures;  ///< the user's folder of pictures; empty where he has none
 
  private:
   Recording& recording_;

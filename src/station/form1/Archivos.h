@@ -19,6 +19,9 @@ inline constexpr std::string_view kFacturas = "Recursos\\Vintoral.HFC";
 inline constexpr std::string_view kReinicio = "Recursos\\Vintoral.RLD";
 inline constexpr std::string_view kServidor = "Objetos\\Servidor.INI";
 inline constexpr std::string_view kWeb = "Objetos\\Web.INI";
+inline constexpr std::string_view kAppCamera = "Objetos\\AppCamera.INI";
+/// The place in the list of the camera that the gate uses.
+inline constexpr std::string_view kCamara = "Recursos\\Vintoral.WCM";
 inline constexpr std::string_view kFuente = "Fuentes\\Vintoral.ttf";
 inline constexpr std::string_view kAyuda =
     "Vintoral L\xE9"

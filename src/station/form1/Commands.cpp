@@ -16,7 +16,6 @@ constexpr MaskSet kCtrl = OneMask(kControl);
 constexpr MaskSet kCtrlAlt = OneMask(kControl | kAlt);
 constexpr MaskSet kCtrlShift = OneMask(kControl | kShift);
 constexpr MaskSet kShiftAlt = OneMask(kShift | kAlt);
-constexpr MaskSet kCtrlOrAlt = OneMask(kControl) | OneMask(kAlt);
 
 using KeyAction = void (*)(Form1&, int);
 using ButtonAction = void (*)(Form1&);
@@ -39,6 +38,9 @@ bool Exists(const Form1& form, int /*code*/) {
 }
 bool CameraOn(const Form1& form, int /*code*/) {
   return !form.ImgIndicador[indicador::kCamaraDesactivada].Visible;
+}
+bool CanTakePhotos(const Form1& form, int code) {
+  return CameraOn(form, code) && form.PctBoton[boton::kGuardar].Visible;
 }
 bool HasPhotosToTurn(const Form1& form, int /*code*/) {
   return form.PctUsuario[0].Enabled;
@@ -63,6 +65,19 @@ void SelectCategory(Form1& form, int code) {
   if (static_cast<std::size_t>(index) < form.CboTarifa[1].List().size()) form.CboTarifa[1].Select(index);
 }
 
+template <int mask>
+void Connect(Form1& form, int /*code*/) {
+  form.WebCamConectar(mask);
+}
+template <int index>
+void TakePhotos(Form1& form, int /*code*/) {
+  form.PctFotoDetalle_Click(index);
+}
+template <int index>
+void TurnPhotos(Form1& form, int /*code*/) {
+  form.ImgFotoDetalle_Click(index);
+}
+
 template <const std::string_view& file>
 void Edit(Form1& form, int /*code*/) {
   form.Devices().system.Launch("Notepad.exe "_w + String(file));
@@ -84,13 +99,13 @@ constexpr std::array kKeys = {
     KeyCommand{.code = kPageUp, .button = boton::kRetroceder},
     KeyCommand{.code = kPageDown, .button = boton::kAvanzar},
     KeyCommand{.code = kHome, .condition = CanGenerate, .action = Run<&Form1::GenerarFicha>},
-    KeyCommand{.code = kLeft, .condition = HasPhotosToTurn, .action = kNotBuilt},
-    KeyCommand{.code = kRight, .condition = HasPhotosToTurn, .action = kNotBuilt},
+    KeyCommand{.code = kLeft, .condition = HasPhotosToTurn, .action = TurnPhotos<0>},
+    KeyCommand{.code = kRight, .condition = HasPhotosToTurn, .action = TurnPhotos<1>},
     KeyCommand{.code = kInsert, .condition = Shown<boton::kGuardar>, .button = boton::kGuardar},
     KeyCommand{.code = kDelete, .condition = Shown<boton::kRetirar>, .button = boton::kRetirar},
     KeyCommand{
         .code = '0', .lastCode = '9', .masks = kCtrl, .condition = HasCategory, .action = SelectCategory},
-    KeyCommand{.code = 'A', .masks = kCtrl, .condition = CameraOn, .action = kNotBuilt},
+    KeyCommand{.code = 'A', .masks = kCtrl, .condition = CameraOn, .action = TakePhotos<0>},
     KeyCommand{.code = 'B', .masks = kCtrl, .condition = Exists<archivo::kFuente>, .action = ShowFont},
     KeyCommand{
         .code = 'B', .masks = kCtrlAlt, .log = "15", .lock = 14, .action = Run<&Form1::AlternarCodigoBarras>},
@@ -116,9 +131,12 @@ constexpr std::array kKeys = {
                .condition = LooksForTheFolder,
                .action = Run<&Form1::OlvidarServidor>},
     KeyCommand{.code = 'T', .masks = kCtrl, .log = "10", .lock = 1, .action = Run<&Form1::AbrirTarifas>},
-    KeyCommand{.code = 'W', .masks = kCtrlOrAlt, .condition = CameraOn, .action = kNotBuilt},
-    KeyCommand{.code = 'W', .masks = kShiftAlt, .log = "11", .action = kNotBuilt},
-    KeyCommand{.code = 'W', .masks = kCtrlAlt, .condition = CameraOn, .action = kNotBuilt},
+    KeyCommand{.code = 'W', .masks = OneMask(kControl), .condition = CameraOn, .action = Connect<kControl>},
+    KeyCommand{.code = 'W', .masks = OneMask(kAlt), .condition = CameraOn, .action = Connect<kAlt>},
+    KeyCommand{.code = 'W', .masks = kShiftAlt, .log = "11", .action = Run<&Form1::ConfigurarCamara>},
+    KeyCommand{
+        .code = 'W', .masks = kCtrlAlt, .condition = CameraOn, .action = Run<&Form1::DesactivarCamara>},
+    KeyCommand{.code = 'X', .masks = kCtrl, .condition = CanTakePhotos, .action = TakePhotos<1>},
     KeyCommand{.code = 'X', .masks = kCtrl, .action = DoNothing},
     KeyCommand{.code = kF1, .masks = kCtrl, .action = Edit<archivo::kAyuda>},
     KeyCommand{.code = kF1, .masks = kPlain, .button = boton::kUltimosEnIngresar},

@@ -17,6 +17,7 @@ Form1::Form1(const Platform& platform)
   ConectarBotones();
   ConectarRejilla();
   ConectarRelojes();
+  ConectarCamara();
 }
 
 void Form1::ConectarCampos() {
@@ -102,6 +103,16 @@ void Form1::ConectarRelojes() {
   TmrMonitor.OnTick = [this] { TmrMonitor_Timer(); };
   TmrConexion.OnTick = [this] { TmrConexion_Timer(); };
   TmrBarCode.OnTick = [this] { TmrBarCode_Timer(); };
+}
+
+void Form1::ConectarCamara() {
+  dspPreview.UseDevices(platform_.camera, platform_.disk, [this] { WebCamConectar(0); });
+  for (std::size_t i = 0; i < PctFotoDetalle.size(); ++i) {
+    const int index = static_cast<int>(i);
+    PctFotoDetalle[i].OnClick = [this, index] { PctFotoDetalle_Click(index); };
+    ImgFotoDetalle[i].OnClick = [this, index] { ImgFotoDetalle_Click(index); };
+  }
+  PctAppCamera.OnClick = [this] { AbrirAppCamera(); };
 }
 
 void Form1::ClickEnBarra(int index) {

@@ -28,6 +28,7 @@
 #include "station/form1/Impresos.h"
 #include "station/form1/Lectura.h"
 #include "station/form1/ScreenModel.h"
+#include "station/form1/Sellos.h"
 #include "station/forms/Forms.h"
 #include "tariffs/Estadia.h"
 
@@ -84,7 +85,14 @@ class Form1 : public ScreenModel {
   String MarcaSalidaPendiente;  ///< the exit stamp fixed when a ficha was called up
   String TextoSalida;           ///< the exit stamp of the ficha being retired
   String MarcaTurno;            ///< the start of the shift
-  String RutaFotoFicha;
+  String RutaFotoFicha;         ///< the photo stored last for a ficha that came in
+
+  std::int16_t NumeroFotos = 0;   ///< additional photos of the ficha on the screen
+  std::int16_t FotoActual = 0;    ///< the one shown; 0 is the main picture
+  std::int16_t FotoContinua = 0;  ///< photos left to take; 0 means that taking is off
+  String CarpetaFotos;            ///< where those of a new ficha lie
+  String RutaAppCamera;           ///< what to open to start the outside camera program
+  String RutaFotosApp;            ///< the folder where that program leaves pictures; may be missing
 
   Moment BaseReloj;                  ///< the clock that the last tick saw
   int MinutoBase = 0;                ///< the minute of the hour at the last count
@@ -260,6 +268,57 @@ class Form1 : public ScreenModel {
   /// The ficha on display: the row of the view that was pointed at, or else FichaActual.
   const RegistroFicha& FichaMostrada() const;
 
+  // ---- Camera and photos
+  // ---------------------------------------------------------------------------------------
+  /// The cameras into CboDriver, and the one chosen that the gate used last. With none the station goes over
+  /// to the outside camera program.
+  void WebCamCargar();
+  void WebCamDesconectar();
+  void WebCamGuardarIndice();
+  /// Connects the camera anew; with the mask of control alone, the next one of the list.
+  void WebCamConectar(int mask);
+  /// The camera of this machine is off for good: Ctrl+Alt+W.
+  void DesactivarCamara();
+  /// Where the station went over to the outside program for want of a camera, and one has come: back to it.
+  void BuscarCamara();
+  void ConfigurarCamara();
+  void CargarAppCamera();
+  /// The folder of the outside camera program is there.
+  bool HayFotosApp() const;
+  void AbrirAppCamera();
+  /// A frame into Picture4, and as a photo into Picture2; neither holds anything when none came.
+  void CapturarFoto();
+  /// What Picture2 shows, as pixels of a photo's size; false when it shows nothing.
+  bool TomarFotoFija();
+  /// Stamps the photo in Picture2.
+  void SellarFoto(LugarSello lugar, const String& texto);
+  /// The photo in Picture2 into a file, in place of what stood there; false when there is no photo or no
+  /// file.
+  bool GuardarFotoJPEG(const String& ruta);
+  /// Ctrl+A (0) takes one additional photo of a new ficha, Ctrl+X (1) ten, a second apart.
+  void PctFotoDetalle_Click(int Index);
+  void TomarFotoAdicional();
+  /// The additional photos of a new ficha lie under the plate that it has by now.
+  void AcomodarFotos();
+  /// Turns the additional photos of the ficha on display: 0 back, 1 forward.
+  void ImgFotoDetalle_Click(int Index);
+  /// How many additional photos FichaActual has; the arrows for them.
+  void MostrarFotosAdicionales();
+  /// No more photos are taken; those of a ficha that is not saved are deleted.
+  void BorrarFotosSinGuardar();
+  /// FichaActual has left: its folder of photos gets its final name, or goes where it holds nothing more than
+  /// a copy of the main picture.
+  void CerrarFotosAdicionales();
+  /// What the outside camera program has left belongs to the ficha of this plate and number. RutaFotoFicha is
+  /// its main picture, or empty.
+  void CargarFotosApp(std::string_view placa, std::int64_t numero);
+  bool ExisteCarpeta(const String& ruta) const;
+  /// These four do nothing where there is nothing to do; failures are passed over.
+  void CrearCarpeta(const String& ruta);
+  void CopiarCarpeta(const String& origen, const String& destino);
+  void MoverCarpeta(const String& origen, const String& destino);
+  void BorrarCarpeta(const String& ruta);
+
   // ---- Link and grid
   // -----------------------------------------------------------------------------------------
   /// False: the program ends.
@@ -371,6 +430,7 @@ class Form1 : public ScreenModel {
   void ConectarBotones();
   void ConectarRejilla();
   void ConectarRelojes();
+  void ConectarCamara();
   void ClickEnBarra(int index);
 
   /// A copy that waits for the one before it to be torn off.
@@ -389,6 +449,9 @@ class Form1 : public ScreenModel {
   bool iniciado_ = false;
   /// The labels of the data folder have been seen: only then may this gate write its own over them.
   bool etiquetasLeidas_ = false;
+  /// The station went over to the outside camera program because there was no camera, not because somebody
+  /// wanted it to.
+  bool sinCamaras_ = false;
 };
 
 }  // namespace vintoral

@@ -15,6 +15,21 @@ String Nombre(std::int64_t numero) {
   return Digits(numero, 6) + ".jpg"_w;
 }
 
+constexpr std::string_view kDetalles =
+    "Im\xE1"
+    "genes DTL";
+
+/// A plate as part of a name.
+String EnNombre(std::string_view placa) {
+  constexpr std::string_view kNotInNames = "/\\:*?\"<>|";
+  std::string name = Upper(Trim(placa)).Bytes();
+  for (char& character : name) {
+    const bool control = static_cast<unsigned char>(character) < ' ';
+    if (control || kNotInNames.find(character) != std::string_view::npos) character = '_';
+  }
+  return String(name);
+}
+
 /// The photo, or nothing when it can't be shown.
 Picture Sana(Form1& form, const Picture& photo) {
   const Platform& devices = form.Devices();
@@ -57,6 +72,26 @@ String RutaFotoUsuario(const Form1& form, std::int64_t usuario) {
 
 String RutaFotoPrimera(const Form1& form, std::int64_t usuario) {
   return form.RutaCompartida("Imágenes INI\\"_w + Nombre(usuario));
+}
+
+String CarpetaDetalleEn(const String& base, std::string_view placa, std::int64_t numero) {
+  return base + "\\"_w + EnNombre(placa) + Digits(numero, 4);
+}
+
+String CarpetaDetalle(const Form1& form, std::string_view placa, std::int64_t numero) {
+  return CarpetaDetalleEn(form.RutaCompartida(kDetalles), placa, numero);
+}
+
+String CarpetaDetalleFinal(const Form1& form, std::string_view placa, Moment momento) {
+  const Civil civil = momento.Parts();
+  const String fecha = Digits(civil.day, 2) + "-"_w + Digits(civil.month, 2) + "-"_w + Digits(civil.year, 4);
+  const String hora = Digits(civil.hour, 2) + Digits(civil.minute, 2) + Digits(civil.second, 2);
+  return form.RutaCompartida(kDetalles) + "\\"_w + EnNombre(placa) + " P"_w + form.NumeroPorteria + " "_w +
+         fecha + " "_w + hora;
+}
+
+String RutaDetalle(const String& carpeta, std::int64_t numero, std::int64_t foto) {
+  return carpeta + "\\"_w + Digits(numero, 4) + "-"_w + Digits(foto) + ".jpg"_w;
 }
 
 std::vector<Picture> FotosDe(Form1& form, std::span<const RegistroFicha> fichas) {

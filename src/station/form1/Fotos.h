@@ -6,6 +6,7 @@
 #include <span>
 #include <vector>
 
+#include "common/Moment.h"
 #include "common/String.h"
 #include "platform/Picture.h"
 #include "records/RegistroFicha.h"
@@ -21,6 +22,17 @@ String RutaFotoAdentro(const Form1& form, std::int64_t numero);
 /// Where the photo of a user lies: the latest one, and that of the first visit.
 String RutaFotoUsuario(const Form1& form, std::int64_t usuario);
 String RutaFotoPrimera(const Form1& form, std::int64_t usuario);
+/// No ficha has more additional photos: their number is kept in 16 bits.
+inline constexpr std::int16_t kMaxFotos = 9999;
+/// The folder of the additional photos of the ficha that is inside with this plate and number, below the
+/// folder `base` or below the data folder's. What no file system takes in a name, and what would lead out of
+/// that folder, is an underscore.
+String CarpetaDetalleEn(const String& base, std::string_view placa, std::int64_t numero);
+String CarpetaDetalle(const Form1& form, std::string_view placa, std::int64_t numero);
+/// What that folder is called once the ficha has left.
+String CarpetaDetalleFinal(const Form1& form, std::string_view placa, Moment momento);
+/// A photo in such a folder: 0 a copy of the main picture, from 1 the additional ones.
+String RutaDetalle(const String& carpeta, std::int64_t numero, std::int64_t foto);
 /// The photos of `fichas`, one for each; nothing for one that is missing or, as far as this face knows by
 /// now, can't be shown. A damaged one is deleted.
 std::vector<Picture> FotosDe(Form1& form, std::span<const RegistroFicha> fichas);

@@ -21,7 +21,8 @@ void ScreenModel::NameAll() {
       NAME(LblFechaSal), NAME(LblValor);
   NAME(TxtEfectivo), NAME(LblCambio), NAME(LblInfo), NAME(LblIndicador), NAME(LblConexion);
   NAME(ImgIndicador), NAME(ChkFactura), NAME(PctUsuario), NAME(ImgUsuario), NAME(LblPuntos), NAME(ImgPuntos);
-  NAME(Picture1), NAME(Picture2), NAME(dspPreview), NAME(ImgFotoDetalle), NAME(PctFotoDetalle);
+  NAME(Picture1), NAME(Picture2), NAME(Picture4), NAME(dspPreview), NAME(CboDriver);
+  NAME(ImgFotoDetalle), NAME(PctFotoDetalle), NAME(FilAppCam);
   NAME(LblWebCamMsg), NAME(PctAppCamera), NAME(CmdBarCode), NAME(CmdNumeroFicha);
   NAME(TxtBarCodeOK), NAME(CboMinutos);
   NAME(PctBoton), NAME(PctBuscar), NAME(ImgFicha), NAME(PctFicha), NAME(ShpCelda), NAME(PctSeleccion);
@@ -86,6 +87,9 @@ void ScreenModel::DesignInfo() {
   PctFicha.Tag = "0"_w;
   FraFicha.CanFocus = true;  // the pointer can be moved over the grid by keys
   FilFondos.Pattern = "*.jpg"_w;
+  FilAppCam.Pattern = "*.jpg;*.jpeg"_w;
+  PctFotoDetalle[0].ToolTipText = "<CTRL+A> Tomar Fotos Adicionales"_w;
+  PctFotoDetalle[1].ToolTipText = "<CTRL+X> Tomar Fotos Continuas"_w;
 }
 
 void ScreenModel::DesignHidden() {
@@ -94,12 +98,12 @@ void ScreenModel::DesignHidden() {
     for (auto& control : family)
       control.Visible = false;
   };
-  hide(LblValor, TxtEfectivo, LblCambio, ChkFactura, ImgUsuario, ImgPuntos, Picture2, ImgFotoDetalle,
-       LblWebCamMsg);
+  hide(LblValor, TxtEfectivo, LblCambio, ChkFactura, ImgUsuario, ImgPuntos, Picture2, Picture4, LblWebCamMsg);
   hide(PctAppCamera, CmdBarCode, CmdNumeroFicha, TxtBarCode, TxtBarCodeOK, TxtMaxEntrada, LstModEntrada);
-  hide(PctFicha, ShpCelda, PctSeleccion, FilFondos, ImgPanico, dspPreview);
+  hide(PctFicha, ShpCelda, PctSeleccion, FilFondos, ImgPanico, dspPreview, CboDriver, FilAppCam);
   hideAll(PctUsuario);
   hideAll(LblPuntos);
+  hideAll(ImgFotoDetalle);
   hideAll(PctFotoDetalle);
   hideAll(PctBuscar);
   hideAll(ImgFicha);

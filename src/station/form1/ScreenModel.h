@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string_view>
 
+#include "camera/DSPreview/DSPreview.h"
 #include "station/form1/Familias.h"
 #include "station/forms/Form.h"
 
@@ -42,10 +43,13 @@ class ScreenModel : public Form {
   std::array<Label, 4> LblPuntos;
   Image ImgPuntos;
 
-  PictureBox Picture1, Picture2;  ///< the live picture; the still of a ficha
-  PictureBox dspPreview;
-  Image ImgFotoDetalle;
-  std::array<PictureBox, 2> PctFotoDetalle;
+  PictureBox Picture1, Picture2;             ///< the live picture; the still of a ficha
+  PictureBox Picture4;                       ///< the last frame, as the device gave it
+  DSPreview dspPreview;                      ///< the live picture itself, in Picture1
+  ComboBox CboDriver;                        ///< the cameras; its text is the one in use
+  std::array<Image, 2> ImgFotoDetalle;       ///< turn the further photos of a ficha on display: back, forward
+  std::array<PictureBox, 2> PctFotoDetalle;  ///< take further photos of a new one: one, or ten in a row
+  FileList FilAppCam;                        ///< what the outside camera program has left
   Label LblWebCamMsg;
   PictureBox PctAppCamera;
 

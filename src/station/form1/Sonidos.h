@@ -7,6 +7,7 @@ namespace vintoral {
 
 namespace sonido {
 inline constexpr std::string_view kConectando = "Sonidos\\Vintoral-1.wav";
+inline constexpr std::string_view kFoto = "Sonidos\\Vintoral-2.wav";
 inline constexpr std::string_view kHecho = "Sonidos\\Vintoral-4.wav";
 inline constexpr std::string_view kClic = "Sonidos\\Vintoral-5.wav";
 inline constexpr std::string_view kCelda = "Sonidos\\Vintoral-6.wav";

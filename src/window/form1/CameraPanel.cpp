@@ -55,11 +55,12 @@ void CameraPanel::BuildArrows(Stage& stage) {
     row->addWidget(button);
     return button;
   };
-  Bind(stage, {"PctFotoDetalle", 0}, *arrow(QStringLiteral("arrow-left")));
+  BindPlain(stage, {"ImgFotoDetalle", 0}, *arrow(QStringLiteral("arrow-left")));
   row->addStretch(1);
-  BindPlain(stage, "ImgFotoDetalle", *arrow(QStringLiteral("arrow-down")));
+  Bind(stage, {"PctFotoDetalle", 0}, *arrow(QStringLiteral("PctBoton-0")));
+  Bind(stage, {"PctFotoDetalle", 1}, *arrow(QStringLiteral("PctBoton-0")));
   row->addStretch(1);
-  Bind(stage, {"PctFotoDetalle", 1}, *arrow(QStringLiteral("arrow-right")));
+  BindPlain(stage, {"ImgFotoDetalle", 1}, *arrow(QStringLiteral("arrow-right")));
 }
 
 int CameraPanel::HeightAt(int width) {

@@ -1,0 +1,21 @@
+#include "camera/SaveFile.h"
+#include "station/form1/Form1.h"
+
+namespace vintoral {
+
+bool Form1::GuardarFotoJPEG(const String& ruta) {
+  constexpr int kCalidad = 95;
+  if (!TomarFotoFija()) return false;
+  const std::shared_ptr<const cImage> foto = Picture2.Picture.Pixels();
+  cJpeg jpeg;
+  jpeg.SetSamplingFrequencies(1, 1, 1, 1, 1, 1);
+  jpeg.Quality(kCalidad);
+  if (!jpeg.SampleHDC(foto->hDC(), foto->Width(), foto->Height())) return false;
+  if (platform_.disk.Exists(ruta)) {
+    platform_.disk.ClearReadOnly(ruta).PassOver();
+    platform_.disk.Remove(ruta).PassOver();
+  }
+  return SaveFile(jpeg, platform_.disk, ruta) == SaveResult::kSaved;
+}
+
+}  // namespace vintoral
