@@ -44,6 +44,7 @@ void CameraPanel::BuildPictures(Stage& stage, Camera& camera) {
   BindPlain(stage, "PctAppCamera", *outside);
   auto* const still = new PictureView({}, pictures_);
   stack->addWidget(still);
+  stack->setCurrentWidget(still);  // in front of the others
   Bind(stage, "Picture2", *still);
 
   CaptionLabel::Look look;
@@ -62,6 +63,11 @@ void CameraPanel::BuildArrows(Stage& stage) {
     row->addWidget(button);
     return button;
   };
+  CaptionLabel::Look look;
+  look.alignment = Qt::AlignCenter;
+  look.sample = QStringLiteral("999 / 999");
+  place_ = new CaptionLabel(look, arrows_);
+  Bind(stage, "LblFotoDetalle", *place_);
   BindPlain(stage, {"ImgFotoDetalle", 0}, *arrow(QStringLiteral("arrow-left")));
   row->addStretch(1);
   Bind(stage, {"PctFotoDetalle", 0}, *arrow(QStringLiteral("camera")));
@@ -80,6 +86,8 @@ void CameraPanel::resizeEvent(QResizeEvent* /*event*/) {
   message_->setGeometry(kMessageInset, height - kArrowRow - kMessageInset, width() - 2 * kMessageInset,
                         kArrowRow);
   arrows_->setGeometry(0, height, width(), kArrowRow);
+  // In the middle, where the buttons stand that take photos: of a ficha on display there are none to take.
+  place_->setGeometry(kArrowRow, 0, width() - 2 * kArrowRow, kArrowRow);
 }
 
 }  // namespace vintoral

@@ -25,6 +25,7 @@ class CameraPanel : public QWidget {
   QWidget* pictures_;
   CaptionLabel* message_ = nullptr;
   QWidget* arrows_;
+  CaptionLabel* place_ = nullptr;
 };
 
 }  // namespace vintoral
