@@ -27,8 +27,8 @@ class LiveViews : public Gate {
     const QImage shown = Shown();
     return shown.pixelColor(shown.rect().center());
   }
-  /// Paints whatever is due.
-  static void Settle() { QCoreApplication::processEvents(); }
+  /// Whatever is due is painted; a window waits some milliseconds for more.
+  static void Settle() { QTest::qWait(40); }
   /// How often the view paints while `steps` run.
   int Paintings(const std::function<void()>& steps) {
     Settle();
@@ -72,7 +72,8 @@ TEST_F(LiveViews, PaintsThePicturePixelForPixel) {
   const QImage window = Picture(*window_).convertToFormat(QImage::Format_RGB32);
   const double ratio = window.devicePixelRatio();
   const QPoint corner = (QPointF(View().mapTo(window_.get(), QPoint())) * ratio).toPoint();
-  const QRect inner = stripes.rect().adjusted(20, 20, -20, -40);  // off the corners and the name
+  const int foot = static_cast<int>(40 * ratio);
+  const QRect inner = stripes.rect().adjusted(20, 20, -20, -foot);  // off the corners and the name
   EXPECT_EQ(window.copy(inner.translated(corner)), stripes.copy(inner));
 }
 

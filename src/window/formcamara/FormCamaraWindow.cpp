@@ -17,6 +17,7 @@ namespace {
 
 constexpr int kMargin = 12, kSpacing = 4;
 constexpr int kLabelWidth = 150, kLimitsWidth = 110;
+constexpr int kModesWidth = 280;  // for "1920 x 1080, 30 por segundo"
 constexpr int kStepButton = 36;
 constexpr int kValueLetters = 6;
 constexpr std::size_t kMostControls = 12;
@@ -80,6 +81,7 @@ void FormCamaraWindow::BuildMode(Stage& stage, QGridLayout& rows) {
   rows.addWidget(name, 0, kLabel, 1, kColumns);
   rows.addWidget(&NewLabel(stage, "LblModo", kLabelWidth, theme::kText, card), 1, kLabel);
   auto* const modes = new ListField(false, card);
+  modes->setMinimumWidth(kModesWidth);
   Bind(stage, "CboModo", *modes);
   rows.addWidget(modes, 1, kLess, 1, kColumns - kLess);
 }
