@@ -129,6 +129,8 @@ class Disk {
   virtual Outcome EndTogether() { return Outcome::Done(); }
   /// Names of the files in `folder` that end in `ending` (case ignored), in alphabetical order.
   virtual std::vector<String> List(std::string_view folder, std::string_view ending) const = 0;
+  /// Names of the folders in `folder`, links to folders left out, in no particular order.
+  virtual std::vector<String> ListFolders(std::string_view folder) const = 0;
 };
 
 /// The files that belong to one fact (a slot freed, its row in the history) are waited for once instead of

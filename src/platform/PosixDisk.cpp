@@ -313,21 +313,46 @@ Outcome PosixDisk::ClearReadOnly(std::string_view path) {
   return cleared ? Outcome::Done() : Outcome::Failed("clear the read-only mark of", native, errno);
 }
 
+namespace {
+
+/// Calls `visit` with each name of a folder that is not hidden, as this system and as the station writes it,
+/// and with what the system says of its kind, DT_UNKNOWN where it says nothing.
+template <class Visit>
+void ForEachName(const std::string& folder, Visit visit) {
+  DIR* const open = opendir(folder.c_str());
+  if (open == nullptr) return;
+  while (const dirent* entry = readdir(open)) {
+    if (entry->d_name[0] != '.') visit(std::string(entry->d_name), entry->d_type);
+  }
+  closedir(open);
+}
+
+}  // namespace
+
 std::vector<String> PosixDisk::List(std::string_view folder, std::string_view ending) const {
   const std::string native = FindIgnoringCase(PathOf(folder));
   std::vector<String> names;
-  DIR* open = opendir(native.c_str());
-  if (!open) return names;
-  while (const dirent* entry = readdir(open)) {
-    const String name = StationName(entry->d_name);
+  ForEachName(native, [&](const std::string& entry, unsigned char kind) {
+    const String name = StationName(entry);
     const std::string_view view = name;
-    const bool fits = view.size() >= ending.size() && !view.starts_with('.') &&
-                      EqualNoCase(view.substr(view.size() - ending.size()), ending);
-    if (fits && IsFile(native + "/" + entry->d_name)) names.push_back(name);
-  }
-  closedir(open);
+    const bool fits =
+        view.size() >= ending.size() && EqualNoCase(view.substr(view.size() - ending.size()), ending);
+    if (fits && (kind == DT_REG || IsFile(native + "/" + entry))) names.push_back(name);
+  });
   std::sort(names.begin(), names.end(), [](const String& left, const String& right) {
     return std::tuple(Upper(left), left) < std::tuple(Upper(right), right);
+  });
+  return names;
+}
+
+std::vector<String> PosixDisk::ListFolders(std::string_view folder) const {
+  const std::string native = FindIgnoringCase(PathOf(folder));
+  std::vector<String> names;
+  ForEachName(native, [&](const std::string& entry, unsigned char kind) {
+    const std::string path = native + "/" + entry;
+    const std::optional<FileStatus> status =
+        kind == DT_UNKNOWN && !LeadsElsewhere(path) ? StatusOf(path) : std::nullopt;
+    if (kind == DT_DIR || (status && status->IsFolder())) names.push_back(StationName(entry));
   });
   return names;
 }

@@ -48,6 +48,7 @@ class PosixDisk final : public Disk {
   /// Hidden names (a leading point) are left out. A name with characters that Windows-1252 lacks has "?" for
   /// them, and is found by it.
   std::vector<String> List(std::string_view folder, std::string_view ending) const override;
+  std::vector<String> ListFolders(std::string_view folder) const override;
 
   void BeginTogether() override { pending_.Begin(); }
   Outcome EndTogether() override { return pending_.End(); }

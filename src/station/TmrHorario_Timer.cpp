@@ -25,6 +25,7 @@ void Form1::TmrHorario_Timer() {
   const Moment now = platform_.clock.Now();
   BaseReloj = now;  // the clock as the last tick saw it: a jump is what lies between two ticks
   CountMinute(*this, now);
+  LimpiarFotosViejas();
   if (!IsForgotten(*this, now)) return;
   Cancelar();
   MidiWav(sonido::kOlvidada);

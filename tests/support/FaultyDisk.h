@@ -114,6 +114,9 @@ class FaultyDisk final : public Disk {
   std::vector<String> List(std::string_view folder, std::string_view ending) const override {
     return Gone() ? std::vector<String>{} : disk_.List(folder, ending);
   }
+  std::vector<String> ListFolders(std::string_view folder) const override {
+    return Gone() ? std::vector<String>{} : disk_.ListFolders(folder);
+  }
 
  private:
   static Outcome Error(int error) { return Outcome::Failed("use", "a faulty disk", error); }

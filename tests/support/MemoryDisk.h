@@ -161,6 +161,15 @@ class MemoryDisk final : public Disk {
     }
     return names;
   }
+  std::vector<String> ListFolders(std::string_view folder) const override {
+    const std::string prefix = Key(folder) + "/";
+    std::vector<String> names;
+    for (const auto& [key, there] : folders_) {
+      const bool inside = key.starts_with(prefix) && key.find('/', prefix.size()) == std::string::npos;
+      if (inside && !links_.contains(key)) names.emplace_back(key.substr(prefix.size()));
+    }
+    return names;
+  }
 
  private:
   struct Locks {

@@ -313,6 +313,8 @@ class Form1 : public ScreenModel {
   /// What the outside camera program has left belongs to the ficha of this plate and number. RutaFotoFicha is
   /// its main picture, or empty.
   void CargarFotosApp(std::string_view placa, std::int64_t numero);
+  /// A slice of the daily deletion of photos that are older than the site keeps them; the main gate's alone.
+  void LimpiarFotosViejas();
   bool ExisteCarpeta(const String& ruta) const;
   /// These four do nothing where there is nothing to do; failures are passed over.
   void CrearCarpeta(const String& ruta);
@@ -453,6 +455,8 @@ class Form1 : public ScreenModel {
   /// The station went over to the outside camera program because there was no camera, not because somebody
   /// wanted it to.
   bool sinCamaras_ = false;
+  std::shared_ptr<class Retencion> retencion_;  ///< the deletion of old photos that is under way
+  String diaRetencion_;                         ///< the day on which it was begun last, "dd/MM/yyyy"
 };
 
 }  // namespace vintoral

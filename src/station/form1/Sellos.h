@@ -16,7 +16,7 @@ inline constexpr LugarSello kSelloEntradaAlSalir{80, 35};  ///< above it
 
 /// "PE01 14:25 31/12/2026", of the stamp as a register has it: time in characters 1 to 5, date in 9 to 18.
 String TextoSelloEntrada(const String& porteria, const String& marca);
-/// "PS01 14:25 (31/12/2026)" with "PS" as the letters.
+/// "PS01 14:25 (31/12/2026)", of a stamp of the register in the same way; `letras` is "PS" or "PE".
 String TextoSelloSalida(const String& letras, const String& porteria, const String& marca);
 
 }  // namespace vintoral
