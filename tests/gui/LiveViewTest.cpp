@@ -198,7 +198,7 @@ TEST_F(LiveViews, ACameraThatFallsSilentIsToldOf) {
   const auto muted = [this] { return Middle() != QColor(Qt::red); };
   ASSERT_TRUE(QTest::qWaitFor(muted, 1000));
   const QImage waiting = Shown();
-  // The words come when it has been silent for long.
+  // The sign comes when it has been silent for long.
   EXPECT_TRUE(QTest::qWaitFor([&] { return Shown() != waiting; }, Camera::kStale + 2000));
   camera_.Film(Qt::red);
   Settle();

@@ -32,7 +32,7 @@ int main(int argc, char** argv) {
   vintoral::theme::Apply(application);
   vintoral::DesktopPlatform devices(QDir::currentPath().toStdString());
   vintoral::test::FilmedCamera camera;
-  camera.Installed = {vintoral::String("Entrada")};
+  camera.Installed = {vintoral::String::FromUtf8("Entrada")};
   camera.Cameras[camera.Installed[0]].options = Settings();
 
   const vintoral::Platform desktop = devices.Devices();

@@ -127,12 +127,11 @@ void LiveView::PaintPicture(QPainter& painter, const LivePicture& picture) const
   painter.restore();
 }
 
-/// In the first moments of a camera it only has not come yet.
+/// In the first moments a picture only has not come yet: no sign that would be gone at once.
 void LiveView::PaintNone(QPainter& painter) const {
   painter.fillRect(rect(), QColor::fromRgb(theme::kPictureGround));
-  const bool tells = !silence_.isActive();
-  PaintSign(painter, rect(), QStringLiteral("camera-none"),
-            tells ? QStringList{QStringLiteral("SIN SEÑAL"), name_} : QStringList());
+  if (silence_.isActive()) return;
+  PaintSign(painter, rect(), QStringLiteral("camera-none"), {QStringLiteral("SIN SEÑAL"), name_});
 }
 
 void LiveView::PaintCorners(QPainter& painter) const {
