@@ -6,7 +6,7 @@ import pathlib
 import struct
 import subprocess
 
-from station import CAMERA, CONTROL, ALT, DrivenDay, Folder, stamp
+from station import ALT, CAMERA, CONTROL, DrivenDay, Folder
 
 TODAY = "20/11/2026"
 TAKEN, KNOWN = "Sonidos\\Vintoral-2.wav", "Sonidos\\Vintoral-4.wav"
@@ -165,22 +165,26 @@ class CameraDay(DrivenDay):
         """A photo of that colour everywhere, with nothing stamped on it."""
         photo = self.photo(name)
         self.assertEqual((photo.width, photo.height), (WIDTH, HEIGHT))
-        for x in range(0, WIDTH, 3):
-            for y in range(0, HEIGHT, 3):
-                self.assertColor(photo.at(x, y), color)
+        self.assertRowsPlain(photo, range(HEIGHT), color)
+
+    def assertRowsPlain(self, photo, rows, color):
+        pixels = photo.pixels[rows.start * WIDTH * 3:rows.stop * WIDTH * 3]
+        channels = [pixels[channel::3] for channel in range(3)]
+        self.assertColor([min(channel) for channel in channels], color)
+        self.assertColor([max(channel) for channel in channels], color)
 
     def assertStamped(self, name, color, *stamps):
         """A photo of that dark colour with these stamps, (place, text), and nothing else on it."""
         photo = self.photo(name)
         self.assertEqual((photo.width, photo.height), (WIDTH, HEIGHT))
         areas = [box(place, text) for place, text in stamps]
-        near = [blocks_around(*area) for area in areas]
-        for y in range(HEIGHT):
+        blurred = max(blocks_around(*area)[3] for area in areas)
+        self.assertRowsPlain(photo, range(blurred, HEIGHT), color)
+        for y in range(blurred):
             for x in range(WIDTH):
-                if any(within(x, y, area) for area in areas):
-                    continue
-                blurred = any(within(x, y, area) for area in near)
-                self.assertColor(photo.at(x, y), color, BLURRED if blurred else CLOSE)
+                if not any(within(x, y, area) for area in areas):
+                    beside = any(within(x, y, blocks_around(*area)) for area in areas)
+                    self.assertColor(photo.at(x, y), color, BLURRED if beside else CLOSE)
         self.assertReads([cell for place, text in stamps for cell in photo.cells(place, len(text))],
                          "".join(text for _, text in stamps))
         for place, text in stamps:
