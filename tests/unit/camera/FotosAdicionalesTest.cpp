@@ -228,6 +228,18 @@ TEST_F(FotosMostradasTest, BackAtTheFirstLeadsToTheMainPicture) {
   EXPECT_EQ(station_.Beeps(), 1);
 }
 
+TEST_F(FotosMostradasTest, TheirPlaceStandsBetweenTheArrows) {
+  EXPECT_TRUE(form_.LblFotoDetalle.Visible);
+  EXPECT_EQ(form_.LblFotoDetalle.Caption, "3 fotos"_w);
+  station_.Hands.Key(keys::kRight, 0);
+  station_.Hands.Key(keys::kRight, 0);
+  EXPECT_EQ(form_.LblFotoDetalle.Caption, "2 / 3"_w);
+  station_.Hands.Key(keys::kLeft, 0);
+  EXPECT_EQ(form_.LblFotoDetalle.Caption, "1 / 3"_w);
+  station_.Hands.Key(keys::kLeft, 0);
+  EXPECT_EQ(form_.LblFotoDetalle.Caption, "3 fotos"_w);
+}
+
 TEST_F(FotosMostradasTest, OneThatIsMissingIsToldOf) {
   station_.Hands.Key(keys::kRight, 0);
   station_.Disk.Remove(Path("ABC0007\\0007-2.jpg")).PassOver();
@@ -239,6 +251,7 @@ TEST_F(FotosMostradasTest, OneThatIsMissingIsToldOf) {
 TEST_F(FotosMostradasTest, LeavingTheFichaLeavesNoArrows) {
   station_.Hands.Key(keys::kEscape, 0);
   EXPECT_FALSE(Sign() || form_.ImgFotoDetalle[0].Visible || form_.ImgFotoDetalle[1].Visible);
+  EXPECT_FALSE(form_.LblFotoDetalle.Visible);
   EXPECT_FALSE(form_.PctUsuario[0].Enabled);
   EXPECT_TRUE(There("ABC0007\\0007-3.jpg"));
 }

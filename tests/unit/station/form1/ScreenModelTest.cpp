@@ -14,20 +14,20 @@ using testing::ElementsAre;
 
 /// Families with their sizes; 0 for a control that stands alone.
 const std::map<std::string, int> kScreen = {
-    {"TxtCampo", 6},     {"TxtEtiqueta", 6},  {"PctEtiqueta", 6},    {"LblCampo", 6},
-    {"CboTarifa", 2},    {"LblCategoria", 0}, {"LblFechaEnt", 0},    {"LblFechaSal", 0},
-    {"LblValor", 0},     {"TxtEfectivo", 0},  {"LblCambio", 0},      {"LblInfo", 5},
-    {"LblIndicador", 2}, {"LblConexion", 3},  {"ImgIndicador", 6},   {"ChkFactura", 0},
-    {"PctUsuario", 2},   {"ImgUsuario", 0},   {"LblPuntos", 4},      {"ImgPuntos", 0},
-    {"Picture1", 0},     {"Picture4", 0},     {"CboDriver", 0},      {"FilAppCam", 0},
-    {"dspPreview", 0},   {"Picture2", 0},     {"ImgFotoDetalle", 2}, {"PctFotoDetalle", 2},
-    {"LblWebCamMsg", 0}, {"PctAppCamera", 0}, {"CmdBarCode", 0},     {"CmdNumeroFicha", 0},
-    {"TxtBarCode", 0},   {"TxtBarCodeOK", 0}, {"TxtMaxEntrada", 0},  {"LstModEntrada", 0},
-    {"CboMinutos", 0},   {"PctBoton", 15},    {"PctBuscar", 5},      {"ImgFicha", 50},
-    {"PctFicha", 0},     {"ShpCelda", 0},     {"PctSeleccion", 0},   {"FraFicha", 0},
-    {"ImgFondo", 0},     {"LblFondo", 0},     {"FilFondos", 0},      {"ImgCambiarFondo", 0},
-    {"ImgPanico", 0},    {"ImgContador", 0},  {"TmrHoraFecha", 0},   {"TmrHorario", 0},
-    {"TmrMonitor", 0},   {"TmrConexion", 0},  {"TmrBarCode", 0}};
+    {"TxtCampo", 6},        {"TxtEtiqueta", 6},    {"PctEtiqueta", 6},    {"LblCampo", 6},
+    {"CboTarifa", 2},       {"LblCategoria", 0},   {"LblFechaEnt", 0},    {"LblFechaSal", 0},
+    {"LblValor", 0},        {"TxtEfectivo", 0},    {"LblCambio", 0},      {"LblInfo", 5},
+    {"LblIndicador", 2},    {"LblConexion", 3},    {"ImgIndicador", 6},   {"ChkFactura", 0},
+    {"PctUsuario", 2},      {"ImgUsuario", 0},     {"LblPuntos", 4},      {"ImgPuntos", 0},
+    {"Picture1", 0},        {"Picture4", 0},       {"CboDriver", 0},      {"FilAppCam", 0},
+    {"dspPreview", 0},      {"Picture2", 0},       {"ImgFotoDetalle", 2}, {"PctFotoDetalle", 2},
+    {"LblWebCamMsg", 0},    {"LblFotoDetalle", 0}, {"PctAppCamera", 0},   {"CmdBarCode", 0},
+    {"CmdNumeroFicha", 0},  {"TxtBarCode", 0},     {"TxtBarCodeOK", 0},   {"TxtMaxEntrada", 0},
+    {"LstModEntrada", 0},   {"CboMinutos", 0},     {"PctBoton", 15},      {"PctBuscar", 5},
+    {"ImgFicha", 50},       {"PctFicha", 0},       {"ShpCelda", 0},       {"PctSeleccion", 0},
+    {"FraFicha", 0},        {"ImgFondo", 0},       {"LblFondo", 0},       {"FilFondos", 0},
+    {"ImgCambiarFondo", 0}, {"ImgPanico", 0},      {"ImgContador", 0},    {"TmrHoraFecha", 0},
+    {"TmrHorario", 0},      {"TmrMonitor", 0},     {"TmrConexion", 0},    {"TmrBarCode", 0}};
 
 std::set<std::string> AllNames() {
   std::set<std::string> names;
@@ -147,7 +147,7 @@ TEST_F(ScreenModelTest, ExactlyTheseAreHiddenAtFirst) {
       "ImgFotoDetalle(1)", "PctFotoDetalle(0)", "PctFotoDetalle(1)", "LblWebCamMsg", "PctAppCamera",
       "CmdBarCode",        "CmdNumeroFicha",    "TxtBarCode",        "TxtBarCodeOK", "TxtMaxEntrada",
       "LstModEntrada",     "PctBoton(5)",       "PctBoton(6)",       "PctFicha",     "ShpCelda",
-      "PctSeleccion",      "FilFondos",         "ImgPanico"};
+      "PctSeleccion",      "LblFotoDetalle",    "FilFondos",         "ImgPanico"};
   for (const auto& [family, size] : {std::pair{"ImgIndicador", 6}, {"PctBuscar", 5}, {"ImgFicha", 50}}) {
     for (int i = 0; i < size; ++i)
       expected.insert(std::string(family) + "(" + std::to_string(i) + ")");
