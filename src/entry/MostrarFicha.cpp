@@ -60,6 +60,7 @@ void MostrarFichaNueva(Form1& form) {
   form.ImgIndicador[indicador::kImprimirFactura].Visible = false;
   form.PctBoton[boton::kGuardar].Visible = true;
   form.PctBoton[boton::kRetirar].Visible = false;
+  form.NumeroFotos = form.FotoActual = 0;  // photos may be taken without Enter behind the plate
   form.TxtCampo[0].Locked = true;
   form.LblCampo[0].Visible = false;
   for (std::size_t i = 1; i < form.TxtCampo.size(); ++i) {

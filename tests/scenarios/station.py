@@ -36,6 +36,8 @@ BACKSPACE, TAB, ENTER, ESC = 8, 9, 13, 27
 HOME, LEFT, RIGHT, INSERT, DELETE = 36, 37, 39, 45, 46
 F1, F9, F10, F11 = 112, 120, 121, 122
 
+CAMERA = "CAMARA"
+
 CLICK = "Sonidos\\Vintoral-5.wav"
 LOST = "Sonidos\\Vintoral-1.wav"
 RETIRED = "Sonidos\\Vintoral-4.wav"
@@ -367,11 +369,14 @@ class DrivenDay(unittest.TestCase):
         return self.enterContext(Station(errors, environment))
 
     def start(self, station, folder=None, now="2026-11-20 13:59:57", **options):
-        """The start operation; no device but those that `options` name, and a desktop that belongs to the folder."""
+        """The start operation; no device but those that `options` name and a camera, and a desktop that is the folder's own.
+
+        The camera gives no frame until the day says so. Without any, a station would go over to an outside program.
+        """
         folder = folder or self.folder
         desktop = folder.path.with_name(folder.path.name + "-desktop")
         desktop.mkdir(exist_ok=True)
-        return station.do("start", **{"dir": str(folder.path), "now": now, "printers": [], "cameras": [],
+        return station.do("start", **{"dir": str(folder.path), "now": now, "printers": [], "cameras": [CAMERA],
                                       "desktop": str(desktop), **options})
 
     def running(self, folder=None, now="2026-11-20 13:59:57", **options):

@@ -90,7 +90,7 @@ void FormCamara::MostrarControl(std::size_t index) {
       LblLimites[index].Visible = hay;
   // The arrows do the same where the focus is.
   CmdMenos[index].CanFocus = CmdMas[index].CanFocus = false;
-  CmdMenos[index].Caption = "-"_w;
+  CmdMenos[index].Caption = "–"_w;
   CmdMas[index].Caption = "+"_w;
   if (!hay) return;
   const CameraControl& control = opciones_.controls[index];

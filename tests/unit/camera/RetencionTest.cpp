@@ -107,7 +107,7 @@ TEST_F(RetencionTest, ADayLessIsKept) {
 
 TEST_F(RetencionTest, FoldersOfAdditionalPhotosGoByTheirName) {
   Keep("DiasFotosAdicionales = 5");
-  for (const char* name :
+  for (const std::string_view name :
        {"OLD P01 01-11-2026 140000", "NEW P01 19-11-2026 140000", "ABC0007", "OLD P01 01-11-2026"})
     station_.Disk.Put(kDtl + String(name) + "\\0007-1.jpg"_w, "photo");
   NextDay();

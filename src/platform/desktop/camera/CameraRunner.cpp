@@ -8,6 +8,7 @@
 
 #include "platform/desktop/camera/CameraPipeline.h"
 #include "platform/desktop/camera/Retry.h"
+#include "platform/desktop/camera/SystemDevices.h"
 
 namespace vintoral {
 
@@ -157,6 +158,8 @@ void CameraRunner::Connect(Lock& lock, const CameraSource& source, Memory& memor
   connection->since = Clock::now();
   lock.unlock();
   {
+    std::optional<SystemDevices::Use> use;
+    if (source.address.Empty()) use.emplace();
     CameraPipeline pipeline(EarsOf(connection));
     Open(pipeline, source, connection, memory);
     lock.lock();

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/desktop/camera/DeviceModes.h"
+#include "platform/desktop/camera/SystemDevices.h"
 #include "platform/desktop/camera/VideoNodes.h"
 
 namespace vintoral {
@@ -13,7 +14,6 @@ namespace {
 
 /// Longer than a service takes that works; Devices are to be told of within two seconds.
 constexpr std::chrono::milliseconds kPatience{1500};
-constexpr const char* kWake = "vintoral-wake";
 
 std::string FileOf(GstDevice* device) {
   const GstOwned<GstStructure> properties(gst_device_get_properties(device));
@@ -57,19 +57,19 @@ void DeviceList::Begin(std::function<void()> changed) {
 void DeviceList::Stop() {
   const std::lock_guard lock(mutex_);
   stop_ = true;
-  Wake();
+  wake_.notify_all();
 }
 
 void DeviceList::Renew() {
   const std::lock_guard lock(mutex_);
   renew_ = true;
-  Wake();
+  wake_.notify_all();
 }
 
-void DeviceList::Wake() {
+void DeviceList::Poke() {
+  const std::lock_guard lock(mutex_);
+  news_ = true;
   wake_.notify_all();
-  if (bus_ != nullptr)
-    gst_bus_post(bus_, gst_message_new_application(nullptr, gst_structure_new_empty(kWake)));
 }
 
 void DeviceList::Add(const String& name, const std::string& description) {
@@ -86,59 +86,31 @@ void DeviceList::Run() {
     plugged_ = std::move(plugged);
   }
   gst_init(nullptr, nullptr);
-  const auto goesOn = [this] {
-    const std::lock_guard lock(mutex_);
-    renew_ = false;
-    return !stop_;
-  };
-  while (goesOn())
-    Watch();
-}
-
-void DeviceList::Watch() {
-  const GstOwned<GstDeviceMonitor> monitor(gst_device_monitor_new());
-  gst_device_monitor_add_filter(monitor.get(), "Video/Source", nullptr);
-  const GstOwned<GstBus> bus(gst_device_monitor_get_bus(monitor.get()));
-  const bool started = gst_device_monitor_start(monitor.get());
-  {
-    const std::lock_guard lock(mutex_);
-    bus_ = bus.get();
-  }
-  while (Read(started ? monitor.get() : nullptr))
-    AwaitNews(started ? bus.get() : nullptr);
-  {
-    const std::lock_guard lock(mutex_);
-    bus_ = nullptr;
-  }
-  if (started) gst_device_monitor_stop(monitor.get());
-}
-
-void DeviceList::AwaitNews(GstBus* bus) {
-  if (bus != nullptr) {
-    if (GstMessage* const message = gst_bus_timed_pop(bus, GST_CLOCK_TIME_NONE)) gst_message_unref(message);
-    return;
-  }
-  // Nothing on this machine tells of devices.
+  SystemDevices::Instance().Listen([list = weak_from_this()] {
+    if (const std::shared_ptr<DeviceList> self = list.lock()) self->Poke();
+  });
   std::unique_lock lock(mutex_);
-  wake_.wait(lock, [this] { return stop_ || renew_; });
+  while (!stop_) {
+    const bool renew = std::exchange(renew_, false);
+    news_ = false;
+    lock.unlock();
+    ReadAnew(renew);
+    lock.lock();
+    wake_.wait(lock, [this] { return stop_ || renew_ || news_; });
+  }
 }
 
-bool DeviceList::Read(GstDeviceMonitor* monitor) {
-  GList* const list = monitor != nullptr ? gst_device_monitor_get_devices(monitor) : nullptr;
+void DeviceList::ReadAnew(bool renew) {
+  if (renew) SystemDevices::Instance().Renew();
   std::vector<Device> devices;
-  for (GList* entry = list; entry != nullptr; entry = entry->next) {
-    const std::shared_ptr<GstDevice> device(GST_DEVICE(entry->data), GstUnref());
+  for (const std::shared_ptr<GstDevice>& device : SystemDevices::Instance().Read())
     devices.push_back({Unlike(devices, NameOf(device.get())), device, FileOf(device.get()), {}});
-  }
-  g_list_free(list);
   {
     const std::lock_guard lock(mutex_);
-    if (stop_ || renew_) return false;
     devices_ = std::move(devices);
     told_ = true;
   }
   changed_();
-  return true;
 }
 
 std::vector<DeviceList::Device> DeviceList::Known() const {

@@ -46,10 +46,8 @@ class DeviceList : public std::enable_shared_from_this<DeviceList> {
     std::string description;
   };
   void Run();
-  void Watch();
-  void Wake();
-  void AwaitNews(GstBus* bus);
-  bool Read(GstDeviceMonitor* monitor);
+  void Poke();
+  void ReadAnew(bool renew);
   std::vector<Device> Known() const;
   std::optional<Device> Find(const std::string& name) const;
 
@@ -58,8 +56,7 @@ class DeviceList : public std::enable_shared_from_this<DeviceList> {
   std::condition_variable wake_;
   std::chrono::steady_clock::time_point begun_;
   bool told_ = false;
-  bool stop_ = false, renew_ = false;
-  GstBus* bus_ = nullptr;  ///< of the watch that runs
+  bool stop_ = false, renew_ = false, news_ = true;
   std::vector<Device> devices_, plugged_, added_;
 };
 
