@@ -54,6 +54,10 @@ class Views(HouseTest):
         self.write("src/window/form6/Panel.h", '#include "tariffs/form6/Form6.h"\n')
         self.assertEqual(offences(self.root)[0], ["window/form6/Panel.h -> tariffs/form6/Form6.h"])
 
+    def test_a_dialog_with_a_name_of_its_own(self):
+        self.write("src/window/formcamara/Panel.h", '#include "camera/formcamara/FormCamara.h"\n')
+        self.assertEqual(offences(self.root)[0], ["window/formcamara/Panel.h -> camera/formcamara/FormCamara.h"])
+
     def test_through_headers(self):
         self.write("src/window/form1/Panel.cpp", '#include "window/controls/A.h"\n#include "window/form1/Panel.h"\n')
         self.write("src/window/form1/Panel.h", '#include "window/controls/A.h"\n')
