@@ -113,7 +113,8 @@ void LiveView::paintEvent(QPaintEvent* /*event*/) {
 
 /// Pixel for pixel: the camera has scaled it.
 void LiveView::PaintPicture(QPainter& painter, const LivePicture& picture) const {
-  const QImage image(picture.pixels.data(), picture.width, picture.height, picture.width * 4,
+  constexpr qsizetype kPixelBytes = 4;
+  const QImage image(picture.pixels.data(), picture.width, picture.height, picture.width * kPixelBytes,
                      QImage::Format_RGB32);
   painter.save();
   painter.scale(1 / devicePixelRatioF(), 1 / devicePixelRatioF());
