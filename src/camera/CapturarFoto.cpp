@@ -16,8 +16,10 @@ bool Form1::TomarFotoFija() {
   const DecodedPicture leida =
       platform_.pictures.Load(platform_.disk, fija.Path(), {kAnchoFoto, kAltoFoto, true});
   leida.reading.PassOver();
-  Picture2.Picture = leida.pixels == nullptr ? Picture() : Picture(FotoDe(*leida.pixels));
-  return !Picture2.Picture.Empty();
+  std::shared_ptr<cImage> foto = leida.pixels == nullptr ? nullptr : FotoDe(*leida.pixels);
+  if (foto == nullptr) return false;
+  Picture2.Picture = Picture(std::move(foto));
+  return true;
 }
 
 }  // namespace vintoral

@@ -25,25 +25,28 @@ struct Destino {
   std::int64_t numero;
 };
 
-/// A picture may still stand there that was left by a ficha of the same plate and number.
-void Mover(Form1& form, const String& foto, const Destino& destino, std::int64_t numeroFoto) {
+/// False when the picture stays where it is. One may still stand there that an earlier ficha of the same
+/// plate and number has left.
+bool Mover(Form1& form, const String& foto, const String& ruta) {
   Disk& disk = form.Devices().disk;
-  const String ruta = RutaDetalle(destino.carpeta, destino.numero, numeroFoto);
-  if (disk.Exists(ruta)) disk.Remove(ruta).PassOver();
-  disk.Move(foto, ruta).PassOver();
+  if (disk.Exists(ruta)) QuitarArchivo(disk, ruta);
+  const Outcome moved = disk.Move(foto, ruta);
+  moved.PassOver();
+  return static_cast<bool>(moved);
 }
 
-/// The last picture is the one of the entrance, or a further one where the user is known by his own.
+/// The last picture is the one of the entrance, or a further one where the user is known by his own. One that
+/// can't be moved would be taken for that of the next ficha as well: it is nobody's.
 void MoverPrincipal(Form1& form, const String& foto, const Destino& destino) {
   Disk& disk = form.Devices().disk;
-  const String entrada = RutaFotoAdentro(form, destino.numero);
   const String guardada = RutaFotoUsuario(form, form.UsuarioEnFormulario);
   const bool conMemoria = form.ImgIndicador[indicador::kMemoriaRostros].Visible;
   const bool conocido = !conMemoria && form.UsuarioEnFormulario > 0 && disk.Exists(guardada);
-  const Outcome copied = disk.Copy(conocido ? guardada : foto, entrada);
+  const String lugar = RutaDetalle(destino.carpeta, destino.numero, conocido ? form.NumeroFotos : 0);
+  if (!Mover(form, foto, lugar) && !conocido) return;
+  const Outcome copied = disk.Copy(conocido ? guardada : lugar, RutaFotoAdentro(form, destino.numero));
   copied.PassOver();
   if (copied) form.RutaFotoFicha = RutaCompletaFotoAdentro(form, destino.numero);
-  Mover(form, foto, destino, conocido ? form.NumeroFotos : 0);
 }
 
 }  // namespace
@@ -53,17 +56,19 @@ void Form1::CargarFotosApp(std::string_view placa, std::int64_t numero) {
   if (!HayFotosApp()) return;
   FilAppCam.List = FotosDejadas(*this);
   if (FilAppCam.List.empty()) return;
-  NumeroFotos = FotoActual = 0;
+  // Photos that the camera took before it went are counted on from.
+  if (!ImgIndicador[indicador::kFotosAdicionales].Visible) NumeroFotos = FotoActual = 0;
   const Destino destino{CarpetaDetalleEn("Multimedia\\Imágenes DTL"_w, placa, numero), numero};
+  if (platform_.disk.IsLink(destino.carpeta)) return;
   CrearCarpeta(destino.carpeta);
-  for (std::size_t i = 0; i < FilAppCam.List.size() && NumeroFotos < kMaxFotos; ++i) {
+  for (std::size_t i = 0; i < FilAppCam.List.size(); ++i) {
     const String foto = RutaFotosApp + "\\"_w + FilAppCam.List[i];
-    FotoActual = ++NumeroFotos;
     const bool ultima = i + 1 == FilAppCam.List.size();
+    if (NumeroFotos < kMaxFotos) FotoActual = ++NumeroFotos;
     if (ultima) {
       MoverPrincipal(*this, foto, destino);
     } else {
-      Mover(*this, foto, destino, NumeroFotos);
+      Mover(*this, foto, RutaDetalle(destino.carpeta, numero, NumeroFotos));
     }
   }
 }

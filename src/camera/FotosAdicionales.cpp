@@ -43,6 +43,23 @@ void MostrarPrincipal(Form1& form) {
   MostrarFotoFicha(form, delUsuario ? RutaFotoUsuario(form, usuario) : entrada);
 }
 
+/// The folder of the form's photos, under the plate that it has by now; false when there can be none. What
+/// stands there before the first photo was left by a ficha of the same plate and number: it gets a name of
+/// its own.
+bool AbrirCarpetaFotos(Form1& form) {
+  if (form.ImgIndicador[indicador::kFotosAdicionales].Visible) {
+    form.AcomodarFotos();
+    return true;
+  }
+  const String placa = PlacaEscrita(form);
+  form.CarpetaFotos = CarpetaDetalle(form, placa, form.NumeroEscrito());
+  if (form.Devices().disk.IsLink(form.CarpetaFotos)) return false;
+  if (HayFotoDetalle(form, placa, form.NumeroEscrito(), 1))
+    form.MoverCarpeta(form.CarpetaFotos, CarpetaDetalleFinal(form, placa, form.Devices().clock.Now()));
+  form.CrearCarpeta(form.CarpetaFotos);
+  return true;
+}
+
 /// The entry picture counts as none of them.
 void MostrarLugar(Form1& form) {
   const String todas = Digits(form.NumeroFotos);
@@ -55,28 +72,30 @@ void MostrarLugar(Form1& form) {
 
 void Form1::PctFotoDetalle_Click(int Index) {
   // One row of photos at a time: the wait between them lets keys through.
-  if (!PctBoton[boton::kGuardar].Visible || FotoContinua != 0) return;
+  const bool sinCamara = ImgIndicador[indicador::kCamaraDesactivada].Visible;
+  if (!PctBoton[boton::kGuardar].Visible || sinCamara || FotoContinua != 0) return;
   if (Index == 1) return TomarContinuas(*this);
   TomarUna(*this);
 }
 
 void Form1::TomarFotoAdicional() {
   if (FotoContinua == 0) return;
-  const std::int64_t numero = NumeroEscrito();
-  if (ImgIndicador[indicador::kFotosAdicionales].Visible) AcomodarFotos();
-  CarpetaFotos = CarpetaDetalle(*this, PlacaEscrita(*this), numero);
-  CrearCarpeta(CarpetaFotos);
   CapturarFoto();
-  if (Picture2.Picture.Empty()) return FocoPrimerCampo();
+  if (Picture2.Picture.Empty() || !AbrirCarpetaFotos(*this)) return FocoPrimerCampo();
+  const std::int64_t numero = NumeroEscrito();
   ++NumeroFotos;
   FotoActual = NumeroFotos;
   if (ImgIndicador[indicador::kMemoriaRostros].Visible)
     SellarFoto(kSelloEntrada, TextoSelloEntrada(NumeroPorteria, StampOf(platform_.clock.Now())));
   const String foto = RutaDetalle(CarpetaFotos, numero, NumeroFotos);
-  GuardarFotoJPEG(foto);
-  MidiWav(sonido::kFoto);
+  const bool guardada = GuardarFotoJPEG(foto);
   FocoPrimerCampo();
-  if (platform_.disk.Exists(foto)) ImgIndicador[indicador::kFotosAdicionales].Visible = true;
+  if (guardada) {
+    MidiWav(sonido::kFoto);
+    ImgIndicador[indicador::kFotosAdicionales].Visible = true;
+  } else {
+    FotoActual = --NumeroFotos;  // a gap would hide those that follow
+  }
   MostrarFija(*this, Picture2.Picture);
   AvisarSinImagen(*this);
 }
@@ -101,10 +120,10 @@ void Form1::ImgFotoDetalle_Click(int Index) {
 
 void Form1::MostrarFotosAdicionales() {
   const std::int64_t numero = NumeroEscrito();
-  const String carpeta = CarpetaDetalle(*this, FichaActual.Placa.View(), numero);
   FotoActual = 0;
   NumeroFotos = 0;
-  while (NumeroFotos < kMaxFotos && platform_.disk.Exists(RutaDetalle(carpeta, numero, NumeroFotos + 1)))
+  const std::string_view placa = FichaActual.Placa.View();
+  while (NumeroFotos < kMaxFotos && HayFotoDetalle(*this, placa, numero, NumeroFotos + 1))
     ++NumeroFotos;
   const bool hay = NumeroFotos > 0;
   ImgIndicador[indicador::kFotosAdicionales].Visible = hay;
@@ -127,8 +146,11 @@ void Form1::BorrarFotosSinGuardar() {
 void Form1::AcomodarFotos() {
   const String carpeta = CarpetaDetalle(*this, PlacaEscrita(*this), NumeroEscrito());
   if (carpeta == CarpetaFotos) return;
-  MoverCarpeta(CarpetaFotos, carpeta);
-  CarpetaFotos = carpeta;
+  if (ExisteCarpeta(carpeta))
+    MoverCarpeta(carpeta, CarpetaDetalleFinal(*this, PlacaEscrita(*this), platform_.clock.Now()));
+  const Outcome moved = platform_.disk.Move(CarpetaFotos, carpeta);
+  moved.PassOver();
+  if (moved) CarpetaFotos = carpeta;
 }
 
 void Form1::CerrarFotosAdicionales() {
@@ -137,9 +159,10 @@ void Form1::CerrarFotosAdicionales() {
   if (!puede) return;
   const std::int64_t numero = NumeroEscrito();
   const String carpeta = CarpetaDetalle(*this, FichaActual.Placa.View(), numero);
-  if (platform_.disk.Exists(RutaDetalle(carpeta, numero, 1))) {
+  if (HayFotoDetalle(*this, FichaActual.Placa.View(), numero, 1)) {
     MoverCarpeta(carpeta, CarpetaDetalleFinal(*this, FichaActual.Placa.View(), platform_.clock.Now()));
-  } else if (platform_.disk.Exists(RutaDetalle(carpeta, numero, 0))) {
+  } else if (platform_.disk.List(carpeta, "").size() == 1 &&
+             platform_.disk.Exists(RutaDetalle(carpeta, numero, 0))) {
     BorrarCarpeta(carpeta);
   }
 }

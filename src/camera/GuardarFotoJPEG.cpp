@@ -1,5 +1,6 @@
 #include "camera/SaveFile.h"
 #include "station/form1/Form1.h"
+#include "station/form1/Fotos.h"
 
 namespace vintoral {
 
@@ -11,10 +12,7 @@ bool Form1::GuardarFotoJPEG(const String& ruta) {
   jpeg.SetSamplingFrequencies(1, 1, 1, 1, 1, 1);
   jpeg.Quality(kCalidad);
   if (!jpeg.SampleHDC(foto->hDC(), foto->Width(), foto->Height())) return false;
-  if (platform_.disk.Exists(ruta)) {
-    platform_.disk.ClearReadOnly(ruta).PassOver();
-    platform_.disk.Remove(ruta).PassOver();
-  }
+  if (platform_.disk.Exists(ruta)) QuitarArchivo(platform_.disk, ruta);
   return SaveFile(jpeg, platform_.disk, ruta) == SaveResult::kSaved;
 }
 

@@ -8,6 +8,7 @@
 #include "records/RegistroFicha.h"
 #include "records/RegistroUsuario.h"
 #include "records/TextoAjustes.h"
+#include "station/form1/Fotos.h"
 
 namespace vintoral {
 namespace {
@@ -39,6 +40,22 @@ int Dias(std::string_view text, std::string_view name) {
 Moment MomentoDe(const FileMark& mark) {
   const std::int64_t epoch = Moment::From({.year = 1970})->Milliseconds();
   return Moment::FromMilliseconds(epoch + mark.changed / 1'000'000);
+}
+
+/// The folders of whoever is inside, in capitals; nothing when the register can't be read.
+std::optional<std::unordered_set<std::string>> CarpetasDeAdentro(Disk& disk, const String& act) {
+  const Register<RegistroFicha> puestos(disk, act, OpenMode::kRead);
+  const Result<std::int64_t> count = puestos.Count();
+  std::unordered_set<std::string> carpetas;
+  const auto visit = [&carpetas](std::int64_t number, const RegistroFicha& ficha) {
+    if (ficha.EnUso)
+      carpetas.insert(Upper(CarpetaDetalleEn(String(), ficha.Placa.View(), number)).Bytes().substr(1));
+    return true;
+  };
+  const Outcome walked = count ? puestos.Walk(1, *count, visit) : count.Why();
+  walked.PassOver();
+  if (!walked) return std::nullopt;
+  return carpetas;
 }
 
 }  // namespace
@@ -111,22 +128,20 @@ void Retencion::Siguiente() {
 void Retencion::BorrarSalidas() {
   if (plazos_.salida == 0) return Siguiente();
   std::vector<std::int64_t> viejas;
-  bool reciente = false;
   const std::int64_t last = numero_ + kSlice - 1;
   const Register<RegistroFicha> hst(disk_, ruta_("Vintoral.HST"), OpenMode::kRead);
   const auto count = hst ? hst.Count().PassOver().value_or(0) : 0;
+  // All rows: a clock that was wrong for a day must neither keep nor delete the photos of others.
   hst.Walk(numero_, std::min(last, count),
            [&](std::int64_t number, const RegistroFicha& row) {
              const std::optional<Moment> salida = MomentOfStamp(row.MarcaSalida.View());
-             // The rows lie in the order of time.
-             reciente = salida && !Pasado(*salida, plazos_.salida);
-             if (salida && !reciente) viejas.push_back(number);
-             return !reciente;
+             if (salida && Pasado(*salida, plazos_.salida)) viejas.push_back(number);
+             return true;
            })
       .PassOver();
   Borrar("Im\xE1genes HST", viejas, 0);
   numero_ = last + 1;
-  if (reciente || numero_ > count) Siguiente();
+  if (numero_ > count) Siguiente();
 }
 
 void Retencion::BorrarCarpetas() {
@@ -135,9 +150,13 @@ void Retencion::BorrarCarpetas() {
   if (!listadas_) {
     listadas_ = true;
     viejas_ = disk_.ListFolders(base);
-    std::erase_if(viejas_, [this](const String& nombre) {
+    // The plate of a ficha that is inside may look like the end of a final name.
+    const std::optional<std::unordered_set<std::string>> adentro =
+        CarpetasDeAdentro(disk_, ruta_("Vintoral.ACT"));
+    std::erase_if(viejas_, [&](const String& nombre) {
       const std::optional<Moment> momento = MomentoDeCarpeta(nombre);
-      return !momento || !Pasado(*momento, plazos_.adicionales);
+      const bool vieja = momento && Pasado(*momento, plazos_.adicionales);
+      return !vieja || !adentro || adentro->contains(Upper(nombre).Bytes());
     });
     return;
   }
@@ -155,26 +174,23 @@ void Retencion::MirarVistos() {
     fase_ = Fase::kHecho;
     return;
   }
+  const std::int64_t last = numero_ + kSlice - 1;
   const Register<RegistroFicha> hst(disk_, ruta_("Vintoral.HST"), OpenMode::kRead);
   const Result<std::int64_t> count = hst.Count();
-  bool antiguo = false;
-  const Outcome walked =
-      !count ? count.Why()
-             : hst.WalkBack(*count - numero_ + 1, std::max<std::int64_t>(1, *count - numero_ - kSlice + 2),
-                            [&](std::int64_t /*number*/, const RegistroFicha& row) {
-                              const std::optional<Moment> salida = MomentOfStamp(row.MarcaSalida.View());
-                              antiguo = salida && Pasado(*salida, plazos_.usuarios);
-                              if (!antiguo) vistos_.insert(Upper(row.Placa.Trimmed()).Bytes());
-                              return !antiguo;
-                            });
+  const auto visit = [this](std::int64_t /*number*/, const RegistroFicha& row) {
+    const std::optional<Moment> salida = MomentOfStamp(row.MarcaSalida.View());
+    if (!salida || !Pasado(*salida, plazos_.usuarios)) vistos_.insert(Upper(row.Placa.Trimmed()).Bytes());
+    return true;
+  };
+  const Outcome walked = count ? hst.Walk(numero_, std::min(last, *count), visit) : count.Why();
   walked.PassOver();
   // Who was seen is unknown: nobody's photo goes.
   if (!walked) {
     fase_ = Fase::kHecho;
     return;
   }
-  numero_ += kSlice;
-  if (antiguo || numero_ > *count) Siguiente();
+  numero_ = last + 1;
+  if (numero_ > *count) Siguiente();
 }
 
 void Retencion::MirarAdentro() {
@@ -219,10 +235,7 @@ void Retencion::Borrar(std::string_view carpeta, std::span<const std::int64_t> n
     // A history that was begun anew knows nothing of those who came before: their photo's own age counts too.
     if (!marks[i] || (dias > 0 && !Pasado(MomentoDe(*marks[i]), dias))) continue;
     const String foto = folder + "\\"_w + names[i];
-    disk_.ClearReadOnly(foto).PassOver();
-    const Outcome removed = disk_.Remove(foto);
-    removed.PassOver();
-    fotos_ += removed ? 1 : 0;
+    fotos_ += QuitarArchivo(disk_, foto) ? 1 : 0;
   }
 }
 

@@ -15,6 +15,9 @@ void Form1::WebCamCargar() {
 }
 
 void Form1::BuscarCamara() {
+  const bool apagada = ImgIndicador[indicador::kCamaraDesactivada].Visible;
+  // A machine that was slow to start tells of its devices only now.
+  if (!apagada && !dspPreview.Listed()) return WebCamConectar(0);
   const bool ocupada = FichaEnCurso() || PctFicha.TagNumber() != 0;
   if (!sinCamaras_ || ocupada || !dspPreview.LoadCamera(CboDriver) || CboDriver.List().empty()) return;
   sinCamaras_ = false;

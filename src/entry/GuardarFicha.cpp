@@ -66,10 +66,12 @@ bool CodigoGuardado(const Form1& form) {
   return codigo && codigo->CodigoBarras.Trimmed() == Trim(form.TxtBarCode.Text());
 }
 
-/// The photo of the entrance into its file; false when there is none.
-bool GuardarFotoEntrada(Form1& form) {
+/// The photo of the entrance into its file; false when there is none. `sinCamara` is how the gate worked when
+/// the saving began: one whose camera went under the question has nothing to look for with the outside
+/// program.
+bool GuardarFotoEntrada(Form1& form, bool sinCamara) {
   const RegistroFicha& ficha = form.FichaActual;
-  if (form.ImgIndicador[indicador::kCamaraDesactivada].Visible) {
+  if (sinCamara) {
     form.CargarFotosApp(ficha.Placa.View(), ficha.Posicion);
     return !form.RutaFotoFicha.Empty();
   }
@@ -82,6 +84,13 @@ bool GuardarFotoEntrada(Form1& form) {
   form.MidiWav(conMemoria || tomada ? sonido::kFoto : sonido::kHecho);
   form.RutaFotoFicha = RutaCompletaFotoAdentro(form, ficha.Posicion);
   return guardada;
+}
+
+/// Whoever had the number before may have left his photo there: of a ficha without one none is shown.
+void QuitarFotoAnterior(const Form1& form) {
+  Disk& disk = form.Devices().disk;
+  const String foto = RutaFotoAdentro(form, form.FichaActual.Posicion);
+  if (disk.Exists(foto)) QuitarArchivo(disk, foto);
 }
 
 struct Ingreso {
@@ -118,6 +127,7 @@ bool PideTiquete(const Form1& form) {
 
 void Form1::GuardarFicha() {
   if (!HayConexion()) return;
+  const bool sinCamara = ImgIndicador[indicador::kCamaraDesactivada].Visible;
   TxtBarCode.Tag = {};  // whatever waits to save by itself has been forestalled
   if (!TxtCampo[1].Locked) BuscarUsuario(UsuarioEnFormulario);
   if (!TxtCampo[0].Locked) return;
@@ -148,12 +158,16 @@ void Form1::GuardarFicha() {
   SyncTogether onDisk(platform_.disk);
   const bool libre = !puesto->EnUso;
   const Ingreso ingreso = libre ? Ingresar(*this, numero) : Ingreso{};
-  if (ingreso.hecho && GuardarFotoEntrada(*this))
-    GuardarFotosUsuario(FichaActual.UsuarioPuntos, ingreso.primera);
+  if (ingreso.hecho) {
+    if (GuardarFotoEntrada(*this, sinCamara))
+      GuardarFotosUsuario(FichaActual.UsuarioPuntos, ingreso.primera);
+    else
+      QuitarFotoAnterior(*this);
+  }
   std::optional<PrintDocument> tiquete;
   if (ingreso.hecho && PideTiquete(*this)) tiquete = TiqueteEnPantalla();
   RefrescarVista();
-  ImgIndicador[indicador::kFotosAdicionales].Visible = false;
+  if (ingreso.hecho) ImgIndicador[indicador::kFotosAdicionales].Visible = false;  // they are kept
   LimpiarCampos();
   const Outcome synced = onDisk.Finish();
   synced.PassOver();

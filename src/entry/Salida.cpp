@@ -88,19 +88,24 @@ void DevolverPuesto(Form1& form, std::int64_t numero, const Puesto& puesto) {
   DevolverCodigo(form, numero, puesto);
 }
 
-/// Behind the row: until that stands, the ficha may have to be put back inside.
-void BorrarFotoEntrada(Form1& form, std::int64_t numero) {
+/// Behind the row: until that stands, the ficha may have to be put back inside. `foto` is the photo as it
+/// stood before the slot was free: another one is that of the next vehicle. Where no photo of the exit could
+/// be made, that of the entrance takes its place.
+void PasarFoto(Form1& form, std::int64_t numero, const std::optional<FileMark>& foto) {
   Disk& disk = form.Devices().disk;
-  const String foto = RutaFotoAdentro(form, numero);
-  if (form.ImgIndicador[indicador::kCamaraDesactivada].Visible || !disk.Exists(foto)) return;
-  disk.ClearReadOnly(foto).PassOver();
-  disk.Remove(foto).PassOver();
+  const String entrada = RutaFotoAdentro(form, numero);
+  const bool apagada = form.ImgIndicador[indicador::kCamaraDesactivada].Visible;
+  if (apagada || !foto || disk.Look(entrada) != foto) return;
+  const String salida = RutaFoto(form, form.FichaActual);
+  if (!disk.Exists(salida)) disk.Copy(entrada, salida).PassOver();
+  if (disk.Exists(salida)) QuitarArchivo(disk, entrada);
 }
 
 }  // namespace
 
 bool PasarAlHistorial(Form1& form) {
   const std::int64_t numero = form.NumeroEscrito();
+  const std::optional<FileMark> foto = form.Devices().disk.Look(RutaFotoAdentro(form, numero));
   const std::optional<Puesto> puesto = LiberarPuesto(form, numero);
   if (!puesto) return false;
   // Another gate has retired the same ficha, and added its points.
@@ -109,7 +114,8 @@ bool PasarAlHistorial(Form1& form) {
   const bool registrada = form.RegistrarHistorial();
   form.PuntosEstadia = ganados;
   if (registrada) {
-    if (puesto->ficha.EnUso) BorrarFotoEntrada(form, numero);
+    const bool conFila = form.FichaActual.EnUso;  // not where there is no history
+    if (puesto->ficha.EnUso && conFila) PasarFoto(form, numero, foto);
     return true;
   }
   DevolverPuesto(form, numero, *puesto);

@@ -12,6 +12,7 @@
 #include <cerrno>
 #include <chrono>
 #include <csignal>
+#include <cstring>
 #include <filesystem>
 #include <functional>
 #include <tuple>
@@ -322,7 +323,9 @@ void ForEachName(const std::string& folder, Visit visit) {
   DIR* const open = opendir(folder.c_str());
   if (open == nullptr) return;
   while (const dirent* entry = readdir(open)) {
-    if (entry->d_name[0] != '.') visit(std::string(entry->d_name), entry->d_type);
+    // A name that holds the station's separator would mean another place.
+    const bool named = std::strchr(entry->d_name, '\\') == nullptr;
+    if (entry->d_name[0] != '.' && named) visit(std::string(entry->d_name), entry->d_type);
   }
   closedir(open);
 }

@@ -37,7 +37,9 @@ std::vector<CameraSource> CamarasDe(std::string_view text, int* badLines) {
     const std::string_view name = TrimBlanks(line.substr(0, equals));
     const std::string_view address =
         equals == std::string_view::npos ? std::string_view() : TrimBlanks(line.substr(equals + 1));
-    if (name.empty() || !IsAddress(address)) {
+    // A name with an address in it is a line that went wrong, and may show a password.
+    const bool named = !name.empty() && name.find("://") == std::string_view::npos;
+    if (!named || !IsAddress(address)) {
       ++bad;
     } else {
       cameras.push_back({UTF8toANSI(name), String(address), {}});

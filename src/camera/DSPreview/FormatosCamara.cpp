@@ -91,18 +91,29 @@ String TextoDe(const FormatosCamara& formatos) {
   return String(text);
 }
 
-FormatosCamara LeerFormatos(Disk& disk) {
-  if (!disk.Exists(kFile)) return {};
-  const std::optional<String> text = disk.ReadAll(kFile).PassOver();
-  if (!text) return {};
+namespace {
+
+/// A damaged file is deleted. Fails only where the file can't be read.
+Result<FormatosCamara> Leer(Disk& disk) {
+  if (!disk.Exists(kFile)) return FormatosCamara{};
+  const Result<String> text = disk.ReadAll(kFile);
+  if (!text) return text.Why();
   if (std::optional<FormatosCamara> formatos = FormatosDe(*text)) return *std::move(formatos);
   disk.ClearReadOnly(kFile).PassOver();
   disk.Remove(kFile).PassOver();
-  return {};
+  return FormatosCamara{};
+}
+
+}  // namespace
+
+FormatosCamara LeerFormatos(Disk& disk) {
+  return Leer(disk).PassOver().value_or(FormatosCamara{});
 }
 
 Outcome GuardarFormato(Disk& disk, const String& name, const CameraFormat& format) {
-  FormatosCamara formatos = LeerFormatos(disk);
+  const Result<FormatosCamara> antes = Leer(disk);
+  if (!antes) return antes.Why();
+  FormatosCamara formatos = *antes;
   formatos[name] = format;
   return disk.Replace(kFile, TextoDe(formatos));
 }

@@ -108,8 +108,21 @@ std::vector<Picture> FotosDe(Form1& form, std::span<const RegistroFicha> fichas)
 void BorrarFotoDanada(Form1& form, const String& foto, const FileMark& mark) {
   Disk& disk = form.Devices().disk;
   if (disk.BeingWritten(foto) || disk.Look(foto) != mark) return;
-  disk.ClearReadOnly(foto).PassOver();
-  disk.Remove(foto).PassOver();
+  QuitarArchivo(disk, foto);
+}
+
+bool QuitarArchivo(Disk& disk, const String& ruta) {
+  if (!disk.IsLink(ruta)) disk.ClearReadOnly(ruta).PassOver();
+  const Outcome removed = disk.Remove(ruta);
+  removed.PassOver();
+  return static_cast<bool>(removed);
+}
+
+bool HayFotoDetalle(const Form1& form, std::string_view placa, std::int64_t numero, std::int64_t foto) {
+  const String folder = form.RutaCompartida(kDetalles);
+  const String path = RutaDetalle(CarpetaDetalle(form, placa, numero), numero, foto);
+  const String name(path.View().substr(folder.View().size() + 1));
+  return form.Devices().disk.LookIn(folder, std::span(&name, 1)).front().has_value();
 }
 
 String MostrarFotoUsuario(Form1& form, std::int32_t numero) {

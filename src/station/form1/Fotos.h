@@ -8,6 +8,7 @@
 
 #include "common/Moment.h"
 #include "common/String.h"
+#include "platform/Disk.h"
 #include "platform/Picture.h"
 #include "records/RegistroFicha.h"
 
@@ -25,7 +26,7 @@ String RutaCompletaFotoAdentro(const Form1& form, std::int64_t numero);
 String RutaFotoUsuario(const Form1& form, std::int64_t usuario);
 String RutaFotoPrimera(const Form1& form, std::int64_t usuario);
 /// No ficha has more additional photos: their number is kept in 16 bits.
-inline constexpr std::int16_t kMaxFotos = 9999;
+inline constexpr std::int16_t kMaxFotos = 32000;
 /// The folder of the additional photos of the ficha that is inside with this plate and number, below the
 /// folder `base` or below the data folder's. What no file system takes in a name, and what would lead out of
 /// that folder, is an underscore.
@@ -41,6 +42,12 @@ std::vector<Picture> FotosDe(Form1& form, std::span<const RegistroFicha> fichas)
 /// Deletes a photo that was read whole and is no picture; not when the file has changed since it was read,
 /// nor while somebody writes it.
 void BorrarFotoDanada(Form1& form, const String& foto, const FileMark& mark);
+
+/// Deletes a file though it is read-only; of a link the link alone. False when it is still there.
+bool QuitarArchivo(Disk& disk, const String& ruta);
+/// Is there an additional photo of that number? Looked for as the station writes the names: to look whatever
+/// their case would read a folder that has an entry for each ficha of years.
+bool HayFotoDetalle(const Form1& form, std::string_view placa, std::int64_t numero, std::int64_t foto);
 
 /// Puts the photo of user `numero` (0 for nobody) on his card; gives its station path, or an empty text, with
 /// the card left as it is, when there is none.
