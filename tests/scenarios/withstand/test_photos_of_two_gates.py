@@ -4,7 +4,10 @@ What stands before a camera when a plate comes is the number of that plate as a 
 """
 import os
 import random
+import select
+import signal
 import threading
+import time
 
 import trouble
 from station import CONTROL, DELETE, ENTER, INSERT, Folder
@@ -13,6 +16,7 @@ from cameras import A, ACT, DTL, HST, INI, USR, CameraDay, is_whole, numbered, p
 
 SEED = 12
 TURNS = 150 if "VINTORAL_EVERY" not in os.environ else 40
+SPAN = 0.03  # seconds: about what a retiring takes
 LEVELS, STEP, DARKEST = 6, 40, 20  # a colour's channels, told apart through the encoder
 
 
@@ -165,6 +169,29 @@ class TwoGates(CameraDay, trouble.Trouble):
         for ficha in self.fichas("ACT"):
             self.assertOwn(ACT, ficha.Posicion, ficha.Placa)
         self.assertGreater(len(self.fichas("HST")), 10)
+
+    def test_a_slot_that_is_emptied_and_taken_at_once(self):
+        """One gate stands still at any moment of its retiring, and the other one saves under the same number meanwhile."""
+        frames = self.frames_for(range(2 * TURNS))
+        leaving, coming = [self.running(), self.running(self.connected())]
+        dice, met = random.Random(SEED), 0
+        for turn in range(TURNS):
+            self.come_in(leaving, 5, 2 * turn, frames, False)
+            leaving.call_up(5)
+            leaving.key(DELETE)
+            leaving.send_line(b'{"op":"answer","button":"yes"}')
+            time.sleep(dice.random() * SPAN)
+            os.kill(leaving.process.pid, signal.SIGSTOP)
+            came = self.come_in(coming, 5, 2 * turn + 1, frames, False)
+            os.kill(leaving.process.pid, signal.SIGCONT)
+            under_way = not select.select([leaving.process.stdout], [], [], 0)[0]
+            leaving.read_line()
+            slot = self.folder.slot(5)
+            if came and slot.EnUso:
+                met += under_way
+                self.assertOwn(ACT, 5, slot.Placa)
+            self.go_out(coming, 5)
+        self.assertGreater(met, 0)
 
 
 if __name__ == "__main__":
