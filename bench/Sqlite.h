@@ -30,7 +30,7 @@ class Sqlite {
     statements_.push_back(statement);
     return statement;
   }
-  /// One transaction, its values bound before.
+  /// One transaction, its values bound before; the rows of a look-up are passed over.
   void Transaction(std::initializer_list<sqlite3_stmt*> statements) {
     Step(begin_);
     for (sqlite3_stmt* statement : statements)
@@ -67,7 +67,10 @@ class Sqlite {
     sqlite3_close(database_);
   }
   void Step(sqlite3_stmt* statement) {
-    if (sqlite3_step(statement) != SQLITE_DONE) throw std::runtime_error(sqlite3_errmsg(database_));
+    int code = sqlite3_step(statement);
+    while (code == SQLITE_ROW)
+      code = sqlite3_step(statement);
+    if (code != SQLITE_DONE) throw std::runtime_error(sqlite3_errmsg(database_));
     sqlite3_reset(statement);
   }
 

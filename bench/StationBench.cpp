@@ -7,19 +7,12 @@
 // vehicles), which is then cheaper, so the day is told as a whole and in its two parts.
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
 #include <chrono>
-#include <functional>
-#include <numeric>
-#include <span>
-#include <stdexcept>
 #include <string>
-#include <thread>
-#include <vector>
 
+#include "Days.h"
 #include "Sqlite.h"
 #include "StationGate.h"
-#include "Timed.h"
 #include "common/Numbers.h"
 
 namespace vintoral {
@@ -29,7 +22,6 @@ using namespace bench;
 
 constexpr int kVehicles = 1000;   ///< of the day
 constexpr int kLogGrowing = 300;  ///< the first of them, while SQLite's log grows
-constexpr std::chrono::milliseconds kApart{5};
 
 /// The same facts in two tables, one transaction to come in and one to leave.
 class SqlGate {
@@ -88,29 +80,11 @@ class SqlGate {
 /// What the two commands took for one vehicle; `pause` comes before each.
 template <class AnyGate>
 double Pass(AnyGate& gate, int slot, std::chrono::milliseconds pause) {
-  const auto timed = [&](auto&& command) {
-    std::this_thread::sleep_for(pause);
-    return Timed(command);
-  };
   gate.BeforeSave(slot);
-  const double save = timed([&] { gate.Save(); });
+  const double save = TimedAfter(pause, [&] { gate.Save(); });
   gate.BeforeRetire(slot);
-  return save + timed([&] { gate.Retire(); });
+  return save + TimedAfter(pause, [&] { gate.Retire(); });
 }
-
-double Mean(std::span<const double> values) {
-  return std::accumulate(values.begin(), values.end(), 0.0) / static_cast<double>(values.size());
-}
-
-/// What the vehicles took at both gates, in microseconds.
-struct Times {
-  std::vector<double> ours, theirs;
-
-  double Ratio(std::size_t first, std::size_t end) const {
-    const auto mean = [&](std::span<const double> times) { return Mean(times.subspan(first, end - first)); };
-    return mean(ours) / mean(theirs);
-  }
-};
 
 /// The gates take turns, so that a disk that slows down slows both. False when one of them lost a vehicle.
 bool ADay(Times& times, std::chrono::milliseconds pause) {
@@ -118,8 +92,6 @@ bool ADay(Times& times, std::chrono::milliseconds pause) {
   Gate gate(folder.Path("Vintoral"), Plates::kNone);
   SqlGate reference(folder.Path("reference.db"));
   const std::int64_t before = gate.Retired();
-  times.ours.clear();
-  times.theirs.clear();
   for (int i = 0; i < kVehicles; ++i) {
     times.ours.push_back(Pass(gate, SlotOf(i), pause));
     times.theirs.push_back(Pass(reference, SlotOf(i), pause));
@@ -127,30 +99,13 @@ bool ADay(Times& times, std::chrono::milliseconds pause) {
   return gate.Retired() - before == kVehicles && reference.Retired() == kVehicles;
 }
 
-/// Means, not medians: a day is over when all of it is done, the moments included when SQLite folds its log
-/// into the database.
 void SaveAndRetire(benchmark::State& state, std::chrono::milliseconds pause) {
-  Times times;
-  for ([[maybe_unused]] auto day : state) {
-    if (!ADay(times, pause)) return state.SkipWithError("a vehicle is missing");
-    state.SetIterationTime(Mean(times.ours) / 1e6);
-  }
-  state.counters["ours_us"] = Mean(times.ours);
-  state.counters["sqlite_us"] = Mean(times.theirs);
-  state.counters["ratio"] = times.Ratio(0, kVehicles);
+  const Times times = MeasureDays(state, [pause](Times& day) { return ADay(day, pause); });
   state.counters["log_growing"] = times.Ratio(0, kLogGrowing);
   state.counters["log_written_over"] = times.Ratio(kLogGrowing, kVehicles);
 }
-BENCHMARK_CAPTURE(SaveAndRetire, apart, kApart)
-    ->UseManualTime()
-    ->Iterations(1)
-    ->Repetitions(5)
-    ->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(SaveAndRetire, back_to_back, std::chrono::milliseconds(0))
-    ->UseManualTime()
-    ->Iterations(1)
-    ->Repetitions(5)
-    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(SaveAndRetire, apart, kApart)->Apply(FiveDays);
+BENCHMARK_CAPTURE(SaveAndRetire, back_to_back, kBackToBack)->Apply(FiveDays);
 
 }  // namespace
 }  // namespace vintoral

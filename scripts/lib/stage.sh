@@ -1,5 +1,5 @@
 # Sourced by screenshots, slips and demo: a screen of its own, a home and a station of its own on it, and hands for both;
-# and a printer, for who asks.
+# a printer, and a camera, for who asks.
 # What is started ends with the script, each by its own number.
 
 stage_started=()
@@ -76,6 +76,23 @@ stage_slip() {
   local slip="$stage_printer/out/tirilla-$1.pdf"
   stage_wait test -f "$slip"
   echo "$slip"
+}
+
+# A station that starts after this has a camera on the network, "Entrada", which sees the empty road.
+stage_camera() {
+  mkdir "$stage/camera"
+  stage_scene
+  scripts/lib/camera.py "$stage/camera" &
+  stage_started+=($!)
+  stage_wait test -s "$stage/camera/address"
+  mkdir -p "$station/Objetos"
+  echo "Entrada = $(<"$stage/camera/address")" >"$station/Objetos/Camaras.INI"
+}
+
+# stage_scene [PLATE COLOUR]: what that camera sees from here on; the picture has come when this returns.
+stage_scene() {
+  scripts/lib/scene "$stage/camera/frame.jpg" "$@"
+  sleep 0.7
 }
 
 # stage_station PROGRAM: starts the station; it is on screen when this returns.

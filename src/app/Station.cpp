@@ -22,11 +22,12 @@ bool Station::Start() {
   Form.Form_Load();
   if (Form.Terminado()) return false;
   Window.Appear();
-  // Loading the libraries of sound and printing beside the first painting would hold that up.
+  // Loading the libraries of sound, printing and cameras beside the first painting would hold that up.
   constexpr int kUntilPainted = 100;
   QTimer::singleShot(kUntilPainted, &Window, [this] {
     Devices.Sound.Begin();
     Devices.Printer.Begin();
+    Devices.Camera.Begin();
   });
   return true;
 }

@@ -42,7 +42,7 @@ void MoverPrincipal(Form1& form, const String& foto, const Destino& destino) {
   const bool conocido = !conMemoria && form.UsuarioEnFormulario > 0 && disk.Exists(guardada);
   const Outcome copied = disk.Copy(conocido ? guardada : foto, entrada);
   copied.PassOver();
-  if (copied) form.RutaFotoFicha = entrada;
+  if (copied) form.RutaFotoFicha = RutaCompletaFotoAdentro(form, destino.numero);
   Mover(form, foto, destino, conocido ? form.NumeroFotos : 0);
 }
 

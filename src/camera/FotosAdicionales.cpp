@@ -1,5 +1,6 @@
 // Photos beyond the one of the entrance: taken while a new ficha is typed, turned over while it is on
 // display.
+#include "common/Numbers.h"
 #include "station/form1/Form1.h"
 #include "station/form1/Fotos.h"
 #include "station/form1/Sonidos.h"
@@ -42,6 +43,14 @@ void MostrarPrincipal(Form1& form) {
   MostrarFotoFicha(form, delUsuario ? RutaFotoUsuario(form, usuario) : entrada);
 }
 
+/// The entry picture counts as none of them.
+void MostrarLugar(Form1& form) {
+  const String todas = Digits(form.NumeroFotos);
+  form.LblFotoDetalle.Caption = form.FotoActual > 0     ? Digits(form.FotoActual) + " / "_w + todas
+                                : form.NumeroFotos == 1 ? "1 foto"_w
+                                                        : todas + " fotos"_w;
+}
+
 }  // namespace
 
 void Form1::PctFotoDetalle_Click(int Index) {
@@ -78,11 +87,13 @@ void Form1::ImgFotoDetalle_Click(int Index) {
     FotoActual = FotoActual >= NumeroFotos ? std::int16_t{1} : static_cast<std::int16_t>(FotoActual + 1);
   } else if (FotoActual < 2) {
     FotoActual = 0;
+    MostrarLugar(*this);
     platform_.screen.Beep();
     return MostrarPrincipal(*this);
   } else {
     --FotoActual;
   }
+  MostrarLugar(*this);
   const std::int64_t numero = NumeroEscrito();
   const String carpeta = CarpetaDetalle(*this, FichaActual.Placa.View(), numero);
   MostrarFotoFicha(*this, RutaDetalle(carpeta, numero, FotoActual));
@@ -100,6 +111,8 @@ void Form1::MostrarFotosAdicionales() {
   PctUsuario[0].Enabled = hay;
   for (Image& arrow : ImgFotoDetalle)
     arrow.Visible = hay;
+  LblFotoDetalle.Visible = hay;
+  MostrarLugar(*this);
 }
 
 void Form1::BorrarFotosSinGuardar() {

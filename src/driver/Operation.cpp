@@ -256,12 +256,40 @@ PrinterList PrintersOf(const Json& operation, PrinterList before) {
   return before;
 }
 
+namespace {
+
+CameraMode ModeOf(const Json& mode) {
+  return {Field<int>(mode, "width"), Field<int>(mode, "height"), Field<int>(mode, "rate")};
+}
+
+CameraControl ControlOf(const Json& control) {
+  return {Field<std::string>(control, "id"), String::FromUtf8(Field<std::string>(control, "label")),
+          Field<int>(control, "least"), Field<int>(control, "most"), Field<int>(control, "value")};
+}
+
+CameraOptions OptionsOf(const Json& operation, CameraOptions before) {
+  if (Has(operation, "modes")) {
+    before.modes.clear();
+    for (const Json& mode : Field<std::vector<Json>>(operation, "modes"))
+      before.modes.push_back(ModeOf(mode));
+  }
+  if (Has(operation, "controls")) {
+    before.controls.clear();
+    for (const Json& control : Field<std::vector<Json>>(operation, "controls"))
+      before.controls.push_back(ControlOf(control));
+  }
+  return before;
+}
+
+}  // namespace
+
 GivenCamera::Given CameraOf(const Json& operation, GivenCamera::Given before) {
   const std::string state = FieldOr(operation, "state", std::string("ok"));
   if (state != "ok" && state != "fail" && state != "gone")
     throw std::runtime_error("no camera is '" + state + "': ok, fail, gone");
   before.fails = state == "fail";
   before.gone = state == "gone";
+  before.options = OptionsOf(operation, std::move(before.options));
   if (!operation.contains("frame")) return before;
   before.frame = nullptr;
   if (operation["frame"].is_null()) return before;

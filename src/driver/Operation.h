@@ -85,7 +85,8 @@ Json EventJson(const DeviceEvent& event);
 PrinterList PrintersOf(const Json& operation, PrinterList before);
 /// The texts of a list, those of `before` where the field is left out.
 std::vector<String> NamesOf(const Json& operation, const char* field, const std::vector<String>& before);
-/// What "frame" and "state" tell of a camera; a frame that is left out stays as it was.
+/// What "frame" and "state" tell of a camera, and "modes" ("width", "height", "rate") and "controls" ("id",
+/// "label", "least", "most", "value") of its settings; what is left out, but for the state, stays as it was.
 GivenCamera::Given CameraOf(const Json& operation, GivenCamera::Given before);
 Json FareJson(const Form1& station, const String& category, const String& entry, const String& exit);
 

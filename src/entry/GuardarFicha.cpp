@@ -80,7 +80,7 @@ bool GuardarFotoEntrada(Form1& form) {
     form.SellarFoto(kSelloEntrada, TextoSelloEntrada(ficha.PorteriaEntrada.Trimmed(), form.MarcaTiquete));
   const bool guardada = form.GuardarFotoJPEG(RutaFotoAdentro(form, ficha.Posicion));
   form.MidiWav(conMemoria || tomada ? sonido::kFoto : sonido::kHecho);
-  form.RutaFotoFicha = RutaFotoAdentro(form, ficha.Posicion);
+  form.RutaFotoFicha = RutaCompletaFotoAdentro(form, ficha.Posicion);
   return guardada;
 }
 

@@ -1,16 +1,24 @@
 #include "platform/PendingSyncs.h"
 
-#include <algorithm>
 #include <cerrno>
-#include <optional>
 #include <span>
 
 namespace vintoral {
 
-void PendingSyncs::Add(SharedDescriptor file, const std::string& path) {
-  const int error = calls_.Start(file->Number());
+void PendingSyncs::Add(SharedDescriptor open, const std::string& path) {
+  const int error = calls_.Start(open->Number());
   if (started_ && error != 0 && !UnknownRequest(error)) started_ = Outcome::Failed("sync", path, error);
-  files_.push_back({std::move(file), path});
+  File file{std::move(open), path, {}};
+  file.look = LookAt(*file.open);
+  if (WrittenInPlace(file.look)) return inPlace_.push_back(std::move(file));
+  if (whole_) SyncBeside(std::move(*whole_));
+  whole_ = std::move(file);
+}
+
+void PendingSyncs::SyncBeside(File file) {
+  if (!thread_) thread_.emplace();
+  File& noted = beside_.emplace_back(std::move(file));
+  thread_->Add([&calls = calls_, &noted] { noted.error = calls.Sync(noted.open->Number()); });
 }
 
 Outcome PendingSyncs::End() {
@@ -18,22 +26,29 @@ Outcome PendingSyncs::End() {
 }
 
 Outcome PendingSyncs::Wait() {
-  std::vector<File> files = std::exchange(files_, {});
+  std::vector<File> files = std::exchange(inPlace_, {});
+  if (whole_) files.push_back(*std::exchange(whole_, std::nullopt));
+  const Outcome started = std::exchange(started_, Outcome::Done());
+  const Outcome here = FlushHere(files);
+  const Outcome beside = WaitBeside();
+  for (const Outcome& outcome : {started, beside})
+    if (!outcome) return outcome;
+  return here;
+}
+
+Outcome PendingSyncs::FlushHere(const std::vector<File>& files) {
   if (files.empty()) return Outcome::Done();
-  PutFlushLast(files);
   const File& last = files.back();
-  Outcome first = std::exchange(started_, Outcome::Done());
+  Outcome first = Outcome::Done();
   const auto note = [&first](const Outcome& outcome) {
     if (first) first = outcome;
   };
   std::vector<const File*> unflushed;
   for (const File& file : std::span(files).first(files.size() - 1)) {
-    const int error = LeavesFlushTo(last, file) ? calls_.AwaitData(file.open->Number()) : ENOSYS;
-    if (error == 0) {
-      unflushed.push_back(&file);
-    } else {
-      note(UnknownRequest(error) ? Sync(file) : Outcome::Failed("sync", file.path, error));
-    }
+    const bool oneDisk = last.look && last.look->status.device == file.look->status.device;
+    const int error = oneDisk ? calls_.AwaitData(file.open->Number()) : ENOSYS;
+    if (error == 0) unflushed.push_back(&file);
+    if (error != 0) note(UnknownRequest(error) ? Sync(file) : Outcome::Failed("sync", file.path, error));
   }
   const Outcome flushed = Sync(last);
   note(flushed);
@@ -43,42 +58,53 @@ Outcome PendingSyncs::Wait() {
   return first;
 }
 
-void PendingSyncs::PutFlushLast(std::vector<File>& files) const {
-  const auto whole = std::find_if(files.rbegin(), files.rend(), [this](const File& file) {
-    const std::optional<FileStatus> status = calls_.Status(file.open->Number());
-    return !status || !WrittenInPlace(*status);
-  });
-  if (whole != files.rend()) std::rotate(whole.base() - 1, whole.base(), files.end());
+Outcome PendingSyncs::WaitBeside() {
+  if (beside_.empty()) return Outcome::Done();
+  thread_->Await();
+  Outcome first = Outcome::Done();
+  for (const File& file : std::exchange(beside_, {})) {
+    const Outcome synced = Synced(file, file.error);
+    if (first) first = synced;
+  }
+  return first;
 }
 
-bool PendingSyncs::LeavesFlushTo(const File& last, const File& file) const {
-  const std::optional<FileStatus> status = calls_.Status(file.open->Number());
-  const std::optional<FileStatus> other = calls_.Status(last.open->Number());
-  return status && other && status->device == other->device && WrittenInPlace(*status);
+std::optional<PendingSyncs::Look> PendingSyncs::LookAt(const Descriptor& file) const {
+  const std::optional<FileStatus> status = calls_.Status(file.Number());
+  if (!status) return std::nullopt;
+  const auto seen = seen_.find(IdentityOf(*status));
+  if (seen == seen_.end()) return Look{*status};
+  const Look& before = seen->second;
+  // What has grown inside its last block has got nothing new on the disk but its length.
+  const bool sameBlocks = before.status.blocks == status->blocks && before.status.length <= status->length;
+  if (sameBlocks && before.written >= status->length) return Look{*status, before.written};
+  // The map is asked for of a file that has been the same at two syncs: the history, which grows each time,
+  // is never written in place.
+  if (before.status != *status) return Look{*status};
+  return Look{*status, calls_.WrittenUpTo(file.Number(), status->length)};
 }
 
-bool PendingSyncs::WrittenInPlace(const FileStatus& status) const {
-  const Seen* const seen = Unchanged(status);
-  return seen != nullptr && seen->inPlace;
+bool PendingSyncs::WrittenInPlace(const std::optional<Look>& look) const {
+  if (!look) return false;
+  const auto seen = seen_.find(IdentityOf(look->status));
+  return seen != seen_.end() && seen->second.status == look->status && seen->second.written > 0 &&
+         seen->second.written >= look->status.length;
 }
 
-const PendingSyncs::Seen* PendingSyncs::Unchanged(const FileStatus& status) const {
-  const auto seen = seen_.find(IdentityOf(status));
-  return seen != seen_.end() && seen->second.status == status ? &seen->second : nullptr;
+Outcome PendingSyncs::Sync(const File& file) {
+  return Synced(file, calls_.Sync(file.open->Number()));
 }
 
 Outcome PendingSyncs::SyncNow(const Descriptor& file, const std::string& path) {
   // Looked at before the sync, so that what was seen is on the disk after it.
-  const std::optional<FileStatus> status = calls_.Status(file.Number());
-  // The map is asked for once, of a file that has been the same at two syncs: one that grows each time is
-  // never written in place.
-  const Seen* const seen = status ? Unchanged(*status) : nullptr;
-  const bool inPlace =
-      seen != nullptr && (seen->inPlace || calls_.WritesInPlace(file.Number(), status->length));
-  const int error = calls_.Sync(file.Number());
+  const File noted{{}, path, LookAt(file)};
+  return Synced(noted, calls_.Sync(file.Number()));
+}
+
+Outcome PendingSyncs::Synced(const File& file, int error) {
   // A file system that doesn't know the request has nothing that it could lose.
-  if (error != 0 && !UnknownRequest(error)) return Outcome::Failed("sync", path, error);
-  if (status) seen_[IdentityOf(*status)] = {*status, inPlace};
+  if (error != 0 && !UnknownRequest(error)) return Outcome::Failed("sync", file.path, error);
+  if (file.look) seen_[IdentityOf(file.look->status)] = *file.look;
   return Outcome::Done();
 }
 

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <map>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -10,11 +12,14 @@
 #include "common/Outcome.h"
 #include "platform/Descriptor.h"
 #include "platform/SyncCalls.h"
+#include "platform/WorkBeside.h"
 
 namespace vintoral {
 
 /// The files of one fact, synced together. A flush empties the disk's write cache of all files, so a register
 /// that is known to be written in place has its data sent to the disk and leaves the flush to the last file.
+/// Of those that need a flush of their own, the last one noted is synced by whoever waits, and each before it
+/// by a thread, while the station goes on.
 class PendingSyncs {
  public:
   explicit PendingSyncs(SyncCalls& calls = SyncCalls::System()) : calls_(calls) {}
@@ -33,34 +38,40 @@ class PendingSyncs {
   Outcome SyncNow(const Descriptor& file, const std::string& path);
 
  private:
+  /// Device and inode.
+  using Identity = std::pair<std::uint64_t, std::uint64_t>;
+  /// A file between its last write and its sync; once that is done, what is known of it on the disk.
+  struct Look {
+    FileStatus status;
+    std::uint64_t written = 0;  ///< SyncCalls::WrittenUpTo; 0 where that was not asked
+  };
   struct File {
     SharedDescriptor open;
     std::string path;
-  };
-  /// Device and inode.
-  using Identity = std::pair<std::uint64_t, std::uint64_t>;
-  struct Seen {
-    FileStatus status;
-    bool inPlace = false;  ///< it is written in place as long as it stays like this
+    std::optional<Look> look;  ///< nothing where the system can't say
+    int error = 0;             ///< of a sync beside
   };
   static Identity IdentityOf(const FileStatus& status) { return {status.device, status.inode}; }
 
   Outcome Wait();
-  /// A file that needs a flush of its own comes last, so that its flush is the others' too.
-  void PutFlushLast(std::vector<File>& files) const;
-  bool WrittenInPlace(const FileStatus& status) const;
-  /// Whether `file` would survive a power cut once its data have arrived and `last` has been synced.
-  bool LeavesFlushTo(const File& last, const File& file) const;
-  /// The file that `status` was asked of, as it was when it was last synced whole; nothing when it has
-  /// changed.
-  const Seen* Unchanged(const FileStatus& status) const;
-  Outcome Sync(const File& file) { return SyncNow(*file.open, file.path); }
+  Outcome FlushHere(const std::vector<File>& files);
+  void SyncBeside(File file);
+  Outcome WaitBeside();
+  std::optional<Look> LookAt(const Descriptor& file) const;
+  /// Whether what was written over it changes nothing on the disk but its data.
+  bool WrittenInPlace(const std::optional<Look>& look) const;
+  Outcome Sync(const File& file);
+  /// Keeps what is known behind a sync that was answered with `error`.
+  Outcome Synced(const File& file, int error);
 
   SyncCalls& calls_;
-  std::vector<File> files_;
+  std::vector<File> inPlace_;          ///< those that leave the flush to another one
+  std::optional<File> whole_;          ///< the last one that is to be synced whole
+  std::deque<File> beside_;            ///< those before it, in the hands of the thread
   Outcome started_ = Outcome::Done();  ///< the first failure to begin
-  std::map<Identity, Seen> seen_;      ///< how each file was when it was last synced whole
+  std::map<Identity, Look> seen_;      ///< each file as it was when it was last synced whole
   int depth_ = 0;
+  std::optional<WorkBeside> thread_;  ///< from the first one on that it syncs; its work uses the others
 };
 
 }  // namespace vintoral

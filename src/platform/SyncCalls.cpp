@@ -32,21 +32,21 @@ bool PlainlyWritten(const fiemap_extent& extent) {
   return (extent.fe_flags & ~kPlain) == 0;
 }
 
-/// Whether the extent map has written extents from the first byte to `length`, without a gap.
-bool ExtentsReach(int descriptor, std::uint64_t length) {
+/// Where the written extents end that follow one another from the first byte on, of those below `length`.
+std::uint64_t WrittenExtents(int descriptor, std::uint64_t length) {
   // The system's structure ends in an array of any length.
   alignas(fiemap) std::array<std::byte, sizeof(fiemap) + kExtents * sizeof(fiemap_extent)> room{};
   fiemap& map = *std::launder(reinterpret_cast<fiemap*>(room.data()));
   map.fm_length = length;
   map.fm_extent_count = kExtents;
-  if (length == 0 || ioctl(descriptor, FS_IOC_FIEMAP, &map) != 0) return false;
+  if (length == 0 || ioctl(descriptor, FS_IOC_FIEMAP, &map) != 0) return 0;
   std::uint64_t end = 0;
   const fiemap_extent* const first = map.fm_extents;
   for (const fiemap_extent& extent : std::span(first, std::min(map.fm_mapped_extents, kExtents))) {
-    if (extent.fe_logical > end || !PlainlyWritten(extent)) return false;
+    if (extent.fe_logical > end || !PlainlyWritten(extent)) break;
     end = extent.fe_logical + extent.fe_length;
   }
-  return end >= length;
+  return end;
 }
 
 class LinuxCalls final : public SyncCalls {
@@ -71,8 +71,8 @@ class LinuxCalls final : public SyncCalls {
 
   std::optional<FileStatus> Status(int descriptor) override { return StatusOf(descriptor); }
 
-  bool WritesInPlace(int descriptor, std::uint64_t length) override {
-    return IsExt4(descriptor) && ExtentsReach(descriptor, length);
+  std::uint64_t WrittenUpTo(int descriptor, std::uint64_t length) override {
+    return IsExt4(descriptor) ? WrittenExtents(descriptor, length) : 0;
   }
 };
 

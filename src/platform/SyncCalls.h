@@ -1,6 +1,7 @@
 // The calls of the system that syncing is made of.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 
 #include "platform/FileStatus.h"
@@ -20,9 +21,10 @@ class SyncCalls {
   virtual int AwaitData(int descriptor) = 0;
   /// Nothing where the system can't say.
   virtual std::optional<FileStatus> Status(int descriptor) = 0;
-  /// Whether writing over the first `length` bytes changes nothing on the disk but them, and the sync of any
-  /// file flushes the disk's write cache. True on ext4 for a file without holes or unwritten extents.
-  virtual bool WritesInPlace(int descriptor, std::uint64_t length) = 0;
+  /// How far writing over the first `length` bytes changes nothing on the disk but them, while the sync of
+  /// any file flushes the disk's write cache: the end of the written extents that follow one another from the
+  /// first byte on. It may lie behind `length`. 0 where that is unknown, as on all but ext4.
+  virtual std::uint64_t WrittenUpTo(int descriptor, std::uint64_t length) = 0;
 
   /// This system's own.
   static SyncCalls& System();

@@ -57,6 +57,7 @@ void ClearPhotos(Form1& form) {
     button.Visible = false;
   for (Image& arrow : form.ImgFotoDetalle)
     arrow.Visible = false;
+  form.LblFotoDetalle.Visible = false;
   form.PctUsuario[0].Enabled = false;  // no photos to turn
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "camera/formcamara/FormCamara.h"
 #include "reports/form3/Form3.h"
 #include "reports/form8/Form8.h"
 #include "station/form1/Form1.h"
@@ -12,6 +13,7 @@
 #include "window/form3/Form3Window.h"
 #include "window/form6/Form6Window.h"
 #include "window/form8/Form8Window.h"
+#include "window/formcamara/FormCamaraWindow.h"
 
 namespace vintoral {
 
@@ -30,7 +32,8 @@ DialogWindow* Make(Forms& forms, Form& form, MainWindow& main) {
 
 constexpr std::array kMakers = {Maker{"Form3", Form3::kTitulo, &Make<Form3Window>},
                                 Maker{"Form6", Form1::kTitulo, &Make<Form6Window>},
-                                Maker{"Form8", Form8::kTitulo, &Make<Form8Window>}};
+                                Maker{"Form8", Form8::kTitulo, &Make<Form8Window>},
+                                Maker{"FormCamara", FormCamara::kTitulo, &Make<FormCamaraWindow>}};
 
 }  // namespace
 

@@ -112,10 +112,13 @@ TEST_F(Desktop, CommandsNameWhatTheyOpen) {
 TEST_F(Desktop, LaunchOpensTheFileOfThisSystem) {
   folder_.Put("Vintoral Léame.TXT", "x");
   folder_.Put("Objetos/Servidor.INI", "\r\n");
+  folder_.Put("Objetos/Camara.desktop", "[Desktop Entry]\n");
   DesktopPlatform platform(folder_.Path());
   std::vector<std::string> started;
-  platform.System.Start = [&](const std::string& program, const std::string& argument) {
-    started.push_back(program + "|" + argument);
+  platform.System.Start = [&](const std::string& program, const std::vector<std::string>& arguments) {
+    started.push_back(program);
+    for (const std::string& argument : arguments)
+      started.back() += "|" + argument;
     return true;
   };
   platform.System.Launch(
@@ -124,16 +127,18 @@ TEST_F(Desktop, LaunchOpensTheFileOfThisSystem) {
   platform.System.Launch("Notepad.exe Objetos\\SERVIDOR.ini");
   platform.System.Launch("Explorer.exe Objetos");
   platform.System.Launch("Notepad.exe missing.txt");
+  platform.System.Launch("Explorer.exe Objetos\\Camara.desktop");
   EXPECT_EQ(started, (std::vector<std::string>{"xdg-open|" + folder_.Path("Vintoral Léame.TXT"),
                                                "xdg-open|" + folder_.Path("Objetos/Servidor.INI"),
-                                               "xdg-open|" + folder_.Path("Objetos")}));
+                                               "xdg-open|" + folder_.Path("Objetos"),
+                                               "gio|launch|" + folder_.Path("Objetos/Camara.desktop")}));
 }
 
 TEST_F(Desktop, AMissingProgramIsPassedOver) {
   folder_.Put("a.txt", "x");
   DesktopPlatform platform(folder_.Path());
   testing::internal::CaptureStderr();
-  platform.System.Start = [](const std::string&, const std::string&) { return false; };
+  platform.System.Start = [](const std::string&, const std::vector<std::string>&) { return false; };
   platform.System.Launch("Notepad.exe a.txt");
   EXPECT_NE(testing::internal::GetCapturedStderr().find("a.txt"), std::string::npos);
 }

@@ -78,6 +78,7 @@ TEST_F(Fields, PasteKeyBeepsWhereTheRulesKeepItOut) {
 }
 
 TEST_F(Fields, CommandKeysLeaveNoCharacter) {
+  form_->ImgIndicador[indicador::kCamaraDesactivada].Visible = true;  // else they take photos
   OpenNew();
   Key(Qt::Key_A, Qt::ControlModifier);
   Key(Qt::Key_X, Qt::ControlModifier);

@@ -10,9 +10,9 @@
 #include <optional>
 #include <ostream>
 
+#include "gui/FilmedCamera.h"
 #include "platform/PosixDisk.h"
 #include "platform/desktop/DesktopScreen.h"
-#include "platform/headless/GivenCamera.h"
 #include "platform/headless/Recording.h"
 #include "platform/headless/SeededRandom.h"
 #include "platform/headless/VirtualClock.h"
@@ -81,7 +81,7 @@ class Gate : public testing::Test {
   CountingScreen screen_;
   RecordingPrinter printer_{events_};
   SeededRandom chance_;
-  GivenCamera camera_;
+  FilmedCamera camera_;
   std::vector<Box> boxes_;  ///< all that came up, in order
   std::unique_ptr<Form1> form_;
   std::unique_ptr<MainWindow> window_;

@@ -65,6 +65,10 @@ bool DSPreview::ResumeCamera() {
   return runs;
 }
 
+CameraOptions DSPreview::Options() const {
+  return started_ ? camera_->Options() : CameraOptions{};
+}
+
 std::shared_ptr<const cImage> DSPreview::Snap() {
   if (!started_) {
     UltimoError = error_camara::kDetenida;

@@ -12,8 +12,6 @@
 
 namespace vintoral {
 
-class Forms;
-
 /// What UltimoError says.
 namespace error_camara {
 inline constexpr std::int16_t kDetenida = 200;   ///< no camera runs
@@ -44,9 +42,10 @@ class DSPreview : public PictureBox {
   std::shared_ptr<const cImage> Snap();
   /// Width by height of the last frame; 0 before the first.
   double AspectRatio() const { return relacion_; }
-  /// The settings of the device that runs, in a dialog; what is chosen there is kept for it. A device that
-  /// offers none shows none.
-  void ConfigCamera(Forms& forms);
+  /// What can be chosen at the camera that runs; nothing where none does.
+  CameraOptions Options() const;
+  /// The camera that was started last, in the format that was kept for it then.
+  const CameraSource& Source() const { return running_; }
 
  private:
   Camera* camera_ = nullptr;

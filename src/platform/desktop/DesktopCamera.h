@@ -1,20 +1,44 @@
-// The cameras of a desktop.
+// The cameras of a desktop through GStreamer, on threads of their own: whatever a camera does, no key waits.
 #pragma once
+
+#include <memory>
+#include <string>
 
 #include "platform/Camera.h"
 
 namespace vintoral {
 
-/// Knows of no camera yet: every station goes over to the outside camera program.
+class CameraRunner;
+
 class DesktopCamera : public Camera {
  public:
-  std::optional<std::vector<String>> Devices() override { return std::vector<String>{}; }
-  void Start(const CameraSource& /*source*/) override {}
-  void Stop() override {}
-  CameraState State() const override { return CameraState::kStopped; }
-  bool Pause() override { return false; }
-  bool Resume() override { return false; }
-  std::shared_ptr<const cImage> Snap() override { return nullptr; }
+  /// Nothing runs, and no device is told of, until Begin.
+  DesktopCamera();
+  DesktopCamera(const DesktopCamera&) = delete;
+  DesktopCamera& operator=(const DesktopCamera&) = delete;
+  /// Ends what runs; a device that hangs is left behind, not waited for.
+  ~DesktopCamera() override;
+
+  std::optional<std::vector<String>> Devices() override;
+  void Start(const CameraSource& source) override;
+  void Stop() override;
+  CameraState State() const override;
+  bool Pause() override;
+  bool Resume() override;
+  std::shared_ptr<const cImage> Snap() override;
+  CameraOptions Options() override;
+  void Set(const CameraFormat& format) override;
+  /// `news` is called with a lock held: it tells another thread, and asks nothing of the camera.
+  void Show(int width, int height, std::function<void()> news) override;
+  std::shared_ptr<const LivePicture> Live() override;
+
+  /// From here on what was asked for runs. Until then nothing is loaded, so that a start is not slowed down.
+  void Begin();
+  /// A device more, made of what gst-launch takes for a source. Of the tests, before Begin.
+  void AddDevice(const String& name, const std::string& description);
+
+ private:
+  std::shared_ptr<CameraRunner> runner_;
 };
 
 }  // namespace vintoral

@@ -25,8 +25,11 @@ bool IsWebAddress(std::string_view path) {
   return path.starts_with("http://") || path.starts_with("https://");
 }
 
-bool StartDetached(const std::string& program, const std::string& argument) {
-  return QProcess::startDetached(QString::fromStdString(program), {QString::fromStdString(argument)});
+bool StartDetached(const std::string& program, const std::vector<std::string>& arguments) {
+  QStringList list;
+  for (const std::string& argument : arguments)
+    list << QString::fromStdString(argument);
+  return QProcess::startDetached(QString::fromStdString(program), list);
 }
 
 }  // namespace
@@ -90,7 +93,10 @@ void DesktopSystem::Launch(std::string_view command) {
   const bool web = IsWebAddress(path);
   const std::string file = web ? String(path).ToUtf8() : fileOf_(path);
   if (!web && access(file.c_str(), F_OK) != 0) return Outcome::Failed("launch", file, errno).PassOver();
-  if (!Start("xdg-open", file)) Outcome::Failed("start xdg-open for", file, ENOENT).PassOver();
+  // The description of a program is run; opened, it would be shown as text.
+  const bool started =
+      file.ends_with(".desktop") ? Start("gio", {"launch", file}) : Start("xdg-open", {file});
+  if (!started) Outcome::Failed("start a program for", file, ENOENT).PassOver();
 }
 
 void DesktopSystem::End() {

@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "platform/System.h"
 
@@ -30,9 +31,9 @@ class DesktopSystem : public System {
   void Launch(std::string_view command) override;
   void End() override;
 
-  /// Starts `program` with one argument and does not wait; false when there is no such program. The tests put
-  /// their own in its place.
-  std::function<bool(const std::string& program, const std::string& argument)> Start;
+  /// Starts `program` and does not wait; false when there is no such program. The tests put their own in its
+  /// place.
+  std::function<bool(const std::string& program, const std::vector<std::string>& arguments)> Start;
 
  private:
   FileOf fileOf_;

@@ -44,7 +44,14 @@ class GivenCamera : public Camera {
     return films ? camera.frame : nullptr;
   }
   CameraOptions Options() override {
-    return state_ == CameraState::kStopped ? CameraOptions{} : Cameras[Running.name].options;
+    if (state_ == CameraState::kStopped) return {};
+    CameraOptions options = Cameras[Running.name].options;
+    if (Running.format.mode) options.mode = Running.format.mode;
+    for (CameraControl& control : options.controls) {
+      const auto set = Running.format.controls.find(control.id);
+      if (set != Running.format.controls.end()) control.value = set->second;
+    }
+    return options;
   }
   void Set(const CameraFormat& format) override { Running.format = format; }
 

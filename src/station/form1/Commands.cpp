@@ -39,9 +39,6 @@ bool Exists(const Form1& form, int /*code*/) {
 bool CameraOn(const Form1& form, int /*code*/) {
   return !form.ImgIndicador[indicador::kCamaraDesactivada].Visible;
 }
-bool CanTakePhotos(const Form1& form, int code) {
-  return CameraOn(form, code) && form.PctBoton[boton::kGuardar].Visible;
-}
 bool HasPhotosToTurn(const Form1& form, int /*code*/) {
   return form.PctUsuario[0].Enabled;
 }
@@ -69,9 +66,12 @@ template <int mask>
 void Connect(Form1& form, int /*code*/) {
   form.WebCamConectar(mask);
 }
-template <int index>
-void TakePhotos(Form1& form, int /*code*/) {
-  form.PctFotoDetalle_Click(index);
+void TakePhoto(Form1& form, int /*code*/) {
+  form.PctFotoDetalle_Click(0);
+}
+// Where no photos can be taken the key does nothing.
+void TakeContinuously(Form1& form, int code) {
+  if (CameraOn(form, code)) form.PctFotoDetalle_Click(1);
 }
 template <int index>
 void TurnPhotos(Form1& form, int /*code*/) {
@@ -105,7 +105,7 @@ constexpr std::array kKeys = {
     KeyCommand{.code = kDelete, .condition = Shown<boton::kRetirar>, .button = boton::kRetirar},
     KeyCommand{
         .code = '0', .lastCode = '9', .masks = kCtrl, .condition = HasCategory, .action = SelectCategory},
-    KeyCommand{.code = 'A', .masks = kCtrl, .condition = CameraOn, .action = TakePhotos<0>},
+    KeyCommand{.code = 'A', .masks = kCtrl, .condition = CameraOn, .action = TakePhoto},
     KeyCommand{.code = 'B', .masks = kCtrl, .condition = Exists<archivo::kFuente>, .action = ShowFont},
     KeyCommand{
         .code = 'B', .masks = kCtrlAlt, .log = "15", .lock = 14, .action = Run<&Form1::AlternarCodigoBarras>},
@@ -136,8 +136,7 @@ constexpr std::array kKeys = {
     KeyCommand{.code = 'W', .masks = kShiftAlt, .log = "11", .action = Run<&Form1::ConfigurarCamara>},
     KeyCommand{
         .code = 'W', .masks = kCtrlAlt, .condition = CameraOn, .action = Run<&Form1::DesactivarCamara>},
-    KeyCommand{.code = 'X', .masks = kCtrl, .condition = CanTakePhotos, .action = TakePhotos<1>},
-    KeyCommand{.code = 'X', .masks = kCtrl, .action = DoNothing},
+    KeyCommand{.code = 'X', .masks = kCtrl, .action = TakeContinuously},
     KeyCommand{.code = kF1, .masks = kCtrl, .action = Edit<archivo::kAyuda>},
     KeyCommand{.code = kF1, .masks = kPlain, .button = boton::kUltimosEnIngresar},
     KeyCommand{.code = kF2, .button = boton::kTiempoDePermanencia},

@@ -281,6 +281,7 @@ class Form1 : public ScreenModel {
   void DesactivarCamara();
   /// Where the station went over to the outside program for want of a camera, and one has come: back to it.
   void BuscarCamara();
+  /// The settings of the camera that runs, in a dialog where it offers any, and the camera anew.
   void ConfigurarCamara();
   void CargarAppCamera();
   /// The folder of the outside camera program is there.

@@ -66,6 +66,10 @@ String RutaFotoAdentro(const Form1& form, std::int64_t numero) {
   return Carpeta(form, true) + "\\"_w + Nombre(numero);
 }
 
+String RutaCompletaFotoAdentro(const Form1& form, std::int64_t numero) {
+  return form.CarpetaCompartida + "\\Imágenes ACT\\"_w + Nombre(numero);
+}
+
 String RutaFotoUsuario(const Form1& form, std::int64_t usuario) {
   return form.RutaCompartida("Imágenes USR\\"_w + Nombre(usuario));
 }

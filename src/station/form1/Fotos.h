@@ -19,6 +19,8 @@ class Form1;
 String RutaFoto(const Form1& form, const RegistroFicha& ficha);
 /// The same of the ficha that is inside under this number.
 String RutaFotoAdentro(const Form1& form, std::int64_t numero);
+/// The same in full, from the system's own folders on.
+String RutaCompletaFotoAdentro(const Form1& form, std::int64_t numero);
 /// Where the photo of a user lies: the latest one, and that of the first visit.
 String RutaFotoUsuario(const Form1& form, std::int64_t usuario);
 String RutaFotoPrimera(const Form1& form, std::int64_t usuario);

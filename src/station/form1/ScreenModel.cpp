@@ -22,7 +22,7 @@ void ScreenModel::NameAll() {
   NAME(TxtEfectivo), NAME(LblCambio), NAME(LblInfo), NAME(LblIndicador), NAME(LblConexion);
   NAME(ImgIndicador), NAME(ChkFactura), NAME(PctUsuario), NAME(ImgUsuario), NAME(LblPuntos), NAME(ImgPuntos);
   NAME(Picture1), NAME(Picture2), NAME(Picture4), NAME(dspPreview), NAME(CboDriver);
-  NAME(ImgFotoDetalle), NAME(PctFotoDetalle), NAME(FilAppCam);
+  NAME(ImgFotoDetalle), NAME(LblFotoDetalle), NAME(PctFotoDetalle), NAME(FilAppCam);
   NAME(LblWebCamMsg), NAME(PctAppCamera), NAME(CmdBarCode), NAME(CmdNumeroFicha);
   NAME(TxtBarCodeOK), NAME(CboMinutos);
   NAME(PctBoton), NAME(PctBuscar), NAME(ImgFicha), NAME(PctFicha), NAME(ShpCelda), NAME(PctSeleccion);
@@ -99,7 +99,8 @@ void ScreenModel::DesignHidden() {
       control.Visible = false;
   };
   hide(LblValor, TxtEfectivo, LblCambio, ChkFactura, ImgUsuario, ImgPuntos, Picture2, Picture4, LblWebCamMsg);
-  hide(PctAppCamera, CmdBarCode, CmdNumeroFicha, TxtBarCode, TxtBarCodeOK, TxtMaxEntrada, LstModEntrada);
+  hide(LblFotoDetalle, PctAppCamera, CmdBarCode, CmdNumeroFicha, TxtBarCode, TxtBarCodeOK, TxtMaxEntrada,
+       LstModEntrada);
   hide(PctFicha, ShpCelda, PctSeleccion, FilFondos, ImgPanico, dspPreview, CboDriver, FilAppCam);
   hideAll(PctUsuario);
   hideAll(LblPuntos);

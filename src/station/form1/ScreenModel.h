@@ -48,6 +48,7 @@ class ScreenModel : public Form {
   DSPreview dspPreview;                      ///< the live picture itself, in Picture1
   ComboBox CboDriver;                        ///< the cameras; its text is the one in use
   std::array<Image, 2> ImgFotoDetalle;       ///< turn the further photos of a ficha on display: back, forward
+  Label LblFotoDetalle;                      ///< between them, which one is shown: "2 / 5"
   std::array<PictureBox, 2> PctFotoDetalle;  ///< take further photos of a new one: one, or ten in a row
   FileList FilAppCam;                        ///< what the outside camera program has left
   Label LblWebCamMsg;

@@ -5,9 +5,13 @@
 
 #include "window/controls/CaptionLabel.h"
 #include "window/controls/IconButton.h"
+#include "window/controls/Mirror.h"
 #include "window/controls/PictureView.h"
+#include "window/controls/Text.h"
 #include "window/controls/Theme.h"
 #include "window/controls/Views.h"
+#include "window/form1/AppCameraButton.h"
+#include "window/form1/LiveView.h"
 
 namespace vintoral {
 
@@ -19,25 +23,29 @@ constexpr int kMessageInset = 6;
 
 }  // namespace
 
-CameraPanel::CameraPanel(Stage& stage, QWidget* parent)
+CameraPanel::CameraPanel(Stage& stage, Camera& camera, QWidget* parent)
     : QWidget(parent), pictures_(new QWidget(this)), arrows_(new QWidget(this)) {
-  BuildPictures(stage);
+  BuildPictures(stage, camera);
   BuildArrows(stage);
 }
 
-void CameraPanel::BuildPictures(Stage& stage) {
+void CameraPanel::BuildPictures(Stage& stage, Camera& camera) {
   auto* const stack = new QStackedLayout(pictures_);
   stack->setStackingMode(QStackedLayout::StackAll);
-  const PictureView::Look live{QStringLiteral("camera-none"), true, false};
-  const auto picture = [&](const char* name, const PictureView::Look& look) {
-    auto* const view = new PictureView(look, pictures_);
-    stack->addWidget(view);
-    Bind(stage, name, *view);
-  };
-  picture("Picture1", live);
-  picture("dspPreview", live);
-  picture("PctAppCamera", live);
-  picture("Picture2", PictureView::Look{});
+  auto* const live = new LiveView(camera, pictures_);
+  stack->addWidget(live);
+  BindPlain(stage, "Picture1", *live);
+  auto& cameras = stage.mirror.StateOf<ListState>("CboDriver");
+  stage.mirror.AfterViews([live, &cameras] {
+    if (cameras.text.News()) live->ShowName(ToQString(*cameras.text));
+  });
+  auto* const outside = new AppCameraButton(pictures_);
+  stack->addWidget(outside);
+  BindPlain(stage, "PctAppCamera", *outside);
+  auto* const still = new PictureView({}, pictures_);
+  stack->addWidget(still);
+  stack->setCurrentWidget(still);  // in front of the others
+  Bind(stage, "Picture2", *still);
 
   CaptionLabel::Look look;
   look.weight = QFont::Bold;
@@ -55,10 +63,15 @@ void CameraPanel::BuildArrows(Stage& stage) {
     row->addWidget(button);
     return button;
   };
+  CaptionLabel::Look look;
+  look.alignment = Qt::AlignCenter;
+  look.sample = QStringLiteral("999 / 999");
+  place_ = new CaptionLabel(look, arrows_);
+  Bind(stage, "LblFotoDetalle", *place_);
   BindPlain(stage, {"ImgFotoDetalle", 0}, *arrow(QStringLiteral("arrow-left")));
   row->addStretch(1);
-  Bind(stage, {"PctFotoDetalle", 0}, *arrow(QStringLiteral("PctBoton-0")));
-  Bind(stage, {"PctFotoDetalle", 1}, *arrow(QStringLiteral("PctBoton-0")));
+  Bind(stage, {"PctFotoDetalle", 0}, *arrow(QStringLiteral("camera")));
+  Bind(stage, {"PctFotoDetalle", 1}, *arrow(QStringLiteral("cameras")));
   row->addStretch(1);
   BindPlain(stage, {"ImgFotoDetalle", 1}, *arrow(QStringLiteral("arrow-right")));
 }
@@ -73,6 +86,8 @@ void CameraPanel::resizeEvent(QResizeEvent* /*event*/) {
   message_->setGeometry(kMessageInset, height - kArrowRow - kMessageInset, width() - 2 * kMessageInset,
                         kArrowRow);
   arrows_->setGeometry(0, height, width(), kArrowRow);
+  // In the middle, where the buttons stand that take photos: of a ficha on display there are none to take.
+  place_->setGeometry(kArrowRow, 0, width() - 2 * kArrowRow, kArrowRow);
 }
 
 }  // namespace vintoral

@@ -37,7 +37,7 @@ MainWindow::MainWindow(Form1& form)
   TellDamage(form);
   TellHelp();
   Stage stage{mirror_, hands_, pictures_};
-  Build(stage);
+  Build(stage, form.Devices().camera);
   new InputFilter(*this, mirror_, hands_);  // the window owns it
   resize(kUsualSize);
   Refresh();
@@ -59,7 +59,7 @@ void MainWindow::TellHelp() {
   });
 }
 
-void MainWindow::Build(Stage& stage) {
+void MainWindow::Build(Stage& stage, Camera& camera) {
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
@@ -71,7 +71,7 @@ void MainWindow::Build(Stage& stage) {
   areas->setSpacing(theme::kGap);
   areas->addWidget(BuildLeft(stage), 29);
   areas->addWidget(new GridPanel(stage, this), 47);
-  areas->addWidget(new SideColumn(stage, this), 24);
+  areas->addWidget(new SideColumn(stage, camera, this), 24);
   column->addLayout(areas, 1);
 }
 

@@ -11,6 +11,7 @@
 
 namespace vintoral {
 
+class Camera;
 class Form1;
 struct Stage;
 
@@ -38,7 +39,7 @@ class MainWindow : public QWidget {
  private:
   void TellDamage(Form1& form);
   void TellHelp();
-  void Build(Stage& stage);
+  void Build(Stage& stage, Camera& camera);
   QWidget* BuildLeft(Stage& stage);
 
   Mirror mirror_;

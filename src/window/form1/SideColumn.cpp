@@ -16,9 +16,9 @@ constexpr int kLeastUser = 150;
 
 }  // namespace
 
-SideColumn::SideColumn(Stage& stage, QWidget* parent)
+SideColumn::SideColumn(Stage& stage, Camera& camera, QWidget* parent)
     : QWidget(parent),
-      camera_(new CameraPanel(stage, this)),
+      camera_(new CameraPanel(stage, camera, this)),
       user_(new UserCard(stage, this)),
       status_(new StatusPanel(stage, this)) {
   setMinimumWidth(kLeast);

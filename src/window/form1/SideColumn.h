@@ -5,6 +5,7 @@
 
 namespace vintoral {
 
+class Camera;
 class CameraPanel;
 class StatusPanel;
 class UserCard;
@@ -12,7 +13,7 @@ struct Stage;
 
 class SideColumn : public QWidget {
  public:
-  SideColumn(Stage& stage, QWidget* parent);
+  SideColumn(Stage& stage, Camera& camera, QWidget* parent);
   QSize minimumSizeHint() const override;
 
  protected:

@@ -237,5 +237,31 @@ TEST_F(DriverTest, SameInputSameRepliesAndSameBytes) {
   EXPECT_EQ(Files(), firstFiles);
 }
 
+TEST_F(DriverTest, ACamerasSettingsAreChosenInTheirDialog) {
+  const auto replies = Run(
+      Connected({R"({"op":"devices","cameras":["USB"]})",
+                 R"({"op":"camera","name":"USB","modes":[{"width":640,"height":480,"rate":30}],)"
+                 R"("controls":[{"id":"hue","label":"Tono","least":-9,"most":9,"value":1}]})",
+                 R"({"op":"advance","ms":60000})", R"({"op":"key","code":87,"mask":5})",
+                 R"get({"op":"get","controls":["FormCamara.LblControl(0)","FormCamara.TxtControl(0)"]})get",
+                 R"({"op":"select","control":"FormCamara.CboModo","index":1})",
+                 R"set({"op":"set","control":"FormCamara.TxtControl(0)","text":"-4"})set",
+                 R"({"op":"key","code":13})"}));
+  ASSERT_EQ(replies.size(), 11U);
+  EXPECT_EQ(replies[6]["waiting"], (Json{{"form", "FormCamara"}}));
+  EXPECT_EQ(replies[7]["values"]["FormCamara.LblControl(0)"]["Caption"], "Tono");
+  EXPECT_EQ(replies[7]["values"]["FormCamara.TxtControl(0)"]["Text"], "1");
+  EXPECT_TRUE(replies[10]["waiting"].is_null());
+  EXPECT_EQ(folder_.Get("p01/Recursos/Vintoral.CFG"), "640x480@30 hue=-4 | USB\r\n");
+}
+
+TEST_F(DriverTest, ASettingThatIsNoneIsRefused) {
+  const auto replies = Run(Connected({R"({"op":"camera","name":"USB","modes":[{"width":640,"rate":30}]})",
+                                      R"({"op":"camera","name":"USB","controls":[7]})"}));
+  ASSERT_EQ(replies.size(), 5U);
+  EXPECT_EQ(replies[3]["error"], "field 'height' is missing");
+  EXPECT_EQ(replies[4]["error"], "field 'id' is missing");
+}
+
 }  // namespace
 }  // namespace vintoral

@@ -28,8 +28,7 @@ class OrdenAlGuardarTest : public CodigosTest {
     TypeTicket();
     station_.Hands.ReplaceText(form_.TxtMaxEntrada, "3"_w);
     code_ = form_.TxtBarCode.Text().Bytes();
-    station_.Disk.Put(entrada_, ofToday_);
-    form_.RutaFotoFicha = entrada_;
+    station_.Camera.Cameras["CAMARA"_w].frame = test::Frame(test::kRed);
     station_.UnderBox = std::move(fails);
     Save();
     station_.Faulty.Repair();
@@ -56,7 +55,6 @@ class OrdenAlGuardarTest : public CodigosTest {
   const String entrada_ = "Multimedia\\Imágenes ACT\\000001.jpg"_w;
   const String latest_ = "Multimedia\\Imágenes USR\\000001.jpg"_w;
   const String first_ = "Multimedia\\Imágenes INI\\000001.jpg"_w;
-  const std::string ofToday_ = test::Photo();
   std::string code_;
 };
 
@@ -67,8 +65,9 @@ TEST_F(OrdenAlGuardarTest, NothingFails) {
   EXPECT_EQ(CountOf<RegistroFicha>(station_.Disk, kNsr), 2u);
   EXPECT_EQ(CodeAt(1), code_);
   EXPECT_EQ(Passes(), 1u);
-  EXPECT_EQ(station_.Disk.Get(latest_), ofToday_);
-  EXPECT_EQ(station_.Disk.Get(first_), ofToday_);
+  EXPECT_EQ(test::ShadeOf(station_.Disk.Get(entrada_)), 'r');
+  EXPECT_EQ(station_.Disk.Get(latest_), station_.Disk.Get(entrada_));
+  EXPECT_EQ(station_.Disk.Get(first_), station_.Disk.Get(entrada_));
   ExpectNoHalfFact();
 }
 
@@ -119,10 +118,19 @@ TEST_F(OrdenAlGuardarTest, ThenThePass) {
   ExpectNoHalfFact();
 }
 
-TEST_F(OrdenAlGuardarTest, ThenThePhotos) {
+TEST_F(OrdenAlGuardarTest, ThenThePhotoOfTheEntrance) {
   FailWrite(6);
+  ASSERT_TRUE(station_.Slot(1).EnUso);
+  EXPECT_FALSE(station_.Disk.Exists(entrada_) || station_.Disk.Exists(first_) ||
+               station_.Disk.Exists(latest_));
+  ExpectNoHalfFact();
+}
+
+TEST_F(OrdenAlGuardarTest, ThenThoseOfTheUser) {
+  FailWrite(7);
   EXPECT_FALSE(station_.Disk.Exists(first_));
-  EXPECT_EQ(station_.Disk.Get(latest_), ofToday_);
+  EXPECT_EQ(station_.Disk.Get(latest_), station_.Disk.Get(entrada_));
+  EXPECT_TRUE(station_.Disk.Exists(entrada_));
   station_.Hands.Key(keys::kEscape, 0);
   ExpectNoHalfFact();
 }
@@ -153,6 +161,7 @@ TEST_F(OrdenAlGuardarTest, AFolderThatGoesAwayAtAnyStepLeavesNoHalfFact) {
   for (int step = 0; !all; ++step) {
     SCOPED_TRACE(step);
     ASSERT_LT(step, 200);
+    station_.Disk.Remove(entrada_).PassOver();
     station_.Disk.Put(kAct, ActNuevo());
     station_.Disk.Put(kCdb, CdbNuevo());
     station_.Disk.Put(kCfr, "");

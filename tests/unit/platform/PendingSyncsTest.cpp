@@ -11,6 +11,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -53,27 +54,42 @@ TEST(PendingSyncs, FileStaysOpenUntilItIsSyncedAndIsSyncedOnce) {
   EXPECT_TRUE(pending.End());
 }
 
-/// Writes down what is asked of the system. A descriptor is known by the file that it was opened from.
+/// Writes down what is asked of the system, by which thread. A descriptor is known by the file that it was
+/// opened from.
 class RecordedCalls : public SyncCalls {
  public:
-  int Sync(int descriptor) override { return Note("sync", descriptor, FailSync); }
+  int Sync(int descriptor) override {
+    if (std::this_thread::get_id() == station_) return Note("sync", descriptor, FailSync);
+    const std::string name = NameOf(descriptor);
+    beside_.push_back("beside: sync " + name);
+    return Failure(name, FailSync);
+  }
   int Start(int descriptor) override { return Note("start", descriptor, FailStart); }
   int AwaitData(int descriptor) override { return Note("await", descriptor, FailAwait); }
   std::optional<FileStatus> Status(int descriptor) override {
     const auto found = Files.find(NameOf(descriptor));
     return found == Files.end() ? std::nullopt : std::optional(found->second);
   }
-  bool WritesInPlace(int descriptor, std::uint64_t length) override {
-    EXPECT_EQ(length, Files[NameOf(descriptor)].length);
-    Mapped.push_back(NameOf(descriptor));
-    return InPlace;
+  std::uint64_t WrittenUpTo(int descriptor, std::uint64_t length) override {
+    const std::string name = NameOf(descriptor);
+    EXPECT_EQ(length, Files[name].length);
+    Mapped.push_back(name);
+    return InPlace ? (length + kBlock - 1) / kBlock * kBlock : Written;
   }
 
-  std::vector<std::string> Take() { return std::exchange(log_, {}); }
+  /// The station's own calls, then those beside it; asked for when nothing is under way.
+  std::vector<std::string> Take() {
+    std::vector<std::string> all = std::exchange(log_, {});
+    for (std::string& call : std::exchange(beside_, {}))
+      all.push_back(std::move(call));
+    return all;
+  }
 
+  static constexpr std::uint64_t kBlock = 4096;
   std::map<std::string, FileStatus> Files;
   std::map<std::string, int> FailSync, FailStart, FailAwait;
   bool InPlace = true;
+  std::uint64_t Written = 0;        ///< how far otherwise
   std::vector<std::string> Mapped;  ///< whose extent map was asked for
 
  private:
@@ -84,23 +100,28 @@ class RecordedCalls : public SyncCalls {
     const std::string text(path, static_cast<std::size_t>(std::max<ssize_t>(length, 0)));
     return text.substr(text.rfind('/') + 1);
   }
-  int Note(const std::string& call, int descriptor, const std::map<std::string, int>& failures) {
-    const std::string name = NameOf(descriptor);
-    log_.push_back(call + " " + name);
+  static int Failure(const std::string& name, const std::map<std::string, int>& failures) {
     const auto failure = failures.find(name);
     return failure == failures.end() ? 0 : failure->second;
   }
-  std::vector<std::string> log_;
+  int Note(const std::string& call, int descriptor, const std::map<std::string, int>& failures) {
+    const std::string name = NameOf(descriptor);
+    log_.push_back(call + " " + name);
+    return Failure(name, failures);
+  }
+  const std::thread::id station_ = std::this_thread::get_id();
+  std::vector<std::string> log_, beside_;
 };
 
 class SlotAndRow : public testing::Test {
  protected:
   SlotAndRow() {
-    for (const char* name : {"slot", "row", "number"})
+    for (const char* name : {"slot", "row", "number", "user"})
       files_[name] =
           std::make_shared<Descriptor>(open(folder_.Path(name).c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
     calls_.Files["slot"] = {.inode = 10, .device = 1, .length = 188'188, .blocks = 368};
     calls_.Files["row"] = {.inode = 11, .device = 1, .length = 376, .blocks = 8};
+    calls_.Files["user"] = {.inode = 13, .device = 1, .length = 124, .blocks = 8};
   }
 
   /// By itself, and once more: from then on the register is known.
@@ -110,20 +131,28 @@ class SlotAndRow : public testing::Test {
       EXPECT_EQ(calls_.Take(), (Calls{"sync slot"}));
     }
   }
-  /// What is asked of the system when both are waited for.
+  /// What is asked of the system when all of them are waited for, but for their beginning.
+  std::vector<std::string> Together(const std::vector<std::string>& names) {
+    pending_.Begin();
+    for (const std::string& name : names)
+      pending_.Add(files_[name], name);
+    ended_ = pending_.End();
+    std::vector<std::string> calls = calls_.Take();
+    EXPECT_GE(calls.size(), names.size());
+    for (const std::string& name : names) {
+      EXPECT_EQ(calls.front(), "start " + name);
+      calls.erase(calls.begin());
+    }
+    return calls;
+  }
   std::vector<std::string> Retire() {
     calls_.Files["row"].length += 188;
-    pending_.Begin();
-    pending_.Add(files_["slot"], "slot");
-    pending_.Add(files_["row"], "row");
-    EXPECT_EQ(calls_.Take(), (Calls{"start slot", "start row"}));
-    ended_ = pending_.End();
-    return calls_.Take();
+    return Together({"slot", "row"});
   }
 
   using Calls = std::vector<std::string>;
   const Calls kTogether{"await slot", "sync row"};
-  const Calls kApart{"sync slot", "sync row"};
+  const Calls kApart{"sync row", "beside: sync slot"};
   const TempFolder folder_;
   RecordedCalls calls_;
   PendingSyncs pending_{calls_};
@@ -143,20 +172,14 @@ TEST_F(SlotAndRow, TheRowsFlushIsAlsoThatOfANumberWrittenBehindIt) {
   for (int i = 0; i < 2; ++i)
     EXPECT_TRUE(pending_.SyncNow(*files_["number"], "number"));
   calls_.Take();
-  pending_.Begin();
-  for (const char* name : {"slot", "row", "number"})
-    pending_.Add(files_[name], name);
-  calls_.Take();
-  EXPECT_TRUE(pending_.End());
-  EXPECT_EQ(calls_.Take(), (Calls{"await slot", "await number", "sync row"}));
+  EXPECT_EQ(Together({"slot", "row", "number"}), (Calls{"await slot", "await number", "sync row"}));
+  EXPECT_TRUE(ended_);
 }
 
 TEST_F(SlotAndRow, SlotAloneIsSyncedWhole) {
   SaveSlot();
-  pending_.Begin();
-  pending_.Add(files_["slot"], "slot");
-  EXPECT_TRUE(pending_.End());
-  EXPECT_EQ(calls_.Take(), (Calls{"start slot", "sync slot"}));
+  EXPECT_EQ(Together({"slot"}), (Calls{"sync slot"}));
+  EXPECT_TRUE(ended_);
 }
 
 TEST_F(SlotAndRow, SlotHasItsOwnUntilTheRegisterIsKnown) {
@@ -183,7 +206,7 @@ TEST_F(SlotAndRow, RegisterWithUnwrittenExtentsIsSyncedWhole) {
 TEST_F(SlotAndRow, OnTwoDisksAreSyncedOnBoth) {
   calls_.Files["row"].device = 2;
   SaveSlot();
-  EXPECT_EQ(Retire(), kApart);
+  EXPECT_EQ(Retire(), (Calls{"sync slot", "sync row"}));
   EXPECT_TRUE(ended_);
 }
 
@@ -191,7 +214,8 @@ TEST_F(SlotAndRow, RegisterThatChangedIsSyncedWholeUntilItIsKnownAgain) {
   const FileStatus before = calls_.Files["slot"];
   SaveSlot();
   FileStatus grown = before, filled = before, replaced = before;
-  grown.length += 188;
+  grown.length += 4096;
+  grown.blocks += 8;
   filled.blocks += 8;
   replaced.inode = 99;
   for (const FileStatus& now : {grown, filled, replaced}) {
@@ -208,13 +232,9 @@ TEST_F(SlotAndRow, WithoutTheirStatusEachIsSyncedWhole) {
   calls_.Files.erase("slot");
   EXPECT_EQ(Retire(), kApart);
   calls_.Files["slot"] = slot;
-  pending_.Begin();
   calls_.Files.erase("row");
-  pending_.Add(files_["slot"], "slot");
-  pending_.Add(files_["row"], "row");
-  calls_.Take();
-  EXPECT_TRUE(pending_.End());
-  EXPECT_EQ(calls_.Take(), kApart);
+  EXPECT_EQ(Together({"slot", "row"}), (Calls{"sync slot", "sync row"}));
+  EXPECT_TRUE(ended_);
 }
 
 TEST_F(SlotAndRow, FailureToBeginIsAFailure) {
@@ -265,6 +285,99 @@ TEST_F(SlotAndRow, FailedSyncMakesNoRegisterKnown) {
   EXPECT_TRUE(ended_);
 }
 
+TEST_F(SlotAndRow, EachThatNeedsAFlushHasItBesideButTheLast) {
+  calls_.Files["number"] = {.inode = 12, .device = 1, .length = 10'146, .blocks = 24};
+  SaveSlot();
+  EXPECT_EQ(Together({"user", "slot", "row", "number"}),
+            (Calls{"await slot", "sync number", "beside: sync user", "beside: sync row"}));
+  EXPECT_TRUE(ended_);
+}
+
+TEST_F(SlotAndRow, FileThatIsNotedTwiceIsSyncedTwice) {
+  EXPECT_EQ(Together({"user", "user"}), (Calls{"sync user", "beside: sync user"}));
+  EXPECT_TRUE(ended_);
+}
+
+TEST_F(SlotAndRow, FailureBesideIsToldOfItsFile) {
+  calls_.FailSync["row"] = EIO;
+  EXPECT_EQ(Together({"user", "row", "slot"}), (Calls{"sync slot", "beside: sync user", "beside: sync row"}));
+  EXPECT_EQ(ended_.Describe(), "sync row: Input/output error");
+  calls_.FailSync.clear();
+  EXPECT_EQ(Together({"user", "row", "slot"}), (Calls{"sync slot", "beside: sync user", "beside: sync row"}));
+  EXPECT_TRUE(ended_);
+}
+
+TEST_F(SlotAndRow, FailedSyncBesideMakesNoRegisterKnown) {
+  calls_.FailSync["slot"] = EIO;
+  for (int i = 0; i < 3; ++i)
+    EXPECT_EQ(Retire(), kApart);
+  calls_.FailSync.clear();
+  for (const Calls& asked : {kApart, kApart, kTogether})
+    EXPECT_EQ(Retire(), asked);
+}
+
+TEST_F(SlotAndRow, FileStaysOpenUntilItIsSyncedBeside) {
+  const SharedDescriptor user = files_["user"];
+  const auto held = user.use_count();
+  pending_.Begin();
+  pending_.Add(user, "user");
+  pending_.Add(files_["row"], "row");
+  EXPECT_EQ(user.use_count(), held + 1);
+  EXPECT_TRUE(pending_.End());
+  EXPECT_EQ(user.use_count(), held);
+}
+
+/// A register of users: each time somebody is added, later his points.
+class Users : public SlotAndRow {
+ protected:
+  /// By a day's first users: the register has been the same at two syncs.
+  Users() {
+    for (int i = 0; i < 2; ++i)
+      EXPECT_TRUE(pending_.SyncNow(*files_["user"], "user"));
+    calls_.Take();
+    calls_.Mapped.clear();
+  }
+  void Grow(std::uint64_t length, std::uint64_t blocks) {
+    calls_.Files["user"].length = length;
+    calls_.Files["user"].blocks = blocks;
+  }
+  const Calls kWhole{"sync row", "beside: sync user"};
+  const Calls kInPlace{"await user", "sync row"};
+};
+
+TEST_F(Users, ThatGrewInTheirLastBlockAreWrittenInPlaceOnceThatIsOnDisk) {
+  Grow(4096, 8);
+  EXPECT_EQ(Together({"user", "row"}), kWhole);
+  EXPECT_EQ(Together({"user", "row"}), kInPlace);
+  EXPECT_EQ(std::count(calls_.Mapped.begin(), calls_.Mapped.end(), "user"), 0);
+}
+
+TEST_F(Users, ThatGrewBehindTheirLastBlockAreSyncedWholeUntilTheirMapIsKnown) {
+  Grow(4097, 16);
+  for (const Calls& asked : {kWhole, kWhole, kInPlace})
+    EXPECT_EQ(Together({"user", "row"}), asked);
+  EXPECT_EQ(std::count(calls_.Mapped.begin(), calls_.Mapped.end(), "user"), 1);
+}
+
+TEST_F(Users, WhoseLastBlockWasFilledBehindAHoleAreSyncedWholeUntilTheirMapIsKnown) {
+  Grow(4096, 16);
+  for (const Calls& asked : {kWhole, kWhole, kInPlace})
+    EXPECT_EQ(Together({"user", "row"}), asked);
+}
+
+TEST_F(Users, ThatWereCutAreSyncedWholeUntilTheirMapIsKnown) {
+  Grow(62, 8);
+  for (const Calls& asked : {kWhole, kWhole, kInPlace})
+    EXPECT_EQ(Together({"user", "row"}), asked);
+}
+
+TEST_F(SlotAndRow, RegisterThatIsWrittenInPartOnlyIsSyncedWhole) {
+  calls_.InPlace = false;
+  calls_.Written = calls_.Files["slot"].length - 1;
+  SaveSlot();
+  EXPECT_EQ(Retire(), kApart);
+}
+
 TEST(SyncCalls, ThisSystemSyncs) {
   const TempFolder folder;
   folder.Put("a", "123");
@@ -293,7 +406,8 @@ TEST(SyncCalls, KnowsWhatIsNotWrittenInPlace) {
     const Descriptor file(open(folder.Path(name).c_str(), O_RDWR | O_CLOEXEC));
     prepare(file.Number());
     EXPECT_EQ(calls.Sync(file.Number()), 0);
-    return calls.WritesInPlace(file.Number(), calls.Status(file.Number())->length);
+    const std::uint64_t length = calls.Status(file.Number())->length;
+    return length > 0 && calls.WrittenUpTo(file.Number(), length) >= length;
   };
   struct statfs system {};
   ASSERT_EQ(statfs(folder.Path().c_str(), &system), 0);

@@ -2,9 +2,11 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <pthread.h>
 
 #include <csignal>
 #include <memory>
+#include <thread>
 #include <vector>
 
 namespace vintoral {
@@ -52,6 +54,46 @@ TEST(WorkBeside, WithoutWorkThereIsNothingToWaitFor) {
   beside.Add([] {});
   beside.Await();
   beside.Await();
+}
+
+/// No memory takes the stacks of its threads.
+class NoThreads {
+ public:
+  NoThreads() {
+    pthread_attr_t attributes;
+    pthread_getattr_default_np(&attributes);
+    pthread_attr_getstacksize(&attributes, &stack_);
+    pthread_attr_destroy(&attributes);
+    Set(std::size_t{1} << 60);
+  }
+  NoThreads(const NoThreads&) = delete;
+  NoThreads& operator=(const NoThreads&) = delete;
+  ~NoThreads() { Set(stack_); }
+
+ private:
+  static void Set(std::size_t stack) {
+    pthread_attr_t attributes;
+    pthread_getattr_default_np(&attributes);
+    pthread_attr_setstacksize(&attributes, stack);
+    EXPECT_EQ(pthread_setattr_default_np(&attributes), 0);
+    pthread_attr_destroy(&attributes);
+  }
+  std::size_t stack_ = 0;
+};
+
+TEST(WorkBeside, DoesItHereWhereThereIsNoThread) {
+  std::vector<std::thread::id> threads;
+  WorkBeside beside;
+  const auto note = [&] { threads.push_back(std::this_thread::get_id()); };
+  {
+    const NoThreads none;
+    beside.Add(note);
+    EXPECT_THAT(threads, ElementsAre(std::this_thread::get_id()));
+  }
+  beside.Add(note);
+  beside.Await();
+  ASSERT_EQ(threads.size(), 2u);
+  EXPECT_NE(threads[1], std::this_thread::get_id());
 }
 
 TEST(WorkBeside, SignalsGoToOtherThreads) {

@@ -14,19 +14,20 @@ using testing::ElementsAre;
 
 /// Families with their sizes; 0 for a control that stands alone.
 const std::map<std::string, int> kScreen = {
-    {"TxtCampo", 6},        {"TxtEtiqueta", 6},  {"PctEtiqueta", 6},  {"LblCampo", 6},
-    {"CboTarifa", 2},       {"LblCategoria", 0}, {"LblFechaEnt", 0},  {"LblFechaSal", 0},
-    {"LblValor", 0},        {"TxtEfectivo", 0},  {"LblCambio", 0},    {"LblInfo", 5},
-    {"LblIndicador", 2},    {"LblConexion", 3},  {"ImgIndicador", 6}, {"ChkFactura", 0},
-    {"PctUsuario", 2},      {"ImgUsuario", 0},   {"LblPuntos", 4},    {"ImgPuntos", 0},
-    {"Picture1", 0},        {"dspPreview", 0},   {"Picture2", 0},     {"ImgFotoDetalle", 0},
-    {"PctFotoDetalle", 2},  {"LblWebCamMsg", 0}, {"PctAppCamera", 0}, {"CmdBarCode", 0},
-    {"CmdNumeroFicha", 0},  {"TxtBarCode", 0},   {"TxtBarCodeOK", 0}, {"TxtMaxEntrada", 0},
-    {"LstModEntrada", 0},   {"CboMinutos", 0},   {"PctBoton", 15},    {"PctBuscar", 5},
-    {"ImgFicha", 50},       {"PctFicha", 0},     {"ShpCelda", 0},     {"PctSeleccion", 0},
-    {"FraFicha", 0},        {"ImgFondo", 0},     {"LblFondo", 0},     {"FilFondos", 0},
-    {"ImgCambiarFondo", 0}, {"ImgPanico", 0},    {"ImgContador", 0},  {"TmrHoraFecha", 0},
-    {"TmrHorario", 0},      {"TmrMonitor", 0},   {"TmrConexion", 0},  {"TmrBarCode", 0}};
+    {"TxtCampo", 6},        {"TxtEtiqueta", 6},    {"PctEtiqueta", 6},    {"LblCampo", 6},
+    {"CboTarifa", 2},       {"LblCategoria", 0},   {"LblFechaEnt", 0},    {"LblFechaSal", 0},
+    {"LblValor", 0},        {"TxtEfectivo", 0},    {"LblCambio", 0},      {"LblInfo", 5},
+    {"LblIndicador", 2},    {"LblConexion", 3},    {"ImgIndicador", 6},   {"ChkFactura", 0},
+    {"PctUsuario", 2},      {"ImgUsuario", 0},     {"LblPuntos", 4},      {"ImgPuntos", 0},
+    {"Picture1", 0},        {"Picture4", 0},       {"CboDriver", 0},      {"FilAppCam", 0},
+    {"dspPreview", 0},      {"Picture2", 0},       {"ImgFotoDetalle", 2}, {"PctFotoDetalle", 2},
+    {"LblWebCamMsg", 0},    {"LblFotoDetalle", 0}, {"PctAppCamera", 0},   {"CmdBarCode", 0},
+    {"CmdNumeroFicha", 0},  {"TxtBarCode", 0},     {"TxtBarCodeOK", 0},   {"TxtMaxEntrada", 0},
+    {"LstModEntrada", 0},   {"CboMinutos", 0},     {"PctBoton", 15},      {"PctBuscar", 5},
+    {"ImgFicha", 50},       {"PctFicha", 0},       {"ShpCelda", 0},       {"PctSeleccion", 0},
+    {"FraFicha", 0},        {"ImgFondo", 0},       {"LblFondo", 0},       {"FilFondos", 0},
+    {"ImgCambiarFondo", 0}, {"ImgPanico", 0},      {"ImgContador", 0},    {"TmrHoraFecha", 0},
+    {"TmrHorario", 0},      {"TmrMonitor", 0},     {"TmrConexion", 0},    {"TmrBarCode", 0}};
 
 std::set<std::string> AllNames() {
   std::set<std::string> names;
@@ -139,13 +140,14 @@ TEST_F(ScreenModelTest, ExactlyTheseAreHiddenAtFirst) {
     if (!control->Visible) hidden.insert(control->Name);
   }
   std::set<std::string> expected = {
-      "CboTarifa(0)",  "LblValor",       "TxtEfectivo",       "LblCambio",         "LblIndicador(0)",
-      "ChkFactura",    "PctUsuario(0)",  "PctUsuario(1)",     "ImgUsuario",        "LblPuntos(0)",
-      "LblPuntos(1)",  "LblPuntos(2)",   "LblPuntos(3)",      "ImgPuntos",         "Picture2",
-      "dspPreview",    "ImgFotoDetalle", "PctFotoDetalle(0)", "PctFotoDetalle(1)", "LblWebCamMsg",
-      "PctAppCamera",  "CmdBarCode",     "CmdNumeroFicha",    "TxtBarCode",        "TxtBarCodeOK",
-      "TxtMaxEntrada", "LstModEntrada",  "PctBoton(5)",       "PctBoton(6)",       "PctFicha",
-      "ShpCelda",      "PctSeleccion",   "FilFondos",         "ImgPanico"};
+      "CboTarifa(0)",      "LblValor",          "TxtEfectivo",       "LblCambio",    "LblIndicador(0)",
+      "ChkFactura",        "PctUsuario(0)",     "PctUsuario(1)",     "ImgUsuario",   "LblPuntos(0)",
+      "LblPuntos(1)",      "LblPuntos(2)",      "LblPuntos(3)",      "ImgPuntos",    "Picture2",
+      "dspPreview",        "Picture4",          "CboDriver",         "FilAppCam",    "ImgFotoDetalle(0)",
+      "ImgFotoDetalle(1)", "PctFotoDetalle(0)", "PctFotoDetalle(1)", "LblWebCamMsg", "PctAppCamera",
+      "CmdBarCode",        "CmdNumeroFicha",    "TxtBarCode",        "TxtBarCodeOK", "TxtMaxEntrada",
+      "LstModEntrada",     "PctBoton(5)",       "PctBoton(6)",       "PctFicha",     "ShpCelda",
+      "PctSeleccion",      "LblFotoDetalle",    "FilFondos",         "ImgPanico"};
   for (const auto& [family, size] : {std::pair{"ImgIndicador", 6}, {"PctBuscar", 5}, {"ImgFicha", 50}}) {
     for (int i = 0; i < size; ++i)
       expected.insert(std::string(family) + "(" + std::to_string(i) + ")");
@@ -172,6 +174,11 @@ TEST_F(ScreenModelTest, LabelsOpenByAClickAlone) {
   EXPECT_EQ(screen_.TxtCampo[0].MaxLength, 0u);
   EXPECT_FALSE(screen_.CboTarifa[0].CanFocus);
   EXPECT_TRUE(screen_.CboTarifa[1].CanFocus);
+}
+
+TEST_F(ScreenModelTest, TheButtonsOfPhotosSayTheirKeys) {
+  EXPECT_EQ(screen_.PctFotoDetalle[0].ToolTipText, "<CTRL+A> Tomar Fotos Adicionales"_w);
+  EXPECT_EQ(screen_.PctFotoDetalle[1].ToolTipText, "<CTRL+X> Tomar Fotos Continuas"_w);
 }
 
 TEST_F(ScreenModelTest, TagsThatAreNumbersBeginAtNought) {

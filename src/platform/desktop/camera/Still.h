@@ -1,0 +1,24 @@
+// A frame of a camera as a picture of 24 bits at its own size.
+#pragma once
+
+#include <gst/gst.h>
+
+#include <memory>
+
+#include "camera/cImage/cImage.h"
+#include "platform/desktop/camera/VideoConverter.h"
+
+namespace vintoral {
+
+class StillMaker {
+ public:
+  /// Null for a frame that can't be read, or without memory.
+  std::shared_ptr<const cImage> Make(GstSample* sample);
+
+ private:
+  bool FromPlanes(const GstVideoInfo& info, const GstVideoFrame& frame, cImage& image);
+  bool FromAny(const GstVideoInfo& info, const GstVideoFrame& frame, cImage& image);
+  VideoConverter toPlanes_, toRows_, toLastRows_, direct_;
+};
+
+}  // namespace vintoral

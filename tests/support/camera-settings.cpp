@@ -1,0 +1,59 @@
+// camera-settings FRAME: the station in the current folder with a camera that sees the picture FRAME and has
+// settings. A machine of tests has no camera whose brightness can be changed; the manual's picture needs one.
+#include <QApplication>
+#include <QDir>
+#include <QTimer>
+
+#include "app/Station.h"
+#include "gui/FilmedCamera.h"
+#include "window/controls/Theme.h"
+
+namespace {
+
+vintoral::CameraOptions Settings() {
+  using vintoral::String;
+  const auto control = [](const char* id, const char* label, int least, int most, int value) {
+    return vintoral::CameraControl{id, String::FromUtf8(label), least, most, value};
+  };
+  vintoral::CameraOptions options;
+  options.modes = {{640, 480, 30}, {1280, 720, 30}, {1920, 1080, 15}};
+  options.controls = {
+      control("brightness", "Brillo", -64, 64, 0), control("contrast", "Contraste", 0, 64, 32),
+      control("saturation", "Saturación", 0, 128, 64), control("sharpness", "Nitidez", 0, 6, 3),
+      control("backlight_compensation", "Contraluz", 0, 2, 1)};
+  return options;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  vintoral::Station::PrepareToolkit();
+  QApplication application(argc, argv);
+  vintoral::theme::Apply(application);
+  vintoral::DesktopPlatform devices(QDir::currentPath().toStdString());
+  vintoral::test::FilmedCamera camera;
+  camera.Installed = {vintoral::String("Entrada")};
+  camera.Cameras[camera.Installed[0]].options = Settings();
+
+  const vintoral::Platform desktop = devices.Devices();
+  vintoral::Form1 form(vintoral::Platform{desktop.clock, desktop.screen, desktop.sound, desktop.system,
+                                          desktop.disk, desktop.pictures, desktop.printer, desktop.random,
+                                          camera});
+  vintoral::MainWindow window(form);
+  vintoral::Dialogs dialogs(form.OpenForms, window);
+  devices.Screen.Owner = [&] { return dialogs.Active(); };
+  devices.Screen.BeforeWaiting = [&] { window.Appear(); };
+
+  QTimer films;
+  const QImage frame(QString::fromLocal8Bit(argc > 1 ? argv[1] : ""));
+  QObject::connect(&films, &QTimer::timeout, [&] {
+    if (camera.Asked.isEmpty() || frame.isNull()) return;
+    camera.Film(frame.scaled(camera.Asked, Qt::KeepAspectRatio, Qt::SmoothTransformation)
+                    .convertToFormat(QImage::Format_RGB32));
+  });
+  constexpr int kInterval = 100;
+  films.start(kInterval);
+  form.Form_Load();
+  window.Appear();
+  return QApplication::exec();
+}
