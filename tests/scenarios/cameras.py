@@ -51,6 +51,12 @@ def squeeze(ppm):
     return subprocess.run(["cjpeg", "-quality", "95", "-sample", "1x1"], input=ppm, stdout=subprocess.PIPE, check=True).stdout
 
 
+def is_whole(data):
+    """A photo that djpeg reads to its end without a word."""
+    read = subprocess.run(["djpeg", "-pnm"], input=data, stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, check=False)
+    return read.returncode == 0 and read.stderr == b""
+
+
 class Photo:
     """A photo that was read from its file."""
 

@@ -276,6 +276,20 @@ class Leaving(PhotoDay):
         self.assertEqual(len(self.folder.history()), 1)
         self.assertEqual(self.there(ACT, HST), ["ACT/000007.jpg"])
 
+    def test_the_next_ficha_has_not_the_photo_of_the_one_before(self):
+        """A ficha that left while the camera was off leaves its photo; the next one, without a frame, has none all the same."""
+        gate = self.filming(BROWN)
+        gate.save(7, "before")
+        gate.key(W, CONTROL | ALT)
+        gate.retire(7)
+        gate.close()
+        self.assertEqual(self.there(ACT), ["ACT/000007.jpg"])
+        gate = self.running()
+        gate.save(7, "now")
+        self.assertFalse(gate.get("ImgFicha(0)")["Picture"])
+        gate.retire(7)
+        self.assertEqual(self.there(HST), [])
+
     def test_the_next_ficha_of_the_slot(self):
         gate = self.filming(BROWN)
         gate.save(7, "abc")

@@ -123,6 +123,10 @@ class One(MoreDay):
         gate.do("camera", name=CAMERA, state="ok")
         self.another(gate)
         self.assertEqual(self.there(), photos("ABC1230007", 7, 1))
+        gate.do("camera", name=CAMERA, state="fail")
+        self.assertEqual(sounds(gate.key(A, CONTROL)), [])  # the one before is not taken twice
+        gate.advance(1000)
+        self.assertEqual(self.there(), photos("ABC1230007", 7, 1))
 
     def test_another_plate_takes_them_along(self):
         gate = self.typing("wrong")

@@ -107,6 +107,13 @@ class Leaving(RetentionDay):
         self.after_a_while(folder=second)
         self.assertEqual(self.there(HST), ["HST/000002.jpg"])
 
+    def test_a_row_of_a_clock_that_was_ahead_stops_nothing(self):
+        """Somebody set the clock to another year for an afternoon: what is old behind that row goes all the same."""
+        self.keep(leaving=DAYS)
+        self.history(("A", ago(300)), ("AHEAD", ago(-400)), ("B", ago(100)), ("C", ago(1)))
+        self.after_a_while()
+        self.assertEqual(self.there(HST), ["HST/000003.jpg", "HST/000005.jpg"])
+
     def test_many_go_in_slices(self):
         self.keep(leaving=DAYS)
         count = 1000
@@ -165,6 +172,16 @@ class Users(RetentionDay):
                                                                                 for name in kept)]))
         self.assertEqual(len(self.there(HST)), 4)
         self.assertEqual(self.told(), ["vintoral: 4 old photos and 0 folders of additional photos deleted"])
+
+    def test_a_row_of_a_clock_that_was_behind_hides_nobody(self):
+        """A machine that came up in another year: who was seen before that row has still been seen."""
+        self.keep(users=DAYS)
+        self.history(("LATELY", ago(3)), ("BEHIND", ago(2400)), ("X", ago(1)))
+        self.folder.write("Multimedia/Vintoral.USR", user("LATELY"))
+        self.aged(numbered(USR, 1), 3)
+        self.aged(numbered(INI, 1), 300)
+        self.after_a_while()
+        self.assertEqual(self.there(USR, INI), ["INI/000001.jpg", "USR/000001.jpg"])
 
 
 if __name__ == "__main__":
