@@ -169,10 +169,10 @@ gboolean CameraPipeline::OnStream(GstElement* /*source*/, guint /*number*/, GstC
 
 GstPadProbeReturn CameraPipeline::OnHttp(GstPad* /*pad*/, GstPadProbeInfo* info, gpointer self) {
   auto& pipeline = *static_cast<CameraPipeline*>(self);
-  if (GstBuffer* const buffer = gst_pad_probe_info_get_buffer(info)) {
-    pipeline.CountBytes(buffer);
-  } else if (GstEvent* const event = gst_pad_probe_info_get_event(info)) {
-    pipeline.OnHttpHeaders(event);
+  if ((info->type & GST_PAD_PROBE_TYPE_BUFFER) != 0) {
+    pipeline.CountBytes(gst_pad_probe_info_get_buffer(info));
+  } else {
+    pipeline.OnHttpHeaders(gst_pad_probe_info_get_event(info));
   }
   return GST_PAD_PROBE_OK;
 }

@@ -7,8 +7,8 @@
 #include <utility>
 
 #include "platform/desktop/camera/CameraPipeline.h"
+#include "platform/desktop/camera/DeviceControls.h"
 #include "platform/desktop/camera/Retry.h"
-#include "platform/desktop/camera/SystemDevices.h"
 
 namespace vintoral {
 
@@ -158,11 +158,10 @@ void CameraRunner::Connect(Lock& lock, const CameraSource& source, Memory& memor
   connection->since = Clock::now();
   lock.unlock();
   {
-    std::optional<SystemDevices::Use> use;
-    if (source.address.Empty()) use.emplace();
     CameraPipeline pipeline(EarsOf(connection));
     Open(pipeline, source, connection, memory);
     lock.lock();
+    if (source.address.Empty()) Turn(lock, source, *connection);
     Watch(lock, source, *connection);
     lock.unlock();
   }
@@ -206,9 +205,24 @@ void CameraRunner::Watch(Lock& lock, const CameraSource& source, Connection& con
   while (!connection.over && Wanted(lock, source) && connection.run == run_ &&
          connection.format.mode == wish_->format.mode) {
     if (device && !devices_->Has(source.name.ToUtf8())) return end(CameraFault::kGone);
+    if (connection.format.controls != wish_->format.controls) {
+      connection.format.controls = wish_->format.controls;
+      Turn(lock, source, connection);
+      continue;
+    }
     if (Clock::now() >= connection.Patience()) return end(CameraFault::kSilent);
     news_.wait_until(lock, connection.Patience());
   }
+}
+
+void CameraRunner::Turn(Lock& lock, const CameraSource& source, const Connection& connection) {
+  const std::map<std::string, int> values = connection.format.controls;
+  lock.unlock();
+  const DeviceControls device(devices_->File(source.name.ToUtf8()));
+  device.Write(values);
+  std::vector<CameraControl> controls = device.Read();
+  lock.lock();
+  if (connection.run == run_) controls_ = std::move(controls);
 }
 
 void CameraRunner::Recover(Lock& lock, const CameraSource& source, const Connection& connection,
@@ -221,7 +235,6 @@ void CameraRunner::Recover(Lock& lock, const CameraSource& source, const Connect
   const bool single = connection.fault == CameraFault::kEnded && connection.Filmed();
   if (!single) Tell(source, connection.fault, memory);
   memory.modeFails = !connection.Filmed() && connection.format.mode && !memory.modeFails;
-  if (device) devices_->Renew();
 
   const Clock::time_point until = Clock::now() + (single ? kSingles : memory.retry.Next());
   bool there = !device || devices_->Has(source.name.ToUtf8());

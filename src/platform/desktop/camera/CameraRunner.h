@@ -57,6 +57,8 @@ class CameraRunner : public std::enable_shared_from_this<CameraRunner> {
   void Open(CameraPipeline& pipeline, const CameraSource& source,
             const std::shared_ptr<Connection>& connection, const Memory& memory);
   void Watch(Lock& lock, const CameraSource& source, Connection& connection);
+  /// Gives the device the controls of the connection, and reads what it made of them.
+  void Turn(Lock& lock, const CameraSource& source, const Connection& connection);
   void Recover(Lock& lock, const CameraSource& source, const Connection& connection, Memory& memory);
   void Tell(const CameraSource& source, CameraFault fault, Memory& memory);
 
