@@ -1,15 +1,18 @@
 """Cameras of a PipeWire session and on the network, killed, frozen and brought back in the middle."""
 import os
 import pathlib
+import re
+import subprocess
 import tempfile
 import time
 import unittest
 
-from camera_servers import Film, Session, free_port, http_camera, rtsp_camera, wait_for
+from camera_servers import Film, Process, Session, free_port, http_camera, rtsp_camera, wait_for
+
+PROJECT = pathlib.Path(__file__).resolve().parents[2]
 
 # Nothing that a key does may take longer, in milliseconds.
 KEY = 100
-FIRST_FRAME = 200  # is waited for once
 BUSY = 50          # it may wait as long, and then come back on a busy machine
 # Blue, green and red of the seven bars at three quarters.
 BARS = [[191, 191, 191], [0, 191, 191], [191, 191, 0], [0, 191, 0], [191, 0, 191], [0, 0, 191], [191, 0, 0]]
@@ -254,6 +257,64 @@ class Devices(Cameras):
         self.start(film, f"http://127.0.0.1:{port}/")
         wait_for("pictures of another one", lambda: self.filming(film))
         self.end(film)
+
+
+class Station(Cameras):
+    """The real program on a screen of its own, at a session with a camera."""
+
+    def setUp(self):
+        super().setUp()
+        (self.root / "Desktop").mkdir()
+        (self.root / "Desktop/Vintoral.desktop").write_text("", encoding="ascii")  # no welcome to answer
+        self.folder = self.root / "Vintoral"
+        (self.folder / "Recursos").mkdir(parents=True)
+        (self.folder / "Recursos/Vintoral.RLD").touch()  # starts beside a station that runs on this machine
+        subprocess.run([PROJECT / "scripts/install-data", self.folder], check=True, capture_output=True)
+        self.session = Session(self, self.root)
+        self.environment = self.session.environment | {"QT_QPA_PLATFORM": "xcb", "DISPLAY": self.screen()}
+
+    def screen(self):
+        number = self.root / "display"
+        with open(number, "wb") as file:
+            xvfb = subprocess.Popen(["Xvfb", "-displayfd", "1", "-screen", "0", "1366x768x24", "-nolisten", "tcp"],
+                                    stdin=subprocess.DEVNULL, stdout=file, stderr=subprocess.DEVNULL)
+        self.addCleanup(xvfb.wait)
+        self.addCleanup(xvfb.kill)
+        wait_for("screen", lambda: number.read_text(encoding="ascii").endswith("\n"))
+        return ":" + number.read_text(encoding="ascii").strip()
+
+    def hands(self, *command):
+        return subprocess.run(["xdotool", *command], env=self.environment, capture_output=True, text=True, timeout=20,
+                              check=False).stdout
+
+    def keys(self, *names):
+        self.hands("key", "--delay", "80", *names)
+
+    def colours(self, photo):
+        """Of the middles of the bars of a photo of 320 x 240."""
+        places = "".join(f"%[pixel:p{{{x // 2},{y // 2}}}]\n" for x, y in PLACES[:7])
+        told = subprocess.run(["convert", photo, "-format", places, "info:"], check=True, capture_output=True, text=True)
+        return [[int(number) for number in re.findall(r"\d+", line)[2::-1]] for line in told.stdout.splitlines()]
+
+    def test_the_photo_of_an_entry(self):
+        self.session.camera("Entrada")
+        station = Process(self, [os.environ["VINTORAL_STATION"], self.folder], self.environment, ready=False)
+        wait_for("window", lambda: self.hands("search", "--onlyvisible", "--name", "^Vintoral"))
+        self.hands("windowfocus", self.hands("search", "--onlyvisible", "--name", "^Vintoral").split()[-1])
+        time.sleep(5)  # the devices are told of, and looked for with the next look at the connection
+        found = lambda: list(self.folder.rglob("*ACT/000007.jpg"))
+        self.assertEqual(found(), [])
+        self.keys("7", "Return")
+        self.hands("type", "--delay", "50", "ABC123")
+        self.keys("Insert")
+        time.sleep(1)
+        self.keys("Return")  # yes, it shall be saved
+        wait_for("photo", found)
+        for colour, wanted in zip(self.colours(found()[0]), BARS):
+            for one, other in zip(colour, wanted):
+                self.assertLessEqual(abs(one - other), 12, f"{colour}, not {wanted}")
+        station.process.terminate()
+        self.assertEqual(station.process.wait(20), 0)
 
 
 unittest.main()

@@ -12,13 +12,14 @@ std::size_t BytesOfPlane(const GstVideoFrame& frame, guint plane) {
   std::size_t bytes = 0;
   for (guint part = 0; part < GST_VIDEO_FRAME_N_COMPONENTS(&frame); ++part) {
     if (GST_VIDEO_FRAME_COMP_PLANE(&frame, part) != plane) continue;
-    const int deep = (GST_VIDEO_FRAME_COMP_DEPTH(&frame, part) + 7) / 8;
-    const int before =
-        (GST_VIDEO_FRAME_COMP_WIDTH(&frame, part) - 1) * GST_VIDEO_FRAME_COMP_PSTRIDE(&frame, part) +
-        static_cast<int>(GST_VIDEO_FRAME_COMP_POFFSET(&frame, part));
-    const auto above = static_cast<std::size_t>(GST_VIDEO_FRAME_COMP_HEIGHT(&frame, part) - 1) *
-                       static_cast<std::size_t>(GST_VIDEO_FRAME_PLANE_STRIDE(&frame, plane));
-    bytes = std::max(bytes, above + static_cast<std::size_t>(before + deep));
+    const auto number = [](auto value) { return static_cast<std::size_t>(value); };
+    const std::size_t deep = (number(GST_VIDEO_FRAME_COMP_DEPTH(&frame, part)) + 7) / 8;
+    const std::size_t row = (number(GST_VIDEO_FRAME_COMP_WIDTH(&frame, part)) - 1) *
+                                number(GST_VIDEO_FRAME_COMP_PSTRIDE(&frame, part)) +
+                            number(GST_VIDEO_FRAME_COMP_POFFSET(&frame, part)) + deep;
+    const std::size_t above = (number(GST_VIDEO_FRAME_COMP_HEIGHT(&frame, part)) - 1) *
+                              number(GST_VIDEO_FRAME_PLANE_STRIDE(&frame, plane));
+    bytes = std::max(bytes, above + row);
   }
   return bytes;
 }
