@@ -27,13 +27,14 @@ def wait_for(what, met, seconds=20):
 class Process:
     """A process that can be ended, stopped, continued and started again."""
 
-    def __init__(self, test, command, environment=None, ready=True):
-        self.command, self.environment, self.ready, self.process = command, environment or os.environ, ready, None
+    def __init__(self, test, command, environment=None, ready=True, folder=None):
+        self.command, self.environment, self.ready, self.folder = command, environment or os.environ, ready, folder
+        self.process = None
         test.addCleanup(self.end)
         self.start()
 
     def start(self):
-        self.process = subprocess.Popen(self.command, env=self.environment, stdin=subprocess.DEVNULL,
+        self.process = subprocess.Popen(self.command, env=self.environment, cwd=self.folder, stdin=subprocess.DEVNULL,
                                         stdout=subprocess.PIPE if self.ready else subprocess.DEVNULL,
                                         stderr=subprocess.DEVNULL, text=True)
         if self.ready:

@@ -156,7 +156,8 @@ class Network(Cameras):
         self.assertEqual(film.told(), [])
 
     def test_what_is_no_picture(self):
-        for kind in ("garbage", "flood", "bomb"):
+        no_picture = "sends what is no picture"
+        for kind, words in ("garbage", "no pictures come"), ("flood", no_picture), ("bomb", no_picture):
             with self.subTest(kind):
                 port = free_port()
                 camera = http_camera(self, port, kind)
@@ -166,7 +167,7 @@ class Network(Cameras):
                 wait_for("a word about it", film.told)
                 self.keys_go_on(film, 4)
                 self.assertFalse(self.filming(film))
-                self.assertEqual(film.told(), ["camera: Patio: sends what is no picture"])
+                self.assertEqual(film.told(), ["camera: Patio: " + words])
                 self.assertLess(film.memory() - before, 100 << 20)
                 self.end(film)
                 camera.end()
@@ -298,7 +299,7 @@ class Station(Cameras):
 
     def test_the_photo_of_an_entry(self):
         self.session.camera("Entrada")
-        station = Process(self, [os.environ["VINTORAL_STATION"], self.folder], self.environment, ready=False)
+        station = Process(self, [os.environ["VINTORAL_STATION"]], self.environment, ready=False, folder=self.folder)
         wait_for("window", lambda: self.hands("search", "--onlyvisible", "--name", "^Vintoral"))
         self.hands("windowfocus", self.hands("search", "--onlyvisible", "--name", "^Vintoral").split()[-1])
         time.sleep(5)  # the devices are told of, and looked for with the next look at the connection

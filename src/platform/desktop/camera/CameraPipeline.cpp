@@ -16,7 +16,7 @@ constexpr const char* kFrames =
     "video/x-raw, width=(int)[1,4320], height=(int)[1,7680]";
 /// More than one picture takes, at whatever size: what comes has no pictures in it, and would be kept
 /// forever.
-constexpr std::uint64_t kTooMuch = 32 << 20;
+constexpr std::uint64_t kTooMuch = 16 << 20;
 /// A network that says nothing for so long, in seconds, is as good as gone.
 constexpr int kPatience = 5;
 constexpr guint64 kMicroseconds = 1'000'000;
