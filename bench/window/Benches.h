@@ -16,6 +16,16 @@ int ShowStation(int argc, char** argv, const std::string& folder, bool first);
 /// Start to idle, the station's against an empty window's, medians of many.
 void CompareStarts(const std::string& self, const std::string& folder);
 
+/// The same with a camera on the network that takes the connection and never answers, against without.
+void CompareStartsWithCamera(const std::string& self, const std::string& folder);
+
+/// A child of the cameras' bench, which prints the figure of that name.
+int CameraFigure(int argc, char** argv, const std::string& what);
+
+/// The processor time of a live picture against GStreamer's for the same frames, what a running camera takes of
+/// the memory, a still, and the start with a camera that does not answer.
+void MeasureCameras(const std::string& self, const std::string& folder);
+
 /// A key in a field to its repaint, with 1000 fichas inside.
 void MeasureKeys(int argc, char** argv, const std::string& folder);
 

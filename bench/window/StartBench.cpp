@@ -1,6 +1,8 @@
 #include <QApplication>
+#include <QFile>
 #include <QMainWindow>
 #include <QProcess>
+#include <QTcpServer>
 #include <QTest>
 #include <algorithm>
 #include <cstdio>
@@ -75,6 +77,28 @@ void CompareStarts(const std::string& self, const std::string& folder) {
   }
   std::printf("start to idle: station %.1f ms, empty window %.1f ms, ratio %.2f (at most 2.5)\n",
               Median(stationTimes), Median(emptyTimes), Median(stationTimes) / Median(emptyTimes));
+}
+
+void CompareStartsWithCamera(const std::string& self, const std::string& folder) {
+  constexpr int kRounds = 15;
+  QTcpServer silent;  // the system takes connections for it, and nobody answers
+  silent.listen(QHostAddress::LocalHost);
+  QFile cameras(QString::fromStdString(folder) + QStringLiteral("/Objetos/Camaras.INI"));
+  const QStringList station{QStringLiteral("--station"), QString::fromStdString(folder)};
+  std::vector<double> with, without;
+  for (int i = 0; i < kRounds; ++i) {
+    cameras.remove();
+    without.push_back(StartToIdle(self, station));
+    if (!cameras.open(QIODevice::WriteOnly)) return;
+    cameras.write(QStringLiteral("Patio = rtsp://127.0.0.1:%1/film\r\n").arg(silent.serverPort()).toLatin1());
+    cameras.close();
+    with.push_back(StartToIdle(self, station));
+  }
+  cameras.remove();
+  std::printf(
+      "start to idle with a camera that does not answer: %.1f ms, without %.1f ms, ratio %.2f (at most "
+      "1.1)\n",
+      Median(with), Median(without), Median(with) / Median(without));
 }
 
 }  // namespace vintoral::bench

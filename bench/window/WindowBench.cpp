@@ -1,4 +1,5 @@
-// Measures the window on the offscreen platform; no arguments needed.
+// Measures the window on the offscreen platform; no arguments needed. With --cameras the start and the
+// cameras alone.
 #include <QFile>
 #include <QProcess>
 #include <QString>
@@ -37,14 +38,21 @@ int main(int argc, char** argv) {
   if (mode == "--grid-memory" && argc > 4) return GridMemory(argc, argv, argv[2]);
   if (mode == "--slow-pages" && argc > 2) return SlowPages(argc, argv, argv[2]);
   if (mode == "--print-times" && argc > 2) return PrintTimes(argc, argv, argv[2]);
+  if (mode == "--camera" && argc > 2) return CameraFigure(argc, argv, argv[2]);
   const vintoral::test::TempFolder folder;
   Install(folder);
   const std::string self = QFile::symLinkTarget(QStringLiteral("/proc/self/exe")).toStdString();
+  if (mode == "--cameras") {
+    CompareStarts(self, folder.Path("station"));
+    MeasureCameras(self, folder.Path("station"));
+    return 0;
+  }
   CompareStarts(self, folder.Path("station"));
   MeasureKeys(argc, argv, folder.Path("station"));
   // With the house that the keys have filled.
   QProcess::execute(QString::fromStdString(self),
                     {QStringLiteral("--scan-times"), QString::fromStdString(folder.Path("station"))});
   MeasureGrid(self, folder.Path("station"));
+  MeasureCameras(self, folder.Path("station"));
   return 0;
 }

@@ -1,5 +1,7 @@
 #include <array>
+#include <tuple>
 
+#include "camera/Retencion.h"
 #include "common/TextoUtf8.h"
 #include "station/form1/Archivos.h"
 #include "station/form1/Form1.h"
@@ -33,6 +35,7 @@ void Form1::CargarAppCamera() {
   if (RutaAppCamera.Empty()) RutaAppCamera = disk.CurrentFolder() + "\\Objetos\\AppCamera.lnk"_w;
   if (!HayFotosApp()) RutaFotosApp = platform_.system.PicturesFolder() + "\\Camera Roll"_w;
   FilAppCam.Path = RutaFotosApp;
+  std::ignore = LeerPlazos(disk);  // the file that says how long photos are kept is made
 }
 
 bool Form1::HayFotosApp() const {

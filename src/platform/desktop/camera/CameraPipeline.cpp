@@ -16,7 +16,7 @@ constexpr const char* kFrames =
     "video/x-raw, width=(int)[1,4320], height=(int)[1,7680]";
 /// More than one picture takes, at whatever size: what comes has no pictures in it, and would be kept
 /// forever.
-constexpr std::uint64_t kTooMuch = 32 << 20;
+constexpr std::uint64_t kTooMuch = 16 << 20;
 /// A network that says nothing for so long, in seconds, is as good as gone.
 constexpr int kPatience = 5;
 constexpr guint64 kMicroseconds = 1'000'000;
@@ -169,10 +169,10 @@ gboolean CameraPipeline::OnStream(GstElement* /*source*/, guint /*number*/, GstC
 
 GstPadProbeReturn CameraPipeline::OnHttp(GstPad* /*pad*/, GstPadProbeInfo* info, gpointer self) {
   auto& pipeline = *static_cast<CameraPipeline*>(self);
-  if (GstBuffer* const buffer = gst_pad_probe_info_get_buffer(info)) {
-    pipeline.CountBytes(buffer);
-  } else if (GstEvent* const event = gst_pad_probe_info_get_event(info)) {
-    pipeline.OnHttpHeaders(event);
+  if ((info->type & GST_PAD_PROBE_TYPE_BUFFER) != 0) {
+    pipeline.CountBytes(gst_pad_probe_info_get_buffer(info));
+  } else {
+    pipeline.OnHttpHeaders(gst_pad_probe_info_get_event(info));
   }
   return GST_PAD_PROBE_OK;
 }

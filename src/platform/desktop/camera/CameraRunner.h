@@ -48,6 +48,8 @@ class CameraRunner : public std::enable_shared_from_this<CameraRunner> {
   struct Memory;
   struct Connection;
 
+  static bool Same(const CameraSource& one, const CameraSource& other);
+  static std::string KeyOf(const CameraSource& source);
   void StartThread(const CameraSource& source);
   void Serve(const CameraSource& source);
   bool Wanted(Lock& lock, const CameraSource& source);
@@ -57,8 +59,10 @@ class CameraRunner : public std::enable_shared_from_this<CameraRunner> {
   void Open(CameraPipeline& pipeline, const CameraSource& source,
             const std::shared_ptr<Connection>& connection, const Memory& memory);
   void Watch(Lock& lock, const CameraSource& source, Connection& connection);
+  /// Gives the device the controls of the connection, and reads what it made of them.
+  void Turn(Lock& lock, const CameraSource& source, const Connection& connection);
   void Recover(Lock& lock, const CameraSource& source, const Connection& connection, Memory& memory);
-  void Tell(const CameraSource& source, CameraFault fault, Memory& memory);
+  void Tell(Lock& lock, const CameraSource& source, CameraFault fault, Memory& memory);
 
   mutable std::mutex mutex_;
   std::condition_variable news_;

@@ -60,12 +60,6 @@ void DeviceList::Stop() {
   wake_.notify_all();
 }
 
-void DeviceList::Renew() {
-  const std::lock_guard lock(mutex_);
-  renew_ = true;
-  wake_.notify_all();
-}
-
 void DeviceList::Poke() {
   const std::lock_guard lock(mutex_);
   news_ = true;
@@ -91,17 +85,15 @@ void DeviceList::Run() {
   });
   std::unique_lock lock(mutex_);
   while (!stop_) {
-    const bool renew = std::exchange(renew_, false);
     news_ = false;
     lock.unlock();
-    ReadAnew(renew);
+    ReadAnew();
     lock.lock();
-    wake_.wait(lock, [this] { return stop_ || renew_ || news_; });
+    wake_.wait(lock, [this] { return stop_ || news_; });
   }
 }
 
-void DeviceList::ReadAnew(bool renew) {
-  if (renew) SystemDevices::Instance().Renew();
+void DeviceList::ReadAnew() {
   std::vector<Device> devices;
   for (const std::shared_ptr<GstDevice>& device : SystemDevices::Instance().Read())
     devices.push_back({Unlike(devices, NameOf(device.get())), device, FileOf(device.get()), {}});

@@ -23,8 +23,6 @@ class DeviceList : public std::enable_shared_from_this<DeviceList> {
   void Begin(std::function<void()> changed);
   /// Ends soon; a system that hangs is not waited for.
   void Stop();
-  /// Asks the system anew: one that lost its devices' service tells of it no more.
-  void Renew();
   /// A camera of the tests: what gst-launch takes for a source.
   void Add(const String& name, const std::string& description);
 
@@ -47,7 +45,7 @@ class DeviceList : public std::enable_shared_from_this<DeviceList> {
   };
   void Run();
   void Poke();
-  void ReadAnew(bool renew);
+  void ReadAnew();
   std::vector<Device> Known() const;
   std::optional<Device> Find(const std::string& name) const;
 
@@ -56,7 +54,7 @@ class DeviceList : public std::enable_shared_from_this<DeviceList> {
   std::condition_variable wake_;
   std::chrono::steady_clock::time_point begun_;
   bool told_ = false;
-  bool stop_ = false, renew_ = false, news_ = true;
+  bool stop_ = false, news_ = false;
   std::vector<Device> devices_, plugged_, added_;
 };
 

@@ -9,7 +9,9 @@ namespace vintoral {
 
 namespace {
 
-constexpr std::chrono::milliseconds kFirstFrame{Camera::kFirstFrame};
+/// Less than a first frame may be waited for: nothing of a camera costs a key more than a tenth of a second.
+constexpr std::chrono::milliseconds kFirstFrame{90};
+static_assert(kFirstFrame.count() <= Camera::kFirstFrame);
 constexpr std::chrono::milliseconds kStale{Camera::kStale};
 /// More pictures than that nobody tells apart, and each takes the time of painting it.
 constexpr std::chrono::microseconds kLivePeriod{1'000'000 / 15};

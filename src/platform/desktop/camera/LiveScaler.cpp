@@ -26,22 +26,29 @@ std::shared_ptr<const LivePicture> LiveScaler::Make(GstSample* sample, int width
   const GstVideoInfo& info = mapped.Info();
   const auto [toWidth, toHeight] =
       Fitting(width, height, GST_VIDEO_INFO_WIDTH(&info), GST_VIDEO_INFO_HEIGHT(&info));
-  // Scaled first, in the camera's own format: fewer pixels are left whose colours have to be worked out.
-  GstVideoInfo small = info;
-  gst_video_info_set_format(&small, GST_VIDEO_INFO_FORMAT(&info), static_cast<guint>(toWidth),
-                            static_cast<guint>(toHeight));
-  small.colorimetry = info.colorimetry;
-  small.chroma_site = info.chroma_site;
+  const std::shared_ptr<LivePicture> picture = Blank(toWidth, toHeight);
+  if (GST_VIDEO_INFO_IS_YUV(&info)) return FromPlanes(info, mapped.Frame(), *picture) ? picture : nullptr;
+  const GstVideoInfo rows = InfoOf(GST_VIDEO_FORMAT_BGRx, toWidth, toHeight);
+  GstVideoFrame to = FrameAt(rows, picture->pixels.data());
+  return direct_.Convert(info, mapped.Frame(), rows, to) ? picture : nullptr;
+}
+
+bool LiveScaler::FromPlanes(const GstVideoInfo& info, const GstVideoFrame& frame, LivePicture& picture) {
+  const GstVideoInfo planes = PlanesLike(info, GST_VIDEO_INFO_WIDTH(&info), GST_VIDEO_INFO_HEIGHT(&info));
+  GstVideoFrame source = frame;
+  if (GST_VIDEO_INFO_FORMAT(&info) != GST_VIDEO_FORMAT_I420) {
+    planes_.resize(planes.size);
+    source = FrameAt(planes, planes_.data());
+    if (!toPlanes_.Convert(info, frame, planes, source)) return false;
+  }
+  // Scaled first: fewer points are left whose colours have to be worked out.
+  const GstVideoInfo small = PlanesLike(info, picture.width, picture.height);
   scaled_.resize(small.size);
   GstVideoFrame scaled = FrameAt(small, scaled_.data());
-  if (!scale_.Convert(info, mapped.Frame(), small, scaled)) return nullptr;
-
-  GstVideoInfo rows;
-  gst_video_info_set_format(&rows, GST_VIDEO_FORMAT_BGRx, static_cast<guint>(toWidth),
-                            static_cast<guint>(toHeight));
-  const std::shared_ptr<LivePicture> picture = Blank(toWidth, toHeight);
-  GstVideoFrame to = FrameAt(rows, picture->pixels.data());
-  return colours_.Convert(small, scaled, rows, to) ? picture : nullptr;
+  if (!scale_.Convert(planes, source, small, scaled)) return false;
+  const GstVideoInfo rows = InfoOf(GST_VIDEO_FORMAT_BGRx, picture.width, picture.height);
+  GstVideoFrame to = FrameAt(rows, picture.pixels.data());
+  return colours_.Convert(small, scaled, rows, to);
 }
 
 std::shared_ptr<LivePicture> LiveScaler::Blank(int width, int height) {

@@ -18,9 +18,10 @@ class LiveScaler {
   std::shared_ptr<const LivePicture> Make(GstSample* sample, int width, int height);
 
  private:
+  bool FromPlanes(const GstVideoInfo& info, const GstVideoFrame& frame, LivePicture& picture);
   std::shared_ptr<LivePicture> Blank(int width, int height);
-  VideoConverter scale_, colours_;
-  std::vector<std::uint8_t> scaled_;
+  VideoConverter toPlanes_, scale_, colours_, direct_;
+  std::vector<std::uint8_t> planes_, scaled_;
   std::vector<std::shared_ptr<LivePicture>> made_;  ///< painted from in turn, so that none is made anew
 };
 

@@ -12,21 +12,6 @@ constexpr int kLong = 4, kShort = 3;  // bytes of a pixel with and without the o
 /// So many rows at a time stay in the processor's cache on their way; even, as the planes of colour want it.
 constexpr int kSlice = 16;
 
-GstVideoInfo InfoOf(GstVideoFormat format, int width, int height) {
-  GstVideoInfo info;
-  gst_video_info_set_format(&info, format, static_cast<guint>(width), static_cast<guint>(height));
-  return info;
-}
-
-/// The same pixels in three planes; their colours mean what they meant.
-GstVideoInfo PlanesOf(const GstVideoInfo& info) {
-  GstVideoInfo planes =
-      InfoOf(GST_VIDEO_FORMAT_I420, GST_VIDEO_INFO_WIDTH(&info), GST_VIDEO_INFO_HEIGHT(&info));
-  planes.colorimetry = info.colorimetry;
-  planes.chroma_site = info.chroma_site;
-  return planes;
-}
-
 std::uint8_t* Row(cImage& image, int fromTop) {
   return image.DIBitsPtr() +
          static_cast<std::size_t>(image.Height() - 1 - fromTop) * image.BytesPerScanLine();
@@ -67,7 +52,7 @@ std::shared_ptr<const cImage> StillMaker::Make(GstSample* sample) {
 }
 
 bool StillMaker::FromPlanes(const GstVideoInfo& info, const GstVideoFrame& frame, cImage& image) {
-  const GstVideoInfo planes = PlanesOf(info);
+  const GstVideoInfo planes = PlanesLike(info, image.Width(), image.Height());
   std::vector<std::uint8_t> memory;
   GstVideoFrame source = frame;
   if (GST_VIDEO_INFO_FORMAT(&info) != GST_VIDEO_FORMAT_I420) {
@@ -78,9 +63,7 @@ bool StillMaker::FromPlanes(const GstVideoInfo& info, const GstVideoFrame& frame
   std::vector<std::uint8_t> rows(static_cast<std::size_t>(image.Width()) * kLong * kSlice);
   for (int top = 0; top < image.Height(); top += kSlice) {
     const int height = std::min(kSlice, image.Height() - top);
-    GstVideoInfo part = InfoOf(GST_VIDEO_FORMAT_I420, image.Width(), height);
-    part.colorimetry = info.colorimetry;
-    part.chroma_site = info.chroma_site;
+    const GstVideoInfo part = PlanesLike(info, image.Width(), height);
     const GstVideoInfo rowsInfo = InfoOf(GST_VIDEO_FORMAT_BGRx, image.Width(), height);
     GstVideoFrame to = FrameAt(rowsInfo, rows.data());
     VideoConverter& converter = height == kSlice ? toRows_ : toLastRows_;

@@ -32,22 +32,6 @@ std::vector<std::shared_ptr<GstDevice>> SystemDevices::Read() {
   return devices;
 }
 
-void SystemDevices::Renew() {
-  {
-    const std::lock_guard lock(useMutex_);
-    if (used_ > 0 || renewing_) return;
-    renewing_ = true;
-  }
-  {
-    const std::lock_guard lock(watchMutex_);
-    if (std::exchange(started_, false)) gst_device_monitor_stop(monitor_);
-    Start();
-  }
-  const std::lock_guard lock(useMutex_);
-  renewing_ = false;
-  renewed_.notify_all();
-}
-
 void SystemDevices::Listen(std::function<void()> changed) {
   const std::lock_guard lock(newsMutex_);
   changed_ = std::move(changed);
@@ -59,18 +43,6 @@ GstBusSyncReply SystemDevices::OnMessage(GstBus* /*bus*/, GstMessage* message, g
   if (devices.changed_) devices.changed_();
   gst_message_unref(message);
   return GST_BUS_DROP;
-}
-
-SystemDevices::Use::Use() {
-  SystemDevices& devices = Instance();
-  std::unique_lock lock(devices.useMutex_);
-  devices.renewed_.wait(lock, [&] { return !devices.renewing_; });
-  ++devices.used_;
-}
-
-SystemDevices::Use::~Use() {
-  const std::lock_guard lock(Instance().useMutex_);
-  --Instance().used_;
 }
 
 }  // namespace vintoral

@@ -28,6 +28,10 @@ class MappedFrame {
   bool good_ = false;
 };
 
+GstVideoInfo InfoOf(GstVideoFormat format, int width, int height);
+/// Three planes of that size, whose colours mean what those of `like` mean.
+GstVideoInfo PlanesLike(const GstVideoInfo& like, int width, int height);
+
 /// A frame in memory of this program's own; `info` has been set by gst_video_info_set_format.
 GstVideoFrame FrameAt(const GstVideoInfo& info, std::uint8_t* pixels);
 
