@@ -69,7 +69,7 @@ CameraFault CameraPipeline::StartDevice(GstOwned<GstElement> source, const std::
   source_ = source.get();
   // Its own buffers go back to the device at once, which has few of them.
   if (Has(source_, "always-copy")) g_object_set(source_, "always-copy", TRUE, nullptr);
-  gst_bin_add(GST_BIN(pipeline_.get()), source.release());
+  gst_bin_add(GST_BIN(pipeline_.get()), source_);  // which keeps it by a reference of its own
   const GstOwned<GstCaps> caps(mode ? CapsOf(*mode) : gst_caps_from_string("video/x-raw; image/jpeg"));
   g_object_set(filter, "caps", caps.get(), nullptr);
   if (!gst_element_link_many(source_, filter, decoder_, nullptr)) return CameraFault::kGarbage;
@@ -169,10 +169,11 @@ gboolean CameraPipeline::OnStream(GstElement* /*source*/, guint /*number*/, GstC
 
 GstPadProbeReturn CameraPipeline::OnHttp(GstPad* /*pad*/, GstPadProbeInfo* info, gpointer self) {
   auto& pipeline = *static_cast<CameraPipeline*>(self);
-  if ((info->type & GST_PAD_PROBE_TYPE_BUFFER) != 0) {
-    pipeline.CountBytes(gst_pad_probe_info_get_buffer(info));
-  } else {
-    pipeline.OnHttpHeaders(gst_pad_probe_info_get_event(info));
+  gpointer const passing = GST_PAD_PROBE_INFO_DATA(info);  // nothing where a block begins to be asked for
+  if (GST_IS_BUFFER(passing)) {
+    pipeline.CountBytes(GST_BUFFER(passing));
+  } else if (GST_IS_EVENT(passing)) {
+    pipeline.OnHttpHeaders(GST_EVENT(passing));
   }
   return GST_PAD_PROBE_OK;
 }

@@ -86,6 +86,8 @@ bool VideoConverter::Convert(const GstVideoInfo& fromInfo, const GstVideoFrame& 
     // One picture for one: it refuses two rates, which are nothing to it otherwise.
     in.fps_n = out.fps_n = 0;
     in.fps_d = out.fps_d = 1;
+    // Likewise of pictures that come in two halves: both lie in one frame.
+    in.interlace_mode = out.interlace_mode = GST_VIDEO_INTERLACE_MODE_PROGRESSIVE;
     converter_.reset(gst_video_converter_new(&in, &out, options));
     from_ = fromInfo;
     to_ = toInfo;
