@@ -121,7 +121,7 @@ bool QuitarArchivo(Disk& disk, const String& ruta) {
 bool HayFotoDetalle(const Form1& form, std::string_view placa, std::int64_t numero, std::int64_t foto) {
   const String folder = form.RutaCompartida(kDetalles);
   const String path = RutaDetalle(CarpetaDetalle(form, placa, numero), numero, foto);
-  const String name(path.View().substr(folder.View().size() + 1));
+  const String name(path.Bytes().substr(folder.Bytes().size() + 1));
   return form.Devices().disk.LookIn(folder, std::span(&name, 1)).front().has_value();
 }
 

@@ -227,6 +227,21 @@ TEST_F(CamaraTest, ASystemThatHasNotToldYetIsWaitedFor) {
   EXPECT_EQ(station_.Camera.Running.name, "B"_w);
 }
 
+TEST_F(CamaraTest, OneThatTellsOnlyAfterTheConnectionIsAskedAgain) {
+  station_.Camera.Told = false;
+  Begin({"A"_w});
+  ASSERT_EQ(station_.Camera.Starts, 0);
+  EXPECT_FALSE(Off());
+  station_.Pass(10'000);
+  EXPECT_FALSE(Off());
+  station_.Camera.Told = true;
+  station_.Pass(10'000);
+  EXPECT_EQ(station_.Camera.Running.name, "A"_w);
+  const int starts = station_.Camera.Starts;
+  station_.Pass(30'000);
+  EXPECT_EQ(station_.Camera.Starts, starts);
+}
+
 TEST_F(CamaraTest, ClosingKeepsTheChoiceAndStopsIt) {
   Begin({"A"_w, "B"_w});
   form_.Form_KeyDown('W', keys::kControl);

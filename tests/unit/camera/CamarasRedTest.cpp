@@ -23,9 +23,11 @@ TEST(CamarasDe, AreThoseOfTheLinesInTheirOrder) {
 
 TEST(CamarasDe, LinesThatNameNoneAreCounted) {
   int bad = -1;
-  EXPECT_TRUE(
-      CamarasDe("Entrada\nX = ftp://a\n = rtsp://a\nY = rtsp://\nZ = file:///etc/passwd\n", &bad).empty());
-  EXPECT_EQ(bad, 5);
+  EXPECT_TRUE(CamarasDe("Entrada\nX = ftp://a\n = rtsp://a\nY = rtsp://\nZ = "
+                        "file:///etc/passwd\nrtsp://u:p@h/a = rtsp://h/b\n",
+                        &bad)
+                  .empty());
+  EXPECT_EQ(bad, 6);
 }
 
 TEST(CamarasDe, NamesMayBeUtf8) {

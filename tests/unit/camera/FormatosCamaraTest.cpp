@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/FaultyDisk.h"
 #include "support/MemoryDisk.h"
 
 namespace vintoral {
@@ -66,6 +67,15 @@ TEST(GuardarFormato, LeavesTheOtherDevicesAsTheyWere) {
   disk.Put(kFile, "hue=1 | A\r\nhue=2 | B\r\n");
   ASSERT_TRUE(GuardarFormato(disk, "A"_w, {CameraMode{320, 240, 15}, {}}));
   EXPECT_EQ(disk.Get(kFile), "320x240@15 | A\r\nhue=2 | B\r\n");
+}
+
+TEST(GuardarFormato, WhereTheFileCantBeReadItStays) {
+  test::MemoryDisk disk;
+  disk.Put(kFile, "hue=1 | A\r\nhue=2 | B\r\n");
+  test::FaultyDisk faulty(disk);
+  faulty.Set().failRead = 1;
+  EXPECT_FALSE(GuardarFormato(faulty, "A"_w, {CameraMode{320, 240, 15}, {}}));
+  EXPECT_EQ(disk.Get(kFile), "hue=1 | A\r\nhue=2 | B\r\n");
 }
 
 }  // namespace

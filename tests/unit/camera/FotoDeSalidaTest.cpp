@@ -110,13 +110,36 @@ TEST_F(FotoDeSalidaTest, ARowThatCantBeWrittenPutsTheFichaBackWithItsPhoto) {
   EXPECT_EQ(ShadeOf(station_.Disk.Get(kEntrada)), 'r');
 }
 
-TEST_F(FotoDeSalidaTest, WithoutAHistoryNothingIsStored) {
+TEST_F(FotoDeSalidaTest, WithoutAHistoryNothingIsStoredAndNothingLost) {
   station_.Disk.Remove("Multimedia\\Vintoral.HST").PassOver();
   Show();
   Retire();
   ASSERT_FALSE(station_.Slot(7).EnUso);
   EXPECT_FALSE(station_.Disk.Exists("Multimedia\\Imágenes HST\\000007.jpg"_w) ||
                station_.Disk.Exists(kSalida));
+  EXPECT_TRUE(station_.Disk.Exists(kEntrada));
+}
+
+TEST_F(FotoDeSalidaTest, ThatCantBeWrittenIsTheOneOfTheEntrance) {
+  Show();
+  // Slot, row, points, movement, photo.
+  station_.UnderBox = [this] { station_.Faulty.Set().failWrite = 5; };
+  Retire();
+  station_.Faulty.Repair();
+  ASSERT_EQ(station_.HistoryRows(), 2u);
+  EXPECT_EQ(ShadeOf(station_.Disk.Get(kSalida)), 'r');
+  EXPECT_FALSE(StampedAt(5, 13));
+  EXPECT_FALSE(station_.Disk.Exists(kEntrada));
+}
+
+TEST_F(FotoDeSalidaTest, TheNextVehicleKeepsItsOwn) {
+  Show();
+  station_.Disk.BeforeLocked("Multimedia\\Vintoral.HST",
+                             [this] { station_.Disk.Put(kEntrada, test::PhotoOf(test::kBlue)); });
+  Retire();
+  ASSERT_EQ(station_.HistoryRows(), 2u);
+  EXPECT_EQ(ShadeOf(station_.Disk.Get(kEntrada)), 'b');
+  EXPECT_EQ(ShadeOf(station_.Disk.Get(kSalida)), 'r');
 }
 
 TEST_F(FotoDeSalidaTest, AnswerNoLeavesTheFiles) {

@@ -167,6 +167,61 @@ TEST_F(FotosAdicionalesTest, EscLeavesTheFolderOfAFichaThatIsInside) {
   EXPECT_TRUE(There("ABC0007\\0007-1.jpg"));
 }
 
+TEST_F(FotosAdicionalesTest, AFichaThatDoesntComeInLeavesNone) {
+  station_.TypeNew("7", "abc");
+  One();
+  ASSERT_TRUE(There("ABC0007\\0007-1.jpg"));
+  station_.UnderBox = [this] {
+    RegistroFicha theirs;
+    theirs.EnUso = true;
+    theirs.Placa = "ZZZ";
+    station_.PutSlot(7, theirs);
+  };
+  Save();
+  EXPECT_FALSE(station_.Disk.HasFolder(Path("ABC0007")));
+}
+
+TEST_F(FotosAdicionalesTest, AFolderThatIsALinkIsNotFollowed) {
+  station_.Disk.Put(Path("ABC0007\\0007-1.jpg"), "elsewhere");
+  station_.Disk.SetLink(Path("ABC0007"));
+  station_.TypeNew("7", "abc");
+  One();
+  EXPECT_EQ(Get("ABC0007\\0007-1.jpg"), "elsewhere");
+  EXPECT_EQ(form_.NumeroFotos, 0);
+}
+
+TEST_F(FotosAdicionalesTest, WhatAnEarlierFichaOfThatNameLeftGetsANameOfItsOwn) {
+  station_.Disk.Put(Path("ABC0007\\0007-1.jpg"), test::PhotoOf(test::kBlue));
+  station_.TypeNew("7", "abc");
+  One();
+  EXPECT_EQ(ShadeOf(Get("ABC0007\\0007-1.jpg")), 'r');
+  const std::vector<String> folders = station_.Disk.ListFolders("Multimedia\\Imágenes DTL"_w);
+  ASSERT_EQ(folders.size(), 2u);
+  const String& left = folders[0] == "ABC0007"_w ? folders[1] : folders[0];
+  EXPECT_TRUE(left.Bytes().starts_with("ABC P01 20-11-2026 1400"));
+  EXPECT_EQ(ShadeOf(station_.Disk.Get(String(kDtl) + left + "\\0007-1.jpg"_w)), 'b');
+}
+
+TEST_F(FotosAdicionalesTest, AFolderThatCantBeMovedIsWhereTheyStay) {
+  station_.TypeNew("7", "abc");
+  One();
+  station_.Hands.ReplaceText(form_.TxtCampo[1], "xyz"_w);
+  station_.Faulty.Set().failAllWrites = true;
+  form_.AcomodarFotos();
+  station_.Faulty.Repair();
+  EXPECT_TRUE(There("ABC0007\\0007-1.jpg"));
+  station_.Hands.Key(keys::kEscape, 0);
+  EXPECT_FALSE(station_.Disk.HasFolder(Path("ABC0007")));
+}
+
+TEST_F(FotosAdicionalesTest, SwitchingTheCameraOffEndsTheRow) {
+  station_.TypeNew("7", "abc");
+  station_.UnderWait = [this] { form_.DesactivarCamara(); };
+  Ten();
+  EXPECT_EQ(station_.Waits.size(), 1u);
+  EXPECT_FALSE(form_.PctFotoDetalle[0].Visible || form_.PctFotoDetalle[1].Visible);
+}
+
 TEST_F(FotosAdicionalesTest, SavingKeepsThemUnderThePlateAsSaved) {
   station_.TypeNew("7", "abc");
   One();
@@ -275,6 +330,17 @@ TEST_F(FotosAdicionalesTest, AFolderWithACopyOfTheMainPictureAloneGoesAtTheExit)
   Retire();
   ASSERT_EQ(station_.HistoryRows(), 2u);
   EXPECT_FALSE(station_.Disk.HasFolder(Path("ABC0007")));
+}
+
+TEST_F(FotosAdicionalesTest, AFolderWithMoreThanThatCopyStays) {
+  station_.TypeNew("7", "abc");
+  Save();
+  station_.Disk.Put(Path("ABC0007\\0007-0.jpg"), "main");
+  station_.Disk.Put(Path("ABC0007\\0007-2.jpg"), "second");
+  form_.DesactivarCamara();
+  station_.TypeAndEnter("7");
+  Retire();
+  EXPECT_TRUE(There("ABC0007\\0007-2.jpg"));
 }
 
 TEST_F(FotosAdicionalesTest, AFolderWithNeitherPictureStays) {

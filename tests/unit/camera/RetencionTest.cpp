@@ -118,6 +118,28 @@ TEST_F(RetencionTest, FoldersOfAdditionalPhotosGoByTheirName) {
   EXPECT_EQ(Rows(), "11111");
 }
 
+TEST_F(RetencionTest, AFichaInsideWhosePlateLooksLikeAFinalNameKeepsItsFolder) {
+  Keep("DiasFotosAdicionales = 5");
+  RegistroFicha inside;
+  inside.EnUso = true;
+  inside.Placa = "X P01 01-01-2000 14";
+  station_.PutSlot(5, inside);
+  for (const std::string_view name : {"X P01 01-01-2000 140005", "X P01 01-01-2000 140006"})
+    station_.Disk.Put(kDtl + String(name) + "\\x.jpg"_w, "photo");
+  NextDay();
+  EXPECT_TRUE(There(kDtl + "X P01 01-01-2000 140005\\x.jpg"_w));
+  EXPECT_FALSE(There(kDtl + "X P01 01-01-2000 140006\\x.jpg"_w));
+}
+
+TEST_F(RetencionTest, ARowOfAClockThatWasWrongKeepsNoOthers) {
+  Keep("DiasFotosSalida = 5");
+  RegistroFicha ahead;
+  ahead.MarcaSalida = "14:00  (01/01/2099)";
+  test::PutRecord(station_.Disk, "Multimedia\\Vintoral.HST", 2, ahead);
+  NextDay();
+  EXPECT_EQ(Rows(), "11011");
+}
+
 TEST_F(RetencionTest, PhotosOfUsersWhoWereNotSeenSinceGo) {
   Keep("DiasFotosUsuarios = 15");
   station_.Enter("7", "in");

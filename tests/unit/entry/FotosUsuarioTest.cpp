@@ -141,6 +141,7 @@ TEST_F(FotosUsuarioTest, WithoutAFrameTheOldOnesStayAndNothingIsHeard) {
   Enter("ccc");
   ASSERT_TRUE(station_.Slot(7).EnUso);
   EXPECT_FALSE(Heard(kFoto));
+  EXPECT_FALSE(station_.Disk.Exists(kEntrada));
   EXPECT_FALSE(station_.Disk.Exists(Latest(3)) || station_.Disk.Exists(First(3)));
   EXPECT_EQ(form_.RutaFotoFicha, "/estacion\\Multimedia\\Imágenes ACT\\000007.jpg"_w);
   EXPECT_EQ(form_.dspPreview.UltimoError, 600);
