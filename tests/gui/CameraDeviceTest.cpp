@@ -119,6 +119,14 @@ TEST_F(CameraDevice, GivesStillsTheRightWayUp) {
   EXPECT_LT(strip[1] + strip[2], 20);
 }
 
+TEST_F(CameraDevice, LeavesAStillAloneThatSomebodyHas) {
+  Run(Bars("I420"));
+  const auto one = camera_.Snap();
+  const auto other = camera_.Snap();
+  ASSERT_TRUE(one && other);
+  EXPECT_NE(one->DIBitsPtr(), other->DIBitsPtr());
+}
+
 TEST_F(CameraDevice, GivesNoStillWhileItRests) {
   Run(Bars("I420"));
   EXPECT_TRUE(camera_.Pause());

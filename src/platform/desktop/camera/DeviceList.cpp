@@ -26,7 +26,7 @@ std::string FileOf(GstDevice* device) {
 
 std::string NameOf(GstDevice* device) {
   gchar* const name = gst_device_get_display_name(device);
-  const std::string copy = name != nullptr ? name : "";
+  std::string copy = name != nullptr ? name : "";
   g_free(name);
   return copy;
 }

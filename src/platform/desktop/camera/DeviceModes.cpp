@@ -54,6 +54,7 @@ std::vector<CameraMode> ModesOf(const GstCaps* caps) {
                    [](const auto& a, const auto& b) { return a.first < b.first; });
   if (ranked.size() > kMostModes) ranked.resize(kMostModes);
   std::vector<CameraMode> modes;
+  modes.reserve(ranked.size());
   for (const auto& [rank, mode] : ranked)
     modes.push_back(mode);
   const auto key = [](const CameraMode& mode) {

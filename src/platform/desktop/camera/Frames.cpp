@@ -19,6 +19,10 @@ constexpr std::chrono::microseconds kLivePeriod{1'000'000 / 15};
 }  // namespace
 
 Frames::Run Frames::Renew() {
+  {
+    const std::lock_guard lock(stillMutex_);
+    still_.Forget();
+  }
   const std::lock_guard lock(mutex_);
   newest_ = {};
   live_.reset();

@@ -1,6 +1,7 @@
 #include "platform/desktop/camera/Still.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cstring>
 #include <vector>
 
@@ -43,12 +44,23 @@ std::shared_ptr<const cImage> StillMaker::Make(GstSample* sample) {
   MappedFrame mapped(sample);
   if (!mapped.Good()) return nullptr;
   const GstVideoInfo& info = mapped.Info();
-  const auto image = std::make_shared<cImage>();
-  if (!image->Create(GST_VIDEO_INFO_WIDTH(&info), GST_VIDEO_INFO_HEIGHT(&info), 8 * kShort)) return nullptr;
+  const std::shared_ptr<cImage> image = Blank(GST_VIDEO_INFO_WIDTH(&info), GST_VIDEO_INFO_HEIGHT(&info));
+  if (!image) return nullptr;
   const bool colourApart = GST_VIDEO_INFO_IS_YUV(&info);
   const bool made =
       colourApart ? FromPlanes(info, mapped.Frame(), *image) : FromAny(info, mapped.Frame(), *image);
   return made ? image : nullptr;
+}
+
+std::shared_ptr<cImage> StillMaker::Blank(int width, int height) {
+  const bool fits = last_ && last_->Width() == width && last_->Height() == height;
+  if (!fits || last_.use_count() > 1) {
+    last_ = std::make_shared<cImage>();
+    if (!last_->Create(width, height, 8 * kShort)) last_.reset();
+  }
+  // What its last reader read of it has been read before it is written over.
+  std::atomic_thread_fence(std::memory_order_acquire);
+  return last_;
 }
 
 bool StillMaker::FromPlanes(const GstVideoInfo& info, const GstVideoFrame& frame, cImage& image) {

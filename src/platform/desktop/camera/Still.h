@@ -14,10 +14,16 @@ class StillMaker {
  public:
   /// Null for a frame that can't be read, or without memory.
   std::shared_ptr<const cImage> Make(GstSample* sample);
+  /// Keeps nothing of the last picture.
+  void Forget() { last_.reset(); }
 
  private:
+  /// The last picture, when nobody has it any more: memory that is asked for anew takes longer than the
+  /// picture.
+  std::shared_ptr<cImage> Blank(int width, int height);
   bool FromPlanes(const GstVideoInfo& info, const GstVideoFrame& frame, cImage& image);
   bool FromAny(const GstVideoInfo& info, const GstVideoFrame& frame, cImage& image);
+  std::shared_ptr<cImage> last_;
   VideoConverter toPlanes_, toRows_, toLastRows_, direct_;
 };
 

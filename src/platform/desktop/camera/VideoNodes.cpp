@@ -36,6 +36,7 @@ std::vector<VideoNode> VideoNodes(const std::string& folder) {
   }
   std::sort(nodes.begin(), nodes.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
   std::vector<VideoNode> sorted;
+  sorted.reserve(nodes.size());
   for (auto& [number, node] : nodes)
     sorted.push_back(std::move(node));
   return sorted;
