@@ -94,7 +94,7 @@ class Camera {
   /// A view of this size, in device pixels, paints the live picture: `news` is called, by whatever thread,
   /// when there is another one, 15 times a second at most. A size of 0 takes the view away. Faces without a
   /// view paint nothing.
-  virtual void Show(int /*width*/, int /*height*/, std::function<void()> /*news*/) {}
+  virtual void Show(int /*width*/, int /*height*/, std::function<void()> /*news*/) {}  // NOLINT
   /// The latest picture for that view, as large as fits into it; null when there is none of late.
   virtual std::shared_ptr<const LivePicture> Live() { return nullptr; }
 };
