@@ -22,8 +22,8 @@ void CompareStartsWithCamera(const std::string& self, const std::string& folder)
 /// A child of the cameras' bench, which prints the figure of that name.
 int CameraFigure(int argc, char** argv, const std::string& what);
 
-/// The processor time of a live picture against GStreamer's for the same frames, what a running camera takes of
-/// the memory, a still, and the start with a camera that does not answer.
+/// The processor time of a live picture against GStreamer's for the same frames, what a running camera takes
+/// of the memory, a still, and the start with a camera that does not answer.
 void MeasureCameras(const std::string& self, const std::string& folder);
 
 /// A key in a field to its repaint, with 1000 fichas inside.

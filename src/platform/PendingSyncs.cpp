@@ -29,7 +29,7 @@ Outcome PendingSyncs::Wait() {
   std::vector<File> files = std::exchange(inPlace_, {});
   if (whole_) files.push_back(*std::exchange(whole_, std::nullopt));
   const Outcome started = std::exchange(started_, Outcome::Done());
-  const Outcome here = FlushHere(files);
+  Outcome here = FlushHere(files);
   const Outcome beside = WaitBeside();
   for (const Outcome& outcome : {started, beside})
     if (!outcome) return outcome;

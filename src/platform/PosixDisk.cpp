@@ -276,7 +276,7 @@ Outcome PosixDisk::Move(std::string_view from, std::string_view to) {
   const std::string target = FindIgnoringCase(PathOf(to));
   int error = MoveFile(source, target);
   if (error == EXDEV && IsFile(source) && !LeadsElsewhere(source) && !StatusOf(target)) {
-    if (const Outcome copied = Copy(from, to); !copied) return copied;
+    if (Outcome copied = Copy(from, to); !copied) return copied;
     error = unlink(source.c_str()) == 0 ? 0 : errno;
   }
   return error == 0 ? Outcome::Done() : Outcome::Failed("move to", target, error);

@@ -52,8 +52,7 @@ std::vector<CameraSource> CamarasDe(std::string_view text, int* badLines) {
 std::vector<CameraSource> LeerCamarasRed(Disk& disk) {
   if (!disk.Exists(kFile)) return {};
   int badLines = 0;
-  const std::vector<CameraSource> cameras =
-      CamarasDe(disk.ReadAll(kFile).PassOver().value_or(String()), &badLines);
+  std::vector<CameraSource> cameras = CamarasDe(disk.ReadAll(kFile).PassOver().value_or(String()), &badLines);
   if (badLines > 0) std::fprintf(stderr, "vintoral: Camaras.INI: %d line(s) name no camera\n", badLines);
   return cameras;
 }
