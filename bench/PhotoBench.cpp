@@ -6,6 +6,7 @@ extern "C" {
 #include <libswscale/swscale.h>
 }
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -121,6 +122,8 @@ void SaveWithPhoto(benchmark::State& state, std::chrono::milliseconds pause) {
   double with = 0, without = 0;
   for ([[maybe_unused]] auto day : state) {
     const WorkFolder folder;
+    std::filesystem::copy(folder.Path("Vintoral"), folder.Path("Plain"),
+                          std::filesystem::copy_options::recursive);
     PhotoGate photos(folder.Path("Vintoral"), FrameOf(made::Photograph(640, 480, 11)));
     PhotoGate plain(folder.Path("Plain"), nullptr);
     with = without = 0;
