@@ -58,12 +58,16 @@ bool OcuparPuesto(Form1& form) {
 }
 
 /// Will its code find the ficha? Without a register of codes it is found by its number, as in other modes.
-bool CodigoGuardado(const Form1& form) {
+/// One that the other gate has let out already needs none: a pass may be inside twice, and whoever of the two
+/// leaves is the first that is found.
+bool CodigoGuardado(Form1& form) {
   const Register<RegistroCodigo> codigos(form.Devices().disk, form.RutaMostrada("Vintoral.CDB"),
                                          OpenMode::kRead);
   if (codigos.Missing()) return true;
   const Result<RegistroCodigo> codigo = codigos.Read(form.FichaActual.Posicion);
-  return codigo && codigo->CodigoBarras.Trimmed() == Trim(form.TxtBarCode.Text());
+  if (codigo && codigo->CodigoBarras.Trimmed() == Trim(form.TxtBarCode.Text())) return true;
+  const std::optional<RegistroFicha> puesto = LeerPuesto(form, form.FichaActual.Posicion);
+  return puesto && !puesto->EnUso;
 }
 
 /// The photo of the entrance into its file; false when there is none. `sinCamara` is how the gate worked when

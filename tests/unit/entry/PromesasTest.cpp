@@ -1,6 +1,7 @@
 // What a gate promises is kept, or nothing is promised: paper, points, a pass, and other people's fichas.
 #include <gmock/gmock.h>
 
+#include "records/ArchivosNuevos.h"
 #include "records/RegistroUsuario.h"
 #include "support/Slips.h"
 #include "unit/entry/CodigosFixture.h"
@@ -63,6 +64,17 @@ TEST_F(PromesasTest, WithoutItsCodeThereIsNoTicketButABeep) {
   Save();
   EXPECT_TRUE(station_.Slot(1).EnUso);
   EXPECT_EQ(SlipsAndBeeps(), std::pair(0, 1));
+}
+
+TEST_F(PromesasTest, WhoeverWasLetOutByTheOtherGateAtOnceIsNoBrokenOne) {
+  station_.Disk.BeforeLocked(kCfr, [this] {  // slot and code are written by then
+    ASSERT_NE(CodeAt(1), "");
+    station_.PutSlot(1, {});
+    station_.Disk.Put(kCdb, CdbNuevo());
+  });
+  SellTenEntries();
+  ASSERT_FALSE(station_.Slot(1).EnUso);
+  EXPECT_EQ(SlipsAndBeeps(), std::pair(1, 0));
 }
 
 TEST_F(PromesasTest, WithoutAnyCodesTheTicketHasItsNumber) {
