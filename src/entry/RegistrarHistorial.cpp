@@ -24,17 +24,22 @@ Saldo SaldoDe(Form1& form, std::int32_t numero) {
   return {numero, PuntosTrasEstaEstadia(form, ahora->Puntos)};
 }
 
-/// The photo on the screen becomes that of the row just written.
-void GuardarFotoSalida(Form1& form) {
+void SellarFotoSalida(Form1& form) {
   const RegistroFicha& fila = form.FichaActual;
-  if (form.ImgIndicador[indicador::kCamaraDesactivada].Visible || !form.TomarFotoFija()) return;
   form.SellarFoto(kSelloSalida,
                   TextoSelloSalida("PS"_w, fila.PorteriaSalida.Trimmed(), fila.MarcaSalida.Trimmed()));
   // With face memory on, the entrance is stamped already.
   if (!form.ImgIndicador[indicador::kMemoriaRostros].Visible)
     form.SellarFoto(kSelloEntradaAlSalir,
                     TextoSelloSalida("PE"_w, fila.PorteriaEntrada.Trimmed(), fila.MarcaEntrada.Trimmed()));
-  form.GuardarFotoJPEG(RutaFoto(form, fila));
+}
+
+/// The photo on the screen becomes that of the row just written, which without one has none: an earlier
+/// history may have left another under its number.
+void GuardarFotoSalida(Form1& form) {
+  if (form.ImgIndicador[indicador::kCamaraDesactivada].Visible) return;
+  if (form.TomarFotoFija()) SellarFotoSalida(form);
+  form.GuardarFotoJPEG(RutaFoto(form, form.FichaActual));
 }
 
 }  // namespace

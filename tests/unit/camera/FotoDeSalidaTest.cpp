@@ -90,6 +90,25 @@ TEST_F(FotoDeSalidaTest, TakesThePlaceOfOneThatAnEarlierHistoryLeft) {
   EXPECT_EQ(ShadeOf(station_.Disk.Get(kSalida)), 'r');
 }
 
+TEST_F(FotoDeSalidaTest, OfARowWithoutOneIsNotThatOfAnEarlierHistory) {
+  station_.Disk.Put(kSalida, test::PhotoOf(test::kGreen));
+  station_.Disk.Remove(kEntrada).PassOver();
+  Show();
+  Retire();
+  ASSERT_EQ(station_.HistoryRows(), 2u);
+  EXPECT_FALSE(station_.Disk.Exists(kSalida));
+}
+
+TEST_F(FotoDeSalidaTest, ThatCantBeReadIsTheFileOfTheEntranceAndNotOfAnEarlierHistory) {
+  station_.Disk.Put(kSalida, test::PhotoOf(test::kGreen));
+  Show();
+  const std::string cut = station_.Disk.Get(kEntrada).substr(0, 500);
+  station_.Disk.Put(kEntrada, cut);
+  Retire();
+  ASSERT_EQ(station_.HistoryRows(), 2u);
+  EXPECT_NE(ShadeOf(station_.Disk.Get(kSalida)), 'g');
+}
+
 TEST_F(FotoDeSalidaTest, AFichaThatStaysInsideKeepsItsPhoto) {
   Show();
   station_.UnderBox = [this] { station_.Faulty.Set().failReserve = true; };
