@@ -58,7 +58,8 @@ void Form1::CargarFotosApp(std::string_view placa, std::int64_t numero) {
   if (FilAppCam.List.empty()) return;
   // Photos that the camera took before it went are counted on from.
   if (!ImgIndicador[indicador::kFotosAdicionales].Visible) NumeroFotos = FotoActual = 0;
-  const Destino destino{CarpetaDetalleEn("Multimedia\\Imágenes DTL"_w, placa, numero), numero};
+  const Destino destino{CarpetaDetalleEn("Multimedia\\"_w + String(carpeta_fotos::kDetalles), placa, numero),
+                        numero};
   if (platform_.disk.IsLink(destino.carpeta)) return;
   CrearCarpeta(destino.carpeta);
   for (std::size_t i = 0; i < FilAppCam.List.size(); ++i) {

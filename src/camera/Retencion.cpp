@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "common/Numbers.h"
-#include "records/Monitores.h"
 #include "records/Register.h"
 #include "records/RegistroFicha.h"
 #include "records/RegistroUsuario.h"
@@ -42,17 +41,24 @@ Moment MomentoDe(const FileMark& mark) {
   return Moment::FromMilliseconds(epoch + mark.changed / 1'000'000);
 }
 
-/// The folders of whoever is inside, in capitals; nothing when the register can't be read.
-std::optional<std::unordered_set<std::string>> CarpetasDeAdentro(Disk& disk, const String& act) {
+/// Calls `visit(number, ficha)` for whoever is inside; not done when the register can't be read to its end.
+template <class Visit>
+Outcome ConCadaUnoAdentro(Disk& disk, const String& act, Visit visit) {
   const Register<RegistroFicha> puestos(disk, act, OpenMode::kRead);
   const Result<std::int64_t> count = puestos.Count();
-  std::unordered_set<std::string> carpetas;
-  const auto visit = [&carpetas](std::int64_t number, const RegistroFicha& ficha) {
-    if (ficha.EnUso)
-      carpetas.insert(Upper(CarpetaDetalleEn(String(), ficha.Placa.View(), number)).Bytes().substr(1));
+  if (!count) return count.Why();
+  return puestos.Walk(1, *count, [&visit](std::int64_t number, const RegistroFicha& ficha) {
+    if (ficha.EnUso) visit(number, ficha);
     return true;
-  };
-  const Outcome walked = count ? puestos.Walk(1, *count, visit) : count.Why();
+  });
+}
+
+/// The folders of whoever is inside, in capitals; nothing when the register can't be read.
+std::optional<std::unordered_set<std::string>> CarpetasDeAdentro(Disk& disk, const String& act) {
+  std::unordered_set<std::string> carpetas;
+  const Outcome walked = ConCadaUnoAdentro(disk, act, [&](std::int64_t number, const RegistroFicha& ficha) {
+    carpetas.insert(Upper(CarpetaDetalleEn(String(), ficha.Placa.View(), number)).Bytes().substr(1));
+  });
   walked.PassOver();
   if (!walked) return std::nullopt;
   return carpetas;
@@ -139,14 +145,14 @@ void Retencion::BorrarSalidas() {
              return true;
            })
       .PassOver();
-  Borrar("Im\xE1genes HST", viejas, 0);
+  Borrar(carpeta_fotos::kHistorial, viejas, 0);
   numero_ = last + 1;
   if (numero_ > count) Siguiente();
 }
 
 void Retencion::BorrarCarpetas() {
   if (plazos_.adicionales == 0) return Siguiente();
-  const String base = ruta_("Im\xE1genes DTL");
+  const String base = ruta_(carpeta_fotos::kDetalles);
   if (!listadas_) {
     listadas_ = true;
     viejas_ = disk_.ListFolders(base);
@@ -194,13 +200,10 @@ void Retencion::MirarVistos() {
 }
 
 void Retencion::MirarAdentro() {
-  const Register<RegistroFicha> act(disk_, ruta_("Vintoral.ACT"), OpenMode::kRead);
-  const Result<std::int64_t> count = act.Count();
-  const Outcome walked =
-      !count ? count.Why() : act.Walk(1, *count, [this](std::int64_t /*number*/, const RegistroFicha& ficha) {
-        if (ficha.EnUso) vistos_.insert(Upper(ficha.Placa.Trimmed()).Bytes());
-        return true;
-      });
+  const Outcome walked = ConCadaUnoAdentro(disk_, ruta_("Vintoral.ACT"),
+                                           [this](std::int64_t /*number*/, const RegistroFicha& ficha) {
+                                             vistos_.insert(Upper(ficha.Placa.Trimmed()).Bytes());
+                                           });
   walked.PassOver();
   Siguiente();
   if (!walked) fase_ = Fase::kHecho;
@@ -218,8 +221,8 @@ void Retencion::BorrarUsuarios() {
               return true;
             })
       .PassOver();
-  Borrar("Im\xE1genes USR", ausentes, plazos_.usuarios);
-  Borrar("Im\xE1genes INI", ausentes, plazos_.usuarios);
+  Borrar(carpeta_fotos::kUsuarios, ausentes, plazos_.usuarios);
+  Borrar(carpeta_fotos::kPrimeras, ausentes, plazos_.usuarios);
   numero_ = last + 1;
   if (numero_ > count) Siguiente();
 }

@@ -8,16 +8,12 @@ namespace vintoral {
 namespace {
 
 String Carpeta(const Form1& form, bool inside) {
-  return form.RutaCompartida(inside ? "Imágenes ACT"_w : "Imágenes HST"_w);
+  return form.RutaCompartida(inside ? carpeta_fotos::kAdentro : carpeta_fotos::kHistorial);
 }
 
 String Nombre(std::int64_t numero) {
   return Digits(numero, 6) + ".jpg"_w;
 }
-
-constexpr std::string_view kDetalles =
-    "Im\xE1"
-    "genes DTL";
 
 /// A plate as part of a name.
 String EnNombre(std::string_view placa) {
@@ -67,15 +63,15 @@ String RutaFotoAdentro(const Form1& form, std::int64_t numero) {
 }
 
 String RutaCompletaFotoAdentro(const Form1& form, std::int64_t numero) {
-  return form.CarpetaCompartida + "\\Imágenes ACT\\"_w + Nombre(numero);
+  return form.CarpetaCompartida + "\\"_w + String(carpeta_fotos::kAdentro) + "\\"_w + Nombre(numero);
 }
 
 String RutaFotoUsuario(const Form1& form, std::int64_t usuario) {
-  return form.RutaCompartida("Imágenes USR\\"_w + Nombre(usuario));
+  return form.RutaCompartida(carpeta_fotos::kUsuarios) + "\\"_w + Nombre(usuario);
 }
 
 String RutaFotoPrimera(const Form1& form, std::int64_t usuario) {
-  return form.RutaCompartida("Imágenes INI\\"_w + Nombre(usuario));
+  return form.RutaCompartida(carpeta_fotos::kPrimeras) + "\\"_w + Nombre(usuario);
 }
 
 String CarpetaDetalleEn(const String& base, std::string_view placa, std::int64_t numero) {
@@ -83,15 +79,15 @@ String CarpetaDetalleEn(const String& base, std::string_view placa, std::int64_t
 }
 
 String CarpetaDetalle(const Form1& form, std::string_view placa, std::int64_t numero) {
-  return CarpetaDetalleEn(form.RutaCompartida(kDetalles), placa, numero);
+  return CarpetaDetalleEn(form.RutaCompartida(carpeta_fotos::kDetalles), placa, numero);
 }
 
 String CarpetaDetalleFinal(const Form1& form, std::string_view placa, Moment momento) {
   const Civil civil = momento.Parts();
   const String fecha = Digits(civil.day, 2) + "-"_w + Digits(civil.month, 2) + "-"_w + Digits(civil.year, 4);
   const String hora = Digits(civil.hour, 2) + Digits(civil.minute, 2) + Digits(civil.second, 2);
-  return form.RutaCompartida(kDetalles) + "\\"_w + EnNombre(placa) + " P"_w + form.NumeroPorteria + " "_w +
-         fecha + " "_w + hora;
+  return form.RutaCompartida(carpeta_fotos::kDetalles) + "\\"_w + EnNombre(placa) + " P"_w +
+         form.NumeroPorteria + " "_w + fecha + " "_w + hora;
 }
 
 String RutaDetalle(const String& carpeta, std::int64_t numero, std::int64_t foto) {
@@ -119,7 +115,7 @@ bool QuitarArchivo(Disk& disk, const String& ruta) {
 }
 
 bool HayFotoDetalle(const Form1& form, std::string_view placa, std::int64_t numero, std::int64_t foto) {
-  const String folder = form.RutaCompartida(kDetalles);
+  const String folder = form.RutaCompartida(carpeta_fotos::kDetalles);
   const String path = RutaDetalle(CarpetaDetalle(form, placa, numero), numero, foto);
   const String name(path.Bytes().substr(folder.Bytes().size() + 1));
   return form.Devices().disk.LookIn(folder, std::span(&name, 1)).front().has_value();

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <span>
+#include <string_view>
 #include <vector>
 
 #include "common/Moment.h"
@@ -15,6 +16,15 @@
 namespace vintoral {
 
 class Form1;
+
+/// The folders of photos in a data folder, by whose they are.
+namespace carpeta_fotos {
+inline constexpr std::string_view kAdentro = "Im\xE1genes ACT";
+inline constexpr std::string_view kHistorial = "Im\xE1genes HST";
+inline constexpr std::string_view kUsuarios = "Im\xE1genes USR";
+inline constexpr std::string_view kPrimeras = "Im\xE1genes INI";
+inline constexpr std::string_view kDetalles = "Im\xE1genes DTL";
+}  // namespace carpeta_fotos
 
 /// Where the photo of a ficha of the view lies: another folder once it has left.
 String RutaFoto(const Form1& form, const RegistroFicha& ficha);
