@@ -57,6 +57,13 @@ class Cameras(unittest.TestCase):
         self.assertLess(taken, 300 + BUSY)
         self.assertEqual(how, 0)
 
+    def ends_and_is_back(self, camera, film):
+        camera.end()
+        self.keys_go_on(film, 3)
+        self.assertFalse(self.filming(film))
+        camera.start()
+        wait_for("pictures after the end", lambda: self.filming(film), 40)
+
     def comes_and_goes(self, camera, address, tolerance):
         """What holds of every camera on the network."""
         film = self.film()
@@ -77,11 +84,7 @@ class Cameras(unittest.TestCase):
         camera.thaw()
         wait_for("pictures after the freeze", lambda: self.filming(film), 40)
 
-        camera.end()
-        self.keys_go_on(film, 3)
-        self.assertFalse(self.filming(film))
-        camera.start()
-        wait_for("pictures after the end", lambda: self.filming(film), 40)
+        self.ends_and_is_back(camera, film)
         self.assert_bars(self.snap(film), tolerance)
         self.end(film)
         lines = film.told()
@@ -131,11 +134,7 @@ class Network(Cameras):
         self.keys_go_on(film, 1)
         camera.thaw()
         wait_for("pictures after the freeze", lambda: self.filming(film), 40)
-        camera.end()
-        self.keys_go_on(film, 3)
-        self.assertFalse(self.filming(film))
-        camera.start()
-        wait_for("pictures after the end", lambda: self.filming(film), 40)
+        self.ends_and_is_back(camera, film)
         colour = film.do("snap", points=[[320, 240]])["colours"][0]
         self.assertLess(max(abs(one - other) for one, other in zip(colour, [0, 0, 254])), 6)
 

@@ -1,15 +1,13 @@
 """A disk that fills to its last byte at some moment of the day: what was confirmed stays, and nothing is half written."""
 import ctypes
 import itertools
-import os
 import unittest
 
 import trouble
+from trouble import PAGE
 from station import (ACT_LENGTH, BLANK, CONFIRM_RETIRE, CONFIRM_SAVE, DELETE, INSERT, RECORD, Folder, fresh_register, inside,
                      stamp)
 
-PAGE = os.sysconf("SC_PAGE_SIZE")
-DISK_PAGES = 256  # a station takes about 60
 ENTRY = stamp("08:00", "20/11/2026")
 KEEP_SIZE, PUNCH_HOLE = 1, 2
 LIBC = ctypes.CDLL(None, use_errno=True)
@@ -22,26 +20,7 @@ def make_sparse(path, at, length):
             raise OSError(ctypes.get_errno(), "can't punch a hole")
 
 
-class FullDisk(trouble.Trouble):
-    def setUp(self):
-        super().setUp()
-        self.disk = self.root / "disk"
-        self.disk.mkdir()
-        trouble.mount("-t", "tmpfs", "-o", f"size={DISK_PAGES * PAGE}", "tmpfs", str(self.disk))
-        self.addCleanup(trouble.unmount, self.disk)
-        self.folder = Folder(self.disk / "P01")
-
-    def fill(self, leave=0):
-        """Takes all pages of the disk but `leave`."""
-        with open(self.disk / "filler", "ab", buffering=0) as filler:
-            filler.truncate(0)
-            free = os.statvfs(self.disk).f_bavail
-            os.posix_fallocate(filler.fileno(), 0, (free - leave) * PAGE)
-        self.assertEqual(os.statvfs(self.disk).f_bavail, leave)
-
-    def empty(self):
-        (self.disk / "filler").unlink(missing_ok=True)
-
+class FullDisk(trouble.SmallDisk):
     def gate(self, *fichas):
         self.folder.write("Multimedia/Vintoral.ACT", fresh_register(*fichas))
         gate = self.running()

@@ -5,9 +5,8 @@ All registers end where a page does, so that each appended record needs a page o
 import unittest
 
 import trouble
-from station import BLANK, DELETE, HOME, INSERT, RECORD, USER, Folder, inside, stamp, user
-from test_full_disk import DISK_PAGES, PAGE
-import test_full_disk
+from station import BLANK, DELETE, HOME, INSERT, RECORD, USER, inside, stamp, user
+from trouble import PAGE
 from tickets import CODE, CODES, PASS, Books, TicketDay, codes_file, pass_record
 
 ENTRY = stamp("08:00", "20/11/2026")
@@ -24,16 +23,11 @@ def up_to_a_page(size):
 USERS, PASSES, ROWS = up_to_a_page(USER.size), up_to_a_page(PASS.size), up_to_a_page(RECORD.size)
 
 
-class FullDisk(TicketDay, trouble.Trouble):
-    fill, empty = test_full_disk.FullDisk.fill, test_full_disk.FullDisk.empty
+class FullDisk(trouble.SmallDisk, TicketDay):
+    PAGES = 512
 
     def setUp(self):
         super().setUp()
-        self.disk = self.root / "disk"
-        self.disk.mkdir()
-        trouble.mount("-t", "tmpfs", "-o", f"size={2 * DISK_PAGES * PAGE}", "tmpfs", str(self.disk))
-        self.addCleanup(trouble.unmount, self.disk)
-        self.folder = Folder(self.disk / "P01")
         self.books = Books(self.folder)
 
     def full_gate(self):

@@ -3,14 +3,13 @@ import os
 import random
 
 import trouble
-from station import ACT_LENGTH, CAMERA, CONTROL, ENTER, INSERT, Folder
+from trouble import PAGE
+from station import ACT_LENGTH, CAMERA, CONTROL, ENTER, INSERT
 
 from cameras import ACT, DTL, HST, INI, USR, A, CameraDay, bmp, is_whole, numbered
 
 BROWN, GREEN = (90, 60, 30), (20, 110, 40)
 FOLDERS = (ACT, HST, USR, INI, DTL)
-PAGE = os.sysconf("SC_PAGE_SIZE")
-DISK_PAGES = 512
 SEED = 4711
 
 
@@ -133,22 +132,8 @@ class ReadOnly(Trouble):
         self.assertColor(self.color(numbered(USR, 1)), GREEN)
 
 
-class FullDisk(Trouble):
-    def setUp(self):
-        super().setUp()
-        self.disk = self.root / "disk"
-        self.disk.mkdir()
-        trouble.mount("-t", "tmpfs", "-o", f"size={DISK_PAGES * PAGE}", "tmpfs", str(self.disk))
-        self.addCleanup(trouble.unmount, self.disk)
-        self.folder = Folder(self.disk / "P01")
-
-    def fill(self, leave):
-        """Takes all pages of the disk but `leave`."""
-        with open(self.disk / "filler", "ab", buffering=0) as filler:
-            filler.truncate(0)
-            free = os.statvfs(self.disk).f_bavail
-            os.posix_fallocate(filler.fileno(), 0, (free - leave) * PAGE)
-        self.assertEqual(os.statvfs(self.disk).f_bavail, leave)
+class FullDisk(trouble.SmallDisk, Trouble):
+    PAGES = 512
 
     def busy(self):
         """A frame without any even ground: its photo takes many pages."""

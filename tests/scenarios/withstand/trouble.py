@@ -14,6 +14,7 @@ import station  # noqa: E402  (found through the line above)
 if os.access("/dev/shm", os.W_OK):
     tempfile.tempdir = "/dev/shm"
 
+PAGE = os.sysconf("SC_PAGE_SIZE")
 MIXED_RECORDS = 16
 LEGAL_MULTIPLE = {"ACT": 188, "HST": 188, "NSR": 188, "CRD": 188, "USR": 124, "LBL": 132}
 
@@ -161,3 +162,27 @@ def copy_station(source, target):
         shutil.rmtree(target)
     shutil.copytree(source, target)
     return station.Folder(target)
+
+
+class SmallDisk(Trouble):
+    """Days at a gate whose disk has so many pages and no more; a station takes about 60 of them."""
+    PAGES = 256
+
+    def setUp(self):
+        super().setUp()
+        self.disk = self.root / "disk"
+        self.disk.mkdir()
+        mount("-t", "tmpfs", "-o", f"size={self.PAGES * PAGE}", "tmpfs", str(self.disk))
+        self.addCleanup(unmount, self.disk)
+        self.folder = station.Folder(self.disk / "P01")
+
+    def fill(self, leave=0):
+        """Takes all pages of the disk but `leave`."""
+        with open(self.disk / "filler", "ab", buffering=0) as filler:
+            filler.truncate(0)
+            free = os.statvfs(self.disk).f_bavail
+            os.posix_fallocate(filler.fileno(), 0, (free - leave) * PAGE)
+        self.assertEqual(os.statvfs(self.disk).f_bavail, leave)
+
+    def empty(self):
+        (self.disk / "filler").unlink(missing_ok=True)
