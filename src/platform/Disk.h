@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -98,7 +99,7 @@ class Disk {
   /// the disk outlives it. A real disk never has the whole in memory, and works while the station goes on;
   /// others do all of it in Commit.
   virtual std::unique_ptr<Replacement> BeginReplacement(std::string_view path);
-  /// Returns when nothing is left to do behind a Commit.
+  /// Returns when nothing is left to do behind a Commit, nor of what was given to Behind.
   virtual void Settle() {}
   /// Makes a file that did not exist: readers see none or all of it. Nothing is changed, and the error is
   /// EEXIST, when there is anything of that name. It is not synced: a power cut soon after may lose it.
@@ -106,6 +107,13 @@ class Disk {
   /// A copy under another name, in place of what stood there: readers see the old or the new, never half. Not
   /// synced, as CreateNew.
   virtual Outcome Copy(std::string_view from, std::string_view to);
+  /// Has `work` make the files of `paths`, beside the station where the disk can, else at once. It is given a
+  /// disk, of which it uses CreateNew and Copy, knows nothing of the station, doesn't throw and tells of its
+  /// failures itself. Whoever asks for one of the files later by its path, or for a folder, finds what it has
+  /// done; LookIn sees a file when it is there.
+  virtual void Behind(std::vector<String> /*paths*/, const std::function<void(Disk&)>& work) { work(*this); }
+  /// Nothing is left of such work.
+  virtual bool NothingBehind() const { return true; }
   /// Does nothing when the folder is there already.
   virtual Outcome CreateFolder(std::string_view path) = 0;
   /// A folder, or a link to one. Any error counts as no.

@@ -3,6 +3,7 @@
 #include "platform/Camera.h"
 #include "platform/Clock.h"
 #include "platform/Disk.h"
+#include "platform/Mail.h"
 #include "platform/Pictures.h"
 #include "platform/Printer.h"
 #include "platform/Random.h"
@@ -23,6 +24,7 @@ struct Platform {
   Printer& printer;
   Random& random;
   Camera& camera;
+  Mail& mail;
 };
 
 }  // namespace vintoral

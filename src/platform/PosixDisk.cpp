@@ -73,11 +73,38 @@ bool ChangedJustNow(const std::string& path) {
 
 }  // namespace
 
-PosixDisk::PosixDisk(std::string folder) : folder_(std::move(folder)) {
+PosixDisk::PosixDisk(std::string folder, Work work)
+    : folder_(std::move(folder)), behind_(work == Work::kBeside ? std::make_unique<FilesBehind>() : nullptr) {
   if (!folder_.starts_with('/')) folder_ = RealPath(folder_.empty() ? "." : folder_);
   while (folder_.size() > 1 && folder_.ends_with('/'))
     folder_.pop_back();
   currentFolder_ = StationName(folder_);
+}
+
+void PosixDisk::Behind(std::vector<String> paths, const std::function<void(Disk&)>& work) {
+  if (behind_ == nullptr) return work(*this);
+  // A disk of its own: this one waits for the files.
+  behind_->Add(std::move(paths), [work, folder = folder_] {
+    PosixDisk disk(folder);
+    work(disk);
+  });
+}
+
+bool PosixDisk::NothingBehind() const {
+  return behind_ == nullptr || behind_->Nothing();
+}
+
+void PosixDisk::AwaitFile(std::string_view path) const {
+  if (behind_ != nullptr) behind_->Await(path);
+}
+
+void PosixDisk::AwaitAllFiles() const {
+  if (behind_ != nullptr) behind_->AwaitAll();
+}
+
+void PosixDisk::Settle() {
+  AwaitAllFiles();
+  beside_.Await();
 }
 
 String PosixDisk::CurrentFolder() const {
@@ -106,6 +133,7 @@ std::string PosixDisk::FileItself(std::string_view path) const {
 }
 
 bool PosixDisk::Exists(std::string_view path) const {
+  AwaitFile(path);
   const std::string native = PathOf(path);
   if (const std::optional<FileStatus> status = StatusOf(native)) return status->IsFile();
   const std::string found = FindOtherCase(native);
@@ -113,6 +141,7 @@ bool PosixDisk::Exists(std::string_view path) const {
 }
 
 std::optional<FileMark> PosixDisk::Look(std::string_view path) const {
+  AwaitFile(path);
   const std::string native = PathOf(path);
   if (const std::optional<FileMark> mark = MarkOf(native); mark || errno != ENOENT) return mark;
   const std::string found = FindOtherCase(native);
@@ -130,6 +159,7 @@ std::vector<std::optional<FileMark>> PosixDisk::LookIn(std::string_view folder,
 }
 
 bool PosixDisk::BeingWritten(std::string_view path) const {
+  AwaitFile(path);
   const std::string native = FindIgnoringCase(PathOf(path));
   const Descriptor file(open(native.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
   if (file.Number() < 0) return false;
@@ -137,6 +167,7 @@ bool PosixDisk::BeingWritten(std::string_view path) const {
 }
 
 Result<std::unique_ptr<DiskFile>> PosixDisk::Open(std::string_view path, OpenMode mode) {
+  AwaitFile(path);
   const int flags = mode == OpenMode::kRead ? O_RDONLY : O_RDWR;
   std::string native = PathOf(path);
   std::string newIn;
@@ -180,6 +211,7 @@ Result<String> PosixDisk::ReadAll(std::string_view path) {
 }
 
 Outcome PosixDisk::Replace(std::string_view path, std::string_view bytes) {
+  AwaitFile(path);
   NewBeside file(FileItself(path), NewBeside::Old::kDropped);
   const Outcome opened = file.Open();
   const Outcome written = opened ? file.Write(bytes, {}) : opened;
@@ -236,12 +268,15 @@ std::unique_ptr<Replacement> PosixDisk::BeginReplacement(std::string_view path) 
 }
 
 Outcome PosixDisk::CreateNew(std::string_view path, std::string_view bytes) {
+  AwaitFile(path);
   const std::string native = FindIgnoringCase(PathOf(path));
   const int error = native.empty() ? ENOENT : WriteNewFile(native, bytes);
   return error == 0 ? Outcome::Done() : Outcome::Failed("make", native, error);
 }
 
 Outcome PosixDisk::Copy(std::string_view from, std::string_view to) {
+  AwaitFile(from);
+  AwaitFile(to);
   const std::string native = FindIgnoringCase(PathOf(from));
   const Descriptor source(OpenRegular(native, O_RDONLY));
   if (source.Number() < 0) return Outcome::Failed("open", native, errno);
@@ -272,6 +307,7 @@ bool PosixDisk::IsLink(std::string_view path) const {
 }
 
 Outcome PosixDisk::Move(std::string_view from, std::string_view to) {
+  AwaitAllFiles();
   const std::string source = FindIgnoringCase(PathOf(from));
   const std::string target = FindIgnoringCase(PathOf(to));
   int error = MoveFile(source, target);
@@ -283,6 +319,7 @@ Outcome PosixDisk::Move(std::string_view from, std::string_view to) {
 }
 
 Outcome PosixDisk::CopyFolder(std::string_view from, std::string_view to) {
+  AwaitAllFiles();
   const std::string source = FindIgnoringCase(PathOf(from));
   const std::string target = FindIgnoringCase(PathOf(to));
   if (mkdir(target.c_str(), 0777) != 0) return Outcome::Failed("make folder", target, errno);
@@ -294,6 +331,7 @@ Outcome PosixDisk::CopyFolder(std::string_view from, std::string_view to) {
 }
 
 Outcome PosixDisk::RemoveFolder(std::string_view path) {
+  AwaitAllFiles();
   const std::string native = FindIgnoringCase(PathOf(path));
   std::error_code error;
   std::filesystem::remove_all(native, error);
@@ -301,6 +339,7 @@ Outcome PosixDisk::RemoveFolder(std::string_view path) {
 }
 
 Outcome PosixDisk::Remove(std::string_view path) {
+  AwaitFile(path);
   const std::string native = FindIgnoringCase(PathOf(path));
   return unlink(native.c_str()) == 0 ? Outcome::Done() : Outcome::Failed("remove", native, errno);
 }
@@ -333,6 +372,7 @@ void ForEachName(const std::string& folder, Visit visit) {
 }  // namespace
 
 std::vector<String> PosixDisk::List(std::string_view folder, std::string_view ending) const {
+  AwaitAllFiles();
   const std::string native = FindIgnoringCase(PathOf(folder));
   std::vector<String> names;
   ForEachName(native, [&](const std::string& entry, unsigned char kind) {

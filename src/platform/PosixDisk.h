@@ -4,6 +4,7 @@
 #include <string>
 
 #include "platform/Disk.h"
+#include "platform/FilesBehind.h"
 #include "platform/PendingSyncs.h"
 #include "platform/WorkBeside.h"
 
@@ -11,10 +12,13 @@ namespace vintoral {
 
 class PosixDisk final : public Disk {
  public:
+  /// What becomes of the work given to Behind: a window goes on at once; who looks at the folder from outside
+  /// after each step needs it done by then.
+  enum class Work { kAtOnce, kBeside };
   /// `folder` is a path of this system and is kept as such: it may hold characters that Windows-1252 lacks.
   /// Where station text begins with CurrentFolder(), that part stands for this folder whatever became of such
   /// characters. A relative folder is taken from the process's own, now.
-  explicit PosixDisk(std::string folder);
+  explicit PosixDisk(std::string folder, Work work = Work::kAtOnce);
 
   String CurrentFolder() const override;
   /// A regular file, or a link to one; a folder is none.
@@ -33,7 +37,9 @@ class PosixDisk final : public Disk {
   /// Opened, written and synced beside the station's thread, which waits for it in Commit. Left behind that
   /// are the sync of the new file's name and the freeing of the old file; the next Commit waits for them too.
   std::unique_ptr<Replacement> BeginReplacement(std::string_view path) override;
-  void Settle() override { beside_.Await(); }
+  void Settle() override;
+  void Behind(std::vector<String> paths, const std::function<void(Disk&)>& work) override;
+  bool NothingBehind() const override;
   /// A link that leads nowhere is something of that name too.
   Outcome CreateNew(std::string_view path, std::string_view bytes) override;
   Outcome Copy(std::string_view from, std::string_view to) override;
@@ -57,13 +63,17 @@ class PosixDisk final : public Disk {
   std::string PathOf(std::string_view path) const;
 
  private:
+  /// Returns when the file is there that may still be made.
+  void AwaitFile(std::string_view path) const;
+  void AwaitAllFiles() const;
   /// The file that is meant, whatever the case of its name, and not a link to it.
   std::string FileItself(std::string_view path) const;
 
   std::string folder_;
   String currentFolder_;  ///< folder_ as station text
   PendingSyncs pending_;
-  WorkBeside beside_;  ///< the last one, since its work uses the others
+  std::unique_ptr<FilesBehind> behind_;  ///< null where such work is done at once
+  WorkBeside beside_;                    ///< the last one, since its work uses the others
 };
 
 }  // namespace vintoral

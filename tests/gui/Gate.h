@@ -14,6 +14,7 @@
 #include "platform/PosixDisk.h"
 #include "platform/desktop/DesktopScreen.h"
 #include "platform/headless/Recording.h"
+#include "platform/headless/RecordingMail.h"
 #include "platform/headless/SeededRandom.h"
 #include "platform/headless/VirtualClock.h"
 #include "platform/pictures/PicturesBeside.h"
@@ -82,6 +83,7 @@ class Gate : public testing::Test {
   RecordingPrinter printer_{events_};
   SeededRandom chance_;
   FilmedCamera camera_;
+  RecordingMail mail_{events_};
   std::vector<Box> boxes_;  ///< all that came up, in order
   std::unique_ptr<Form1> form_;
   std::unique_ptr<MainWindow> window_;

@@ -14,6 +14,7 @@
 #include "common/Moment.h"
 #include "platform/headless/GivenCamera.h"
 #include "platform/headless/Recording.h"
+#include "platform/headless/RecordingMail.h"
 #include "platform/headless/VirtualClock.h"
 #include "platform/pictures/PictureDecoder.h"
 #include "station/form1/Form1.h"
@@ -121,7 +122,8 @@ class MemoryStation {
   RecordingPrinter Printer{Events};
   ScriptedRandom Chance;
   GivenCamera Camera;
-  Form1 Form{Platform{Clock, Screen, Sound, System, Faulty, Pictures, Printer, Chance, Camera}};
+  RecordingMail Mail{Events};
+  Form1 Form{Platform{Clock, Screen, Sound, System, Faulty, Pictures, Printer, Chance, Camera, Mail}};
   Input Hands{Form.OpenForms};
 
   /// What the operator will answer, box by box.

@@ -38,7 +38,7 @@ int main(int argc, char** argv) {
   const vintoral::Platform desktop = devices.Devices();
   vintoral::Form1 form(vintoral::Platform{desktop.clock, desktop.screen, desktop.sound, desktop.system,
                                           desktop.disk, desktop.pictures, desktop.printer, desktop.random,
-                                          camera});
+                                          camera, desktop.mail});
   vintoral::MainWindow window(form);
   vintoral::Dialogs dialogs(form.OpenForms, window);
   devices.Screen.Owner = [&] { return dialogs.Active(); };

@@ -7,6 +7,7 @@
 #include "platform/PosixDisk.h"
 #include "platform/desktop/DesktopCamera.h"
 #include "platform/desktop/DesktopClock.h"
+#include "platform/desktop/DesktopMail.h"
 #include "platform/desktop/DesktopPrinter.h"
 #include "platform/desktop/DesktopScreen.h"
 #include "platform/desktop/DesktopSound.h"
@@ -21,7 +22,9 @@ class DesktopPlatform {
   /// `folder`: the station's folder, a path of this system.
   explicit DesktopPlatform(const std::string& folder);
 
-  Platform Devices() { return {Clock, Screen, Sound, System, Disk, Pictures, Printer, chance_, Camera}; }
+  Platform Devices() {
+    return {Clock, Screen, Sound, System, Disk, Pictures, Printer, chance_, Camera, Mail};
+  }
   /// The file of this system that a station path means, whatever the case of its name.
   std::string FileOf(std::string_view path) const;
 
@@ -33,6 +36,7 @@ class DesktopPlatform {
   DesktopSystem System;
   DesktopPrinter Printer;
   DesktopCamera Camera;
+  DesktopMail Mail;
 
  private:
   SystemRandom chance_;

@@ -7,6 +7,7 @@
 #include "platform/PosixDisk.h"
 #include "platform/headless/GivenCamera.h"
 #include "platform/headless/Recording.h"
+#include "platform/headless/RecordingMail.h"
 #include "platform/headless/SeededRandom.h"
 #include "platform/headless/VirtualClock.h"
 
@@ -20,7 +21,9 @@ class HeadlessPlatform {
   HeadlessPlatform(const HeadlessPlatform&) = delete;
   HeadlessPlatform& operator=(const HeadlessPlatform&) = delete;
 
-  Platform Devices() { return {Clock, Screen, sound_, System, disk_, pictures_, Printer, Chance, Camera}; }
+  Platform Devices() {
+    return {Clock, Screen, sound_, System, disk_, pictures_, Printer, Chance, Camera, Mail};
+  }
 
   Recording Events;
   VirtualClock Clock;
@@ -29,6 +32,7 @@ class HeadlessPlatform {
   RecordingPrinter Printer{Events};
   SeededRandom Chance;
   GivenCamera Camera;
+  RecordingMail Mail{Events};
 
  private:
   RecordingSound sound_{Events};

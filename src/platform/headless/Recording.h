@@ -9,6 +9,8 @@
 #include <vector>
 
 #include "platform/Clock.h"
+#include "platform/Mail.h"
+#include "platform/MailMessage.h"
 #include "platform/Printer.h"
 #include "platform/Screen.h"
 #include "platform/Sound.h"
@@ -18,11 +20,13 @@ namespace vintoral {
 
 /// One thing that the station did to the outside.
 struct DeviceEvent {
-  enum class Kind { kSound, kBeep, kLaunch, kPrint, kEnd };
+  enum class Kind { kSound, kBeep, kLaunch, kPrint, kMail, kEnd };
   Kind kind = Kind::kBeep;
   String text;          ///< the sound's file, the launched command, the printer
   bool played = false;  ///< of a sound: the file was there
   std::vector<PrintOperation> printed = {};
+  MailMessage mail = {};  ///< of a mail, the password left out
+  bool sent = false;      ///< of a mail
 
   friend bool operator==(const DeviceEvent&, const DeviceEvent&) = default;
 };

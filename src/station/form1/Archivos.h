@@ -15,10 +15,17 @@ inline constexpr std::string_view kTiquete = "Recursos\\Vintoral.TQE";
 inline constexpr std::string_view kFactura = "Recursos\\Vintoral.FTA";
 /// The invoice log, newest first.
 inline constexpr std::string_view kFacturas = "Recursos\\Vintoral.HFC";
+/// The extras sold, newest first, and behind them the lock of functions.
+inline constexpr std::string_view kVentas = "Recursos\\Vintoral.EXT";
+/// The log of functions, and the report of it.
+inline constexpr std::string_view kFunciones = "Recursos\\Vintoral.FDR";
+inline constexpr std::string_view kHorario = "Recursos\\Vintoral.RGT";
 /// Lets a second instance start, for the one restart that registers the capture library.
 inline constexpr std::string_view kReinicio = "Recursos\\Vintoral.RLD";
 inline constexpr std::string_view kServidor = "Objetos\\Servidor.INI";
 inline constexpr std::string_view kWeb = "Objetos\\Web.INI";
+/// The relay by which alerts go out.
+inline constexpr std::string_view kCorreo = "Objetos\\Correo.INI";
 inline constexpr std::string_view kAppCamera = "Objetos\\AppCamera.INI";
 /// The place in the list of the camera that the gate uses.
 inline constexpr std::string_view kCamara = "Recursos\\Vintoral.WCM";

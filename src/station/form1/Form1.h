@@ -35,8 +35,12 @@
 namespace vintoral {
 
 class Form3;
+class Form4;
+class Form5;
 class Form6;
+class Form7;
 class Form8;
+class Form9;
 
 class Form1 : public ScreenModel {
  public:
@@ -93,6 +97,13 @@ class Form1 : public ScreenModel {
   String CarpetaFotos;            ///< where those of a new ficha lie
   String RutaAppCamera;           ///< what to open to start the outside camera program
   String RutaFotosApp;            ///< the folder where that program leaves pictures; may be missing
+
+  /// One entry for each article that is for sale, element 0 of index 0 of LstArticulo.
+  std::vector<std::int16_t> CantidadArticulo;
+  std::vector<Money> PrecioArticulo;
+
+  String ContraseñaActual;     ///< of the lock of functions: five digits, or empty for none
+  String FuncionesBloqueadas;  ///< a digit for each function that can be locked, "1" for locked
 
   Moment BaseReloj;                  ///< the clock that the last tick saw
   int MinutoBase = 0;                ///< the minute of the hour at the last count
@@ -296,6 +307,10 @@ class Form1 : public ScreenModel {
   /// The photo in Picture2 into a file, in place of what stood there; false when there is no photo or no
   /// file.
   bool GuardarFotoJPEG(const String& ruta);
+  /// The same beside the sale, with copies in place of what stands there; false when there is no photo.
+  bool GuardarFotoDetras(const String& ruta, std::vector<String> copias);
+  /// A photo of the grid was still being written when the page was drawn last.
+  bool FotoDetras = false;
   /// Ctrl+A (0) takes one additional photo of a new ficha, Ctrl+X (1) ten, a second apart.
   void PctFotoDetalle_Click(int Index);
   void TomarFotoAdicional();
@@ -412,6 +427,50 @@ class Form1 : public ScreenModel {
   void EntregarCopias();
   /// By a clock that nobody sets, so midnight makes no difference. Less than nothing is no wait.
   void Esperar(std::int64_t milisegundos);
+
+  // ---- Extras
+  // ------------------------------------------------------------------------------------------------
+  /// The dialog in which articles are sold, null while it is not loaded.
+  class Form4* Form4 = nullptr;
+  /// Opens it with the articles of TablaExtras.
+  void AbrirExtras();
+  /// The articles of TablaExtras into Form4 and the two tables beside it.
+  void CargarArticulosExtras();
+  /// What is ticked in Form4 becomes the newest lines of the list of sales.
+  void RegistrarValorExtra();
+  /// After two questions the list reads as empty; what was sold stays in the file.
+  void ReiniciarContadorExtras();
+
+  // ---- Lock, log, alarm and menu
+  // ------------------------------------------------------------------------------------------------
+  /// The keypad of the lock, null while it is not loaded. It stays loaded, hidden, while its functions are
+  /// open.
+  class Form7* Form7 = nullptr;
+  /// F9: the keypad, as it was left where it is loaded.
+  void AbrirBloqueo();
+  /// Password and selection, and the indicator that shows when they lock.
+  void CargarContraseña();
+  void CopiarContraseña();
+  /// May the function run whose digit is `bit`? Where it may not, a box says so.
+  bool ExisteFuncion(std::uint8_t bit, bool omitir);
+  /// The same of a position in FuncionesBloqueadas, from 1; 0 is none, and may.
+  bool Permite(int posicion);
+  /// One more entry of the log: `Funcion` is its code, "0" the running time.
+  void RegistrarHoraTrabajo(std::string_view Funcion);
+  /// The log as a text, in the user's editor.
+  void ImprimirHoraTrabajo();
+  /// The dialog of the alarm, null while it is not loaded.
+  class Form9* Form9 = nullptr;
+  /// Ctrl+Alt+P: disarms the alarm after a question, or opens its dialog.
+  void AlternarPanico();
+  /// What stands in that dialog into memory and its file; the alarm is armed.
+  void GuardarDatosCall();
+  void ImgPanico_Click();
+  /// The alert goes out while the screen is served; returns when it has, or has failed.
+  void EnviarAlerta();
+  /// The menu of functions, null while it is not loaded.
+  class Form5* Form5 = nullptr;
+  void AbrirMenu();
 
   // ---- Sounds
   // ------------------------------------------------------------------------------------------------

@@ -178,7 +178,7 @@ TEST(Hourglass, IsShownWhileTheUsersAreLookedThrough) {
   PointerScreen screen(station.Events, station.Clock);
   RecordingSystem system(station.Events, screen);
   Form1 form(Platform{station.Clock, screen, station.Sound, system, station.Faulty, station.Pictures,
-                      station.Printer, station.Chance, station.Camera});
+                      station.Printer, station.Chance, station.Camera, station.Mail});
   screen.OnWait = [&screen] { static_cast<void>(screen.Answer(Answer::kOk)); };
   form.Form_Load();
   form.TxtCampo[1].SetText("AAA"_w);

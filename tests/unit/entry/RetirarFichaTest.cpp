@@ -301,7 +301,7 @@ TEST(RetirarFicha, AMinuteThatTurnsBetweenTheTicksChargesWhatTheExitSays) {
     station.Enter("7", "abc");
     TurningClock clock;
     Form1 form(Platform{clock, station.Screen, station.Sound, station.System, station.Faulty,
-                        station.Pictures, station.Printer, station.Chance, station.Camera});
+                        station.Pictures, station.Printer, station.Chance, station.Camera, station.Mail});
     Input hands(form.OpenForms);
     clock.TurnAfter(1000);
     station.Answers = {Answer::kOk};

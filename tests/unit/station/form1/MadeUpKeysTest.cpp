@@ -35,7 +35,8 @@ class MadeUpKeysTest : public testing::Test {
   }
   MemoryStation station_;
   Listening form_{Platform{station_.Clock, station_.Screen, station_.Sound, station_.System, station_.Faulty,
-                           station_.Pictures, station_.Printer, station_.Chance, station_.Camera}};
+                           station_.Pictures, station_.Printer, station_.Chance, station_.Camera,
+                           station_.Mail}};
   Input hands_{form_.OpenForms};
 };
 
