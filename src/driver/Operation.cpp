@@ -219,12 +219,33 @@ Json PrintedJson(const DeviceEvent& event) {
   return {{"event", "print"}, {"printer", event.text.ToUtf8()}, {"ops", std::move(operations)}};
 }
 
+Json MailedJson(const DeviceEvent& event) {
+  const MailMessage& mail = event.mail;
+  Json to = Json::array();
+  for (const String& address : mail.to)
+    to.push_back(address.ToUtf8());
+  return {{"event", "mail"},
+          {"server", mail.server.ToUtf8()},
+          {"port", mail.port},
+          {"user", mail.user.ToUtf8()},
+          {"auth", mail.logIn},
+          {"ssl", mail.privacy != MailPrivacy::kNone},
+          {"from", mail.from.ToUtf8()},
+          {"to", std::move(to)},
+          {"subject", mail.subject.ToUtf8()},
+          {"text", mail.text.ToUtf8()},
+          {"attachment", mail.attachment.ToUtf8()},
+          {"sent", event.sent}};
+}
+
 }  // namespace
 
 Json EventJson(const DeviceEvent& event) {
   switch (event.kind) {
     case DeviceEvent::Kind::kPrint:
       return PrintedJson(event);
+    case DeviceEvent::Kind::kMail:
+      return MailedJson(event);
     case DeviceEvent::Kind::kSound:
       return {{"event", "sound"}, {"file", event.text.ToUtf8()}, {"played", event.played}};
     case DeviceEvent::Kind::kLaunch:
