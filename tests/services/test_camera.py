@@ -184,6 +184,22 @@ class Network(Cameras):
             self.assertLess(max(abs(one - other) for one, other in zip(answer["colours"][0], colour)), 8)
         self.assertEqual(film.told(), [])
 
+    def test_pictures_of_eight_million_points(self):
+        port = free_port()
+        http_camera(self, port, "large")
+        film = self.film()
+        film.do("show", width=320, height=240)
+        self.start(film, f"http://127.0.0.1:{port}/")
+        wait_for("pictures", lambda: self.filming(film))
+        self.keys_go_on(film, 3)
+        answer = film.do("snap", points=[[0, 0], [3839, 2159]])
+        self.assertEqual((answer["width"], answer["height"]), (3840, 2160))
+        for colour in answer["colours"]:
+            self.assertLess(max(abs(one - other) for one, other in zip(colour, [0, 0, 254])), 8)
+        self.assertEqual(film.do("live")["width"], 320)
+        self.assertEqual(film.told(), [])
+        self.end(film)
+
     def test_a_server_that_is_not_there(self):
         film = self.film()
         self.start(film, f"rtsp://127.0.0.1:{free_port()}/film")
