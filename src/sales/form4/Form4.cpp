@@ -143,8 +143,9 @@ void Form4::AlMarcar(std::size_t articulo) {
   LstArticulo.ListIndex = static_cast<int>(articulo);
   TraerALaVista(LstArticulo.ListIndex);
   ActualizarInfoForm4();
-  // Emptied, it becomes one.
-  CboCantidad[*FilaActual()].SetText(EstaMarcado(articulo) ? String() : Nada());
+  ComboBox& quantity = CboCantidad[*FilaActual()];
+  quantity.SetText(EstaMarcado(articulo) ? String() : Nada());  // emptied, it becomes one
+  quantity.SelectAll();
 }
 
 void Form4::TraerALaVista(int articulo) {
