@@ -1,0 +1,40 @@
+#include "records/RegistroExtra.h"
+
+#include <string>
+
+#include "records/RegistroMixto.h"
+
+namespace vintoral {
+
+static_assert(RegistroExtra::kSize == RegistroMixto::kSize);
+
+RegistroExtra RegistroExtra::Decode(std::span<const char, kSize> bytes) {
+  const RegistroMixto mixed = RegistroMixto::Decode(bytes);
+  return {.FechaVenta = TextOf(mixed.CampoA),
+          .Articulo = TextOf(mixed.CampoB),
+          .MarcaTurnoExtra = mixed.Marca,
+          .PrecioUnitario = mixed.Importe,
+          .HoraVenta = mixed.Numero1,
+          .Cantidad = mixed.Numero2};
+}
+
+std::array<char, RegistroExtra::kSize> RegistroExtra::Encode() const {
+  const RegistroMixto mixed{.CampoA = FechaVenta,
+                            .CampoB = Articulo,
+                            .Marca = MarcaTurnoExtra,
+                            .Importe = PrecioUnitario,
+                            .Numero1 = HoraVenta,
+                            .Numero2 = Cantidad};
+  return mixed.Encode();
+}
+
+String ListaExtrasEnBlanco() {
+  const auto blank = RegistroExtra{}.Encode();
+  std::string list;
+  list.reserve(kRenglonesVenta * RegistroExtra::kSize);
+  for (std::int64_t line = 1; line <= kRenglonesVenta; ++line)
+    list.append(blank.data(), blank.size());
+  return String(std::move(list));
+}
+
+}  // namespace vintoral
