@@ -18,9 +18,11 @@ void Form1::PctBoton_Click(int Index) {
   const auto rows = ButtonCommands();
   const auto index = static_cast<std::size_t>(Index);
   if (Terminado() || index >= rows.size()) return;
-  if (rows[index].answering == Answering::kClick) MidiWav(sonido::kClic);
-  if (rows[index].answering == Answering::kVoice) Announce(*this, PctBoton[index]);
-  if (rows[index].action != nullptr) rows[index].action(*this);
+  const ButtonCommand& row = rows[index];
+  if (row.answering == Answering::kClick) MidiWav(sonido::kClic);
+  if (row.answering == Answering::kVoice) Announce(*this, PctBoton[index]);
+  if (row.log != nullptr) RegistrarHoraTrabajo(row.log);
+  if (row.action != nullptr) row.action(*this);
 }
 
 }  // namespace vintoral
