@@ -25,6 +25,7 @@ bool Form1::Form_KeyDown(int KeyCode, int Shift) {
     PctBoton_Click(static_cast<int>(*row->button));
     return true;
   }
+  if (!Permite(row->lock)) return true;
   if (row->log != nullptr) RegistrarHoraTrabajo(row->log);
   if (row->action != nullptr) row->action(*this, KeyCode);
   return row->action != nullptr;

@@ -44,6 +44,7 @@ void Form1::Form_Load() {
   CargarMoneda();
   CrearTablasPredeterminadas();
   CargarEtiquetas();
+  CargarContraseña();
   CargarTablas();
   CargarTiquete();
   CargarFactura();
