@@ -4,6 +4,7 @@
 #include "common/Outcome.h"
 #include "station/form1/Archivos.h"
 #include "station/form1/Form1.h"
+#include "station/form1/Funciones.h"
 #include "station/form1/Sonidos.h"
 
 namespace vintoral {
@@ -43,6 +44,7 @@ void Form1::Form_Load() {
   CargarMoneda();
   CrearTablasPredeterminadas();
   CargarEtiquetas();
+  CargarContraseña();
   CargarTablas();
   CargarTiquete();
   CargarFactura();
@@ -50,6 +52,8 @@ void Form1::Form_Load() {
   CargarDatosCall();
   CargarMarcas();
   MostrarFondo();
+  RegistrarHoraTrabajo(funcion::kEnEjecucion);
+  RegistrarHoraTrabajo(funcion::kAbrirPrograma);
   MidiWav(sonido::kConectando);
   BaseReloj = platform_.clock.Now();
   MinutoBase = BaseReloj.Parts().minute;
