@@ -75,6 +75,7 @@ void Form1::ConectarBotones() {
   }
   CmdBarCode.OnClick = CmdNumeroFicha.OnClick = [this] { GeneradorClick(); };
   ImgCambiarFondo.OnClick = [this] { ImgCambiarFondo_Click(); };
+  ImgPanico.OnClick = [this] { ImgPanico_Click(); };
   ImgPuntos.OnClick = [this] { Form_KeyDown('R', keys::kShift | keys::kControl); };
 }
 
