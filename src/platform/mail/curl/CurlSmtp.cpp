@@ -1,16 +1,17 @@
 // One mail by libcurl, which builds its parts and speaks with the relay.
 #include <curl/curl.h>
+#include <sys/socket.h>
+#include <unistd.h>
 
-#include <algorithm>
 #include <array>
+#include <atomic>
 #include <csignal>
 #include <ctime>
 #include <memory>
+#include <set>
 #include <string_view>
 
 #include "platform/mail/MailJob.h"
-
-#include <atomic>
 
 namespace vintoral {
 namespace {
@@ -61,9 +62,32 @@ class NoBrokenPipe {
   sigset_t pipe_{}, before_{};
 };
 
+/// The connections that stand: a relay of two addresses may be called at both.
+class Sockets {
+ public:
+  static curl_socket_t Open(void* sockets, curlsocktype /*purpose*/, curl_sockaddr* address) {
+    const int made = socket(address->family, address->socktype | SOCK_CLOEXEC, address->protocol);
+    if (made >= 0) static_cast<Sockets*>(sockets)->open_.insert(made);
+    return made;
+  }
+  static int Close(void* sockets, curl_socket_t closed) {
+    static_cast<Sockets*>(sockets)->open_.erase(closed);
+    return close(closed);
+  }
+  /// What the relay may still say is not waited for.
+  void StopListening() const {
+    for (const int each : open_)
+      shutdown(each, SHUT_RD);
+  }
+
+ private:
+  std::set<int> open_;
+};
+
 /// What passes on the line, as far as it matters.
 struct Talk {
   const std::atomic<bool>& over;
+  const Sockets& sockets;
   bool ofRecipient = false;  ///< the relay has been asked to take one
   int refused = 0;           ///< so many of them
 };
@@ -72,6 +96,7 @@ int Overhear(CURL* /*easy*/, curl_infotype kind, char* data, std::size_t size, v
   auto& heard = *static_cast<Talk*>(talk);
   const std::string_view line(data, size);
   if (kind == CURLINFO_HEADER_OUT) heard.ofRecipient = line.starts_with("RCPT TO:");
+  if (kind == CURLINFO_HEADER_OUT && line.starts_with("QUIT")) heard.sockets.StopListening();
   if (kind != CURLINFO_HEADER_IN || !heard.ofRecipient) return 0;
   // The last line of an answer has a blank behind its code.
   const bool last = size > 3 && line[3] != '-';
@@ -96,7 +121,7 @@ Url UrlOf(const MailJob& job) {
 }
 
 /// How long it may take and who may speak with whom.
-void SetLine(CURL* easy, const MailJob& job, Talk& talk) {
+void SetLine(CURL* easy, const MailJob& job, Sockets& sockets, Talk& talk) {
   curl_easy_setopt(easy, CURLOPT_PROTOCOLS_STR, "smtp,smtps");
   curl_easy_setopt(easy, CURLOPT_PROXY, "");  // whatever the environment says
   curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L);
@@ -104,6 +129,10 @@ void SetLine(CURL* easy, const MailJob& job, Talk& talk) {
   curl_easy_setopt(easy, CURLOPT_CONNECTTIMEOUT, kConnectSeconds);
   curl_easy_setopt(easy, CURLOPT_SERVER_RESPONSE_TIMEOUT, kAnswerSeconds);
   curl_easy_setopt(easy, CURLOPT_TIMEOUT, kAllSeconds);
+  curl_easy_setopt(easy, CURLOPT_OPENSOCKETFUNCTION, Sockets::Open);
+  curl_easy_setopt(easy, CURLOPT_OPENSOCKETDATA, &sockets);
+  curl_easy_setopt(easy, CURLOPT_CLOSESOCKETFUNCTION, Sockets::Close);
+  curl_easy_setopt(easy, CURLOPT_CLOSESOCKETDATA, &sockets);
   curl_easy_setopt(easy, CURLOPT_NOPROGRESS, 0L);
   curl_easy_setopt(easy, CURLOPT_XFERINFOFUNCTION, StopWhenOver);
   curl_easy_setopt(easy, CURLOPT_XFERINFODATA, &talk);
@@ -145,13 +174,14 @@ std::string Send(const MailJob& job, const std::atomic<bool>& over) {
   const Url url = UrlOf(job);
   if (!url) return "the relay's name is none";
   const NoBrokenPipe guard;
-  Talk talk{over};
+  Sockets sockets;
+  Talk talk{over, sockets};
   const Lines to(job.to), headers(job.headers);
   std::array<char, CURL_ERROR_SIZE> words{};
   const Easy easy(curl_easy_init());
   const Mime mime(curl_mime_init(easy.get()));
   AddParts(mime.get(), job);
-  SetLine(easy.get(), job, talk);
+  SetLine(easy.get(), job, sockets, talk);
   curl_easy_setopt(easy.get(), CURLOPT_ERRORBUFFER, words.data());
   curl_easy_setopt(easy.get(), CURLOPT_CURLU, url.get());
   curl_easy_setopt(easy.get(), CURLOPT_MAIL_FROM, job.from.c_str());
@@ -160,6 +190,7 @@ std::string Send(const MailJob& job, const std::atomic<bool>& over) {
   curl_easy_setopt(easy.get(), CURLOPT_HTTPHEADER, headers.Get());
   curl_easy_setopt(easy.get(), CURLOPT_MIMEPOST, mime.get());
   const CURLcode code = curl_easy_perform(easy.get());
+  sockets.StopListening();
   return Judge(code, words.data(), talk, job.to.size());
 }
 
