@@ -45,6 +45,12 @@ int SlowPages(int argc, char** argv, const std::string& folder);
 /// milliseconds, whatever the spooler of the environment does.
 int PrintTimes(int argc, char** argv, const std::string& folder);
 
+/// A child of the alerts' bench: F12 in the station of `folder` to the first byte that a relay on this
+/// machine gets, or what a key takes while that relay says nothing; prints milliseconds.
+int AlertTime(int argc, char** argv, const std::string& folder);
+int KeyDuringAlert(int argc, char** argv, const std::string& folder);
+void MeasureAlerts(const std::string& self, const std::string& folder);
+
 /// A page of photos against libjpeg-turbo, the pointer from cell to cell, and what the photos take.
 void MeasureGrid(const std::string& self, const std::string& folder);
 

@@ -1,5 +1,5 @@
 // Measures the window on the offscreen platform; no arguments needed. With --cameras the start and the
-// cameras alone.
+// cameras alone, with --alerts the alerts alone.
 #include <QFile>
 #include <QProcess>
 #include <QString>
@@ -38,10 +38,16 @@ int main(int argc, char** argv) {
   if (mode == "--grid-memory" && argc > 4) return GridMemory(argc, argv, argv[2]);
   if (mode == "--slow-pages" && argc > 2) return SlowPages(argc, argv, argv[2]);
   if (mode == "--print-times" && argc > 2) return PrintTimes(argc, argv, argv[2]);
+  if (mode == "--alert-time" && argc > 2) return AlertTime(argc, argv, argv[2]);
+  if (mode == "--alert-key" && argc > 2) return KeyDuringAlert(argc, argv, argv[2]);
   if (mode == "--camera" && argc > 2) return CameraFigure(argc, argv, argv[2]);
   const vintoral::test::TempFolder folder;
   Install(folder);
   const std::string self = QFile::symLinkTarget(QStringLiteral("/proc/self/exe")).toStdString();
+  if (mode == "--alerts") {
+    MeasureAlerts(self, folder.Path("station"));
+    return 0;
+  }
   if (mode == "--cameras") {
     CompareStarts(self, folder.Path("station"));
     MeasureCameras(self, folder.Path("station"));
@@ -52,6 +58,7 @@ int main(int argc, char** argv) {
   // With the house that the keys have filled.
   QProcess::execute(QString::fromStdString(self),
                     {QStringLiteral("--scan-times"), QString::fromStdString(folder.Path("station"))});
+  MeasureAlerts(self, folder.Path("station"));
   MeasureGrid(self, folder.Path("station"));
   MeasureCameras(self, folder.Path("station"));
   return 0;

@@ -121,7 +121,7 @@ constexpr std::array kKeys = {
     KeyCommand{.code = 'K', .masks = kCtrlAlt, .action = EditFormat<boton::kTiquetes>},
     KeyCommand{.code = 'L', .masks = kCtrlAlt, .action = EditFormat<boton::kFacturas>},
     KeyCommand{.code = 'M', .masks = kCtrlAlt, .lock = 13, .action = Run<&Form1::AlternarMemoriaRostros>},
-    KeyCommand{.code = 'P', .masks = kCtrlAlt, .action = kNotBuilt},
+    KeyCommand{.code = 'P', .masks = kCtrlAlt, .action = Run<&Form1::AlternarPanico>},
     KeyCommand{.code = 'R',
                .masks = kCtrlShift,
                .condition = Shown<boton::kRetirar>,
@@ -148,7 +148,7 @@ constexpr std::array kKeys = {
     KeyCommand{.code = kF8, .button = boton::kMenu},
     KeyCommand{.code = kF9, .log = "12", .action = Run<&Form1::AbrirBloqueo>},
     KeyCommand{.code = kF10, .condition = BarsAreRed, .action = Edit<archivo::kServidor>},
-    KeyCommand{.code = kF12, .action = kNotBuilt},
+    KeyCommand{.code = kF12, .action = Run<&Form1::ImgPanico_Click>},
 };
 
 template <void (Form1::*operation)()>

@@ -26,6 +26,7 @@ inline constexpr std::string_view kRostrosDesactivados = "ABRiL\\ABRiL-5.wav";
 inline constexpr std::string_view kRostrosActivados = "ABRiL\\ABRiL-6.wav";
 inline constexpr std::string_view kBarrasActivadas = "ABRiL\\ABRiL-7.wav";
 inline constexpr std::string_view kBarrasDesactivadas = "ABRiL\\ABRiL-8.wav";
+inline constexpr std::string_view kAlertaActivada = "ABRiL\\ABRiL-10.wav";
 }  // namespace voz
 
 }  // namespace vintoral
