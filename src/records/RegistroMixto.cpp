@@ -117,6 +117,10 @@ RegistroMixto RegistroMixto::Decode(std::span<const char, kSize> bytes) {
   return record;
 }
 
+std::size_t RegistroMixto::Width() const {
+  return std::min(kSize, WidthOf(CampoA) + WidthOf(CampoB) + kTail);
+}
+
 std::array<char, RegistroMixto::kSize> RegistroMixto::Encode() const {
   std::array<char, kSize> bytes{};
   // CampoA may take what CampoB leaves, but CampoB always keeps room for a full piece.

@@ -37,6 +37,8 @@ struct RegistroMixto {
   static RegistroMixto Decode(std::span<const char, kSize> bytes);
   /// A text too long for the record is cut so that the fields behind it still fit.
   std::array<char, kSize> Encode() const;
+  /// The bytes that its fields take; what of them the record has no room for is cut.
+  std::size_t Width() const;
 
   friend bool operator==(const RegistroMixto&, const RegistroMixto&) = default;
 };
