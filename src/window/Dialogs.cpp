@@ -4,6 +4,7 @@
 #include <array>
 
 #include "camera/formcamara/FormCamara.h"
+#include "reports/form2/Form2.h"
 #include "reports/form3/Form3.h"
 #include "reports/form8/Form8.h"
 #include "safety/form9/Form9.h"
@@ -12,6 +13,7 @@
 #include "station/forms/Forms.h"
 #include "window/controls/DialogWindow.h"
 #include "window/form1/MainWindow.h"
+#include "window/form2/Form2Window.h"
 #include "window/form3/Form3Window.h"
 #include "window/form4/Form4Window.h"
 #include "window/form6/Form6Window.h"
@@ -34,7 +36,8 @@ DialogWindow* Make(Forms& forms, Form& form, MainWindow& main) {
   return new W(forms, form, main.AllHands(), main.Pictures(), &main);
 }
 
-constexpr std::array kMakers = {Maker{"Form3", Form3::kTitulo, &Make<Form3Window>},
+constexpr std::array kMakers = {Maker{"Form2", Form2::kTitulo, &Make<Form2Window>},
+                                Maker{"Form3", Form3::kTitulo, &Make<Form3Window>},
                                 Maker{"Form4", Form4::kTitulo, &Make<Form4Window>},
                                 Maker{"Form6", Form1::kTitulo, &Make<Form6Window>},
                                 Maker{"Form8", Form8::kTitulo, &Make<Form8Window>},
