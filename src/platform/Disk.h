@@ -95,6 +95,11 @@ class Disk {
   /// Replaces the whole file: written beside, synced, renamed over. A reader sees the old or the new, never
   /// half.
   virtual Outcome Replace(std::string_view path, std::string_view bytes) = 0;
+  /// The same without waiting for the disk: a power cut soon after may bring the old file back, or leave a
+  /// file of no length.
+  virtual Outcome ReplaceUnsynced(std::string_view path, std::string_view bytes) {
+    return Replace(path, bytes);
+  }
   /// Begins to replace the whole file; one that is missing holds nothing. One at a time for each file, and
   /// the disk outlives it. A real disk never has the whole in memory, and works while the station goes on;
   /// others do all of it in Commit.

@@ -34,8 +34,12 @@ int RefusedToWrite(const std::string& path) {
 
 }  // namespace
 
-NewBeside::NewBeside(std::string path, Old old)
-    : path_(std::move(path)), folder_(FolderOf(path_)), temporary_(HiddenBeside(path_)), keeping_(old) {}
+NewBeside::NewBeside(std::string path, Old old, Sync sync)
+    : path_(std::move(path)),
+      folder_(FolderOf(path_)),
+      temporary_(HiddenBeside(path_)),
+      keeping_(old),
+      syncing_(sync) {}
 
 NewBeside::~NewBeside() {
   if (named_) unlink(temporary_.c_str());
@@ -82,7 +86,7 @@ Outcome NewBeside::Write(std::string_view before, std::string_view after) {
   before_ = before;
   after_ = after;
   const Outcome written = WriteContent();
-  const int error = (written ? file_->Sync() : written).Error();
+  const int error = (written && syncing_ == Sync::kWithWrite ? file_->Sync() : written).Error();
   return error == 0 ? Outcome::Done() : Outcome::Failed("replace", path_, error);
 }
 

@@ -15,8 +15,9 @@ namespace vintoral {
 class NewBeside {
  public:
   enum class Old { kDropped, kKept };
+  enum class Sync { kWithWrite, kNever };
   /// `path` is the native path of the file itself: renaming over a link would put a file in its place.
-  NewBeside(std::string path, Old old);
+  NewBeside(std::string path, Old old, Sync sync = Sync::kWithWrite);
   NewBeside(const NewBeside&) = delete;
   NewBeside& operator=(const NewBeside&) = delete;
   /// What the old file took on the disk is freed here at the latest.
@@ -24,8 +25,8 @@ class NewBeside {
 
   /// The new file, empty, with the permissions of the old one; refuses where that may not be written.
   Outcome Open();
-  /// `before`, all that the old file holds where it is kept, and `after`; synced. Nobody sees it yet. The
-  /// texts are not copied, and stay until TakePlace has returned.
+  /// `before`, all that the old file holds where it is kept, and `after`; synced where the constructor was
+  /// told so. Nobody sees it yet. The texts are not copied, and stay until TakePlace has returned.
   Outcome Write(std::string_view before, std::string_view after);
   /// From here on readers see the new file.
   Outcome TakePlace();
@@ -42,6 +43,7 @@ class NewBeside {
 
   std::string path_, folder_, temporary_;
   Old keeping_;
+  Sync syncing_;
   std::optional<Descriptor> old_;
   std::string_view before_, after_;
   PendingSyncs none_;

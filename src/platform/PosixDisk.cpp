@@ -220,6 +220,14 @@ Outcome PosixDisk::Replace(std::string_view path, std::string_view bytes) {
   return replaced;
 }
 
+Outcome PosixDisk::ReplaceUnsynced(std::string_view path, std::string_view bytes) {
+  AwaitFile(path);
+  NewBeside file(FileItself(path), NewBeside::Old::kDropped, NewBeside::Sync::kNever);
+  const Outcome opened = file.Open();
+  const Outcome written = opened ? file.Write(bytes, {}) : opened;
+  return written ? file.TakePlace() : written;
+}
+
 namespace {
 
 /// The disk's own thread opens and writes the file, and does what is left behind a Commit.

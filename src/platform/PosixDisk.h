@@ -34,6 +34,7 @@ class PosixDisk final : public Disk {
   Result<String> ReadAll(std::string_view path) override;
   /// Keeps the permissions of the file that was there; refuses one that may not be written.
   Outcome Replace(std::string_view path, std::string_view bytes) override;
+  Outcome ReplaceUnsynced(std::string_view path, std::string_view bytes) override;
   /// Opened, written and synced beside the station's thread, which waits for it in Commit. Left behind that
   /// are the sync of the new file's name and the freeing of the old file; the next Commit waits for them too.
   std::unique_ptr<Replacement> BeginReplacement(std::string_view path) override;

@@ -1,6 +1,7 @@
 #include "records/RegistroMixto.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 
 #include "common/Numbers.h"
@@ -91,6 +92,20 @@ std::size_t WidthOf(const CampoVariable& field) {
   return std::holds_alternative<std::int16_t>(field) ? kTypeWidth + 2 : kTypeWidth;
 }
 
+/// The bytes that the field at the start of `bytes` takes; nothing where that can't be told.
+std::optional<std::size_t> FieldWidth(std::string_view bytes) {
+  const auto number = [&](std::size_t at) {
+    std::uint16_t value = 0;
+    coding::Code<std::uint16_t>::Read(bytes.data() + at, value);
+    return value;
+  };
+  if (bytes.size() < kTextHead) return std::nullopt;
+  if (number(0) == kEmpty) return kTypeWidth;
+  if (number(0) == kNumber) return kTypeWidth + 2;
+  if (number(0) == kText) return kTextHead + number(kTypeWidth);
+  return std::nullopt;
+}
+
 }  // namespace
 
 String TextOf(const CampoVariable& field) {
@@ -131,6 +146,19 @@ std::array<char, RegistroMixto::kSize> RegistroMixto::Encode() const {
   writer.Put(Numero1);
   writer.Put(Numero2);
   return bytes;
+}
+
+std::size_t RegistroMixto::Used(std::span<const char, kSize> bytes) {
+  const std::string_view all(bytes.data(), bytes.size());
+  const std::optional<std::size_t> first = FieldWidth(all);
+  if (!first || *first > kSize) return kSize;
+  const std::optional<std::size_t> second = FieldWidth(all.substr(*first));
+  return second ? std::min(*first + *second + kTail, kSize) : kSize;
+}
+
+void RegistroMixto::EncodeOver(std::span<char, kSize> place) const {
+  const std::array<char, kSize> bytes = Encode();
+  std::copy_n(bytes.begin(), Used(bytes), place.begin());
 }
 
 }  // namespace vintoral

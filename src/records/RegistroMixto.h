@@ -37,6 +37,11 @@ struct RegistroMixto {
   static RegistroMixto Decode(std::span<const char, kSize> bytes);
   /// A text too long for the record is cut so that the fields behind it still fit.
   std::array<char, kSize> Encode() const;
+  /// How many of a record's bytes its fields take. What stands behind them belongs to the place in the file,
+  /// and stays there whichever record comes to it. An unknown type takes all.
+  static std::size_t Used(std::span<const char, kSize> bytes);
+  /// Over the bytes of a place in the file.
+  void EncodeOver(std::span<char, kSize> place) const;
 
   friend bool operator==(const RegistroMixto&, const RegistroMixto&) = default;
 };

@@ -23,10 +23,12 @@ bool Form1::Form_KeyDown(int KeyCode, int Shift) {
   if (row == nullptr) return false;
   if (row->button) {
     PctBoton_Click(static_cast<int>(*row->button));
-  } else if (row->action != nullptr) {
-    row->action(*this, KeyCode);
+    return true;
   }
-  return row->button || row->action != nullptr;
+  if (!Permite(row->lock)) return true;
+  if (row->log != nullptr) RegistrarHoraTrabajo(row->log);
+  if (row->action != nullptr) row->action(*this, KeyCode);
+  return row->action != nullptr;
 }
 
 }  // namespace vintoral

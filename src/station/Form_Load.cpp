@@ -5,6 +5,7 @@
 #include "station/form1/Archivos.h"
 #include "station/form1/Correo.h"
 #include "station/form1/Form1.h"
+#include "station/form1/Funciones.h"
 #include "station/form1/Sonidos.h"
 
 namespace vintoral {
@@ -45,6 +46,7 @@ void Form1::Form_Load() {
   CargarMoneda();
   CrearTablasPredeterminadas();
   CargarEtiquetas();
+  CargarContraseña();
   CargarTablas();
   CargarTiquete();
   CargarFactura();
@@ -52,6 +54,8 @@ void Form1::Form_Load() {
   CargarDatosCall();
   CargarMarcas();
   MostrarFondo();
+  RegistrarHoraTrabajo(funcion::kEnEjecucion);
+  RegistrarHoraTrabajo(funcion::kAbrirPrograma);
   MidiWav(sonido::kConectando);
   BaseReloj = platform_.clock.Now();
   MinutoBase = BaseReloj.Parts().minute;

@@ -1,4 +1,5 @@
 #include "station/form1/Form1.h"
+#include "station/form1/Funciones.h"
 
 namespace vintoral {
 
@@ -11,6 +12,7 @@ void Form1::Form_Unload() {
   WebCamGuardarIndice();
   GuardarEstadoPantalla();
   GuardarMarcas();
+  RegistrarHoraTrabajo(funcion::kCerrarPrograma);
 }
 
 }  // namespace vintoral

@@ -16,7 +16,7 @@
 
 namespace vintoral::test {
 
-Gate::Gate() : disk_(folder_.Path()) {
+Gate::Gate() : disk_(folder_.Path(), PosixDisk::Work::kBeside) {
   Civil start;
   start.year = 2026;
   start.month = 11;

@@ -67,16 +67,16 @@ class FaultyDisk final : public Disk {
     return Left(*bytes, static_cast<std::size_t>(faults_->cutAt));
   }
   Outcome Replace(std::string_view path, std::string_view bytes) override {
-    if (Gone()) return Error(ENOTCONN);
-    if (faults_->openReadOnly) return Error(EACCES);
-    if (FailsWrite(*faults_)) return Error(faults_->writeError);
-    return disk_.Replace(path, bytes);
+    const Outcome refused = RefusesNew();
+    return refused ? disk_.Replace(path, bytes) : refused;
+  }
+  Outcome ReplaceUnsynced(std::string_view path, std::string_view bytes) override {
+    const Outcome refused = RefusesNew();
+    return refused ? disk_.ReplaceUnsynced(path, bytes) : refused;
   }
   Outcome CreateNew(std::string_view path, std::string_view bytes) override {
-    if (Gone()) return Error(ENOTCONN);
-    if (faults_->openReadOnly) return Error(EACCES);
-    if (FailsWrite(*faults_)) return Error(faults_->writeError);
-    return disk_.CreateNew(path, bytes);
+    const Outcome refused = RefusesNew();
+    return refused ? disk_.CreateNew(path, bytes) : refused;
   }
   Outcome CreateFolder(std::string_view path) override {
     if (Gone()) return Error(ENOTCONN);
@@ -128,6 +128,12 @@ class FaultyDisk final : public Disk {
     return faults.goneAfter <= 0 || faults.goneAfter-- <= 0;
   }
   bool Gone() const { return CountDown(*faults_, *operations_); }
+  /// Of a whole file that is made or replaced.
+  Outcome RefusesNew() {
+    if (Gone()) return Error(ENOTCONN);
+    if (faults_->openReadOnly) return Error(EACCES);
+    return FailsWrite(*faults_) ? Error(faults_->writeError) : Outcome::Done();
+  }
 
   class File final : public DiskFile {
    public:

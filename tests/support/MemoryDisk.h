@@ -79,11 +79,15 @@ class MemoryDisk final : public Disk {
     return String(Get(path));
   }
   Outcome Replace(std::string_view path, std::string_view bytes) override {
+    Outcome replaced = ReplaceUnsynced(path, bytes);
+    if (replaced) ++*syncs_;
+    return replaced;
+  }
+  Outcome ReplaceUnsynced(std::string_view path, std::string_view bytes) override {
     const std::string key = Key(path);
     const auto found = files_.find(key);
     if (found != files_.end() && found->second.readOnly) return Outcome::Failed("replace", key, EACCES);
     if (!HasParent(key) || folders_.contains(key)) return Outcome::Failed("replace", key, ENOENT);
-    ++*syncs_;
     Put(path, bytes);
     return Outcome::Done();
   }

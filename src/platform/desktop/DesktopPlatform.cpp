@@ -20,7 +20,7 @@ SlipFiles FilesIn(const std::string& folder) {
 }  // namespace
 
 DesktopPlatform::DesktopPlatform(const std::string& folder)
-    : Disk(folder),
+    : Disk(folder, PosixDisk::Work::kBeside),
       Sound([this](std::string_view path) { return FileOf(path); }),
       System([this](std::string_view path) { return FileOf(path); }),
       Printer(FilesIn(folder)),

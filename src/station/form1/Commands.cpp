@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "station/form1/Archivos.h"
+#include "station/form1/Bloqueos.h"
 #include "station/form1/Form1.h"
 
 namespace vintoral {
@@ -145,7 +146,7 @@ constexpr std::array kKeys = {
     KeyCommand{.code = kF5, .button = boton::kBuscar},
     KeyCommand{.code = kF7, .button = boton::kExtras},
     KeyCommand{.code = kF8, .button = boton::kMenu},
-    KeyCommand{.code = kF9, .log = "12", .action = kNotBuilt},
+    KeyCommand{.code = kF9, .log = "12", .action = Run<&Form1::AbrirBloqueo>},
     KeyCommand{.code = kF10, .condition = BarsAreRed, .action = Edit<archivo::kServidor>},
     KeyCommand{.code = kF12, .action = Run<&Form1::ImgPanico_Click>},
 };
@@ -214,7 +215,7 @@ constexpr std::array kButtons = {
                   .lockToSwitchOff = 14,
                   .action = Do<&Form1::AlternarTiquetes>},
     ButtonCommand{.tooltip = "<ESC> Cancelar/Limpiar Campos", .action = [](Form1& form) { form.Cancelar(); }},
-    ButtonCommand{.tooltip = "<F7> Registrar Extras", .lock = 10, .action = kButtonNotBuilt},
+    ButtonCommand{.tooltip = "<F7> Registrar Extras", .lock = 10, .action = Do<&Form1::AbrirExtras>},
     ButtonCommand{
         .tooltip = "<F8> Abrir Menú de Funciones", .answering = Answering::kClick, .action = kButtonNotBuilt},
     ButtonCommand{.tooltip = "Activar Impresión de Facturas",
@@ -226,8 +227,9 @@ constexpr std::array kButtons = {
 static_assert(kButtons.size() == boton::kCount);
 
 constexpr std::array kGuarded = {
-    GuardedOperation{.operation = "ImgCambiarFondo_Click", .lock = 11},
-    GuardedOperation{.operation = "AbrirEtiqueta", .lock = 12},
+    GuardedOperation{.operation = "ImgCambiarFondo_Click", .lock = bloqueo::kFondo},
+    GuardedOperation{.operation = "AbrirEtiqueta", .lock = bloqueo::kEtiquetas},
+    GuardedOperation{.operation = "ChkFactura_Click", .lock = bloqueo::kFacturas},
 };
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "common/Numbers.h"
+#include "station/form1/Bloqueos.h"
 #include "station/forms/Input.h"
 #include "station/forms/ReglasTeclas.h"
 
@@ -75,6 +76,11 @@ void Form1::ConectarBotones() {
   }
   CmdBarCode.OnClick = CmdNumeroFicha.OnClick = [this] { GeneradorClick(); };
   ImgCambiarFondo.OnClick = [this] { ImgCambiarFondo_Click(); };
+  ChkFactura.OnClick = [this] {
+    const int wanted = ChkFactura.Value;
+    ChkFactura.Value = 1 - wanted;  // as long as a box may say that it is locked
+    if (Permite(bloqueo::kFacturas)) ChkFactura.Value = wanted;
+  };
   ImgPanico.OnClick = [this] { ImgPanico_Click(); };
   ImgPuntos.OnClick = [this] { Form_KeyDown('R', keys::kShift | keys::kControl); };
 }

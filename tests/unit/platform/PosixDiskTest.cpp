@@ -160,6 +160,17 @@ TEST_F(PosixDiskTest, ReplaceThatFailsChangesNothing) {
   EXPECT_EQ(folder_.Get("Folder/x"), "inside");
 }
 
+TEST_F(PosixDiskTest, ReplaceUnsyncedIsTheSameToReaders) {
+  EXPECT_TRUE(disk_.ReplaceUnsynced("New.FDR", "first"));
+  const std::unique_ptr<DiskFile> reader = disk_.Open("New.FDR", OpenMode::kRead).Take();
+  EXPECT_TRUE(disk_.ReplaceUnsynced("new.fdr", "second and longer"));
+  std::array<char, 32> seen{};
+  EXPECT_EQ(reader->ReadAt(0, seen), 5u);
+  EXPECT_EQ(folder_.Get("New.FDR"), "second and longer");
+  EXPECT_EQ(disk_.ReplaceUnsynced("No folder\\x", "bytes").Error(), ENOENT);
+  EXPECT_THAT(NamesIn(""), ElementsAre("New.FDR"));
+}
+
 TEST_F(PosixDiskTest, ReplaceKeepsPermissions) {
   folder_.Put("x", "old");
   ASSERT_EQ(chmod(folder_.Path("x").c_str(), 0640), 0);

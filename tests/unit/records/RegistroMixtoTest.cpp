@@ -134,5 +134,29 @@ TEST(RegistroMixto, ScrambledBytesSettleAfterOneWriting) {
   }
 }
 
+std::size_t UsedOf(const std::string& bytes) {
+  return RegistroMixto::Used(test::RecordBytes<RegistroMixto>(bytes));
+}
+
+TEST(RegistroMixto, UsedCountsWhatTheFieldsTake) {
+  EXPECT_EQ(UsedOf(Zeros(46)), 2u + 2 + 14);
+  EXPECT_EQ(UsedOf(Hex("02 00 05 00") + Zeros(42)), 4u + 2 + 14);
+  EXPECT_EQ(UsedOf(Hex("08 00 02 00") + "ab" + Hex("08 00 01 00") + "c" + Zeros(35)), 6u + 5 + 14);
+  EXPECT_EQ(UsedOf(Encoded(Texts("ABCDEFGHIJKL", "MNOPQRSTUVWX"))), 46u);
+  EXPECT_EQ(UsedOf(Encoded(Texts("ABCDEFGHIJKL", "MNOPQRSTUVW"))), 45u);
+}
+
+TEST(RegistroMixto, WhatCannotBeToldTakesAll) {
+  for (const char* head : {"03 00", "08 00 2B 00", "08 00 FF FF", "08 00 26 00"})
+    EXPECT_EQ(UsedOf(Hex(head) + std::string(46 - Hex(head).size(), '\x08')), 46u) << head;
+  EXPECT_EQ(UsedOf(Zeros(2) + Hex("09 00") + Zeros(42)), 46u);
+}
+
+TEST(RegistroMixto, EncodingOverAPlaceLeavesTheRestOfIt) {
+  std::string place(46, 'x');
+  Texts("a", "b").EncodeOver(std::span<char, 46>(place.data(), 46));
+  EXPECT_EQ(place, Hex("08 00 01 00") + "a" + Hex("08 00 01 00") + "b" + kTail + std::string(22, 'x'));
+}
+
 }  // namespace
 }  // namespace vintoral

@@ -104,11 +104,13 @@ TEST(KeyCommands, StandRowByRowInTheOrderOfTheTable) {
 
 TEST(GuardedOperations, HoldThePositionsThatBelongToNoKeyOrButton) {
   const auto operations = GuardedOperations();
-  ASSERT_EQ(operations.size(), 2u);
+  ASSERT_EQ(operations.size(), 3u);
   EXPECT_STREQ(operations[0].operation, "ImgCambiarFondo_Click");
   EXPECT_EQ(operations[0].lock, 11);
   EXPECT_STREQ(operations[1].operation, "AbrirEtiqueta");
   EXPECT_EQ(operations[1].lock, 12);
+  EXPECT_STREQ(operations[2].operation, "ChkFactura_Click");
+  EXPECT_EQ(operations[2].lock, 9);
 }
 
 TEST(KeyCommands, AKeyFindsTheFirstRowThatAnswersToCodeAndMask) {
