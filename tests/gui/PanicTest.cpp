@@ -25,8 +25,8 @@ TEST_F(PanicDialog, ShowsItsValues) {
   form_->DatosCall[6] = "e@e.example"_w;
   InPanic([this] {
     EXPECT_EQ(Front().windowTitle(), QString::fromUtf8("Vintoral  -  Botón del Pánico"));
-    EXPECT_EQ(Shown("LblCall(0)"), "Asunto ");
-    EXPECT_EQ(Shown("LblCall(6)"), "E-MAIL #5 ");
+    EXPECT_EQ(Shown("LblCall(0)"), "Asunto");
+    EXPECT_EQ(Shown("LblCall(6)"), "E-MAIL #5");
     EXPECT_EQ(Shown("TxtCall(0)"), "ALERTA");
     EXPECT_EQ(Shown("TxtCall(6)"), "e@e.example");
     EXPECT_EQ(Focused(), "TxtCall(0)");
@@ -47,6 +47,9 @@ TEST_F(PanicDialog, EverythingHasItsPlace) {
       }
     }
     QWidget& button = Face("CmdPanico");
+    QFont bold = button.font();
+    bold.setWeight(QFont::Bold);
+    EXPECT_GT(button.width(), QFontMetrics(bold).horizontalAdvance("ACTIVAR ALERTA") + 20);
     EXPECT_TRUE(Front().rect().contains(QRect(button.mapTo(&Front(), QPoint()), button.size())));
     EXPECT_LE(Front().height(), 690);
     EXPECT_LE(Front().width(), 1366);

@@ -48,6 +48,8 @@ void Form9::Conectar() {
       SetFocus(&next);
       next.SelectAll();
     };
+    // What is marked is what typing would replace, and that is only where the keyboard is.
+    TxtCall[i].OnLostFocus = [&text = TxtCall[i]] { text.Select(0, 0); };
   }
   CmdPanico.OnClick = [this] {
     station_.GuardarDatosCall();

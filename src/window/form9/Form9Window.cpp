@@ -17,6 +17,7 @@ namespace {
 
 constexpr int kMargin = 12;
 constexpr int kLabelWidth = 90;
+constexpr int kArmWidth = 176;  // for "ACTIVAR ALERTA"
 constexpr int kLetters = 48;  // as many as a value holds
 constexpr std::size_t kFirstAddress = 2;
 
@@ -38,6 +39,7 @@ Form9Window::Form9Window(Forms& forms, Form& form, Hands& hands, PictureLoader& 
     BuildRow(stage, i, *rows);
   column->addStretch(1);
   auto* const arm = new PushButton(PushButton::Rank::kMain, this);
+  arm->setFixedWidth(kArmWidth);
   column->addWidget(arm, 0, Qt::AlignRight);
   Bind(stage, "CmdPanico", *arm);
   resize(sizeHint());

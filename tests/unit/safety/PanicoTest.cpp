@@ -4,6 +4,7 @@
 
 #include "station/form1/Sonidos.h"
 #include "support/MemoryStation.h"
+#include "unit/safety/Diarios.h"
 #include "unit/safety/LentoFixture.h"
 
 namespace vintoral {
@@ -84,9 +85,23 @@ TEST_F(Panico, TheSettingsAreReadForEachAlert) {
   EXPECT_FALSE(sent_[1].logIn);
 }
 
+TEST_F(Panico, TheAlertIsInTheLogBeforeItGoesOut) {
+  const std::string before = station_.Disk.Get(test::kFdr);
+  std::string during;
+  during_ = [&] { during = station_.Disk.Get(test::kFdr); };
+  Fire();
+  EXPECT_NE(during, before);
+  // Behind the running time of the day: station "01", code "17".
+  EXPECT_EQ(test::EntryOf(during, 2), test::Entry("20/11/2026  14:00", 117));
+  EXPECT_EQ(test::EntryOf(during, 1).CodigoFuncion, Money::FromUnits(10));
+  EXPECT_EQ(station_.Disk.Get(test::kFdr), during);
+}
+
 TEST_F(Panico, WithoutTheSignNothingHappens) {
   form_.ImgPanico.Visible = false;
+  const std::string log = station_.Disk.Get(test::kFdr);
   Fire();
+  EXPECT_EQ(station_.Disk.Get(test::kFdr), log);
   EXPECT_THAT(sent_, IsEmpty());
   EXPECT_THAT(station_.Events.Take(), IsEmpty());
 }

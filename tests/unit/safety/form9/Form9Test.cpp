@@ -75,8 +75,13 @@ TEST_F(Form9Test, EnterGoesRoundTheTexts) {
     }
     EXPECT_EQ(form_.Form9->Focus(), &Text(0));
     hands_.Key(keys::kEnter, 0);
+    EXPECT_EQ(Text(1).SelLength, 3u);
     station_.Type("new");  // in place of what is marked
     EXPECT_EQ(Text(1).Text(), "new"_w);
+    Text(1).SelectAll();
+    hands_.Key(keys::kTab, 0);
+    EXPECT_EQ(form_.Form9->Focus(), &Text(2));
+    EXPECT_EQ(Text(1).SelLength, 0u);
   });
 }
 
