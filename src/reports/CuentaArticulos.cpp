@@ -44,8 +44,4 @@ std::vector<String> CuentaArticulos::LineasVendidas() const {
   return lines;
 }
 
-void CuentaArticulos::Borrar() {
-  std::fill(cantidades_.begin(), cantidades_.end(), 0);
-}
-
 }  // namespace vintoral

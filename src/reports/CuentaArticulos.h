@@ -20,7 +20,6 @@ class CuentaArticulos {
   std::vector<String> Lineas() const;
   /// The same of those that were sold.
   std::vector<String> LineasVendidas() const;
-  void Borrar();
 
  private:
   String Linea(std::size_t indice) const;
