@@ -101,6 +101,13 @@ void AddMarks(Json& state, const Form1& form) {
   state["TiempoEjecucion"] = form.TiempoEjecucion;
 }
 
+void AddArticles(Json& state, const Form1& form) {
+  state["CantidadArticulo"] = form.CantidadArticulo;
+  state["PrecioArticulo"] = Json::array();
+  for (const Money price : form.PrecioArticulo)
+    state["PrecioArticulo"].push_back(price.Full().ToUtf8());
+}
+
 /// A format's text without its padding.
 std::string TextOf(std::string_view field) {
   return TrimRight(field).ToUtf8();
@@ -172,6 +179,7 @@ Json StateOf(const Form1& form) {
   AddStay(state, form);
   AddMarks(state, form);
   AddFormats(state, form);
+  AddArticles(state, form);
   state["FichaActual"] = FieldsOf(form.FichaActual);
   state["FichaAuxiliar"] = FieldsOf(form.FichaAuxiliar);
   state["TablaTarifas"] = TextList(form.TablaTarifas);

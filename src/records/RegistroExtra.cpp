@@ -1,5 +1,6 @@
 #include "records/RegistroExtra.h"
 
+#include <algorithm>
 #include <string>
 
 #include "records/RegistroMixto.h"
@@ -26,6 +27,16 @@ std::array<char, RegistroExtra::kSize> RegistroExtra::Encode() const {
                             .Numero1 = HoraVenta,
                             .Numero2 = Cantidad};
   return mixed.Encode();
+}
+
+std::array<char, RegistroExtra::kSize> ConHoraVenta(std::span<const char, RegistroExtra::kSize> bytes,
+                                                    std::int16_t hora) {
+  RegistroMixto mixed = RegistroMixto::Decode(bytes);
+  mixed.Numero1 = hora;
+  std::array<char, RegistroExtra::kSize> changed{};
+  std::copy(bytes.begin(), bytes.end(), changed.begin());
+  mixed.EncodeOver(changed);
+  return changed;
 }
 
 String ListaExtrasEnBlanco() {

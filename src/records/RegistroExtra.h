@@ -35,6 +35,10 @@ struct RegistroExtra {
   friend bool operator==(const RegistroExtra&, const RegistroExtra&) = default;
 };
 
+/// A record with another time; the rest of it, what is left over included, stays byte for byte.
+std::array<char, RegistroExtra::kSize> ConHoraVenta(std::span<const char, RegistroExtra::kSize> bytes,
+                                                    std::int16_t hora);
+
 /// The list of sales: records 1 to 5000, the newest first.
 inline constexpr std::int64_t kRenglonesVenta = 5000;
 /// A list of blank records, 230,000 bytes: what a new file begins with.

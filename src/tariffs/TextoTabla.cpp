@@ -31,14 +31,21 @@ std::vector<String> LineasDeTexto(std::string_view texto) {
   return lineas;
 }
 
+String NombreDeArticulo(std::string_view texto) {
+  const String withoutTabs = ReplaceAll(texto, "\t", " ");
+  return Trim(TrimBlanks(withoutTabs).substr(0, kAnchoArticulo));
+}
+
+std::string_view PrecioDeArticulo(std::string_view texto) {
+  return TrimBlanks(texto).substr(0, kWidthOfPrice);
+}
+
 String LineaExtraEditada(std::string_view linea) {
   const std::string_view piece = TrimBlanks(linea);
   const std::size_t equals = piece.find('=');
   if (equals == std::string_view::npos) return Upper(piece.substr(0, kAnchoLinea));
-  const String withoutTabs = ReplaceAll(piece.substr(0, equals), "\t", " ");
-  const std::string_view name = TrimBlanks(TrimBlanks(withoutTabs).substr(0, kAnchoArticulo));
-  const std::string_view price = TrimBlanks(piece.substr(equals + 1)).substr(0, kWidthOfPrice);
-  return Upper(name) + " = "_w + Upper(price);
+  return Upper(NombreDeArticulo(piece.substr(0, equals))) + " = "_w +
+         Upper(PrecioDeArticulo(piece.substr(equals + 1)));
 }
 
 String LineaPrepagoEditada(std::string_view linea) {

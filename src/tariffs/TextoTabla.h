@@ -19,6 +19,12 @@ String TextoDeTabla(const std::vector<String>& tabla);
 /// but blanks and line ends: a text that was emptied is no table.
 std::vector<String> LineasDeTexto(std::string_view texto);
 
+/// The name of an article as far as it counts: what stands before "=", a tab being a blank, trimmed, cut and
+/// trimmed again.
+String NombreDeArticulo(std::string_view texto);
+/// Its price as far as it counts, as text: 9 characters of what stands behind "=", trimmed before.
+std::string_view PrecioDeArticulo(std::string_view texto);
+
 /// What the table of extras holds for an edited line: an article is written anew as name, " = " and price,
 /// at most 15 and 9 characters, in capitals. A line without "=" is kept, trimmed.
 String LineaExtraEditada(std::string_view linea);

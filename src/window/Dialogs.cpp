@@ -6,11 +6,13 @@
 #include "camera/formcamara/FormCamara.h"
 #include "reports/form3/Form3.h"
 #include "reports/form8/Form8.h"
+#include "sales/form4/Form4.h"
 #include "station/form1/Form1.h"
 #include "station/forms/Forms.h"
 #include "window/controls/DialogWindow.h"
 #include "window/form1/MainWindow.h"
 #include "window/form3/Form3Window.h"
+#include "window/form4/Form4Window.h"
 #include "window/form6/Form6Window.h"
 #include "window/form8/Form8Window.h"
 #include "window/formcamara/FormCamaraWindow.h"
@@ -30,10 +32,10 @@ DialogWindow* Make(Forms& forms, Form& form, MainWindow& main) {
   return new W(forms, form, main.AllHands(), main.Pictures(), &main);
 }
 
-constexpr std::array kMakers = {Maker{"Form3", Form3::kTitulo, &Make<Form3Window>},
-                                Maker{"Form6", Form1::kTitulo, &Make<Form6Window>},
-                                Maker{"Form8", Form8::kTitulo, &Make<Form8Window>},
-                                Maker{"FormCamara", FormCamara::kTitulo, &Make<FormCamaraWindow>}};
+constexpr std::array kMakers = {
+    Maker{"Form3", Form3::kTitulo, &Make<Form3Window>}, Maker{"Form4", Form4::kTitulo, &Make<Form4Window>},
+    Maker{"Form6", Form1::kTitulo, &Make<Form6Window>}, Maker{"Form8", Form8::kTitulo, &Make<Form8Window>},
+    Maker{"FormCamara", FormCamara::kTitulo, &Make<FormCamaraWindow>}};
 
 }  // namespace
 

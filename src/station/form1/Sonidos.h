@@ -12,6 +12,7 @@ inline constexpr std::string_view kHecho = "Sonidos\\Vintoral-4.wav";
 inline constexpr std::string_view kClic = "Sonidos\\Vintoral-5.wav";
 inline constexpr std::string_view kCelda = "Sonidos\\Vintoral-6.wav";
 inline constexpr std::string_view kOlvidada = "Sonidos\\Vintoral-7.wav";
+inline constexpr std::string_view kExtrasReiniciados = "Sonidos\\Vintoral-8.wav";
 inline constexpr std::string_view kContador = "Sonidos\\Vintoral-9.wav";
 inline constexpr std::string_view kGenerador = "Sonidos\\Vintoral-10.wav";
 }  // namespace sonido

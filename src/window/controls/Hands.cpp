@@ -97,6 +97,19 @@ void Hands::Select(const ControlId& id, int index) {
   });
 }
 
+void Hands::Tick(const ControlId& id, int row) {
+  DoWith(id, [&](Input& input, Control& control) {
+    const auto* const list = dynamic_cast<const ListBox*>(&control);
+    const auto at = static_cast<std::size_t>(row);
+    if (list == nullptr || at >= list->Checked.size()) return;
+    static_cast<void>(input.Tick(control, row, list->Checked[at] ? 0 : 1));
+  });
+}
+
+void Hands::Scroll(const ControlId& id, int top) {
+  DoWith(id, [&](Input& input, Control& control) { static_cast<void>(input.Scroll(control, top)); });
+}
+
 void Hands::MoveCaret(const ControlId& id, int start, int length) {
   DoWith(id, [&](Input& input, Control& control) {
     input.MoveCaret(control, static_cast<std::size_t>(start), static_cast<std::size_t>(length));

@@ -30,6 +30,9 @@ class Hands {
   void DoubleClick(const ControlId& id);
   void Hover(const ControlId& id);
   void Select(const ControlId& id, int index);
+  /// Turns the tick of a list's row over.
+  void Tick(const ControlId& id, int row);
+  void Scroll(const ControlId& id, int top);
   void MoveCaret(const ControlId& id, int start, int length);
   void Leave(const std::string& form);
   void CloseBox(const std::string& form);

@@ -4,6 +4,7 @@
 #include <QHelpEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QMouseEvent>
 #include <QWidget>
 
@@ -23,6 +24,16 @@ bool IsOwnKey(QObject* watched, const QKeyEvent& event) {
 /// Does the pointer rest on this widget itself? What has no tooltip passes the question on to its parents.
 bool IsUnder(const QObject* watched, const QHelpEvent& event) {
   return static_cast<const QWidget*>(watched)->childAt(event.pos()) == nullptr;
+}
+
+/// Has the station marked some of the text that the keyboard has just come to?
+bool IsMarked(const ControlState& state, const QObject* watched) {
+  const auto* const text = dynamic_cast<const TextBoxState*>(&state);
+  if (text != nullptr) return text->marksOnFocus && text->selectionLength > 0;
+  const auto* const list = dynamic_cast<const ListState*>(&state);
+  // Beside its text, the press opens a list.
+  const bool onText = dynamic_cast<const QLineEdit*>(watched) != nullptr;
+  return list != nullptr && onText && list->marksOnFocus && list->selectionLength > 0;
 }
 
 }  // namespace
@@ -98,8 +109,7 @@ bool InputFilter::Press(const QObject* watched, const QMouseEvent& event) {
   if (view == nullptr || !view->State().takesFocus) return false;
   const bool here = mirror_.Snapshot().focus == &view->State();
   hands_.Focus(view->State().id);
-  const auto* const text = dynamic_cast<const TextBoxState*>(&view->State());
-  return !here && text != nullptr && text->marksOnFocus && text->selectionLength > 0;
+  return !here && IsMarked(view->State(), watched);
 }
 
 void InputFilter::Release(const QObject* watched, const QMouseEvent& event) {

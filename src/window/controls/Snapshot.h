@@ -84,8 +84,11 @@ struct ListState : ControlState {
   Value<std::vector<String>> rows;
   Value<int> row;  ///< the chosen one, from 0; -1 for none
   Value<String> text;
+  Value<std::vector<bool>> ticks;  ///< of its rows, where they have any
+  Value<int> top;                  ///< the first row in view
   std::size_t selectionStart = 0;  ///< in a text that is edited
   std::size_t selectionLength = 0;
+  bool marksOnFocus = false;  ///< as of a text box
 
   /// The list shows its text without the blanks around it; this many stand before it.
   std::size_t BlanksBefore() const { return std::min(text->Bytes().find_first_not_of(' '), text->Size()); }

@@ -39,6 +39,7 @@ class Copier : public ControlVisitor {
     state.text.Take(list.Text());
     state.selectionStart = list.SelStart;
     state.selectionLength = list.SelLength;
+    state.marksOnFocus = list.OnGotFocus != nullptr;
   }
   void Visit(ListBox& list) override {
     static const String kNoRow;
@@ -47,6 +48,8 @@ class Copier : public ControlVisitor {
     state.rows.Take(list.List);
     state.row.Take(list.ListIndex);
     state.text.Take(row < list.List.size() ? list.List[row] : kNoRow);
+    state.ticks.Take(list.Checked);
+    state.top.Take(list.TopIndex);
   }
   void Visit(CheckBox& tick) override { TakeButton(tick, tick.Caption, tick.Value != 0); }
   void Visit(OptionButton& option) override { TakeButton(option, option.Caption, option.Value); }

@@ -21,6 +21,7 @@
 #include "window/controls/TextEditor.h"
 #include "window/controls/TextField.h"
 #include "window/controls/Theme.h"
+#include "window/controls/TickList.h"
 #include "window/controls/TitledCard.h"
 
 namespace vintoral {
@@ -129,6 +130,47 @@ class ListView : public TypedView<ListState, ListField> {
       editor->ShowCaret(static_cast<int>(state.selectionStart - before),
                         static_cast<int>(state.selectionLength));
     }
+  }
+};
+
+QStringList Texts(const std::vector<String>& rows) {
+  QStringList texts;
+  for (const String& row : rows)
+    texts.append(ToQString(TrimBlanks(row)));
+  return texts;
+}
+
+class TicksView : public TypedView<ListState, TickList> {
+ public:
+  using TypedView::TypedView;
+
+ protected:
+  void ShowOwn() override {
+    if (state.rows.News()) face.ShowRows(Texts(*state.rows));
+    if (state.ticks.News()) face.ShowTicks(*state.ticks);
+    if (state.row.News()) face.ShowRow(*state.row);
+    if (state.top.News()) face.ShowTop(*state.top);
+  }
+};
+
+class ComboTextView : public TypedView<ListState, TextField> {
+ public:
+  using TypedView::TypedView;
+
+ protected:
+  void ShowOwn() override {
+    if (state.text.News()) face.setText(ToQString(*state.text));
+    face.ShowCaret(static_cast<int>(state.selectionStart), static_cast<int>(state.selectionLength));
+  }
+};
+
+class ReadingView : public TypedView<TextBoxState, CaptionLabel> {
+ public:
+  using TypedView::TypedView;
+
+ protected:
+  void ShowOwn() override {
+    if (state.text.News()) face.ShowCaption(ToQString(*state.text));
   }
 };
 
@@ -286,6 +328,26 @@ void Bind(Stage& stage, const ControlName& name, ListField& field) {
     hands.MoveCaret(state.id, start + static_cast<int>(state.BlanksBefore()), length);
   };
   editor->onPaste = [&hands](const QString& text) { hands.Paste(text); };
+}
+
+void Bind(Stage& stage, const ControlName& name, TickList& list) {
+  const View& view = AddView<TicksView, ListState>(stage, name, list);
+  Hands& hands = stage.hands;
+  const ControlId& id = view.State().id;
+  list.onPressed = [&hands, id](int row) { hands.Tick(id, row); };
+  list.onScrolled = [&hands, id](int top) { hands.Scroll(id, top); };
+}
+
+void BindText(Stage& stage, const ControlName& name, TextField& field) {
+  const View& view = AddView<ComboTextView, ListState>(stage, name, field);
+  Hands& hands = stage.hands;
+  const ControlId& id = view.State().id;
+  field.onCaret = [&hands, id](int start, int length) { hands.MoveCaret(id, start, length); };
+  field.onPaste = [&hands](const QString& text) { hands.Paste(text); };
+}
+
+void BindText(Stage& stage, const ControlName& name, CaptionLabel& caption) {
+  AddView<ReadingView, TextBoxState>(stage, name, caption);
 }
 
 void Bind(Stage& stage, const ControlName& name, QCheckBox& box) {

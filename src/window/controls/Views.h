@@ -25,6 +25,7 @@ class PictureView;
 class PushButton;
 class TextEditor;
 class TextField;
+class TickList;
 class TitledCard;
 
 /// What the panels of a form's window are built on.
@@ -54,6 +55,12 @@ void Bind(Stage& stage, const ControlName& name, CaptionLabel& caption);
 void Bind(Stage& stage, const ControlName& name, Light& bar);
 /// A combo box or a list box.
 void Bind(Stage& stage, const ControlName& name, ListField& field);
+/// A list box whose rows have ticks.
+void Bind(Stage& stage, const ControlName& name, TickList& list);
+/// A combo box without rows: its text alone.
+void BindText(Stage& stage, const ControlName& name, TextField& field);
+/// A text box that nobody types in.
+void BindText(Stage& stage, const ControlName& name, CaptionLabel& caption);
 /// A check box.
 void Bind(Stage& stage, const ControlName& name, QCheckBox& box);
 /// A picture box that is a button.

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 #include "support/Bytes.h"
 
 namespace vintoral {
@@ -48,6 +50,42 @@ TEST(RegistroExtra, TheMarkOfAShiftIsOneAnyNumberReadsAs) {
   bytes[31] = 1;
   bytes[32] = 0;
   EXPECT_EQ(Decoded<RegistroExtra>(bytes), marked);
+}
+
+std::string WithTime(std::string_view bytes, std::int16_t time) {
+  const auto changed = ConHoraVenta(test::RecordBytes<RegistroExtra>(bytes), time);
+  return {changed.data(), changed.size()};
+}
+
+TEST(ConHoraVenta, ChangesTwoBytesWhereverTheyStand) {
+  std::string sale = Encoded(Phone());
+  sale[45] = '\x7F';
+  std::string changed = sale;
+  changed.replace(41, 2, Hex("FF FF"));
+  EXPECT_EQ(WithTime(sale, -1), changed);
+  // In a blank record a byte further.
+  changed = kBlank;
+  changed.replace(42, 2, Hex("7D 05"));
+  EXPECT_EQ(WithTime(kBlank, 1405), changed);
+}
+
+TEST(ConHoraVenta, KeepsFieldsThatAnotherProgramWroteOtherwise) {
+  const std::string numbers = Hex("02 00 07 00  00 00  FF FF") + Zeros(8) + Hex("05 00  06 00") + Blanks(26);
+  std::string changed = numbers;
+  changed.replace(16, 2, Hex("FF FF"));
+  EXPECT_EQ(WithTime(numbers, -1), changed);
+}
+
+TEST(ConHoraVenta, HasItInAnyRecord) {
+  std::mt19937 random(4);
+  for (int round = 0; round < 5000; ++round) {
+    std::string bytes(RegistroExtra::kSize, '\0');
+    for (char& byte : bytes)
+      byte = static_cast<char>(random() & 0xFF);
+    if (round % 3 != 0) bytes[0] = 8;
+    if (round % 2 == 0) bytes[1] = bytes[3] = 0;
+    EXPECT_EQ(Decoded<RegistroExtra>(WithTime(bytes, -1)).HoraVenta, -1);
+  }
 }
 
 TEST(ListaExtrasEnBlanco, HasFiveThousandBlankRecords) {
