@@ -6,6 +6,8 @@
 #include "camera/formcamara/FormCamara.h"
 #include "reports/form3/Form3.h"
 #include "reports/form8/Form8.h"
+#include "safety/form5/Form5.h"
+#include "safety/form7/Form7.h"
 #include "sales/form4/Form4.h"
 #include "station/form1/Form1.h"
 #include "station/forms/Forms.h"
@@ -13,7 +15,9 @@
 #include "window/form1/MainWindow.h"
 #include "window/form3/Form3Window.h"
 #include "window/form4/Form4Window.h"
+#include "window/form5/Form5Window.h"
 #include "window/form6/Form6Window.h"
+#include "window/form7/Form7Window.h"
 #include "window/form8/Form8Window.h"
 #include "window/formcamara/FormCamaraWindow.h"
 
@@ -32,10 +36,13 @@ DialogWindow* Make(Forms& forms, Form& form, MainWindow& main) {
   return new W(forms, form, main.AllHands(), main.Pictures(), &main);
 }
 
-constexpr std::array kMakers = {
-    Maker{"Form3", Form3::kTitulo, &Make<Form3Window>}, Maker{"Form4", Form4::kTitulo, &Make<Form4Window>},
-    Maker{"Form6", Form1::kTitulo, &Make<Form6Window>}, Maker{"Form8", Form8::kTitulo, &Make<Form8Window>},
-    Maker{"FormCamara", FormCamara::kTitulo, &Make<FormCamaraWindow>}};
+constexpr std::array kMakers = {Maker{"Form3", Form3::kTitulo, &Make<Form3Window>},
+                                Maker{"Form4", Form4::kTitulo, &Make<Form4Window>},
+                                Maker{"Form5", Form5::kTitulo, &Make<Form5Window>},
+                                Maker{"Form6", Form1::kTitulo, &Make<Form6Window>},
+                                Maker{"Form7", Form7::kTitulo, &Make<Form7Window>},
+                                Maker{"Form8", Form8::kTitulo, &Make<Form8Window>},
+                                Maker{"FormCamara", FormCamara::kTitulo, &Make<FormCamaraWindow>}};
 
 }  // namespace
 

@@ -20,6 +20,8 @@ inline constexpr std::string_view kVentas = "Recursos\\Vintoral.EXT";
 /// The log of functions, and the report of it.
 inline constexpr std::string_view kFunciones = "Recursos\\Vintoral.FDR";
 inline constexpr std::string_view kHorario = "Recursos\\Vintoral.RGT";
+/// The reports that are pages.
+inline constexpr std::string_view kPagina = "Recursos\\Vintoral.HTML";
 /// Lets a second instance start, for the one restart that registers the capture library.
 inline constexpr std::string_view kReinicio = "Recursos\\Vintoral.RLD";
 inline constexpr std::string_view kServidor = "Objetos\\Servidor.INI";
