@@ -89,7 +89,8 @@ BENCHMARK(StampedPhoto)->Unit(benchmark::kMillisecond)->MinTime(2);
 /// Saves of strangers, timed from the answer to the question on: what the operator waits for.
 class PhotoGate {
  public:
-  PhotoGate(const std::string& folder, std::shared_ptr<const cImage> frame) : gate_(folder) {
+  PhotoGate(const std::string& folder, std::shared_ptr<const cImage> frame)
+      : gate_(folder, Plates::kAll, PosixDisk::Work::kBeside) {
     HeadlessPlatform& devices = gate_.Devices();
     devices.Camera.Installed = {"C"_w};
     devices.Camera.Cameras["C"_w].frame = std::move(frame);

@@ -49,8 +49,12 @@ enum class Plates { kNone, kAll };
 
 class Gate {
  public:
-  explicit Gate(const std::string& folder, Plates plates = Plates::kAll)
-      : plates_(plates), platform_(folder, pictures_), form_(platform_.Devices()), input_(form_.OpenForms) {
+  explicit Gate(const std::string& folder, Plates plates = Plates::kAll,
+                PosixDisk::Work behind = PosixDisk::Work::kAtOnce)
+      : plates_(plates),
+        platform_(folder, pictures_, behind),
+        form_(platform_.Devices()),
+        input_(form_.OpenForms) {
     platform_.Screen.OnWait = [this] {
       if (!platform_.Screen.Answer(Answer::kYes)) platform_.Screen.Answer(Answer::kOk);
     };

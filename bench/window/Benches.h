@@ -33,6 +33,9 @@ void MeasureKeys(int argc, char** argv, const std::string& folder);
 /// ficha on display.
 int ScanTimes(int argc, char** argv, const std::string& folder);
 
+/// A child of the bench: the dialog of the articles, from its key to painted pixels.
+int ArticleTimes(int argc, char** argv, const std::string& folder);
+
 /// The children of the grid's bench, at the size that the arguments 3 and 4 say.
 int GridTimes(int argc, char** argv, const std::string& folder);
 int GridMemory(int argc, char** argv, const std::string& folder);
@@ -44,6 +47,12 @@ int SlowPages(int argc, char** argv, const std::string& folder);
 /// What printing a slip takes of the calling thread, 99th percentile, and the list of printers at most; in
 /// milliseconds, whatever the spooler of the environment does.
 int PrintTimes(int argc, char** argv, const std::string& folder);
+
+/// A child of the alerts' bench: F12 in the station of `folder` to the first byte that a relay on this
+/// machine gets, or what a key takes while that relay says nothing; prints milliseconds.
+int AlertTime(int argc, char** argv, const std::string& folder);
+int KeyDuringAlert(int argc, char** argv, const std::string& folder);
+void MeasureAlerts(const std::string& self, const std::string& folder);
 
 /// A page of photos against libjpeg-turbo, the pointer from cell to cell, and what the photos take.
 void MeasureGrid(const std::string& self, const std::string& folder);

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "common/Numbers.h"
+#include "driver/Mailing.h"
 #include "driver/Operation.h"
 #include "driver/Properties.h"
 #include "platform/headless/PassTime.h"
@@ -121,14 +122,18 @@ void Driver::Start(const Json& operation) {
   RequirePath(station->platform.System.Pictures.Bytes());
   station->platform.Printer.Installed = PrintersOf(operation, {});
   station->platform.Camera.Installed = NamesOf(operation, "cameras", {});
+  MailingOf(operation, station->folder).ApplyTo(station->platform.Mail);
   station_ = std::move(station);
   station_->form.Form_Load();
 }
 
 void Driver::SetDevices(const Json& operation) {
   HeadlessPlatform& platform = station_->platform;
-  platform.Printer.Installed = PrintersOf(operation, platform.Printer.Installed);
-  platform.Camera.Installed = NamesOf(operation, "cameras", platform.Camera.Installed);
+  const PrinterList printers = PrintersOf(operation, platform.Printer.Installed);
+  const std::vector<String> cameras = NamesOf(operation, "cameras", platform.Camera.Installed);
+  MailingOf(operation, station_->folder).ApplyTo(platform.Mail);
+  platform.Printer.Installed = printers;
+  platform.Camera.Installed = cameras;
 }
 
 void Driver::SetCamera(const Json& operation) {

@@ -32,8 +32,13 @@ class Driver {
 
  private:
   struct Station {
-    explicit Station(const std::string& folder)
-        : platform(folder, pictures), form(platform.Devices()), forms(form.OpenForms), input(forms) {}
+    explicit Station(const std::string& path)
+        : folder(path),
+          platform(path, pictures),
+          form(platform.Devices()),
+          forms(form.OpenForms),
+          input(forms) {}
+    const std::string folder;  ///< absolute
     PictureDecoder pictures;
     HeadlessPlatform platform;
     Form1 form;

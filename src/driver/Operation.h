@@ -31,7 +31,7 @@ std::int64_t WholeNumber(const Json& value, const char* name);
 template <class T>
 T Field(const Json& operation, const char* name) {
   if (!operation.contains(name)) throw std::runtime_error(std::string("field '") + name + "' is missing");
-  if constexpr (std::is_integral_v<T>) {
+  if constexpr (std::is_integral_v<T> && !std::is_same_v<T, bool>) {
     const std::int64_t number = WholeNumber(operation[name], name);
     if (!std::in_range<T>(number))
       throw std::runtime_error(std::string("field '") + name + "' is out of range");

@@ -70,21 +70,28 @@ bool CodigoGuardado(Form1& form) {
   return puesto && !puesto->EnUso;
 }
 
-/// The photo of the entrance into its file; false when there is none. `sinCamara` is how the gate worked when
-/// the saving began: one whose camera went under the question has nothing to look for with the outside
-/// program.
-bool GuardarFotoEntrada(Form1& form, bool sinCamara) {
+/// What the outside program has left; false when that is nothing.
+bool RecogerFotoEntrada(Form1& form, bool primera) {
   const RegistroFicha& ficha = form.FichaActual;
-  if (sinCamara) {
-    form.CargarFotosApp(ficha.Placa.View(), ficha.Posicion);
-    return !form.RutaFotoFicha.Empty();
-  }
+  form.CargarFotosApp(ficha.Placa.View(), ficha.Posicion);
+  if (form.RutaFotoFicha.Empty()) return false;
+  form.GuardarFotosUsuario(ficha.UsuarioPuntos, primera);
+  return true;
+}
+
+/// The photo of the entrance into its file, and to its user, `primera` when he is new; false when there is
+/// none. `sinCamara` is how the gate worked when the saving began: one whose camera went under the question
+/// has nothing to look for with the outside program.
+bool GuardarFotoEntrada(Form1& form, bool sinCamara, bool primera) {
+  if (sinCamara) return RecogerFotoEntrada(form, primera);
+  const RegistroFicha& ficha = form.FichaActual;
   if (form.Picture2.Picture.Empty()) return false;
   const bool conMemoria = form.ImgIndicador[indicador::kMemoriaRostros].Visible;
   const bool tomada = form.Picture2.Picture.Path().Empty();
   if (conMemoria)
     form.SellarFoto(kSelloEntrada, TextoSelloEntrada(ficha.PorteriaEntrada.Trimmed(), form.MarcaTiquete));
-  const bool guardada = form.GuardarFotoJPEG(RutaFotoAdentro(form, ficha.Posicion));
+  const bool guardada = form.GuardarFotoDetras(RutaFotoAdentro(form, ficha.Posicion),
+                                               RutasFotosUsuario(form, ficha.UsuarioPuntos, primera));
   form.MidiWav(conMemoria || tomada ? sonido::kFoto : sonido::kHecho);
   form.RutaFotoFicha = RutaCompletaFotoAdentro(form, ficha.Posicion);
   return guardada;
@@ -162,12 +169,7 @@ void Form1::GuardarFicha() {
   SyncTogether onDisk(platform_.disk);
   const bool libre = !puesto->EnUso;
   const Ingreso ingreso = libre ? Ingresar(*this, numero) : Ingreso{};
-  if (ingreso.hecho) {
-    if (GuardarFotoEntrada(*this, sinCamara))
-      GuardarFotosUsuario(FichaActual.UsuarioPuntos, ingreso.primera);
-    else
-      QuitarFotoAnterior(*this);
-  }
+  if (ingreso.hecho && !GuardarFotoEntrada(*this, sinCamara, ingreso.primera)) QuitarFotoAnterior(*this);
   std::optional<PrintDocument> tiquete;
   if (ingreso.hecho && PideTiquete(*this)) tiquete = TiqueteEnPantalla();
   RefrescarVista();

@@ -4,10 +4,9 @@
 namespace vintoral {
 
 void Form1::GuardarFotosUsuario(std::int32_t numero, bool primera) {
-  Disk& disk = platform_.disk;
-  if (numero < 1 || !disk.Exists(RutaFotoFicha)) return;
-  if (primera) disk.Copy(RutaFotoFicha, RutaFotoPrimera(*this, numero)).PassOver();
-  disk.Copy(RutaFotoFicha, RutaFotoUsuario(*this, numero)).PassOver();
+  if (!platform_.disk.Exists(RutaFotoFicha)) return;
+  for (const String& foto : RutasFotosUsuario(*this, numero, primera))
+    platform_.disk.Copy(RutaFotoFicha, foto).PassOver();
 }
 
 }  // namespace vintoral

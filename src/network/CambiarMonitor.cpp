@@ -1,4 +1,5 @@
 #include "common/Numbers.h"
+#include "reports/form2/Form2.h"
 #include "station/form1/Form1.h"
 #include "station/form1/Monitor.h"
 
@@ -11,6 +12,13 @@ void Apagar(Form1& form, boton::Index monitor) {
   form.PctBoton[monitor].BorderStyle = 0;
   form.PctBuscar[monitor - kMonitores.front()].Visible = false;
   form.MostrarPorteria();
+}
+
+/// A monitor that goes on ends the search, which would else bring back the one before.
+void DejarBusqueda(Form1& form) {
+  if (form.Form2 == nullptr) return;
+  form.CboMinutos.Tag = "0"_w;
+  form.OpenForms.Unload(*form.Form2);
 }
 
 /// The minutes that this monitor had last; the first of the list when it has none yet.
@@ -33,6 +41,7 @@ void Encender(Form1& form, boton::Index monitor) {
 }  // namespace
 
 void Form1::CambiarMonitor(boton::Index monitor) {
+  DejarBusqueda(*this);
   if (IsPressed(PctBoton[monitor])) {
     Apagar(*this, monitor);
   } else {

@@ -1,6 +1,5 @@
 #include <span>
 #include <tuple>
-#include <vector>
 
 #include "common/Numbers.h"
 #include "station/form1/Form1.h"
@@ -12,13 +11,12 @@ namespace {
 /// Number and photo of each. A site without cameras works with the numbers alone.
 void DibujarCeldas(Form1& form) {
   const std::span<const RegistroFicha> page = form.Pagina();
-  const std::vector<Picture> photos = FotosDe(form, page);
   for (std::size_t cell = 0; cell < page.size(); ++cell) {
     Image& image = form.ImgFicha[cell];
     image.Caption = page[cell].NumeroFicha.Trimmed();
-    image.Picture = photos[cell];
     image.Visible = true;
   }
+  DibujarFotos(form);
 }
 
 void EscribirCuenta(Form1& form) {

@@ -9,6 +9,7 @@
 #include <filesystem>
 
 #include "platform/CopyBytes.h"
+#include "platform/FileRights.h"
 #include "platform/WriteAllAt.h"
 
 namespace vintoral {
@@ -30,7 +31,7 @@ class Hidden {
   explicit Hidden(const std::string& path)
       : name_(FolderOf(path) / ("." + std::filesystem::path(path).filename().string() + "." +
                                 std::to_string(getpid()) + ".nuevo")),
-        file_(open(name_.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, 0666)) {}
+        file_(open(name_.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, RightsOf(path))) {}
   const std::string& Name() const { return name_; }
   /// -1, with errno set, where it can't be made.
   int File() const { return file_; }
@@ -54,7 +55,7 @@ int WriteNewFile(const std::string& path, std::string_view bytes) {
 }
 
 int WriteUnnamed(const std::string& path, std::string_view bytes) {
-  const int file = open(FolderOf(path).c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0666);
+  const int file = open(FolderOf(path).c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, RightsOf(path));
   if (file < 0) return errno;
   int error = WriteAllAt(file, 0, bytes);
   const std::string unnamed = "/proc/self/fd/" + std::to_string(file);

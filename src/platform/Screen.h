@@ -56,6 +56,11 @@ class Screen {
   virtual void Beep() = 0;
   /// The hourglass over the main window, or the ordinary pointer again.
   virtual void Busy(bool busy) = 0;
+  /// `what` is being done, and so much of it is done, 0 to 1. Once that has taken more than half a second it
+  /// is shown, with a way to end it; timers tick and nothing else is taken. False when the operator or the
+  /// end of the program ends it. To be called several times a second, until Worked.
+  virtual bool Working(const String& /*what*/, double /*done*/) { return true; }
+  virtual void Worked() {}
 };
 
 }  // namespace vintoral

@@ -29,14 +29,29 @@ std::array<char, RegistroExtra::kSize> RegistroExtra::Encode() const {
   return mixed.Encode();
 }
 
-std::array<char, RegistroExtra::kSize> ConHoraVenta(std::span<const char, RegistroExtra::kSize> bytes,
-                                                    std::int16_t hora) {
+namespace {
+
+/// A record with one field changed; the rest of it, what is left over included, stays byte for byte.
+template <class Change>
+std::array<char, RegistroExtra::kSize> Changed(std::span<const char, RegistroExtra::kSize> bytes,
+                                               Change change) {
   RegistroMixto mixed = RegistroMixto::Decode(bytes);
-  mixed.Numero1 = hora;
+  change(mixed);
   std::array<char, RegistroExtra::kSize> changed{};
   std::copy(bytes.begin(), bytes.end(), changed.begin());
   mixed.EncodeOver(changed);
   return changed;
+}
+
+}  // namespace
+
+std::array<char, RegistroExtra::kSize> ConHoraVenta(std::span<const char, RegistroExtra::kSize> bytes,
+                                                    std::int16_t hora) {
+  return Changed(bytes, [hora](RegistroMixto& mixed) { mixed.Numero1 = hora; });
+}
+
+std::array<char, RegistroExtra::kSize> ConMarcaTurno(std::span<const char, RegistroExtra::kSize> bytes) {
+  return Changed(bytes, [](RegistroMixto& mixed) { mixed.Marca = true; });
 }
 
 String ListaExtrasEnBlanco() {

@@ -35,9 +35,11 @@ struct RegistroExtra {
   friend bool operator==(const RegistroExtra&, const RegistroExtra&) = default;
 };
 
-/// A record with another time; the rest of it, what is left over included, stays byte for byte.
+/// A record with another time, or marked as the newest when a shift begins; the rest of it, what is left over
+/// included, stays byte for byte.
 std::array<char, RegistroExtra::kSize> ConHoraVenta(std::span<const char, RegistroExtra::kSize> bytes,
                                                     std::int16_t hora);
+std::array<char, RegistroExtra::kSize> ConMarcaTurno(std::span<const char, RegistroExtra::kSize> bytes);
 
 /// The list of sales: records 1 to 5000, the newest first.
 inline constexpr std::int64_t kRenglonesVenta = 5000;

@@ -132,10 +132,6 @@ RegistroMixto RegistroMixto::Decode(std::span<const char, kSize> bytes) {
   return record;
 }
 
-std::size_t RegistroMixto::Width() const {
-  return std::min(kSize, WidthOf(CampoA) + WidthOf(CampoB) + kTail);
-}
-
 std::array<char, RegistroMixto::kSize> RegistroMixto::Encode() const {
   std::array<char, kSize> bytes{};
   // CampoA may take what CampoB leaves, but CampoB always keeps room for a full piece.
@@ -162,7 +158,7 @@ std::size_t RegistroMixto::Used(std::span<const char, kSize> bytes) {
 
 void RegistroMixto::EncodeOver(std::span<char, kSize> place) const {
   const std::array<char, kSize> bytes = Encode();
-  std::copy_n(bytes.begin(), Width(), place.begin());
+  std::copy_n(bytes.begin(), Used(bytes), place.begin());
 }
 
 }  // namespace vintoral

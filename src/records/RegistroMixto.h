@@ -40,10 +40,8 @@ struct RegistroMixto {
   /// How many of a record's bytes its fields take. What stands behind them belongs to the place in the file,
   /// and stays there whichever record comes to it. An unknown type takes all.
   static std::size_t Used(std::span<const char, kSize> bytes);
-  /// Over the bytes of a place in the file; what its fields don't take stays.
+  /// Over the bytes of a place in the file.
   void EncodeOver(std::span<char, kSize> place) const;
-  /// The bytes that its fields take; what of them the record has no room for is cut.
-  std::size_t Width() const;
 
   friend bool operator==(const RegistroMixto&, const RegistroMixto&) = default;
 };

@@ -3,6 +3,7 @@
 #include "camera/DSPreview/CamarasRed.h"
 #include "common/Outcome.h"
 #include "station/form1/Archivos.h"
+#include "station/form1/Correo.h"
 #include "station/form1/Form1.h"
 #include "station/form1/Funciones.h"
 #include "station/form1/Sonidos.h"
@@ -41,6 +42,7 @@ void Form1::Form_Load() {
   CrearArchivoCRD();
   MakeInvoiceHistory(platform_.disk);
   std::ignore = DireccionWeb();  // the file that names it is made
+  CrearCorreo(platform_.disk);
   CargarMoneda();
   CrearTablasPredeterminadas();
   CargarEtiquetas();

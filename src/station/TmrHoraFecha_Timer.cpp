@@ -1,5 +1,6 @@
 #include "station/form1/Filas.h"
 #include "station/form1/Form1.h"
+#include "station/form1/Fotos.h"
 
 namespace vintoral {
 namespace {
@@ -21,6 +22,7 @@ void Form1::TmrHoraFecha_Timer() {
   } else {
     PriceStay(*this, FichaMostrada());
   }
+  if (FotoDetras && platform_.disk.NothingBehind()) DibujarFotos(*this);
   TmrMonitor.SetEnabled(!FichaEnCurso());
 }
 

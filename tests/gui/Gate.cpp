@@ -16,7 +16,7 @@
 
 namespace vintoral::test {
 
-Gate::Gate() : disk_(folder_.Path()) {
+Gate::Gate() : disk_(folder_.Path(), PosixDisk::Work::kBeside) {
   Civil start;
   start.year = 2026;
   start.month = 11;
@@ -37,7 +37,7 @@ Gate::~Gate() {
 
 void Gate::Start() {
   form_ = std::make_unique<Form1>(
-      Platform{clock_, screen_, sound_, system_, disk_, pictures_, printer_, chance_, camera_, mail_});
+      Platform{clock_, screen_, sound_, system_, disk_, pictures_, printer_, chance_, camera_, *carrier_});
   window_ = std::make_unique<MainWindow>(*form_);
   dialogs_ = std::make_unique<Dialogs>(form_->OpenForms, *window_);
   screen_.Owner = [this] { return dialogs_->Active(); };

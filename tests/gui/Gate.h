@@ -84,6 +84,7 @@ class Gate : public testing::Test {
   SeededRandom chance_;
   FilmedCamera camera_;
   RecordingMail mail_{events_};
+  Mail* carrier_ = &mail_;  ///< who takes the mails of the next start
   std::vector<Box> boxes_;  ///< all that came up, in order
   std::unique_ptr<Form1> form_;
   std::unique_ptr<MainWindow> window_;

@@ -76,10 +76,13 @@ class Handed : public testing::Test {
     printer_ = std::make_unique<DesktopPrinter>(NoFiles(), [this](const std::atomic<bool>& over) {
       return std::make_unique<Queues>(spooler_, over);
     });
+    // From the start: the thread may tell of a slip before the test's next line.
+    testing::internal::CaptureStderr();
   }
   ~Handed() override {
     Change([this] { spooler_.hangs = spooler_.hangsFor = false; });
     printer_.reset();
+    testing::internal::GetCapturedStderr();
   }
 
   template <class Work>
@@ -94,11 +97,16 @@ class Handed : public testing::Test {
     spooler_.news.wait_for(lock, std::chrono::seconds(20), [&] { return spooler_.jobs.size() >= count; });
     return spooler_.jobs;
   }
+  /// What stands on standard error since the last call.
+  static std::string Told() {
+    const std::string told = testing::internal::GetCapturedStderr();
+    testing::internal::CaptureStderr();
+    return told;
+  }
   /// Ends the printer, and gives the lines on standard error.
   std::vector<std::string> End() {
-    testing::internal::CaptureStderr();
     printer_.reset();
-    std::istringstream errors(testing::internal::GetCapturedStderr());
+    std::istringstream errors(Told());
     std::vector<std::string> lines;
     for (std::string line; std::getline(errors, line);)
       lines.push_back(line);
@@ -164,10 +172,9 @@ TEST_F(Handed, OnceMoreToASpoolerThatWasNotThere) {
 
 TEST_F(Handed, NeverTwice) {
   Change([this] { spooler_.refusal = "no answer"; });
-  testing::internal::CaptureStderr();
   printer_->EndDoc(Slip(10));
   printer_.reset();
-  EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("is lost: no answer"));
+  EXPECT_THAT(Told(), HasSubstr("is lost: no answer"));
   EXPECT_THAT(spooler_.jobs, SizeIs(1));
 }
 
@@ -203,16 +210,14 @@ TEST_F(Handed, TheEndWaitsShortlyForASpoolerThatHangs) {
     printer->EndDoc(Slip(10));
     printer->EndDoc(Slip(10));
     printer_.reset();
-    testing::internal::CaptureStderr();
     EXPECT_LT(Milliseconds([&] { printer.reset(); }), 2000);
-    const std::string errors = testing::internal::GetCapturedStderr();
+    const std::string errors = Told();
     EXPECT_EQ(std::count(errors.begin(), errors.end(), '\n'), 2) << errors;
     Change([&] { spooler_.hangs = spooler_.hangsFor = false; });
   }
   // The thread that was left behind finds nobody, and tells nothing more.
-  testing::internal::CaptureStderr();
   std::this_thread::sleep_for(std::chrono::milliseconds(50));
-  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+  EXPECT_EQ(Told(), "");
   EXPECT_THAT(spooler_.jobs, SizeIs(0));
 }
 
@@ -227,10 +232,9 @@ TEST_F(Handed, WhatWaitsAtTheEndIsHandedOver) {
 
 TEST_F(Handed, NoMoreThanSoManyWait) {
   Change([this] { spooler_.hangs = true; });
-  testing::internal::CaptureStderr();
   for (int i = 0; i < 102; ++i)
     printer_->EndDoc(Slip(10));
-  const std::string errors = testing::internal::GetCapturedStderr();
+  const std::string errors = Told();
   EXPECT_EQ(std::count(errors.begin(), errors.end(), '\n'), 2) << errors;
   Change([this] { spooler_.hangs = false; });
   EXPECT_THAT(Jobs(100), SizeIs(100));

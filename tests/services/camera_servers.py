@@ -88,6 +88,12 @@ class Session:
         wait_for(description, lambda: description in self.nodes())
         return camera
 
+    def look(self, node):
+        """0 when another program gets pictures of that camera."""
+        return subprocess.run(["timeout", "5", "gst-launch-1.0", "-q", "pipewiresrc", f"target-object={node}",
+                               "num-buffers=2", "!", "fakesink"], env=self.environment, stdout=subprocess.DEVNULL,
+                              stderr=subprocess.DEVNULL, check=False).returncode
+
     def nodes(self):
         return subprocess.run(["pw-cli", "ls", "Node"], env=self.environment, capture_output=True, text=True, timeout=10,
                               check=False).stdout

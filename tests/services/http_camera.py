@@ -2,7 +2,7 @@
 
 KIND is "film" (one picture after the other, in parts), "single" (one picture for each question), "garbage" (parts of
 no picture), "flood" (bytes without end, and no part among them), "bomb" (a picture that says it is 65,500 points
-wide and high), or "sizes" (parts whose pictures change their size). It says "ready", and ends after five minutes.
+wide and high), "sizes" (parts whose pictures change their size) or "large" (pictures of 3840 by 2160 points). It says "ready", and ends after five minutes.
 """
 import base64
 import http.server
@@ -30,6 +30,7 @@ def bomb():
 RED = jpeg(640, 480, "red")
 PICTURES = {"film": [RED], "single": [RED], "garbage": [os.urandom(20_000), b"\xff\xd8" + os.urandom(20_000)],
             "flood": [b"x" * 1_000_000], "bomb": [bomb()], "sizes": [RED, jpeg(320, 200, "blue"), jpeg(33, 17, "lime")]}
+PICTURES["large"] = [jpeg(3840, 2160, "red")] if sys.argv[2] == "large" else []
 
 
 class Camera(http.server.BaseHTTPRequestHandler):

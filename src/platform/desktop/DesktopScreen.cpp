@@ -4,6 +4,7 @@
 #include <QEventLoop>
 #include <QMessageBox>
 #include <QPointer>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QSize>
 #include <QTimer>
@@ -80,6 +81,9 @@ Answer AnswerOf(const QMessageBox& dialog, const std::vector<Button>& buttons, c
 
 }  // namespace
 
+DesktopScreen::DesktopScreen() = default;
+DesktopScreen::~DesktopScreen() = default;
+
 Answer DesktopScreen::Show(const Box& box) {
   if (BeforeWaiting) BeforeWaiting();
   // It goes with the window that it belongs to, should that be closed beneath it.
@@ -110,6 +114,26 @@ void DesktopScreen::Wait(std::int64_t milliseconds) {
   QEventLoop loop;
   QTimer::singleShot(std::chrono::milliseconds(milliseconds), Qt::PreciseTimer, &loop, &QEventLoop::quit);
   loop.exec();
+}
+
+bool DesktopScreen::Working(const String& what, double done) {
+  constexpr int kSteps = 1000;
+  constexpr std::chrono::milliseconds kUntilShown{500};
+  if (!progress_) {
+    if (BeforeWaiting) BeforeWaiting();
+    progress_ = std::make_unique<QProgressDialog>(Utf16(what), Caption(Answer::kCancel), 0, kSteps,
+                                                  Owner ? Owner() : nullptr);
+    progress_->setWindowModality(Qt::ApplicationModal);  // which lets its setValue serve the events
+    progress_->setMinimumDuration(static_cast<int>(kUntilShown.count()));
+    progress_->setAutoReset(false);
+    progress_->setAutoClose(false);
+  }
+  progress_->setValue(static_cast<int>(done * kSteps));
+  return !progress_->wasCanceled();
+}
+
+void DesktopScreen::Worked() {
+  progress_.reset();
 }
 
 void DesktopScreen::Beep() {

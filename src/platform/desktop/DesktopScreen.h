@@ -6,22 +6,28 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 
 #include "platform/Screen.h"
 #include "platform/desktop/ReaderGuard.h"
 
 class QMessageBox;
+class QProgressDialog;
 class QWidget;
 
 namespace vintoral {
 
 class DesktopScreen : public Screen {
  public:
+  DesktopScreen();
+  ~DesktopScreen() override;
   Answer Show(const Box& box) override;
   void ShowModal(const ScreenForm& form) override;
   void Wait(std::int64_t milliseconds) override;
   void Beep() override;
   void Busy(bool busy) override;
+  bool Working(const String& what, double done) override;
+  void Worked() override;
 
   /// Runs before each box, dialog and wait: shows the windows up to date.
   std::function<void()> BeforeWaiting;
@@ -32,6 +38,7 @@ class DesktopScreen : public Screen {
 
  private:
   ReaderGuard guard_;
+  std::unique_ptr<QProgressDialog> progress_;
   bool busy_ = false;
 };
 

@@ -16,8 +16,9 @@ namespace vintoral {
 class HeadlessPlatform {
  public:
   /// `folder`: the station's folder, a native path. The decoder links a library, so it comes from outside.
-  HeadlessPlatform(const std::string& folder, const Pictures& pictures)
-      : disk_(folder), pictures_(pictures) {}
+  HeadlessPlatform(const std::string& folder, const Pictures& pictures,
+                   PosixDisk::Work behind = PosixDisk::Work::kAtOnce)
+      : disk_(folder, behind), pictures_(pictures) {}
   HeadlessPlatform(const HeadlessPlatform&) = delete;
   HeadlessPlatform& operator=(const HeadlessPlatform&) = delete;
 

@@ -5,7 +5,6 @@
 #include "station/form1/Bloqueos.h"
 #include "station/form1/Form1.h"
 #include "station/form1/Funciones.h"
-#include "station/form1/Informes.h"
 #include "station/forms/Keys.h"
 
 namespace vintoral {
@@ -24,10 +23,10 @@ struct Boton {
 const std::array<Boton, Form5::kBotones> kMandos = {{
     {"HISTORIAL DÍA"_w, bloqueo::kHistorial},
     {"COMENZAR TURNO"_w},
-    {"EXTRAS"_w, bloqueo::kRegistroExtras},
-    {"DETALLE"_w, bloqueo::kDetalleExtras},
-    {"NUEVOS"_w, bloqueo::kNuevos},
-    {"PUNTOS"_w, bloqueo::kPuntos},
+    {"EXTRAS"_w, bloqueo::kRegistroExtras, [](Form1& form) { form.ImprimirValorExtra(); }},
+    {"DETALLE"_w, bloqueo::kDetalleExtras, [](Form1& form) { form.ImprimirContadorExtra(); }},
+    {"NUEVOS"_w, bloqueo::kNuevos, [](Form1& form) { form.ImprimirDocumentoID("Vintoral.NSR"); }},
+    {"PUNTOS"_w, bloqueo::kPuntos, [](Form1& form) { form.ImprimirDocumentoID("Vintoral.CRD"); }},
     {"HORARIO DE TRABAJO"_w, 0, [](Form1& form) { form.ImprimirHoraTrabajo(); }},
 }};
 
@@ -127,7 +126,7 @@ bool Form5::Form_KeyDown(int KeyCode, int /*Shift*/) {
 
 void Form5::Form_Unload() {
   station_.Form5 = nullptr;
-  BorrarReportes(station_.Devices().disk);
+  station_.BorrarReportes();
 }
 
 }  // namespace vintoral

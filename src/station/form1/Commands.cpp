@@ -121,7 +121,7 @@ constexpr std::array kKeys = {
     KeyCommand{.code = 'K', .masks = kCtrlAlt, .action = EditFormat<boton::kTiquetes>},
     KeyCommand{.code = 'L', .masks = kCtrlAlt, .action = EditFormat<boton::kFacturas>},
     KeyCommand{.code = 'M', .masks = kCtrlAlt, .lock = 13, .action = Run<&Form1::AlternarMemoriaRostros>},
-    KeyCommand{.code = 'P', .masks = kCtrlAlt, .action = kNotBuilt},
+    KeyCommand{.code = 'P', .masks = kCtrlAlt, .action = Run<&Form1::AlternarPanico>},
     KeyCommand{.code = 'R',
                .masks = kCtrlShift,
                .condition = Shown<boton::kRetirar>,
@@ -148,7 +148,7 @@ constexpr std::array kKeys = {
     KeyCommand{.code = kF8, .button = boton::kMenu},
     KeyCommand{.code = kF9, .log = "12", .action = Run<&Form1::AbrirBloqueo>},
     KeyCommand{.code = kF10, .condition = BarsAreRed, .action = Edit<archivo::kServidor>},
-    KeyCommand{.code = kF12, .action = kNotBuilt},
+    KeyCommand{.code = kF12, .action = Run<&Form1::ImgPanico_Click>},
 };
 
 template <void (Form1::*operation)()>
@@ -189,11 +189,12 @@ constexpr std::array kButtons = {
     ButtonCommand{.tooltip = "<AVPAG> Avanzar Página",
                   .answering = Answering::kClick,
                   .action = Do<&Form1::AvanzarPagina>},
-    ButtonCommand{.tooltip = "<F4> Imprimir Estado/Búsqueda/Ficha", .lock = 6, .action = kButtonNotBuilt},
+    ButtonCommand{
+        .tooltip = "<F4> Imprimir Estado/Búsqueda/Ficha", .lock = 6, .action = Do<&Form1::ImprimirRegistros>},
     ButtonCommand{.tooltip = "<F5> Activar Búsqueda de Registros",
                   .tooltipPressed = "<F5> Desactivar Búsqueda de Registros",
                   .lock = 7,
-                  .action = kButtonNotBuilt},
+                  .action = Do<&Form1::AlternarBusqueda>},
     ButtonCommand{.tooltip = "<INSERT> Guardar Ficha", .action = [](Form1& form) { form.GuardarFicha(); }},
     ButtonCommand{.tooltip = "<SUPR> Retirar Ficha", .action = Retire},
     ButtonCommand{.tooltip = "<F1> Activar Monitor \"ULTIMOS EN INGRESAR\"",

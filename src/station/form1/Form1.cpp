@@ -81,6 +81,7 @@ void Form1::ConectarBotones() {
     ChkFactura.Value = 1 - wanted;  // as long as a box may say that it is locked
     if (Permite(bloqueo::kFacturas)) ChkFactura.Value = wanted;
   };
+  ImgPanico.OnClick = [this] { ImgPanico_Click(); };
   ImgPuntos.OnClick = [this] { Form_KeyDown('R', keys::kShift | keys::kControl); };
 }
 

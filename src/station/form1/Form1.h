@@ -34,6 +34,7 @@
 
 namespace vintoral {
 
+class Form2;
 class Form3;
 class Form4;
 class Form5;
@@ -88,7 +89,8 @@ class Form1 : public ScreenModel {
   String MarcaTiquete;          ///< the entry stamp just saved
   String MarcaSalidaPendiente;  ///< the exit stamp fixed when a ficha was called up
   String TextoSalida;           ///< the exit stamp of the ficha being retired
-  String MarcaTurno;            ///< the start of the shift
+  bool TurnoActivo = false;     ///< a shift is under way
+  String MarcaTurno;            ///< the start of the shift, "hh:mm  (dd/MM/yyyy)"
   String RutaFotoFicha;         ///< the photo stored last for a ficha that came in
 
   std::int16_t NumeroFotos = 0;   ///< additional photos of the ficha on the screen
@@ -471,6 +473,34 @@ class Form1 : public ScreenModel {
   /// The menu of functions, null while it is not loaded.
   class Form5* Form5 = nullptr;
   void AbrirMenu();
+
+  // ---- Shifts, search and reports
+  // ------------------------------------------------------------------------------------------------
+  /// Marks the newest record of each register as the last one before the shift.
+  void IniciarTurno();
+  /// After two questions the history of the station that holds the data folder begins anew.
+  void ReiniciarHistorial();
+  /// The search of records, null while it is not loaded.
+  class Form2* Form2 = nullptr;
+  /// F5: opens it, or closes it.
+  void AlternarBusqueda();
+  /// The fichas that Form2 asks for into the view; the operator is told when there are none.
+  void CargarArchivoHST();
+  /// Deletes the pages and lists of earlier reports.
+  void BorrarReportes();
+  /// F4: asks about slips where they are printed, and reports what the grid or the screen shows.
+  void ImprimirRegistros();
+  /// The reports as a page, and on slips where `formatoTiquete` says so: row by row, or without `detalle` as
+  /// a summary alone.
+  void ImprimirEstado(bool formatoTiquete, bool detalle);
+  void ImprimirHistorial(bool formatoTiquete, bool detalle);
+  /// The extras sold, by day and article, and line by line; as a text in the user's editor.
+  void ImprimirValorExtra();
+  void ImprimirContadorExtra();
+  /// New users (Vintoral.NSR) or movements of points (Vintoral.CRD) as a page.
+  void ImprimirDocumentoID(std::string_view archivo);
+  /// Here ends the shift that is under way: `marca` is the flag of a record.
+  bool FinPeriodo(bool marca) const { return TurnoActivo && marca; }
 
   // ---- Sounds
   // ------------------------------------------------------------------------------------------------

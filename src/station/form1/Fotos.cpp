@@ -74,6 +74,14 @@ String RutaFotoPrimera(const Form1& form, std::int64_t usuario) {
   return form.RutaCompartida(carpeta_fotos::kPrimeras) + "\\"_w + Nombre(usuario);
 }
 
+std::vector<String> RutasFotosUsuario(const Form1& form, std::int32_t usuario, bool primera) {
+  std::vector<String> rutas;
+  if (usuario < 1) return rutas;
+  if (primera) rutas.push_back(RutaFotoPrimera(form, usuario));
+  rutas.push_back(RutaFotoUsuario(form, usuario));
+  return rutas;
+}
+
 String CarpetaDetalleEn(const String& base, std::string_view placa, std::int64_t numero) {
   return base + "\\"_w + EnNombre(placa) + Digits(numero, 4);
 }
@@ -99,6 +107,14 @@ std::vector<Picture> FotosDe(Form1& form, std::span<const RegistroFicha> fichas)
   for (const bool inside : {true, false})
     MirarCarpeta(form, fichas, inside, photos);
   return photos;
+}
+
+void DibujarFotos(Form1& form) {
+  // Asked first: a photo that comes while the folders are read is drawn once more rather than never.
+  form.FotoDetras = !form.Devices().disk.NothingBehind();
+  const std::vector<Picture> photos = FotosDe(form, form.Pagina());
+  for (std::size_t cell = 0; cell < photos.size(); ++cell)
+    form.ImgFicha[cell].Picture = photos[cell];
 }
 
 void BorrarFotoDanada(Form1& form, const String& foto, const FileMark& mark) {

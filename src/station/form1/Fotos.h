@@ -35,6 +35,8 @@ String RutaCompletaFotoAdentro(const Form1& form, std::int64_t numero);
 /// Where the photo of a user lies: the latest one, and that of the first visit.
 String RutaFotoUsuario(const Form1& form, std::int64_t usuario);
 String RutaFotoPrimera(const Form1& form, std::int64_t usuario);
+/// Where the photo of a ficha goes besides, which is that of user `usuario` too; nowhere for nobody.
+std::vector<String> RutasFotosUsuario(const Form1& form, std::int32_t usuario, bool primera);
 /// No ficha has more additional photos: their number is kept in 16 bits.
 inline constexpr std::int16_t kMaxFotos = 32000;
 /// The folder of the additional photos of the ficha that is inside with this plate and number, below the
@@ -49,6 +51,8 @@ String RutaDetalle(const String& carpeta, std::int64_t numero, std::int64_t foto
 /// The photos of `fichas`, one for each; nothing for one that is missing or, as far as this face knows by
 /// now, can't be shown. A damaged one is deleted.
 std::vector<Picture> FotosDe(Form1& form, std::span<const RegistroFicha> fichas);
+/// The photos of the grid's page as they are now; the page itself stays as it was drawn.
+void DibujarFotos(Form1& form);
 /// Deletes a photo that was read whole and is no picture; not when the file has changed since it was read,
 /// nor while somebody writes it.
 void BorrarFotoDanada(Form1& form, const String& foto, const FileMark& mark);

@@ -8,6 +8,7 @@ namespace vintoral::funcion {
 inline constexpr std::string_view kEnEjecucion = "0";
 inline constexpr std::string_view kAbrirContrasena = "12";
 inline constexpr std::string_view kDesactivarContrasena = "13";
+inline constexpr std::string_view kBotonPanico = "17";
 inline constexpr std::string_view kFormatoTiquete = "18";
 inline constexpr std::string_view kFormatoFactura = "19";
 inline constexpr std::string_view kReinicioExtras = "20";

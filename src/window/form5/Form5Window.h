@@ -12,13 +12,12 @@ class PictureLoader;
 struct Stage;
 
 class Form5Window : public DialogWindow {
-public:
-  Form5Window(Forms &forms, Form &form, Hands &hands, PictureLoader &pictures,
-              QWidget *owner);
+ public:
+  Form5Window(Forms& forms, Form& form, Hands& hands, PictureLoader& pictures, QWidget* owner);
 
-private:
-  void BuildList(Stage &stage, QBoxLayout &row);
-  void BuildButtons(Stage &stage, QBoxLayout &row);
+ private:
+  void BuildList(Stage& stage, QBoxLayout& row);
+  void BuildButtons(Stage& stage, QBoxLayout& row);
 };
 
-} // namespace vintoral
+}  // namespace vintoral

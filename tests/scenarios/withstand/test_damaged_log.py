@@ -88,10 +88,13 @@ class DamagedLog(trouble.Trouble):
                 self.gate.key(F9)
                 self.assertEqual(self.gate.reply["waiting"], {"form": "Form7"})
                 if locked:
-                    self.gate.type(read_mixed(record)[0])
+                    self.gate.type(record[4:4 + record[2]].decode("ascii"))
                     self.gate.key(13)
                     self.assertEqual(self.gate.box["title"], "Vintoral - Acceso Permitido")
                     self.gate.answer("ok")
+                else:
+                    self.gate.key(ESC)
+                self.assertIsNone(self.gate.reply["waiting"])
                 self.assertEqual((self.folder / EXT).read_bytes()[LOCK:], bytes(record))
 
 

@@ -88,6 +88,16 @@ TEST(ConHoraVenta, HasItInAnyRecord) {
   }
 }
 
+TEST(ConMarcaTurno, ChangesTheMarkAlone) {
+  std::string sale = Encoded(Phone());
+  sale[45] = '\x7F';
+  const auto marked = ConMarcaTurno(test::RecordBytes<RegistroExtra>(sale));
+  std::string changed = sale;
+  ASSERT_EQ(changed.substr(31, 2), Hex("00 00"));
+  changed.replace(31, 2, Hex("FF FF"));
+  EXPECT_EQ(std::string(marked.data(), marked.size()), changed);
+}
+
 TEST(ListaExtrasEnBlanco, HasFiveThousandBlankRecords) {
   const String list = ListaExtrasEnBlanco();
   ASSERT_EQ(list.Size(), 230'000u);

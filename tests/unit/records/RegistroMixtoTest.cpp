@@ -109,16 +109,6 @@ TEST(RegistroMixto, BehindAnUnknownTypeNothingCanBeRead) {
   EXPECT_FALSE(second.Marca);
 }
 
-TEST(RegistroMixto, TellsHowFarItsFieldsReach) {
-  EXPECT_EQ(RegistroMixto{}.Width(), 2u + 2 + 14);
-  EXPECT_EQ(Texts("ABC", "").Width(), 7u + 4 + 14);
-  EXPECT_EQ(Texts("ABCDEFGHIJKL", "MNOPQRSTUVWX").Width(), 46u);
-  EXPECT_EQ(Texts("ABCDEFGHIJKL", "MNOPQRSTUVWXYZ").Width(), 46u);
-  RegistroMixto numbers;
-  numbers.CampoA = std::int16_t{1};
-  EXPECT_EQ(numbers.Width(), 4u + 2 + 14);
-}
-
 TEST(RegistroMixto, FieldsReadAsTextAndAsNumber) {
   EXPECT_EQ(TextOf(CampoVariable(std::int16_t{-32768})), "-32768"_w);
   EXPECT_EQ(TextOf(CampoVariable("12 MIN"_w)), "12 MIN"_w);

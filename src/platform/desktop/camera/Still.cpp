@@ -1,41 +1,51 @@
 #include "platform/desktop/camera/Still.h"
 
-#include <algorithm>
+#include <libyuv.h>
+
 #include <atomic>
-#include <cstring>
 #include <vector>
 
 namespace vintoral {
 
 namespace {
 
-constexpr int kLong = 4, kShort = 3;  // bytes of a pixel with and without the one that has no meaning
-/// So many rows at a time stay in the processor's cache on their way; even, as the planes of colour want it.
-constexpr int kSlice = 16;
+constexpr int kBits = 24;
 
-std::uint8_t* Row(cImage& image, int fromTop) {
-  return image.DIBitsPtr() +
-         static_cast<std::size_t>(image.Height() - 1 - fromTop) * image.BytesPerScanLine();
-}
-
-void DropFourth(const std::uint8_t* from, std::uint8_t* to, int pixels) {
-  // All but the last one with one store of four bytes, whose last byte the next pixel writes over.
-  for (int i = 0; i + 1 < pixels; ++i, from += kLong, to += kShort)
-    std::memcpy(to, from, kLong);
-  std::memcpy(to, from, kShort);
-}
-
-/// The part of a frame of three planes that begins at row `top`.
-GstVideoFrame SliceOf(const GstVideoFrame& frame, const GstVideoInfo& info, int top) {
-  GstVideoFrame slice = frame;
-  slice.info = info;
-  for (guint plane = 0; plane < GST_VIDEO_FRAME_N_PLANES(&frame); ++plane) {
-    const int stride = GST_VIDEO_FRAME_PLANE_STRIDE(&frame, plane);
-    slice.info.stride[plane] = stride;
-    const int row = plane == 0 ? top : top / 2;
-    slice.data[plane] = static_cast<std::uint8_t*>(frame.data[plane]) + std::ptrdiff_t{row} * stride;
+const libyuv::YuvConstants* ColoursOf(const GstVideoInfo& info) {
+  const bool full = info.colorimetry.range == GST_VIDEO_COLOR_RANGE_0_255;
+  switch (info.colorimetry.matrix) {
+    case GST_VIDEO_COLOR_MATRIX_BT709:
+    case GST_VIDEO_COLOR_MATRIX_SMPTE240M:
+      return full ? &libyuv::kYuvF709Constants : &libyuv::kYuvH709Constants;
+    case GST_VIDEO_COLOR_MATRIX_BT2020:
+      return full ? &libyuv::kYuvV2020Constants : &libyuv::kYuv2020Constants;
+    default:
+      return full ? &libyuv::kYuvJPEGConstants : &libyuv::kYuvI601Constants;
   }
-  return slice;
+}
+
+/// One plane of a frame, as the library takes it.
+struct Plane {
+  Plane(const GstVideoFrame& frame, guint number)
+      : bytes(static_cast<const std::uint8_t*>(GST_VIDEO_FRAME_PLANE_DATA(&frame, number))),
+        stride(GST_VIDEO_FRAME_PLANE_STRIDE(&frame, number)) {}
+  const std::uint8_t* bytes;
+  int stride;
+};
+
+/// Into the rows of `image`, which lie bottom to top: the negative height says so.
+bool ThreePlanes(decltype(libyuv::I420ToRGB24Matrix)* convert, const GstVideoFrame& frame, cImage& image) {
+  const Plane y(frame, 0), u(frame, 1), v(frame, 2);
+  return convert(y.bytes, y.stride, u.bytes, u.stride, v.bytes, v.stride, image.DIBitsPtr(),
+                 static_cast<int>(image.BytesPerScanLine()), ColoursOf(frame.info), image.Width(),
+                 -image.Height()) == 0;
+}
+
+bool TwoPlanes(const GstVideoFrame& frame, cImage& image) {
+  const Plane y(frame, 0), uv(frame, 1);
+  return libyuv::NV12ToRGB24Matrix(y.bytes, y.stride, uv.bytes, uv.stride, image.DIBitsPtr(),
+                                   static_cast<int>(image.BytesPerScanLine()), ColoursOf(frame.info),
+                                   image.Width(), -image.Height()) == 0;
 }
 
 }  // namespace
@@ -56,7 +66,7 @@ std::shared_ptr<cImage> StillMaker::Blank(int width, int height) {
   const bool fits = last_ && last_->Width() == width && last_->Height() == height;
   if (!fits || last_.use_count() > 1) {
     last_ = std::make_shared<cImage>();
-    if (!last_->Create(width, height, 8 * kShort)) last_.reset();
+    if (!last_->Create(width, height, kBits)) last_.reset();
   }
   // What its last reader read of it has been read before it is written over.
   std::atomic_thread_fence(std::memory_order_acquire);
@@ -64,26 +74,21 @@ std::shared_ptr<cImage> StillMaker::Blank(int width, int height) {
 }
 
 bool StillMaker::FromPlanes(const GstVideoInfo& info, const GstVideoFrame& frame, cImage& image) {
+  switch (GST_VIDEO_INFO_FORMAT(&info)) {
+    case GST_VIDEO_FORMAT_I420:
+      return ThreePlanes(libyuv::I420ToRGB24Matrix, frame, image);
+    case GST_VIDEO_FORMAT_Y42B:
+      return ThreePlanes(libyuv::I422ToRGB24Matrix, frame, image);
+    case GST_VIDEO_FORMAT_NV12:
+      return TwoPlanes(frame, image);
+    default:
+      break;
+  }
   const GstVideoInfo planes = PlanesLike(info, image.Width(), image.Height());
-  std::vector<std::uint8_t> memory;
-  GstVideoFrame source = frame;
-  if (GST_VIDEO_INFO_FORMAT(&info) != GST_VIDEO_FORMAT_I420) {
-    memory.resize(planes.size);
-    source = FrameAt(planes, memory.data());
-    if (!toPlanes_.Convert(info, frame, planes, source)) return false;
-  }
-  std::vector<std::uint8_t> rows(static_cast<std::size_t>(image.Width()) * kLong * kSlice);
-  for (int top = 0; top < image.Height(); top += kSlice) {
-    const int height = std::min(kSlice, image.Height() - top);
-    const GstVideoInfo part = PlanesLike(info, image.Width(), height);
-    const GstVideoInfo rowsInfo = InfoOf(GST_VIDEO_FORMAT_BGRx, image.Width(), height);
-    GstVideoFrame to = FrameAt(rowsInfo, rows.data());
-    VideoConverter& converter = height == kSlice ? toRows_ : toLastRows_;
-    if (!converter.Convert(part, SliceOf(source, part, top), rowsInfo, to)) return false;
-    for (int y = 0; y < height; ++y)
-      DropFourth(rows.data() + std::ptrdiff_t{y} * image.Width() * kLong, Row(image, top + y), image.Width());
-  }
-  return true;
+  std::vector<std::uint8_t> memory(planes.size);
+  GstVideoFrame source = FrameAt(planes, memory.data());
+  return toPlanes_.Convert(info, frame, planes, source) &&
+         ThreePlanes(libyuv::I420ToRGB24Matrix, source, image);
 }
 
 bool StillMaker::FromAny(const GstVideoInfo& info, const GstVideoFrame& frame, cImage& image) {
@@ -91,9 +96,9 @@ bool StillMaker::FromAny(const GstVideoInfo& info, const GstVideoFrame& frame, c
   std::vector<std::uint8_t> rows(rowsInfo.size);
   GstVideoFrame to = FrameAt(rowsInfo, rows.data());
   if (!direct_.Convert(info, frame, rowsInfo, to)) return false;
-  for (int y = 0; y < image.Height(); ++y)
-    DropFourth(rows.data() + std::ptrdiff_t{y} * image.Width() * kLong, Row(image, y), image.Width());
-  return true;
+  const Plane pixels(to, 0);
+  return libyuv::ARGBToRGB24(pixels.bytes, pixels.stride, image.DIBitsPtr(),
+                             static_cast<int>(image.BytesPerScanLine()), image.Width(), -image.Height()) == 0;
 }
 
 }  // namespace vintoral

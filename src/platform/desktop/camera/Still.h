@@ -24,7 +24,7 @@ class StillMaker {
   bool FromPlanes(const GstVideoInfo& info, const GstVideoFrame& frame, cImage& image);
   bool FromAny(const GstVideoInfo& info, const GstVideoFrame& frame, cImage& image);
   std::shared_ptr<cImage> last_;
-  VideoConverter toPlanes_, toRows_, toLastRows_, direct_;
+  VideoConverter toPlanes_, direct_;
 };
 
 }  // namespace vintoral

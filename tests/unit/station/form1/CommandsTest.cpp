@@ -251,9 +251,10 @@ bool KeyClicks(int code, int mask) {
   return code == 27 || code == 120 || (code == 87 && mask == kControl) ||
          (code == 122 && (mask == kControlShift || mask == kShiftAlt));
 }
-/// Clicks of what the key does: of the button that it presses, of the tariff dialog.
+/// Clicks of what the key does: of the button that it presses, of the dialogs of tariffs and alert.
 bool CommandClicks(int code, int mask) {
-  return code == 33 || code == 34 || code == 119 || (code == 'T' && mask == kControl);
+  const bool dialog = (code == 'T' && mask == kControl) || (code == 'P' && mask == kControlAlt);
+  return code == 33 || code == 34 || code == 119 || dialog;
 }
 
 TEST_F(KeyTest, EveryKeyClicksAsOftenAsItShould) {

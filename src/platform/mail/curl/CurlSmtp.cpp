@@ -1,0 +1,206 @@
+// One mail by libcurl, which builds its parts and speaks with the relay.
+#include <curl/curl.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <array>
+#include <atomic>
+#include <csignal>
+#include <ctime>
+#include <memory>
+#include <set>
+#include <string_view>
+
+#include "platform/mail/MailJob.h"
+
+namespace vintoral {
+namespace {
+
+/// Until the relay has been found and reached; until each of its answers; and for all of it.
+constexpr long kConnectSeconds = 10, kAnswerSeconds = 10, kAllSeconds = 30;
+
+template <auto free>
+struct Free {
+  template <class T>
+  void operator()(T* thing) const {
+    free(thing);
+  }
+};
+using Easy = std::unique_ptr<CURL, Free<curl_easy_cleanup>>;
+using Mime = std::unique_ptr<curl_mime, Free<curl_mime_free>>;
+using Url = std::unique_ptr<CURLU, Free<curl_url_cleanup>>;
+
+class Lines {
+ public:
+  explicit Lines(const std::vector<std::string>& lines) {
+    for (const std::string& line : lines)
+      first_.reset(curl_slist_append(first_.release(), line.c_str()));
+  }
+  curl_slist* Get() const { return first_.get(); }
+
+ private:
+  std::unique_ptr<curl_slist, Free<curl_slist_free_all>> first_;
+};
+
+/// A relay that closes in the middle of a secure line must not end the program.
+class NoBrokenPipe {
+ public:
+  NoBrokenPipe() {
+    sigemptyset(&pipe_);
+    sigaddset(&pipe_, SIGPIPE);
+    pthread_sigmask(SIG_BLOCK, &pipe_, &before_);
+  }
+  NoBrokenPipe(const NoBrokenPipe&) = delete;
+  NoBrokenPipe& operator=(const NoBrokenPipe&) = delete;
+  ~NoBrokenPipe() {
+    const std::timespec now{};
+    sigtimedwait(&pipe_, nullptr, &now);
+    pthread_sigmask(SIG_SETMASK, &before_, nullptr);
+  }
+
+ private:
+  sigset_t pipe_{}, before_{};
+};
+
+/// The connections that stand: a relay of two addresses may be called at both.
+class Sockets {
+ public:
+  static curl_socket_t Open(void* sockets, curlsocktype /*purpose*/, curl_sockaddr* address) {
+    const int made = socket(address->family, address->socktype | SOCK_CLOEXEC, address->protocol);
+    if (made >= 0) static_cast<Sockets*>(sockets)->open_.insert(made);
+    return made;
+  }
+  static int Close(void* sockets, curl_socket_t closed) {
+    static_cast<Sockets*>(sockets)->open_.erase(closed);
+    return close(closed);
+  }
+  /// What the relay may still say is not waited for.
+  void StopListening() const {
+    for (const int each : open_)
+      shutdown(each, SHUT_RD);
+  }
+
+ private:
+  std::set<int> open_;
+};
+
+/// What passes on the line, as far as it matters.
+struct Talk {
+  const std::atomic<bool>& over;
+  const Sockets& sockets;
+  bool ofRecipient = false;  ///< the relay has been asked to take one
+  int refused = 0;           ///< so many of them
+};
+
+int Overhear(CURL* /*easy*/, curl_infotype kind, char* data, std::size_t size, void* talk) {
+  auto& heard = *static_cast<Talk*>(talk);
+  const std::string_view line(data, size);
+  if (kind == CURLINFO_HEADER_OUT) heard.ofRecipient = line.starts_with("RCPT TO:");
+  if (kind == CURLINFO_HEADER_OUT && line.starts_with("QUIT")) heard.sockets.StopListening();
+  if (kind != CURLINFO_HEADER_IN || !heard.ofRecipient) return 0;
+  // The last line of an answer has a blank behind its code.
+  const bool last = size > 3 && line[3] != '-';
+  if (last && (line[0] == '4' || line[0] == '5')) ++heard.refused;
+  return 0;
+}
+
+int StopWhenOver(void* talk, curl_off_t /*all*/, curl_off_t /*now*/, curl_off_t /*up*/,
+                 curl_off_t /*upNow*/) {
+  return static_cast<const Talk*>(talk)->over ? 1 : 0;
+}
+
+Url UrlOf(const MailJob& job) {
+  Url url(curl_url());
+  const bool numbers = job.host.find(':') != std::string::npos && !job.host.starts_with('[');
+  const std::string host = numbers ? "[" + job.host + "]" : job.host;
+  const char* const scheme = job.privacy == MailPrivacy::kTls ? "smtps" : "smtp";
+  const bool good = curl_url_set(url.get(), CURLUPART_SCHEME, scheme, 0) == CURLUE_OK &&
+                    curl_url_set(url.get(), CURLUPART_HOST, host.c_str(), 0) == CURLUE_OK &&
+                    curl_url_set(url.get(), CURLUPART_PORT, std::to_string(job.port).c_str(), 0) == CURLUE_OK;
+  return good ? std::move(url) : Url();
+}
+
+/// How long it may take and who may speak with whom.
+void SetLine(CURL* easy, const MailJob& job, Sockets& sockets, Talk& talk) {
+  curl_easy_setopt(easy, CURLOPT_PROTOCOLS_STR, "smtp,smtps");
+  curl_easy_setopt(easy, CURLOPT_PROXY, "");  // whatever the environment says
+  curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L);
+  curl_easy_setopt(easy, CURLOPT_QUICK_EXIT, 1L);  // a name that is still looked up is not waited for
+  curl_easy_setopt(easy, CURLOPT_CONNECTTIMEOUT, kConnectSeconds);
+  curl_easy_setopt(easy, CURLOPT_SERVER_RESPONSE_TIMEOUT, kAnswerSeconds);
+  curl_easy_setopt(easy, CURLOPT_TIMEOUT, kAllSeconds);
+  curl_easy_setopt(easy, CURLOPT_OPENSOCKETFUNCTION, Sockets::Open);
+  curl_easy_setopt(easy, CURLOPT_OPENSOCKETDATA, &sockets);
+  curl_easy_setopt(easy, CURLOPT_CLOSESOCKETFUNCTION, Sockets::Close);
+  curl_easy_setopt(easy, CURLOPT_CLOSESOCKETDATA, &sockets);
+  curl_easy_setopt(easy, CURLOPT_NOPROGRESS, 0L);
+  curl_easy_setopt(easy, CURLOPT_XFERINFOFUNCTION, StopWhenOver);
+  curl_easy_setopt(easy, CURLOPT_XFERINFODATA, &talk);
+  curl_easy_setopt(easy, CURLOPT_VERBOSE, 1L);
+  curl_easy_setopt(easy, CURLOPT_DEBUGFUNCTION, Overhear);
+  curl_easy_setopt(easy, CURLOPT_DEBUGDATA, &talk);
+  if (job.privacy == MailPrivacy::kStartTls)
+    curl_easy_setopt(easy, CURLOPT_USE_SSL, static_cast<long>(CURLUSESSL_ALL));
+  if (!job.authorities.empty()) curl_easy_setopt(easy, CURLOPT_CAINFO, job.authorities.c_str());
+  if (!job.logIn) return;
+  curl_easy_setopt(easy, CURLOPT_USERNAME, job.user.c_str());
+  curl_easy_setopt(easy, CURLOPT_PASSWORD, job.password.c_str());
+}
+
+/// The text, and behind it the attachment.
+void AddParts(curl_mime* mime, const MailJob& job) {
+  curl_mimepart* const text = curl_mime_addpart(mime);
+  curl_mime_data(text, job.text.data(), job.text.size());
+  curl_mime_type(text, "text/plain; charset=UTF-8");
+  curl_mime_encoder(text, "quoted-printable");
+  if (job.attachment.empty()) return;
+  curl_mimepart* const file = curl_mime_addpart(mime);
+  curl_mime_filedata(file, job.attachment.c_str());
+  curl_mime_filename(file, job.attachmentName.c_str());
+  curl_mime_encoder(file, "base64");
+}
+
+std::string Judge(CURLcode code, const char* words, const Talk& talk, std::size_t recipients) {
+  if (code != CURLE_OK) return *words != '\0' ? words : curl_easy_strerror(code);
+  if (talk.refused == 0) return {};
+  return "the relay refused " + std::to_string(talk.refused) + " of " + std::to_string(recipients) +
+         " recipients";
+}
+
+std::string Send(const MailJob& job, const std::atomic<bool>& over) {
+  static const CURLcode ready = curl_global_init(CURL_GLOBAL_DEFAULT);
+  if (ready != CURLE_OK) return curl_easy_strerror(ready);
+  if (job.to.empty()) return "it has no recipient";
+  const Url url = UrlOf(job);
+  if (!url) return "the relay's name is none";
+  const NoBrokenPipe guard;
+  Sockets sockets;
+  Talk talk{over, sockets};
+  const Lines to(job.to), headers(job.headers);
+  std::array<char, CURL_ERROR_SIZE> words{};
+  const Easy easy(curl_easy_init());
+  const Mime mime(curl_mime_init(easy.get()));
+  AddParts(mime.get(), job);
+  SetLine(easy.get(), job, sockets, talk);
+  curl_easy_setopt(easy.get(), CURLOPT_ERRORBUFFER, words.data());
+  curl_easy_setopt(easy.get(), CURLOPT_CURLU, url.get());
+  curl_easy_setopt(easy.get(), CURLOPT_MAIL_FROM, job.from.c_str());
+  curl_easy_setopt(easy.get(), CURLOPT_MAIL_RCPT, to.Get());
+  curl_easy_setopt(easy.get(), CURLOPT_MAIL_RCPT_ALLLOWFAILS, 1L);
+  curl_easy_setopt(easy.get(), CURLOPT_HTTPHEADER, headers.Get());
+  curl_easy_setopt(easy.get(), CURLOPT_MIMEPOST, mime.get());
+  const CURLcode code = curl_easy_perform(easy.get());
+  sockets.StopListening();
+  return Judge(code, words.data(), talk, job.to.size());
+}
+
+}  // namespace
+
+/// What Smtp.cpp looks for in this module.
+extern "C" __attribute__((visibility("default"))) void SendByCurl(const MailJob& job,
+                                                                  const std::atomic<bool>& over,
+                                                                  std::string& problem) {
+  problem = Send(job, over);
+}
+
+}  // namespace vintoral
