@@ -217,8 +217,9 @@ constexpr std::array kButtons = {
                   .action = Do<&Form1::AlternarTiquetes>},
     ButtonCommand{.tooltip = "<ESC> Cancelar/Limpiar Campos", .action = [](Form1& form) { form.Cancelar(); }},
     ButtonCommand{.tooltip = "<F7> Registrar Extras", .lock = 10, .action = Do<&Form1::AbrirExtras>},
-    ButtonCommand{
-        .tooltip = "<F8> Abrir Menú de Funciones", .answering = Answering::kClick, .action = kButtonNotBuilt},
+    ButtonCommand{.tooltip = "<F8> Abrir Menú de Funciones",
+                  .answering = Answering::kClick,
+                  .action = Do<&Form1::AbrirMenu>},
     ButtonCommand{.tooltip = "Activar Impresión de Facturas",
                   .tooltipPressed = "Desactivar Impresión de Facturas",
                   .log = "8",

@@ -42,7 +42,7 @@ struct ButtonCommand {
   Answering answering = Answering::kSilent;  ///< what is heard before the action
   const char* log = nullptr;                 ///< as of KeyCommand
   int lock = 0;                              ///< as of KeyCommand
-  int lockToSwitchOff = 0;           ///< a second position, asked when the pressed button is to be released
+  int lockToSwitchOff = 0;           ///< a second position, asked when the button's release ends barcode mode
   void (*action)(Form1&) = nullptr;  ///< null: not built yet
 };
 
