@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "safety/form5/Turno.h"
 #include "station/form1/Bloqueos.h"
 #include "station/form1/Form1.h"
 #include "station/form1/Funciones.h"
@@ -11,18 +12,17 @@ namespace vintoral {
 namespace {
 
 using Accion = void (*)(Form1&);
-/// What the button starts belongs to a subsystem that this station does not have yet.
-constexpr Accion kSinHacer = nullptr;
 
 struct Boton {
   String titulo;
-  int bloqueo = 0;  ///< position in the lock text, 0 for none
-  Accion accion = kSinHacer;
+  int bloqueo;  ///< position in the lock text, 0 for none
+  Accion accion;
 };
 
 const std::array<Boton, Form5::kBotones> kMandos = {{
-    {"HISTORIAL DÍA"_w, bloqueo::kHistorial},
-    {"COMENZAR TURNO"_w},
+    {"HISTORIAL DÍA"_w, bloqueo::kHistorial, PedirHistorial},
+    {"COMENZAR TURNO"_w, 0,
+     [](Form1& form) { form.TurnoActivo ? TerminarTurno(form) : ComenzarTurno(form); }},
     {"EXTRAS"_w, bloqueo::kRegistroExtras, [](Form1& form) { form.ImprimirValorExtra(); }},
     {"DETALLE"_w, bloqueo::kDetalleExtras, [](Form1& form) { form.ImprimirContadorExtra(); }},
     {"NUEVOS"_w, bloqueo::kNuevos, [](Form1& form) { form.ImprimirDocumentoID("Vintoral.NSR"); }},
@@ -36,6 +36,7 @@ struct Fila {
   std::string_view registro = {};          ///< code of the log, empty for none
   int bloqueo = 0;                         ///< as of Boton
   int tecla = 0, mascara = 0;              ///< the key that does it, once the menu is gone; 0 for none
+  Accion accion = nullptr;                 ///< what it does where it has no key
 };
 
 bool RostrosActivos(const Form1& form) {
@@ -70,7 +71,11 @@ const std::array kFilas = {
          .mascara = kCtrlAlt},
     Fila{.texto = "Reiniciar Contador de Extras"_w,
          .registro = funcion::kReinicioExtras,
-         .bloqueo = bloqueo::kReiniciarExtras},
+         .bloqueo = bloqueo::kReiniciarExtras,
+         .accion = [](Form1& form) { form.ReiniciarContadorExtras(); }},
+    Fila{.texto = "Reiniciar Historial"_w,
+         .bloqueo = bloqueo::kReiniciarExtras,
+         .accion = [](Form1& form) { form.ReiniciarHistorial(); }},
 };
 
 String TextoDe(const Fila& row, const Form1& form) {
@@ -87,13 +92,20 @@ Form5::Form5(Form1& station) : Form("Form5"), station_(station) {
   Add(LstMenu, "LstMenu");
   Add(CmdMenu, "CmdMenu");
   LblMenu.Caption = "Menú de Funciones"_w;
-  for (std::size_t i = 0; i < CmdMenu.size(); ++i) {
-    CmdMenu[i].Caption = kMandos[i].titulo;
+  for (std::size_t i = 0; i < CmdMenu.size(); ++i)
     CmdMenu[i].OnClick = [this, i] { CmdMenu_Click(i); };
-  }
+  Rotular();
   LstMenu.OnPress = [this] { LstMenu_Click(); };
   Llenar();
   SetFocus(&LstMenu);
+}
+
+void Form5::Rotular() {
+  for (std::size_t i = 0; i < CmdMenu.size(); ++i)
+    CmdMenu[i].Caption = kMandos[i].titulo;
+  if (!station_.TurnoActivo) return;
+  CmdMenu[kHistorial].Caption = "HISTORIAL TURNO"_w;
+  CmdMenu[kTurno].Caption = "TERMINAR TURNO"_w;
 }
 
 void Form5::Llenar() {
@@ -104,7 +116,11 @@ void Form5::Llenar() {
 
 void Form5::CmdMenu_Click(std::size_t boton) {
   const Boton& button = kMandos[boton];
-  if (station_.Permite(button.bloqueo) && button.accion != kSinHacer) button.accion(station_);
+  if (!station_.Permite(button.bloqueo)) return;
+  const bool begins = boton == Form5::kTurno && !station_.TurnoActivo;
+  button.accion(station_);
+  Rotular();
+  if (begins) station_.OpenForms.Unload(*this);
 }
 
 void Form5::LstMenu_Click() {
@@ -112,7 +128,7 @@ void Form5::LstMenu_Click() {
   // Here what the lock refuses is in the log too.
   if (!row.registro.empty()) station_.RegistrarHoraTrabajo(row.registro);
   if (!station_.Permite(row.bloqueo)) return;
-  if (row.tecla == 0) return station_.ReiniciarContadorExtras();
+  if (row.accion != nullptr) return row.accion(station_);
   Form1& station = station_;
   station.OpenForms.Unload(*this);
   station.Form_KeyDown(row.tecla, row.mascara);

@@ -27,6 +27,8 @@ class Form5 : public Form {
   void Form_Unload() override;
 
  private:
+  /// The captions of the buttons, which follow the shift.
+  void Rotular();
   void Llenar();
   void CmdMenu_Click(std::size_t boton);
   void LstMenu_Click();

@@ -18,12 +18,6 @@ constexpr MaskSet kCtrlAlt = OneMask(kControl | kAlt);
 constexpr MaskSet kCtrlShift = OneMask(kControl | kShift);
 constexpr MaskSet kShiftAlt = OneMask(kShift | kAlt);
 
-using KeyAction = void (*)(Form1&, int);
-using ButtonAction = void (*)(Form1&);
-/// What the row starts belongs to a subsystem that this station does not have yet.
-constexpr KeyAction kNotBuilt = nullptr;
-constexpr ButtonAction kButtonNotBuilt = nullptr;
-
 template <void (Form1::*operation)()>
 void Run(Form1& form, int /*code*/) {
   (form.*operation)();
