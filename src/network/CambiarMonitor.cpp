@@ -1,5 +1,4 @@
 #include "common/Numbers.h"
-#include "reports/form2/Form2.h"
 #include "station/form1/Form1.h"
 #include "station/form1/Monitor.h"
 
@@ -18,7 +17,7 @@ void Apagar(Form1& form, boton::Index monitor) {
 void DejarBusqueda(Form1& form) {
   if (form.Form2 == nullptr) return;
   form.CboMinutos.Tag = "0"_w;
-  form.OpenForms.Unload(*form.Form2);
+  form.AlternarBusqueda();
 }
 
 /// The minutes that this monitor had last; the first of the list when it has none yet.

@@ -2,7 +2,6 @@
 #include <vector>
 
 #include "reports/Busqueda.h"
-#include "reports/Coincidencias.h"
 #include "reports/form2/Form2.h"
 #include "station/form1/Form1.h"
 #include "station/form1/Sonidos.h"
@@ -50,8 +49,7 @@ void PasarPorAlto(const Outcome& read) {
   if (!read.Missing()) read.PassOver();
 }
 
-}  // namespace
-
+/// False, and the view as it was, when the operator has ended it.
 bool CargarCoincidencias(Form1& form) {
   PruebaRegistro test(CriteriosDe(*form.Form2));
   Disk& disk = form.Devices().disk;
@@ -68,21 +66,29 @@ bool CargarCoincidencias(Form1& form) {
   return true;
 }
 
+void DecirQueNoHay(Form1& form) {
+  form.LimpiarPantalla();
+  form.LimpiarCampos();
+  form.Devices().screen.Show({"Vintoral - Búsqueda de Registros"_w,
+                              "No se encontró ninguna coincidencia."_w,
+                              Icon::kInformation,
+                              {Answer::kOk},
+                              Answer::kOk});
+}
+
+}  // namespace
+
 void Form1::CargarArchivoHST() {
   if (Form2 == nullptr || !HayConexion()) return;
+  const bool pedida = Form2->Pedida();
   if (!CargarCoincidencias(*this)) return Form2->Interrumpir();
+  if (!pedida) return;  // a ficha has come or gone: the same search again, without a word
   InicioPagina = 1;
   if (TotalVista() > 0) {
     MidiWav(sonido::kCelda);
-    return OpenForms.Activate(*this);
+  } else {
+    DecirQueNoHay(*this);
   }
-  LimpiarPantalla();
-  LimpiarCampos();
-  platform_.screen.Show({"Vintoral - Búsqueda de Registros"_w,
-                         "No se encontró ninguna coincidencia."_w,
-                         Icon::kInformation,
-                         {Answer::kOk},
-                         Answer::kOk});
   OpenForms.Activate(*this);
 }
 

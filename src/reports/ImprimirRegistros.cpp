@@ -32,7 +32,7 @@ std::optional<Papel> PreguntarPapel(Screen& screen) {
 
 void Form1::ImprimirRegistros() {
   // A monitor is watched, and what was just found is to be seen: neither is held up by questions.
-  const bool asks = !HayMonitor(*this) && (Form2 == nullptr || !Form2->Mostrando());
+  const bool asks = !HayMonitor(*this) && (Form2 == nullptr || !Form2->Pedida());
   const std::optional<Papel> paper = asks ? PreguntarPapel(platform_.screen) : Papel{};
   if (!paper || Terminado()) return;
   ImprimirEstado(paper->tira, paper->detalle);

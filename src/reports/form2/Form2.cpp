@@ -146,14 +146,18 @@ void Form2::Avanzar(std::size_t campo) {
 }
 
 void Form2::Iniciar() {
+  if (pedida_) return;  // it lets the screen live meanwhile
+  pedida_ = true;
   interrumpida_ = false;
+  Buscar();
+  pedida_ = false;
+}
+
+void Form2::Buscar() {
   station_.CargarArchivoHST();
-  // A box of it may have been what the program ended under.
-  if (interrumpida_ || station_.Terminado() || station_.Form2 != this) return;
+  if (interrumpida_ || station_.Terminado()) return;
   station_.ImprimirIndice();
-  mostrando_ = true;
   station_.PctBoton_Click(static_cast<int>(boton::kImprimir));
-  mostrando_ = false;
 }
 
 void Form2::Limpiar() {

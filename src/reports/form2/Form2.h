@@ -30,8 +30,8 @@ class Form2 : public Form {
   std::array<CommandButton, 2> PctBoton;
   PictureBox PctSeleccion;  ///< marks the button under the pointer
 
-  /// The page of what was just found is on its way: nobody is asked about slips.
-  bool Mostrando() const { return mostrando_; }
+  /// The operator asks for the search himself, just now; its page comes up without questions about slips.
+  bool Pedida() const { return pedida_; }
   /// The operator has ended the search that is under way.
   void Interrumpir() { interrumpida_ = true; }
 
@@ -47,10 +47,11 @@ class Form2 : public Form {
   void ValoresIniciales();
   void Avanzar(std::size_t campo);
   void Iniciar();
+  void Buscar();
   void Limpiar();
 
   Form1& station_;
-  bool mostrando_ = false;
+  bool pedida_ = false;
   bool interrumpida_ = false;
   String minutos_;  ///< what the box of the monitors' minutes read before
 };

@@ -81,9 +81,9 @@ TEST_F(clsCDOmailTest, UserPasswordAndTlsGoWithAuthenticationAlone) {
 }
 
 TEST_F(clsCDOmailTest, EmptyPlacesAreLeftOut) {
-  correo_.Para = "; a@a ;; b@b, c@c;Jefe <jefe@casa>; <x@y>; >z<; "_w;
+  correo_.Para = "; a@a ;; b@b, c@c;d@d;Jefe <jefe@casa>; <x@y>; >z<; "_w;
   EXPECT_TRUE(correo_.Enviar_Backup());
-  EXPECT_THAT(Sent().to, ElementsAre("a@a"_w, "b@b"_w, "c@c"_w, "jefe@casa"_w, "x@y"_w, ">z<"_w));
+  EXPECT_THAT(Sent().to, ElementsAre("a@a"_w, "b@b"_w, "c@c"_w, "d@d"_w, "jefe@casa"_w, "x@y"_w, ">z<"_w));
 }
 
 TEST_F(clsCDOmailTest, WithoutAConnectionNothingIsTried) {
