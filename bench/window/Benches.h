@@ -33,6 +33,9 @@ void MeasureKeys(int argc, char** argv, const std::string& folder);
 /// ficha on display.
 int ScanTimes(int argc, char** argv, const std::string& folder);
 
+/// A child of the bench: the dialog of the articles, from its key to painted pixels.
+int ArticleTimes(int argc, char** argv, const std::string& folder);
+
 /// The children of the grid's bench, at the size that the arguments 3 and 4 say.
 int GridTimes(int argc, char** argv, const std::string& folder);
 int GridMemory(int argc, char** argv, const std::string& folder);

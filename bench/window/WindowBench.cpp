@@ -1,5 +1,5 @@
 // Measures the window on the offscreen platform; no arguments needed. With --cameras the start and the
-// cameras alone, with --alerts the alerts alone.
+// cameras alone, with --alerts the alerts alone, with --articles the dialog of the articles.
 #include <QFile>
 #include <QProcess>
 #include <QString>
@@ -34,6 +34,7 @@ int main(int argc, char** argv) {
   const bool first = mode == "--first";
   if ((first || mode == "--station") && argc > 2) return ShowStation(argc, argv, argv[2], first);
   if (mode == "--scan-times" && argc > 2) return ScanTimes(argc, argv, argv[2]);
+  if (mode == "--article-times" && argc > 2) return ArticleTimes(argc, argv, argv[2]);
   if (mode == "--grid-times" && argc > 4) return GridTimes(argc, argv, argv[2]);
   if (mode == "--grid-memory" && argc > 4) return GridMemory(argc, argv, argv[2]);
   if (mode == "--slow-pages" && argc > 2) return SlowPages(argc, argv, argv[2]);
@@ -48,6 +49,7 @@ int main(int argc, char** argv) {
     MeasureAlerts(self, folder.Path("station"));
     return 0;
   }
+  if (mode == "--articles") return ArticleTimes(argc, argv, folder.Path("station"));
   if (mode == "--cameras") {
     CompareStarts(self, folder.Path("station"));
     MeasureCameras(self, folder.Path("station"));
@@ -59,6 +61,8 @@ int main(int argc, char** argv) {
   QProcess::execute(QString::fromStdString(self),
                     {QStringLiteral("--scan-times"), QString::fromStdString(folder.Path("station"))});
   MeasureAlerts(self, folder.Path("station"));
+  QProcess::execute(QString::fromStdString(self),
+                    {QStringLiteral("--article-times"), QString::fromStdString(folder.Path("station"))});
   MeasureGrid(self, folder.Path("station"));
   MeasureCameras(self, folder.Path("station"));
   return 0;

@@ -13,6 +13,13 @@ void Apagar(Form1& form, boton::Index monitor) {
   form.MostrarPorteria();
 }
 
+/// A monitor that goes on ends the search, which would else bring back the one before.
+void DejarBusqueda(Form1& form) {
+  if (form.Form2 == nullptr) return;
+  form.CboMinutos.Tag = "0"_w;
+  form.AlternarBusqueda();
+}
+
 /// The minutes that this monitor had last; the first of the list when it has none yet.
 void ElegirMinutos(Form1& form, std::int64_t minutos) {
   if (minutos <= 0) return form.CboMinutos.Select(0);
@@ -33,6 +40,7 @@ void Encender(Form1& form, boton::Index monitor) {
 }  // namespace
 
 void Form1::CambiarMonitor(boton::Index monitor) {
+  DejarBusqueda(*this);
   if (IsPressed(PctBoton[monitor])) {
     Apagar(*this, monitor);
   } else {

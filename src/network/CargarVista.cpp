@@ -4,7 +4,9 @@
 namespace vintoral {
 
 void Form1::CargarVista() {
-  if (IsPressed(PctBoton[boton::kUltimosEnSalir])) {
+  if (Form2 != nullptr) {
+    CargarArchivoHST();
+  } else if (IsPressed(PctBoton[boton::kUltimosEnSalir])) {
     CargarSalidasHST();
   } else {
     CargarArchivoACT();

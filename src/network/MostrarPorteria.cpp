@@ -1,4 +1,5 @@
 #include "station/form1/Form1.h"
+#include "station/form1/Monitor.h"
 
 namespace vintoral {
 
@@ -7,7 +8,7 @@ void Form1::MostrarPorteria() {
   PrimerNumero = EsCliente != 0 ? kFirstOfConnected : kFirstOfMain;
   LblInfo[2].Caption = "P"_w + NumeroPorteria;
   const bool monitor = CboMinutos.TagNumber() != 0;
-  if (!monitor) CboMinutos.SetText(String(11, ' ') + LblInfo[2].Caption + " MONITOR"_w);
+  if (!monitor) CboMinutos.SetText(TextoSinMonitor(*this));
 }
 
 }  // namespace vintoral

@@ -4,6 +4,7 @@
 namespace vintoral {
 
 void Form1::TmrMonitor_Timer() {
+  if (Form2 != nullptr) return;  // what was found is looked at
   // The main gate redraws with its own saves and retirings; by timer only while it starts.
   if (!HayMonitor(*this) && EsCliente == 0 && TmrHorario.Enabled) return;
   RefrescarVista();

@@ -4,17 +4,23 @@
 #include <array>
 
 #include "camera/formcamara/FormCamara.h"
+#include "reports/form2/Form2.h"
 #include "reports/form3/Form3.h"
 #include "reports/form8/Form8.h"
+#include "safety/form5/Form5.h"
+#include "safety/form7/Form7.h"
 #include "safety/form9/Form9.h"
 #include "sales/form4/Form4.h"
 #include "station/form1/Form1.h"
 #include "station/forms/Forms.h"
 #include "window/controls/DialogWindow.h"
 #include "window/form1/MainWindow.h"
+#include "window/form2/Form2Window.h"
 #include "window/form3/Form3Window.h"
 #include "window/form4/Form4Window.h"
+#include "window/form5/Form5Window.h"
 #include "window/form6/Form6Window.h"
+#include "window/form7/Form7Window.h"
 #include "window/form8/Form8Window.h"
 #include "window/form9/Form9Window.h"
 #include "window/formcamara/FormCamaraWindow.h"
@@ -34,9 +40,12 @@ DialogWindow* Make(Forms& forms, Form& form, MainWindow& main) {
   return new W(forms, form, main.AllHands(), main.Pictures(), &main);
 }
 
-constexpr std::array kMakers = {Maker{"Form3", Form3::kTitulo, &Make<Form3Window>},
+constexpr std::array kMakers = {Maker{"Form2", Form2::kTitulo, &Make<Form2Window>},
+                                Maker{"Form3", Form3::kTitulo, &Make<Form3Window>},
                                 Maker{"Form4", Form4::kTitulo, &Make<Form4Window>},
+                                Maker{"Form5", Form5::kTitulo, &Make<Form5Window>},
                                 Maker{"Form6", Form1::kTitulo, &Make<Form6Window>},
+                                Maker{"Form7", Form7::kTitulo, &Make<Form7Window>},
                                 Maker{"Form8", Form8::kTitulo, &Make<Form8Window>},
                                 Maker{"Form9", Form9::kTitulo, &Make<Form9Window>},
                                 Maker{"FormCamara", FormCamara::kTitulo, &Make<FormCamaraWindow>}};

@@ -177,7 +177,9 @@ class Folder:
         return [Ficha.decode(data[at:at + RECORD.size]) for at in range(RECORD.size, len(data), RECORD.size)]
 
     def all_bytes(self):
-        return {str(file.relative_to(self.path)): file.read_bytes() for file in self.path.rglob("*") if file.is_file()}
+        """All files but the log of functions, which goes on by itself."""
+        return {str(file.relative_to(self.path)): file.read_bytes() for file in self.path.rglob("*")
+                if file.is_file() and file.name != "Vintoral.FDR"}
 
 
 class Station:

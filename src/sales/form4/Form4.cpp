@@ -1,6 +1,7 @@
 #include "sales/form4/Form4.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "common/Numbers.h"
 #include "station/form1/Form1.h"
@@ -81,9 +82,10 @@ void Form4::ConectarCantidad(std::size_t fila) {
 }
 
 void Form4::MostrarArticulos(const std::vector<Articulo>& articulos) {
-  LstArticulo.List.clear();
+  std::vector<String> names;
   for (const Articulo& article : articulos)
-    LstArticulo.List.push_back(article.nombre);
+    names.push_back(article.nombre);
+  LstArticulo.List = std::move(names);
   LstArticulo.Checked.assign(articulos.size(), false);
   LstArticulo.ListIndex = articulos.empty() ? -1 : 0;
   LstArticulo.TopIndex = 0;
@@ -96,9 +98,8 @@ std::optional<std::size_t> Form4::ArticuloDe(std::size_t fila) const {
 }
 
 std::optional<std::size_t> Form4::FilaActual() const {
-  const int row = LstArticulo.ListIndex - LstArticulo.TopIndex;
-  const bool inView = LstArticulo.ListIndex >= 0 && row >= 0 && row < static_cast<int>(kFilas);
-  return inView ? std::optional(static_cast<std::size_t>(row)) : std::nullopt;
+  if (LstArticulo.ListIndex < 0) return std::nullopt;
+  return static_cast<std::size_t>(LstArticulo.ListIndex - LstArticulo.TopIndex);
 }
 
 bool Form4::EnCantidad() const {

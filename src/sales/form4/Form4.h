@@ -68,7 +68,7 @@ class Form4 : public Form {
   bool EstaMarcado(std::size_t articulo) const { return LstArticulo.Checked[articulo]; }
   /// The article of a row; nothing where the list has ended.
   std::optional<std::size_t> ArticuloDe(std::size_t fila) const;
-  /// The row of the list that has the keyboard; nothing while it is out of view.
+  /// Where the row of the list stands that has the keyboard, once it is in view; nothing in an empty list.
   std::optional<std::size_t> FilaActual() const;
 
   Form1& station_;

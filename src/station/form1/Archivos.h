@@ -17,7 +17,9 @@ inline constexpr std::string_view kFactura = "Recursos\\Vintoral.FTA";
 inline constexpr std::string_view kFacturas = "Recursos\\Vintoral.HFC";
 /// The extras sold, newest first, and behind them the lock of functions.
 inline constexpr std::string_view kVentas = "Recursos\\Vintoral.EXT";
-/// The log of functions, and the report of it.
+/// The page of the report that was made last.
+inline constexpr std::string_view kPagina = "Recursos\\Vintoral.HTML";
+/// The log of functions; and the text of the report that was made last.
 inline constexpr std::string_view kFunciones = "Recursos\\Vintoral.FDR";
 inline constexpr std::string_view kHorario = "Recursos\\Vintoral.RGT";
 /// Lets a second instance start, for the one restart that registers the capture library.

@@ -18,12 +18,6 @@ constexpr MaskSet kCtrlAlt = OneMask(kControl | kAlt);
 constexpr MaskSet kCtrlShift = OneMask(kControl | kShift);
 constexpr MaskSet kShiftAlt = OneMask(kShift | kAlt);
 
-using KeyAction = void (*)(Form1&, int);
-using ButtonAction = void (*)(Form1&);
-/// What the row starts belongs to a subsystem that this station does not have yet.
-constexpr KeyAction kNotBuilt = nullptr;
-constexpr ButtonAction kButtonNotBuilt = nullptr;
-
 template <void (Form1::*operation)()>
 void Run(Form1& form, int /*code*/) {
   (form.*operation)();
@@ -189,11 +183,12 @@ constexpr std::array kButtons = {
     ButtonCommand{.tooltip = "<AVPAG> Avanzar Página",
                   .answering = Answering::kClick,
                   .action = Do<&Form1::AvanzarPagina>},
-    ButtonCommand{.tooltip = "<F4> Imprimir Estado/Búsqueda/Ficha", .lock = 6, .action = kButtonNotBuilt},
+    ButtonCommand{
+        .tooltip = "<F4> Imprimir Estado/Búsqueda/Ficha", .lock = 6, .action = Do<&Form1::ImprimirRegistros>},
     ButtonCommand{.tooltip = "<F5> Activar Búsqueda de Registros",
                   .tooltipPressed = "<F5> Desactivar Búsqueda de Registros",
                   .lock = 7,
-                  .action = kButtonNotBuilt},
+                  .action = Do<&Form1::AlternarBusqueda>},
     ButtonCommand{.tooltip = "<INSERT> Guardar Ficha", .action = [](Form1& form) { form.GuardarFicha(); }},
     ButtonCommand{.tooltip = "<SUPR> Retirar Ficha", .action = Retire},
     ButtonCommand{.tooltip = "<F1> Activar Monitor \"ULTIMOS EN INGRESAR\"",
@@ -216,8 +211,9 @@ constexpr std::array kButtons = {
                   .action = Do<&Form1::AlternarTiquetes>},
     ButtonCommand{.tooltip = "<ESC> Cancelar/Limpiar Campos", .action = [](Form1& form) { form.Cancelar(); }},
     ButtonCommand{.tooltip = "<F7> Registrar Extras", .lock = 10, .action = Do<&Form1::AbrirExtras>},
-    ButtonCommand{
-        .tooltip = "<F8> Abrir Menú de Funciones", .answering = Answering::kClick, .action = kButtonNotBuilt},
+    ButtonCommand{.tooltip = "<F8> Abrir Menú de Funciones",
+                  .answering = Answering::kClick,
+                  .action = Do<&Form1::AbrirMenu>},
     ButtonCommand{.tooltip = "Activar Impresión de Facturas",
                   .tooltipPressed = "Desactivar Impresión de Facturas",
                   .log = "8",

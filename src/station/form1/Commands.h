@@ -28,7 +28,7 @@ struct KeyCommand {
   const char* log = nullptr;                            ///< code of the function log, null for none
   int lock = 0;                                         ///< position in the lock text, 0 for none
   std::optional<boton::Index> button = {};              ///< the button that the key presses
-  void (*action)(Form1&, int code) = nullptr;           ///< null: it presses a button, or is not built yet
+  void (*action)(Form1&, int code) = nullptr;           ///< null: it presses a button
 };
 
 /// The action of a key that is taken and does nothing, for good.
@@ -42,8 +42,8 @@ struct ButtonCommand {
   Answering answering = Answering::kSilent;  ///< what is heard before the action
   const char* log = nullptr;                 ///< as of KeyCommand
   int lock = 0;                              ///< as of KeyCommand
-  int lockToSwitchOff = 0;           ///< a second position, asked when the pressed button is to be released
-  void (*action)(Form1&) = nullptr;  ///< null: not built yet
+  int lockToSwitchOff = 0;  ///< a second position, asked when the button's release ends barcode mode
+  void (*action)(Form1&) = nullptr;
 };
 
 /// An operation that the lock guards by whatever way it is reached.

@@ -23,6 +23,11 @@ inline bool HayMonitor(const Form1& form) {
                      [&](boton::Index monitor) { return IsPressed(form.PctBoton[monitor]); });
 }
 
+/// What the box of the minutes reads while no monitor is on.
+inline String TextoSinMonitor(const Form1& form) {
+  return String(11, ' ') + form.LblInfo[2].Caption + " MONITOR"_w;
+}
+
 /// The minutes of the monitor, as they stand in their box; what is typed beyond a million counts as one.
 inline int MinutosDelMonitor(const Form1& form) {
   constexpr std::int64_t kMost = 1'000'000;

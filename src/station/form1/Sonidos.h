@@ -8,6 +8,7 @@ namespace vintoral {
 namespace sonido {
 inline constexpr std::string_view kConectando = "Sonidos\\Vintoral-1.wav";
 inline constexpr std::string_view kFoto = "Sonidos\\Vintoral-2.wav";
+inline constexpr std::string_view kHistorialReiniciado = "Sonidos\\Vintoral-3.wav";
 inline constexpr std::string_view kHecho = "Sonidos\\Vintoral-4.wav";
 inline constexpr std::string_view kClic = "Sonidos\\Vintoral-5.wav";
 inline constexpr std::string_view kCelda = "Sonidos\\Vintoral-6.wav";
@@ -27,6 +28,10 @@ inline constexpr std::string_view kRostrosActivados = "ABRiL\\ABRiL-6.wav";
 inline constexpr std::string_view kBarrasActivadas = "ABRiL\\ABRiL-7.wav";
 inline constexpr std::string_view kBarrasDesactivadas = "ABRiL\\ABRiL-8.wav";
 inline constexpr std::string_view kAlertaActivada = "ABRiL\\ABRiL-10.wav";
+inline constexpr std::string_view kTurnoIniciado = "ABRiL\\ABRiL-11.wav";
+inline constexpr std::string_view kTurnoTerminado = "ABRiL\\ABRiL-12.wav";
+inline constexpr std::string_view kBusquedaActivada = "ABRiL\\ABRiL-13.wav";
+inline constexpr std::string_view kBusquedaDesactivada = "ABRiL\\ABRiL-14.wav";
 }  // namespace voz
 
 }  // namespace vintoral

@@ -17,6 +17,7 @@
 #include "window/controls/PhotoCell.h"
 #include "window/controls/PictureView.h"
 #include "window/controls/PushButton.h"
+#include "window/controls/RowList.h"
 #include "window/controls/Text.h"
 #include "window/controls/TextEditor.h"
 #include "window/controls/TextField.h"
@@ -139,6 +140,17 @@ QStringList Texts(const std::vector<String>& rows) {
     texts.append(ToQString(TrimBlanks(row)));
   return texts;
 }
+
+class RowsView : public TypedView<ListState, RowList> {
+ public:
+  using TypedView::TypedView;
+
+ protected:
+  void ShowOwn() override {
+    if (state.rows.News()) face.ShowRows(Texts(*state.rows));
+    if (state.row.News()) face.ShowRow(*state.row);
+  }
+};
 
 class TicksView : public TypedView<ListState, TickList> {
  public:
@@ -328,6 +340,11 @@ void Bind(Stage& stage, const ControlName& name, ListField& field) {
     hands.MoveCaret(state.id, start + static_cast<int>(state.BlanksBefore()), length);
   };
   editor->onPaste = [&hands](const QString& text) { hands.Paste(text); };
+}
+
+void Bind(Stage& stage, const ControlName& name, RowList& list) {
+  const View& view = AddView<RowsView, ListState>(stage, name, list);
+  list.onChosen = [&hands = stage.hands, id = view.State().id](int row) { hands.Select(id, row); };
 }
 
 void Bind(Stage& stage, const ControlName& name, TickList& list) {

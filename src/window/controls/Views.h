@@ -23,6 +23,7 @@ class PhotoCell;
 class PictureLoader;
 class PictureView;
 class PushButton;
+class RowList;
 class TextEditor;
 class TextField;
 class TickList;
@@ -55,6 +56,8 @@ void Bind(Stage& stage, const ControlName& name, CaptionLabel& caption);
 void Bind(Stage& stage, const ControlName& name, Light& bar);
 /// A combo box or a list box.
 void Bind(Stage& stage, const ControlName& name, ListField& field);
+/// A list box whose rows are pressed.
+void Bind(Stage& stage, const ControlName& name, RowList& list);
 /// A list box whose rows have ticks.
 void Bind(Stage& stage, const ControlName& name, TickList& list);
 /// A combo box without rows: its text alone.

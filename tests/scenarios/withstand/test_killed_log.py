@@ -2,7 +2,6 @@
 import json
 import os
 import random
-import struct
 import subprocess
 import sys
 import tempfile
@@ -18,7 +17,7 @@ tempfile.tempdir = None
 RUNS = int(os.environ.get("VINTORAL_KILLS", "500")) // 5
 SEED = 20261122
 RECORDS, LENGTH = 1000, 46
-CTRL_ALT, SHIFT_ALT = 6, 5
+SHIFT_ALT = 5
 
 
 class KilledInTheLog(trouble.Trouble):
@@ -83,7 +82,6 @@ class KilledInTheLog(trouble.Trouble):
             if (self.folder / "Recursos/Vintoral.FDR").exists():
                 places = self.judge(before)
                 before = places if len(set(places[:40])) == 40 else None
-            self.assertEqual([file.name for file in (self.folder / "Recursos").glob(".*")], [])
         self.assertGreater(cut_short, RUNS * 2 // 3)
         print(f"{RUNS} runs, {cut_short} killed before their end", file=sys.stderr)
 

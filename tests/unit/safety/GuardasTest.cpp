@@ -1,6 +1,7 @@
 // All functions that can be locked, by every way that leads to them, locked and open.
 #include <gtest/gtest.h>
 
+#include "safety/form5/Form5.h"
 #include "station/form1/Sonidos.h"
 #include "unit/safety/Bloqueos.h"
 #include "unit/safety/Diarios.h"
@@ -38,10 +39,13 @@ class Gate {
 
   MemoryStation Station;
   Form1& Form = Station.Form;
+  /// Happens once, in the next dialog.
+  std::function<void()> InDialog;
 
  private:
   void Serve() {
     const Waiting waiting = *Station.Screen.Innermost();
+    if (waiting.form != nullptr && InDialog) return std::exchange(InDialog, nullptr)();
     if (waiting.form != nullptr) {
       shown_.push_back(waiting.form->Name());
       Station.Hands.Key(keys::kEscape, 0);
@@ -60,6 +64,7 @@ struct Way {
   std::function<void(Gate&)> prepare;
   std::function<void(Gate&)> go;
   std::function<bool(Gate&, const std::vector<std::string>&)> done;  ///< null: nothing to be seen of it yet
+  int logged = 0;  ///< a code that is in the log though it is refused
 };
 
 void Nothing(Gate& /*gate*/) {}
@@ -69,6 +74,20 @@ auto Key(int code, int mask) {
 }
 auto Button(boton::Index button) {
   return [button](Gate& gate) { gate.Station.Hands.Click(gate.Form.PctBoton[button]); };
+}
+auto MenuRow(int row) {
+  return [row](Gate& gate) {
+    gate.InDialog = [&gate, row] {
+      static_cast<void>(gate.Station.Hands.Select(gate.Form.Form5->LstMenu, row));
+    };
+    gate.Station.Hands.Key(keys::kF8, 0);
+  };
+}
+auto MenuButton(std::size_t button) {
+  return [button](Gate& gate) {
+    gate.InDialog = [&gate, button] { gate.Station.Hands.Click(gate.Form.Form5->CmdMenu[button]); };
+    gate.Station.Hands.Key(keys::kF8, 0);
+  };
 }
 auto Shows(const std::string& title) {
   return [title](Gate&, const std::vector<std::string>& shown) {
@@ -84,8 +103,12 @@ void CallUpWithPoints(Gate& gate) {
   gate.Form.ImgPuntos.Visible = true;
 }
 
-void TurnBarcodesOn(Gate& gate) {
+void TurnTicketsOn(Gate& gate) {
   gate.Form.PctBoton[boton::kTiquetes].BorderStyle = 1;
+}
+
+void TurnBarcodesOn(Gate& gate) {
+  TurnTicketsOn(gate);
   gate.Form.CmdBarCode.Visible = true;
 }
 
@@ -126,17 +149,27 @@ std::vector<Way> Ways() {
       {12, "label", Nothing, [](Gate& gate) { gate.Station.Hands.Click(gate.Form.TxtEtiqueta[1]); },
        LabelIsOpen},
       {13, "Ctrl+Alt+M", Nothing, Key('M', kCtrlAlt), Shows(std::string(voz::kRostrosActivados))},
-      {14, "Ctrl+Alt+B", [](Gate& gate) { gate.Form.PctBoton[boton::kTiquetes].BorderStyle = 1; },
-       Key('B', kCtrlAlt), Shows("Vintoral - Instalar Fuente")},
+      {14, "Ctrl+Alt+B", TurnTicketsOn, Key('B', kCtrlAlt), Shows("Vintoral - Instalar Fuente")},
       {14, "ticket button in barcode mode", TurnBarcodesOn, Button(boton::kTiquetes), Shows(tickets)},
+      {2, "menu's day", Nothing, MenuButton(Form5::kHistorial), nullptr},
+      {3, "menu's extras", Nothing, MenuButton(Form5::kExtras), nullptr},
+      {4, "menu's detail", Nothing, MenuButton(Form5::kDetalle), nullptr},
+      {5, "menu's counter", Nothing, MenuRow(9), Shows("Vintoral - Reiniciar Extras"), 120},
+      {8, "menu's ticket format", Nothing, MenuRow(7), Shows("Form3"), 118},
+      {9, "menu's invoice format", Nothing, MenuRow(8), Shows("Form8"), 119},
+      {13, "menu's faces", Nothing, MenuRow(4), Shows(std::string(voz::kRostrosActivados))},
+      {14, "menu's barcodes", TurnTicketsOn, MenuRow(5), Shows("Vintoral - Instalar Fuente")},
+      {15, "menu's new users", Nothing, MenuButton(Form5::kNuevos), nullptr},
+      {16, "menu's points", Nothing, MenuButton(Form5::kPuntos), nullptr},
       {17, "Ctrl+Shift+R", CallUpWithPoints, Key('R', kCtrlShift), Shows(points)},
       {17, "sign of the points", CallUpWithPoints,
        [](Gate& gate) { gate.Station.Hands.Click(gate.Form.ImgPuntos); }, Shows(points)},
   };
 }
 
-bool IsClick(const std::string& shown) {
-  return shown == sonido::kClic;
+/// What every way brings along.
+bool IsUsual(const std::string& shown) {
+  return shown == sonido::kClic || shown == "Form5";
 }
 
 const std::string kRefusal = "Vintoral - Acceso Denegado";
@@ -151,17 +184,23 @@ class GuardasTest : public testing::TestWithParam<Way> {
     gate.CameUp();
     GetParam().go(gate);
     std::vector<std::string> shown = gate.CameUp();
-    std::erase_if(shown, IsClick);
+    std::erase_if(shown, IsUsual);
     return shown;
   }
 };
 
-TEST_P(GuardasTest, LockedItIsRefusedAndNotLogged) {
+TEST_P(GuardasTest, LockedItIsRefused) {
   Gate gate(Locking(GetParam().position));
   const std::string before = gate.Log();
   const std::vector<std::string> shown = Go(gate);
   EXPECT_EQ(shown, std::vector<std::string>{kRefusal});
-  EXPECT_EQ(gate.Log(), before);
+  const int logged = GetParam().logged;
+  if (logged != 0) {
+    EXPECT_EQ(EntryOf(gate.Log(), 2).CodigoFuncion, Money::FromUnits(logged));
+    EXPECT_EQ(test::Records(gate.Log(), 3, 1000), test::Records(before, 2, 999));
+  } else {
+    EXPECT_EQ(gate.Log(), before);
+  }
   if (GetParam().done) {
     EXPECT_FALSE(GetParam().done(gate, shown));
   }

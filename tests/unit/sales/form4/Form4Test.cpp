@@ -30,6 +30,10 @@ TEST_F(Form4Test, OpensWithTheArticlesOfTheTableNoneOfThemTicked) {
     }
     EXPECT_EQ(Total(), "0"_w);
     EXPECT_EQ(Extras().CmdRegistrar.Caption, "REGISTRAR"_w);
+    std::vector<String> heads;
+    for (const Label& head : Extras().LblItem)
+      heads.push_back(head.Caption);
+    EXPECT_THAT(heads, ElementsAre("ARTÍCULO"_w, "CANTIDAD"_w, "VALOR"_w, "TOTAL"_w));
     EXPECT_EQ(Extras().Focus(), &Extras().LstArticulo);
     EXPECT_EQ(Extras().LstArticulo.ListIndex, 0);
   });
@@ -241,6 +245,18 @@ TEST_F(Form4Test, ATotalThatRunsOverIsAnError) {
   });
 }
 
+TEST_F(Form4Test, ValuesAreForReading) {
+  Dialog([this] {
+    Tick(1);
+    hands_.ReplaceText(Extras().TxtTotal[1], "1"_w);
+    hands_.ReplaceText(Extras().TxtTotal[Form4::kTotal], "1"_w);
+    EXPECT_EQ(Value(1), "5000"_w);
+    EXPECT_EQ(Total(), "5000"_w);
+    hands_.Focus(Extras().TxtTotal[1]);
+    EXPECT_EQ(Extras().Focus(), &Extras().LstArticulo);
+  });
+}
+
 TEST_F(Form4Test, EscSellsNothing) {
   Dialog([this] { Tick(0); });
   EXPECT_EQ(List(), "(missing)");
@@ -360,6 +376,15 @@ TEST_F(Form4Test, AClickOnAQuantityCountsWhatStandsThere) {
     hands_.Click(Extras().LstArticulo);
     EXPECT_EQ(Quantity(1), "5"_w);
     EXPECT_EQ(Total(), "25000"_w);
+  });
+}
+
+TEST_F(Form4Test, AnotherTickLeavesTheKeyboardInItsQuantity) {
+  Dialog([this] {
+    Tick(1);
+    hands_.Focus(Extras().CboCantidad[1]);
+    Tick(2);
+    EXPECT_EQ(Extras().Focus(), &Extras().CboCantidad[1]);
   });
 }
 

@@ -175,6 +175,7 @@ TEST_F(ButtonTest, AChangeFromOneMonitorToAnotherSaysNothing) {
 
 TEST_F(ButtonTest, PagesAndTheMenuAreHeardBeforeTheyAct) {
   for (const auto button : {boton::kRetroceder, boton::kAvanzar, boton::kMenu}) {
+    station_.InDialog = {[this] { form_.OpenForms.UnloadDialogs(); }};
     station_.Hands.Click(form_.PctBoton[button]);
     EXPECT_THAT(station_.Heard(), ElementsAre(kClick)) << button;
   }

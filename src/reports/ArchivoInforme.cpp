@@ -1,0 +1,65 @@
+#include "reports/ArchivoInforme.h"
+
+#include "station/form1/Form1.h"
+
+namespace vintoral {
+
+ArchivoInforme::ArchivoInforme(Form1& form, std::string_view ruta)
+    : form_(form), ruta_(ruta), nueva_(ruta_ + ".nuevo"_w) {
+  Disk& disk = form_.Devices().disk;
+  // What an earlier run left when it was killed would stand behind a shorter page.
+  if (disk.Exists(nueva_)) disk.Remove(nueva_).PassOver();
+  disk.ClearReadOnly(ruta_).PassOver();
+  Result<std::unique_ptr<DiskFile>> opened = disk.Open(nueva_, OpenMode::kCreate);
+  if (opened) {
+    archivo_ = opened.Take();
+  } else {
+    opened.Why().PassOver();
+    Avisar();
+  }
+}
+
+ArchivoInforme::~ArchivoInforme() {
+  archivo_.reset();
+  Disk& disk = form_.Devices().disk;
+  if (disk.Exists(nueva_)) disk.Remove(nueva_).PassOver();
+}
+
+Destino ArchivoInforme::Destino() {
+  return [this](std::string_view pieza) {
+    Outcome written = archivo_->WriteAt(fin_, pieza);
+    fin_ += pieza.size();
+    return written;
+  };
+}
+
+Outcome ArchivoInforme::Reemplazar() {
+  Disk& disk = form_.Devices().disk;
+  archivo_.reset();
+  if (disk.Exists(ruta_)) {
+    if (Outcome removed = disk.Remove(ruta_); !removed) return removed;
+  }
+  return disk.Move(nueva_, ruta_);
+}
+
+bool ArchivoInforme::Publicar(const Outcome& escrito) {
+  const Outcome published = escrito ? Reemplazar() : escrito;
+  published.PassOver();
+  if (!published) Avisar();
+  return static_cast<bool>(published);
+}
+
+void ArchivoInforme::Avisar() const {
+  const std::string_view ruta = ruta_;
+  const String name(ruta.substr(ruta.rfind('\\') + 1));
+  form_.Devices().screen.Show(
+      {"Vintoral - Imposible Imprimir"_w,
+       "La carpeta '"_w + form_.Devices().disk.CurrentFolder() +
+           "' está protegida contra escritura. No es posible crear el archivo de impresión \""_w + name +
+           "\"."_w,
+       Icon::kExclamation,
+       {Answer::kOk},
+       Answer::kOk});
+}
+
+}  // namespace vintoral

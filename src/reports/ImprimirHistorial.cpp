@@ -1,0 +1,27 @@
+#include "records/Register.h"
+#include "reports/ArchivoInforme.h"
+#include "reports/InformeFichas.h"
+#include "reports/Reunir.h"
+#include "station/form1/Archivos.h"
+#include "station/form1/Form1.h"
+#include "station/form1/Sonidos.h"
+
+namespace vintoral {
+
+void Form1::ImprimirHistorial(bool formatoTiquete, bool detalle) {
+  const Register<RegistroFicha> history(platform_.disk, RutaCompartida("Vintoral.HST"), OpenMode::kRead);
+  if (history.Missing()) return;
+  if (!history) return history.Opened().PassOver();
+  ArchivoInforme page(*this, archivo::kPagina);
+  if (!page.Abierto()) return;
+  MidiWav(sonido::kClic);
+  const String now = StampOf(platform_.clock.Now());
+  const DatosInforme data = ReunirInforme(
+      *this, TurnoActivo ? CabezaDeTurno(MarcaTurno, now) : CabezaDeDia(now), formatoTiquete, detalle);
+  InformeHecho done = InformeHistorial(data, history, TurnoActivo, page.Destino());
+  if (!page.Publicar(done.pagina)) return;
+  if (done.tira) platform_.printer.EndDoc(std::move(*done.tira));
+  platform_.system.Launch("Explorer.exe "_w + String(archivo::kPagina));
+}
+
+}  // namespace vintoral

@@ -1,0 +1,128 @@
+#include "window/form2/Form2Window.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QVBoxLayout>
+
+#include "reports/form2/Form2.h"
+#include "window/controls/CaptionLabel.h"
+#include "window/controls/Card.h"
+#include "window/controls/Hands.h"
+#include "window/controls/Light.h"
+#include "window/controls/ListField.h"
+#include "window/controls/PushButton.h"
+#include "window/controls/TextField.h"
+#include "window/controls/Theme.h"
+#include "window/controls/Views.h"
+
+namespace vintoral {
+
+namespace {
+
+constexpr int kMargin = 12, kSpacing = 6;
+constexpr int kLabelWidth = 150, kFieldWidth = 240;
+constexpr int kTimeLetters = 5, kDateLetters = 10;
+constexpr QSize kMarker{128, 4};
+
+enum Column { kLabels, kFields };
+
+void AddLabel(Stage& stage, std::size_t index, QGridLayout& grid) {
+  CaptionLabel::Look look;
+  look.padding = 0;
+  auto* const label = new CaptionLabel(look, grid.parentWidget());
+  label->setFixedSize(kLabelWidth, theme::kRowHeight);
+  grid.addWidget(label, grid.rowCount(), kLabels);
+  Bind(stage, {"LblEtiqueta", index}, *label);
+}
+
+TextField* NewField(Stage& stage, std::size_t index, QWidget* parent) {
+  auto* const field = new TextField(parent);
+  Bind(stage, {"TxtCampo", index}, *field);
+  return field;
+}
+
+}  // namespace
+
+Form2Window::Form2Window(Forms& forms, Form& form, Hands& hands, PictureLoader& pictures, QWidget* owner)
+    : DialogWindow(forms, form, hands, owner), hands_(hands) {
+  Stage stage{mirror_, hands, pictures};
+  auto* const column = new QVBoxLayout(this);
+  column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  column->setSpacing(theme::kGap);
+  auto* const card = new Card(theme::kCard, theme::kLine, this);
+  column->addWidget(card);
+  auto* const grid = new QGridLayout(card);
+  grid->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  grid->setHorizontalSpacing(theme::kGap);
+  grid->setVerticalSpacing(kSpacing);
+  BuildTimes(stage, *grid);
+  BuildFields(stage, *grid);
+  BuildCategory(stage, *grid);
+  column->addStretch(1);
+  BuildFoot(stage, *column);
+  resize(sizeHint());
+}
+
+void Form2Window::BuildTimes(Stage& stage, QGridLayout& grid) {
+  for (const auto [label, time, date] :
+       {std::array<std::size_t, 3>{Form2::kDesde, Form2::kDesdeHora, Form2::kDesdeFecha},
+        {Form2::kHasta, Form2::kHastaHora, Form2::kHastaFecha}}) {
+    AddLabel(stage, label, grid);
+    auto* const both = new QHBoxLayout;
+    both->setSpacing(theme::kGap);
+    TextField* const hour = NewField(stage, time, grid.parentWidget());
+    hour->SetWidthFor(kTimeLetters);
+    both->addWidget(hour);
+    TextField* const day = NewField(stage, date, grid.parentWidget());
+    day->SetWidthFor(kDateLetters);
+    both->addWidget(day);
+    both->addStretch(1);
+    grid.addLayout(both, grid.rowCount() - 1, kFields);
+  }
+}
+
+void Form2Window::BuildFields(Stage& stage, QGridLayout& grid) {
+  for (std::size_t i = Form2::kNumero; i < Form2::kCampos; ++i) {
+    AddLabel(stage, i - Form2::kNumero, grid);
+    TextField* const field = NewField(stage, i, grid.parentWidget());
+    field->setFixedWidth(kFieldWidth);
+    grid.addWidget(field, grid.rowCount() - 1, kFields);
+  }
+}
+
+void Form2Window::BuildCategory(Stage& stage, QGridLayout& grid) {
+  AddLabel(stage, Form2::kCategoria, grid);
+  auto* const categories = new ListField(false, grid.parentWidget());
+  categories->setFixedWidth(kFieldWidth);
+  grid.addWidget(categories, grid.rowCount() - 1, kFields);
+  Bind(stage, "CboTarifa", *categories);
+  auto* const inside = new QCheckBox(grid.parentWidget());
+  inside->setFocusPolicy(Qt::NoFocus);  // the focus is the station's to give
+  grid.addWidget(inside, grid.rowCount(), kFields);
+  Bind(stage, "ChkFichas", *inside);
+}
+
+void Form2Window::BuildFoot(Stage& stage, QBoxLayout& column) {
+  auto* const row = new QHBoxLayout;
+  row->setSpacing(theme::kGap);
+  row->addStretch(1);
+  column.addLayout(row);
+  for (const auto& [index, rank] : {std::pair{Form2::kIniciar, PushButton::Rank::kMain},
+                                    std::pair{Form2::kLimpiar, PushButton::Rank::kPlain}}) {
+    auto* const button = new PushButton(rank, this);
+    row->addWidget(button);
+    Bind(stage, {"PctBoton", static_cast<std::size_t>(index)}, *button);
+  }
+  auto* const marker = new Light(kMarker, this);
+  column.addWidget(marker, 0, Qt::AlignRight);
+  Bind(stage, "PctSeleccion", *marker, QColor::fromRgb(theme::kAccent));
+}
+
+// The pointer leaves by way of nothing that would tell it.
+void Form2Window::leaveEvent(QEvent* event) {
+  DialogWindow::leaveEvent(event);
+  QMetaObject::invokeMethod(
+      this, [this] { hands_.Leave(mirror_.Snapshot().name); }, Qt::QueuedConnection);
+}
+
+}  // namespace vintoral
