@@ -33,8 +33,9 @@ class SilentRelay {
     sockaddr_in address{};
     address.sin_family = AF_INET;
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    bind(listener_, reinterpret_cast<sockaddr*>(&address), sizeof address);
-    listen(listener_, 1);
+    const bool stands = bind(listener_, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0 &&
+                        listen(listener_, 1) == 0;
+    if (!stands) std::perror("relay");
     socklen_t length = sizeof address;
     getsockname(listener_, reinterpret_cast<sockaddr*>(&address), &length);
     port_ = ntohs(address.sin_port);

@@ -18,7 +18,7 @@ namespace {
 constexpr int kMargin = 12;
 constexpr int kLabelWidth = 90;
 constexpr int kArmWidth = 176;  // for "ACTIVAR ALERTA"
-constexpr int kLetters = 48;  // as many as a value holds
+constexpr int kLetters = 48;    // as many as a value holds
 constexpr std::size_t kFirstAddress = 2;
 
 }  // namespace

@@ -1,17 +1,14 @@
 // One mail by libcurl, which builds its parts and speaks with the relay.
 #include <curl/curl.h>
-#include <sys/socket.h>
-#include <unistd.h>
 
 #include <array>
 #include <atomic>
 #include <csignal>
 #include <ctime>
 #include <memory>
-#include <set>
-#include <string_view>
 
 #include "platform/mail/MailJob.h"
+#include "platform/mail/curl/Talk.h"
 
 namespace vintoral {
 namespace {
@@ -62,53 +59,6 @@ class NoBrokenPipe {
   sigset_t pipe_{}, before_{};
 };
 
-/// The connections that stand: a relay of two addresses may be called at both.
-class Sockets {
- public:
-  static curl_socket_t Open(void* sockets, curlsocktype /*purpose*/, curl_sockaddr* address) {
-    const int made = socket(address->family, address->socktype | SOCK_CLOEXEC, address->protocol);
-    if (made >= 0) static_cast<Sockets*>(sockets)->open_.insert(made);
-    return made;
-  }
-  static int Close(void* sockets, curl_socket_t closed) {
-    static_cast<Sockets*>(sockets)->open_.erase(closed);
-    return close(closed);
-  }
-  /// What the relay may still say is not waited for.
-  void StopListening() const {
-    for (const int each : open_)
-      shutdown(each, SHUT_RD);
-  }
-
- private:
-  std::set<int> open_;
-};
-
-/// What passes on the line, as far as it matters.
-struct Talk {
-  const std::atomic<bool>& over;
-  const Sockets& sockets;
-  bool ofRecipient = false;  ///< the relay has been asked to take one
-  int refused = 0;           ///< so many of them
-};
-
-int Overhear(CURL* /*easy*/, curl_infotype kind, char* data, std::size_t size, void* talk) {
-  auto& heard = *static_cast<Talk*>(talk);
-  const std::string_view line(data, size);
-  if (kind == CURLINFO_HEADER_OUT) heard.ofRecipient = line.starts_with("RCPT TO:");
-  if (kind == CURLINFO_HEADER_OUT && line.starts_with("QUIT")) heard.sockets.StopListening();
-  if (kind != CURLINFO_HEADER_IN || !heard.ofRecipient) return 0;
-  // The last line of an answer has a blank behind its code.
-  const bool last = size > 3 && line[3] != '-';
-  if (last && (line[0] == '4' || line[0] == '5')) ++heard.refused;
-  return 0;
-}
-
-int StopWhenOver(void* talk, curl_off_t /*all*/, curl_off_t /*now*/, curl_off_t /*up*/,
-                 curl_off_t /*upNow*/) {
-  return static_cast<const Talk*>(talk)->over ? 1 : 0;
-}
-
 Url UrlOf(const MailJob& job) {
   Url url(curl_url());
   const bool numbers = job.host.find(':') != std::string::npos && !job.host.starts_with('[');
@@ -120,25 +70,19 @@ Url UrlOf(const MailJob& job) {
   return good ? std::move(url) : Url();
 }
 
-/// How long it may take and who may speak with whom.
-void SetLine(CURL* easy, const MailJob& job, Sockets& sockets, Talk& talk) {
-  curl_easy_setopt(easy, CURLOPT_PROTOCOLS_STR, "smtp,smtps");
-  curl_easy_setopt(easy, CURLOPT_PROXY, "");  // whatever the environment says
+void SetPatience(CURL* easy) {
   curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L);
   curl_easy_setopt(easy, CURLOPT_QUICK_EXIT, 1L);  // a name that is still looked up is not waited for
   curl_easy_setopt(easy, CURLOPT_CONNECTTIMEOUT, kConnectSeconds);
   curl_easy_setopt(easy, CURLOPT_SERVER_RESPONSE_TIMEOUT, kAnswerSeconds);
   curl_easy_setopt(easy, CURLOPT_TIMEOUT, kAllSeconds);
-  curl_easy_setopt(easy, CURLOPT_OPENSOCKETFUNCTION, Sockets::Open);
-  curl_easy_setopt(easy, CURLOPT_OPENSOCKETDATA, &sockets);
-  curl_easy_setopt(easy, CURLOPT_CLOSESOCKETFUNCTION, Sockets::Close);
-  curl_easy_setopt(easy, CURLOPT_CLOSESOCKETDATA, &sockets);
-  curl_easy_setopt(easy, CURLOPT_NOPROGRESS, 0L);
-  curl_easy_setopt(easy, CURLOPT_XFERINFOFUNCTION, StopWhenOver);
-  curl_easy_setopt(easy, CURLOPT_XFERINFODATA, &talk);
-  curl_easy_setopt(easy, CURLOPT_VERBOSE, 1L);
-  curl_easy_setopt(easy, CURLOPT_DEBUGFUNCTION, Overhear);
-  curl_easy_setopt(easy, CURLOPT_DEBUGDATA, &talk);
+}
+
+/// Who speaks with whom, and whether somebody may listen.
+void SetRelay(CURL* easy, const MailJob& job, CURLU* url) {
+  curl_easy_setopt(easy, CURLOPT_CURLU, url);
+  curl_easy_setopt(easy, CURLOPT_PROTOCOLS_STR, "smtp,smtps");
+  curl_easy_setopt(easy, CURLOPT_PROXY, "");  // whatever the environment says
   if (job.privacy == MailPrivacy::kStartTls)
     curl_easy_setopt(easy, CURLOPT_USE_SSL, static_cast<long>(CURLUSESSL_ALL));
   if (!job.authorities.empty()) curl_easy_setopt(easy, CURLOPT_CAINFO, job.authorities.c_str());
@@ -148,23 +92,46 @@ void SetLine(CURL* easy, const MailJob& job, Sockets& sockets, Talk& talk) {
 }
 
 /// The text, and behind it the attachment.
-void AddParts(curl_mime* mime, const MailJob& job) {
-  curl_mimepart* const text = curl_mime_addpart(mime);
+Mime PartsOf(CURL* easy, const MailJob& job) {
+  Mime mime(curl_mime_init(easy));
+  curl_mimepart* const text = curl_mime_addpart(mime.get());
   curl_mime_data(text, job.text.data(), job.text.size());
   curl_mime_type(text, "text/plain; charset=UTF-8");
   curl_mime_encoder(text, "quoted-printable");
-  if (job.attachment.empty()) return;
-  curl_mimepart* const file = curl_mime_addpart(mime);
+  if (job.attachment.empty()) return mime;
+  curl_mimepart* const file = curl_mime_addpart(mime.get());
   curl_mime_filedata(file, job.attachment.c_str());
   curl_mime_filename(file, job.attachmentName.c_str());
   curl_mime_encoder(file, "base64");
+  return mime;
 }
 
-std::string Judge(CURLcode code, const char* words, const Talk& talk, std::size_t recipients) {
+/// What came of it; empty when all went well.
+std::string Judge(CURLcode code, const char* words, int refused, std::size_t recipients) {
   if (code != CURLE_OK) return *words != '\0' ? words : curl_easy_strerror(code);
-  if (talk.refused == 0) return {};
-  return "the relay refused " + std::to_string(talk.refused) + " of " + std::to_string(recipients) +
-         " recipients";
+  if (refused == 0) return {};
+  return "the relay refused " + std::to_string(refused) + " of " + std::to_string(recipients) + " recipients";
+}
+
+std::string Perform(const MailJob& job, CURLU* url, const std::atomic<bool>& over) {
+  const NoBrokenPipe guard;
+  const Lines to(job.to), headers(job.headers);
+  std::array<char, CURL_ERROR_SIZE> words{};
+  Talk talk(over);
+  const Easy easy(curl_easy_init());
+  const Mime parts = PartsOf(easy.get(), job);
+  SetPatience(easy.get());
+  SetRelay(easy.get(), job, url);
+  talk.Follow(easy.get());
+  curl_easy_setopt(easy.get(), CURLOPT_ERRORBUFFER, words.data());
+  curl_easy_setopt(easy.get(), CURLOPT_MAIL_FROM, job.from.c_str());
+  curl_easy_setopt(easy.get(), CURLOPT_MAIL_RCPT, to.Get());
+  curl_easy_setopt(easy.get(), CURLOPT_MAIL_RCPT_ALLLOWFAILS, 1L);
+  curl_easy_setopt(easy.get(), CURLOPT_HTTPHEADER, headers.Get());
+  curl_easy_setopt(easy.get(), CURLOPT_MIMEPOST, parts.get());
+  const CURLcode code = curl_easy_perform(easy.get());
+  talk.StopListening();
+  return Judge(code, words.data(), talk.Refused(), job.to.size());
 }
 
 std::string Send(const MailJob& job, const std::atomic<bool>& over) {
@@ -172,26 +139,7 @@ std::string Send(const MailJob& job, const std::atomic<bool>& over) {
   if (ready != CURLE_OK) return curl_easy_strerror(ready);
   if (job.to.empty()) return "it has no recipient";
   const Url url = UrlOf(job);
-  if (!url) return "the relay's name is none";
-  const NoBrokenPipe guard;
-  Sockets sockets;
-  Talk talk{over, sockets};
-  const Lines to(job.to), headers(job.headers);
-  std::array<char, CURL_ERROR_SIZE> words{};
-  const Easy easy(curl_easy_init());
-  const Mime mime(curl_mime_init(easy.get()));
-  AddParts(mime.get(), job);
-  SetLine(easy.get(), job, sockets, talk);
-  curl_easy_setopt(easy.get(), CURLOPT_ERRORBUFFER, words.data());
-  curl_easy_setopt(easy.get(), CURLOPT_CURLU, url.get());
-  curl_easy_setopt(easy.get(), CURLOPT_MAIL_FROM, job.from.c_str());
-  curl_easy_setopt(easy.get(), CURLOPT_MAIL_RCPT, to.Get());
-  curl_easy_setopt(easy.get(), CURLOPT_MAIL_RCPT_ALLLOWFAILS, 1L);
-  curl_easy_setopt(easy.get(), CURLOPT_HTTPHEADER, headers.Get());
-  curl_easy_setopt(easy.get(), CURLOPT_MIMEPOST, mime.get());
-  const CURLcode code = curl_easy_perform(easy.get());
-  sockets.StopListening();
-  return Judge(code, words.data(), talk, job.to.size());
+  return url ? Perform(job, url.get(), over) : "the relay's name is none";
 }
 
 }  // namespace
