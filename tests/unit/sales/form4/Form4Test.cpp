@@ -321,6 +321,17 @@ TEST_F(Form4Test, ArrowsBlankDigitsAndEnterMakeASale) {
   EXPECT_EQ(Line(3), RegistroExtra{});
 }
 
+TEST_F(Form4Test, TabGoesFromTheListToTheQuantities) {
+  Dialog([this] {
+    Key(keys::kTab);
+    EXPECT_EQ(Extras().Focus(), &Extras().ChkFactura);
+    Tick(2);
+    hands_.Focus(Extras().LstArticulo);
+    Key(keys::kTab);
+    EXPECT_EQ(Extras().Focus(), &Extras().CboCantidad[2]);
+  });
+}
+
 TEST_F(Form4Test, EnterInTheListLeadsToTheButton) {
   Dialog([this] {
     Key(keys::kEnter);
