@@ -1,25 +1,32 @@
 #include "reports/Escritor.h"
 
+#include <algorithm>
+#include <array>
+
 #include "station/form1/Papel.h"
 
 namespace vintoral {
 namespace {
 
-/// Nothing of a character that stands for itself.
-constexpr std::string_view Entidad(char character) {
-  switch (character) {
-    case '&':
-      return "&amp;";
-    case '<':
-      return "&lt;";
-    case '>':
-      return "&gt;";
-    case '"':
-      return "&quot;";
-    default:
-      return {};
-  }
+/// What HTML takes for its own, and what is written in its place.
+struct Entidad {
+  char caracter;
+  std::string_view texto;
+};
+constexpr std::array<Entidad, 4> kEntidades = {
+    {{'&', "&amp;"}, {'<', "&lt;"}, {'>', "&gt;"}, {'"', "&quot;"}}};
+
+constexpr std::size_t Indice(char character) {
+  return static_cast<unsigned char>(character);
 }
+
+/// By the character: nothing of one that stands for itself, as nearly all do.
+constexpr std::array<std::string_view, 256> kPorCaracter = [] {
+  std::array<std::string_view, 256> texts{};
+  for (const Entidad& entity : kEntidades)
+    texts[Indice(entity.caracter)] = entity.texto;
+  return texts;
+}();
 
 }  // namespace
 
@@ -29,20 +36,34 @@ void Escritor::Linea(std::string_view texto) {
 }
 
 void Escritor::EscribirVisible(std::string_view texto) {
-  std::size_t plain = 0;
-  for (std::size_t at = 0; at < texto.size(); ++at) {
-    const std::string_view entity = Entidad(texto[at]);
-    if (entity.empty()) continue;
-    Escribir(texto.substr(plain, at - plain));
-    Escribir(entity);
-    plain = at + 1;
+  for (; !texto.empty(); texto.remove_prefix(std::min(texto.size(), kTramo)))
+    EscribirTramo(texto.substr(0, kTramo));
+}
+
+void Escritor::EscribirTramo(std::string_view texto) {
+  constexpr std::size_t kLongest = 6;
+  if (kPieza - usado_ < texto.size() * kLongest) Entregar();
+  char* at = pieza_.get() + usado_;
+  for (const char character : texto) {
+    const std::string_view entity = kPorCaracter[Indice(character)];
+    *at = character;
+    at = entity.empty() ? at + 1 : std::copy(entity.begin(), entity.end(), at);
   }
-  Escribir(texto.substr(plain));
+  usado_ = static_cast<std::size_t>(at - pieza_.get());
+}
+
+void Escritor::EscribirLargo(std::string_view texto) {
+  while (!texto.empty()) {
+    if (usado_ == kPieza) Entregar();
+    const std::size_t count = texto.copy(pieza_.get() + usado_, kPieza - usado_);
+    usado_ += count;
+    texto.remove_prefix(count);
+  }
 }
 
 void Escritor::Entregar() {
-  if (hecho_ && !pieza_.empty()) hecho_ = destino_(pieza_);
-  pieza_.clear();
+  if (hecho_ && usado_ > 0) hecho_ = destino_({pieza_.get(), usado_});
+  usado_ = 0;
 }
 
 Outcome Escritor::Terminar() {

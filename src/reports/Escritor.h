@@ -2,9 +2,10 @@
 // day.
 #pragma once
 
-#include <cstdint>
+#include <cstddef>
+#include <cstring>
 #include <functional>
-#include <string>
+#include <memory>
 #include <string_view>
 
 #include "common/Outcome.h"
@@ -17,11 +18,13 @@ using Destino = std::function<Outcome(std::string_view pieza)>;
 
 class Escritor {
  public:
-  explicit Escritor(Destino destino) : destino_(std::move(destino)) { pieza_.reserve(kPieza + kSobra); }
+  explicit Escritor(Destino destino)
+      : destino_(std::move(destino)), pieza_(std::make_unique_for_overwrite<char[]>(kPieza)) {}
 
   void Escribir(std::string_view texto) {
-    pieza_.append(texto);
-    if (pieza_.size() >= kPieza) Entregar();
+    if (texto.size() > kPieza - usado_) return EscribirLargo(texto);
+    std::memcpy(pieza_.get() + usado_, texto.data(), texto.size());
+    usado_ += texto.size();
   }
   /// With its CR LF.
   void Linea(std::string_view texto = {});
@@ -33,11 +36,14 @@ class Escritor {
   static constexpr std::size_t kPieza = std::size_t{64} << 10;
 
  private:
+  void EscribirLargo(std::string_view texto);
+  void EscribirTramo(std::string_view texto);
   void Entregar();
 
-  static constexpr std::size_t kSobra = 1024;  ///< what nearly all texts stay below
+  static constexpr std::size_t kTramo = 1024;  ///< fits a piece with each character an entity
   Destino destino_;
-  std::string pieza_;
+  std::unique_ptr<char[]> pieza_;
+  std::size_t usado_ = 0;
   Outcome hecho_ = Outcome::Done();
 };
 

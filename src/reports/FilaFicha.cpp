@@ -1,6 +1,7 @@
 #include "reports/FilaFicha.h"
 
 #include <algorithm>
+#include <array>
 
 #include "common/Moment.h"
 #include "records/Monitores.h"
@@ -15,9 +16,20 @@ const String& Desconocido() {
   return unknown;
 }
 
-/// As the stay is worked out of.
-String InstanteDe(std::string_view sello) {
-  return StampDate(sello) + " "_w + StampTime(sello) + ":00"_w;
+/// "dd/MM/yyyy hh:mm:00" of a stamp, of whatever it holds there. Without a text of its own: a report of years
+/// has very many rows.
+using Instante = std::array<char, 19>;
+Instante InstanteDe(std::string_view sello) {
+  Instante instant{};
+  char* at = instant.data();
+  for (const std::string_view part :
+       {sello.substr(8, 10), std::string_view(" "), sello.substr(0, 5), std::string_view(":00")})
+    at = std::copy(part.begin(), part.end(), at);
+  return instant;
+}
+
+std::string_view Texto(const Instante& instante) {
+  return {instante.data(), instante.size()};
 }
 
 /// The category to the left, the stay to the right, at least a blank between them.
@@ -50,8 +62,8 @@ String FechaDeFila(const RegistroFicha& ficha) {
 
 String TiempoDeFila(const RegistroFicha& ficha) {
   if (EstaDentro(ficha)) return Desconocido();
-  const std::optional<Estadia> stay =
-      EstadiaEntre(InstanteDe(ficha.MarcaEntrada.View()), InstanteDe(ficha.MarcaSalida.View()));
+  const Instante entry = InstanteDe(ficha.MarcaEntrada.View()), exit = InstanteDe(ficha.MarcaSalida.View());
+  const std::optional<Estadia> stay = EstadiaEntre(Texto(entry), Texto(exit));
   return stay ? TrimRight(TextoEstadia(*stay)) : Desconocido();
 }
 

@@ -33,9 +33,9 @@ constexpr std::array<std::string_view, 2> kFin = {" <![if supportMisalignedColum
 constexpr std::array<std::string_view, 6> kCierre = {" </tr>", " <![endif]>", "</table>",
                                                      "</div>", "</body>",     "</html>"};
 constexpr std::string_view kFilaRotulos = " <tr height=44 style='mso-height-source:userset;height:33.0pt'>";
-constexpr std::string_view kFila = " <tr height=22 style='height:16.5pt'>";
+constexpr std::string_view kFila = " <tr height=22 style='height:16.5pt'>\r\n";
 constexpr std::string_view kFinFila = " </tr>";
-constexpr std::string_view kFinCelda = "</td>";
+constexpr std::string_view kFinCelda = "</td>\r\n";
 
 template <std::size_t N>
 void EscribirLineas(Escritor& escritor, const std::array<std::string_view, N>& lineas) {
@@ -65,6 +65,7 @@ PaginaTabla::PaginaTabla(Destino destino, std::vector<Columna> columnas, const S
     : escritor_(std::move(destino)), columnas_(std::move(columnas)) {
   for (const Columna& columna : columnas_)
     aperturas_.push_back(AperturaDeCelda(columna.tipo->claseCelda, aperturas_.empty()));
+  aperturas_.front().insert(0, kFila);
   EscribirCabeza(titulo);
   EscribirColumnas();
   EscribirRotulos();
@@ -89,20 +90,19 @@ void PaginaTabla::EscribirRotulos() {
   for (const Columna& columna : columnas_) {
     escritor_.Escribir(AperturaDeCelda(columna.tipo->claseCabeza, &columna == columnas_.data()));
     escritor_.EscribirVisible(TrimBlanks(columna.cabeza));
-    escritor_.Linea(kFinCelda);
+    escritor_.Escribir(kFinCelda);
   }
   escritor_.Linea(kFinFila);
 }
 
 void PaginaTabla::EmpezarCelda() {
-  if (columna_ == 0) escritor_.Linea(kFila);
   escritor_.Escribir(aperturas_[columna_++]);
 }
 
 void PaginaTabla::Celda(std::string_view texto) {
   EmpezarCelda();
   escritor_.EscribirVisible(TrimBlanks(texto));
-  escritor_.Linea(kFinCelda);
+  escritor_.Escribir(kFinCelda);
 }
 
 void PaginaTabla::CeldaFoto(const std::optional<String>& ruta) {
@@ -111,7 +111,7 @@ void PaginaTabla::CeldaFoto(const std::optional<String>& ruta) {
   escritor_.Escribir("<a href=\"file:///");
   escritor_.EscribirVisible(*ruta);
   escritor_.Escribir("\" target=\"_blank\">VER FOTO</a>");
-  escritor_.Linea(kFinCelda);
+  escritor_.Escribir(kFinCelda);
 }
 
 void PaginaTabla::SaltarA(std::size_t columna) {

@@ -62,7 +62,7 @@ class PaginaTabla {
 
   Escritor escritor_;
   std::vector<Columna> columnas_;
-  std::vector<std::string> aperturas_;  ///< what stands before the text of each cell
+  std::vector<std::string> aperturas_;  ///< what stands before the text of each cell of a row
   std::size_t columna_ = 0;             ///< the next one of the row
 };
 

@@ -374,6 +374,25 @@ TEST(BuscarHistorial, AnUnreadableRangeReadsNothing) {
   EXPECT_THAT(Placas(kBlanco + Fila("A", "10:00  (20/11/2026)"), criterios), IsEmpty());
 }
 
+TEST(BuscarHistorial, ADiskThatFailsIsTold) {
+  std::string file = kBlanco;
+  for (int i = 0; i < 300; ++i)
+    file += Fila("X", "10:00  (20/11/2026)");
+  MemoryDisk memory;
+  memory.Put("HST", file);
+  test::FaultyDisk disk(memory);
+  PruebaRegistro prueba(UnDia());
+  std::int64_t found = 0;
+  const auto count = [&](const RegistroFicha&) { ++found; };
+  disk.Set().failRead = 2;  // 174 records are read at a time
+  EXPECT_EQ(BuscarHistorial(disk, "HST", prueba, count, [](std::int64_t) { return true; }).Error(), EIO);
+  EXPECT_EQ(found, 174);
+  disk.Set().failRead = 1;
+  EXPECT_EQ(BuscarActivas(disk, "HST", 1000, prueba, count).Error(), EIO);
+  disk.Set().failLength = true;
+  EXPECT_FALSE(BuscarHistorial(disk, "HST", prueba, count, [](std::int64_t) { return true; }));
+}
+
 TEST(BuscarHistorial, AMissingFileSaysSo) {
   MemoryDisk disk;
   PruebaRegistro prueba(UnDia());

@@ -213,6 +213,24 @@ TEST(InformeHistorial, TheSummaryOfADay) {
   EXPECT_EQ(Textos(*done.tira)[1], "HORA/FECHA  18:00  (21/11/2026)"_w);
 }
 
+TEST(InformeHistorial, WhatWasReadBeforeAFailureCounts) {
+  std::string file = kBlanco;
+  for (int i = 0; i < 300; ++i)
+    file += Encoded(Ida("X", "19/11/2026", 1));
+  MemoryDisk memory;
+  memory.Put("HST", file);
+  test::FaultyDisk disk(memory);
+  disk.Set().failRead = 2;  // 174 records are read at a time
+  std::string page;
+  EXPECT_TRUE(
+      InformeHistorial(DeDia(), Register<RegistroFicha>(disk, "HST", OpenMode::kRead), false, En(page))
+          .pagina);
+  const std::vector<std::string> rows = Filas(page);
+  ASSERT_EQ(rows.size(), 174U + 4);
+  EXPECT_EQ(rows[174], Subtotal("174.00"));
+  EXPECT_EQ(rows.back(), Total(174, "174.00"));
+}
+
 TEST(InformeHistorial, WhatCannotBeReadEndsIt) {
   MemoryDisk disk;
   const Register<RegistroFicha> missing(disk, "HST", OpenMode::kRead);
