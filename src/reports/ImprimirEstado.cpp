@@ -40,9 +40,10 @@ void Form1::ImprimirEstado(bool formatoTiquete, bool detalle) {
   if (!page.Abierto()) return MidiWav(sonido::kClic);
   const DatosInforme data = ReunirInforme(*this, CabezaDePantalla(*this), formatoTiquete, detalle);
   InformeHecho done = sheet ? Hoja(*this, page.Destino()) : InformeEstado(data, VistaFichas, page.Destino());
-  if (!page.Publicar(done.pagina)) return MidiWav(sonido::kClic);
+  const bool published = page.Publicar(done.pagina);
+  // The money of a shift is counted on paper, whatever has become of the page.
   if (done.tira) platform_.printer.EndDoc(std::move(*done.tira));
-  platform_.system.Launch("Explorer.exe "_w + String(archivo::kPagina));
+  if (published) platform_.system.Launch("Explorer.exe "_w + String(archivo::kPagina));
 }
 
 }  // namespace vintoral

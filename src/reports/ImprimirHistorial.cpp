@@ -19,9 +19,10 @@ void Form1::ImprimirHistorial(bool formatoTiquete, bool detalle) {
   const DatosInforme data = ReunirInforme(
       *this, TurnoActivo ? CabezaDeTurno(MarcaTurno, now) : CabezaDeDia(now), formatoTiquete, detalle);
   InformeHecho done = InformeHistorial(data, history, TurnoActivo, page.Destino());
-  if (!page.Publicar(done.pagina)) return;
+  const bool published = page.Publicar(done.pagina);
+  // The money of a shift is counted on paper, whatever has become of the page.
   if (done.tira) platform_.printer.EndDoc(std::move(*done.tira));
-  platform_.system.Launch("Explorer.exe "_w + String(archivo::kPagina));
+  if (published) platform_.system.Launch("Explorer.exe "_w + String(archivo::kPagina));
 }
 
 }  // namespace vintoral

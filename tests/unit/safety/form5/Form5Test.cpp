@@ -61,7 +61,8 @@ TEST_F(Form5Test, ShowsItsRowsAndButtons) {
                                   "  Configurar Cámara Web"_w, "  Bloquear Funciones con Contraseña"_w,
                                   "  Memoria de Rostros (ACTIVAR)"_w, "  Código de Barras Code39 (ACTIVAR)"_w,
                                   "  Botón del Pánico (ACTIVAR)"_w, "  Cambiar Formato de Tiquete"_w,
-                                  "  Cambiar Formato de Factura"_w, "  Reiniciar Contador de Extras"_w));
+                                  "  Cambiar Formato de Factura"_w, "  Reiniciar Contador de Extras"_w,
+                                  "  Reiniciar Historial"_w));
           std::vector<String> captions;
           for (const CommandButton& button : Menu().CmdMenu)
             captions.push_back(button.Caption);
@@ -194,34 +195,45 @@ TEST_F(Form5Test, ALockedRowIsLoggedAndRefusedAndTheMenuStays) {
 }
 
 TEST_F(Form5Test, ALockedButtonIsRefused) {
-  constexpr std::array kPositions = {2, 0, 3, 4, 15, 16, 0};
-  for (std::size_t button = 0; button < kPositions.size(); ++button) {
+  for (const auto& [button, position] :
+       {std::pair(0, 2), std::pair(2, 3), std::pair(3, 4), std::pair(4, 15), std::pair(5, 16)}) {
     MemoryStation station;
-    const auto locked = static_cast<std::size_t>(kPositions[button]);
-    station.Disk.Put(kExt, ExtWith("12345", locked == 0 ? std::string(18, '1') : Locking(locked)));
+    station.Disk.Put(kExt, ExtWith("12345", Locking(static_cast<std::size_t>(position))));
     station.StartConnected();
     const std::string before = station.Disk.Get(kFdr);
-    if (locked != 0) station.Answers = {Answer::kOk};
-    station.InDialog = {[&] { station.Hands.Click(station.Form.Form5->CmdMenu[button]); },
+    station.Answers = {Answer::kOk};
+    station.InDialog = {[&, pressed = static_cast<std::size_t>(button)] {
+                          station.Hands.Click(station.Form.Form5->CmdMenu[pressed]);
+                          EXPECT_NE(station.Form.Form5, nullptr);
+                        },
                         [&] { station.Hands.Key(keys::kEscape, 0); }};
     station.Hands.Key(keys::kF8, 0);
-    EXPECT_EQ(station.Boxes.size(), locked == 0 ? 0u : 1u) << button;
+    ASSERT_EQ(station.Boxes.size(), 1u) << button;
+    EXPECT_EQ(station.Boxes[0].title, "Vintoral - Acceso Denegado"_w);
     EXPECT_EQ(station.Disk.Get(kFdr), before) << button;
+    EXPECT_FALSE(station.Disk.Exists(kHtml));
   }
 }
 
 TEST_F(Form5Test, AButtonThatIsOpenIsNotRefused) {
-  constexpr std::array kPositions = {2, 0, 3, 4, 15, 16};
-  for (std::size_t button = 0; button < kPositions.size(); ++button) {
+  constexpr std::array kPositions = {2, 3, 4, 15, 16};
+  constexpr std::array<std::size_t, 5> kButtons = {0, 2, 3, 4, 5};
+  for (std::size_t i = 0; i < kButtons.size(); ++i) {
+    const std::size_t button = kButtons[i];
     std::string others(18, '1');
-    if (kPositions[button] != 0) others[static_cast<std::size_t>(kPositions[button]) - 1] = '0';
+    others[static_cast<std::size_t>(kPositions[i]) - 1] = '0';
     MemoryStation station;
     station.Disk.Put(kExt, ExtWith("12345", others));
     station.StartConnected();
-    station.InDialog = {[&] { station.Hands.Click(station.Form.Form5->CmdMenu[button]); },
+    if (button == Form5::kHistorial) station.Answers = {Answer::kNo};
+    station.InDialog = {[&] {
+                          station.Hands.Click(station.Form.Form5->CmdMenu[button]);
+                          EXPECT_FALSE(station.Launched().empty()) << button;
+                        },
                         [&] { station.Hands.Key(keys::kEscape, 0); }};
     station.Hands.Key(keys::kF8, 0);
-    EXPECT_THAT(station.Boxes, IsEmpty()) << button;
+    for (const Box& box : station.Boxes)
+      EXPECT_NE(box.title, "Vintoral - Acceso Denegado"_w) << button;
   }
 }
 
