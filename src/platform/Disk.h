@@ -112,10 +112,10 @@ class Disk {
   /// A copy under another name, in place of what stood there: readers see the old or the new, never half. Not
   /// synced, as CreateNew.
   virtual Outcome Copy(std::string_view from, std::string_view to);
-  /// Has `work` make the files of `paths`, beside the station where the disk can, else at once. It is given a
-  /// disk, of which it uses CreateNew and Copy, knows nothing of the station, doesn't throw and tells of its
-  /// failures itself. Whoever asks for one of the files later by its path, or for a folder, finds what it has
-  /// done; LookIn sees a file when it is there.
+  /// Has `work` make the files of `paths`, beside the station where the disk can. It uses CreateNew and Copy,
+  /// doesn't throw and tells of its failures itself. Whoever asks for one of the files later by its path, or
+  /// for a folder, waits for it; LookIn doesn't.
+  // NOLINTNEXTLINE(performance-unnecessary-value-param): the disk that works beside keeps them
   virtual void Behind(std::vector<String> /*paths*/, const std::function<void(Disk&)>& work) { work(*this); }
   /// Nothing is left of such work.
   virtual bool NothingBehind() const { return true; }

@@ -179,8 +179,9 @@ TEST_F(TurnoTest, TheQuestionsAtTheEnd) {
     EXPECT_EQ(Station.Boxes[0].title, "Vintoral - Terminar Turno"_w);
     EXPECT_EQ(Station.Boxes[0].text, "¿Desea imprimir también el turno de trabajo en formato tiquete?"_w);
     EXPECT_THAT(Station.Boxes[0].buttons, ElementsAre(Answer::kYes, Answer::kNo, Answer::kCancel));
-    if (way.answers.size() == 2)
+    if (way.answers.size() == 2) {
       EXPECT_EQ(Station.Boxes[1].text, "¿Desea imprimir sólo un resumen del turno de trabajo?"_w);
+    }
     EXPECT_FALSE(Form.TurnoActivo) << "the shift ends whatever is printed";
     Station.Events.Take();
   }
