@@ -4,6 +4,7 @@
 #include <condition_variable>
 #include <list>
 #include <mutex>
+#include <system_error>
 #include <thread>
 #include <utility>
 
@@ -45,10 +46,15 @@ class DesktopMail::Threads : public std::enable_shared_from_this<Threads> {
   std::shared_ptr<const Attempt> Begin(MailJob job) {
     JoinEnded();
     auto attempt = std::make_shared<Attempt>();
-    threads_.push_back({std::thread([self = shared_from_this(), attempt, job = std::move(job)] {
-                          self->Run(*attempt, job);
-                        }),
-                        attempt});
+    try {
+      threads_.push_back({std::thread([self = shared_from_this(), attempt, job = std::move(job)] {
+                            self->Run(*attempt, job);
+                          }),
+                          attempt});
+    } catch (const std::system_error& failure) {
+      ReportLostMail(failure.what());
+      attempt->ended = true;
+    }
     return attempt;
   }
 

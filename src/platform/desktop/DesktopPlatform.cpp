@@ -20,11 +20,11 @@ SlipFiles FilesIn(const std::string& folder) {
 }  // namespace
 
 DesktopPlatform::DesktopPlatform(const std::string& folder)
-    : Disk(folder, PosixDisk::Work::kBeside),
+    : Mail([this](std::string_view path) { return Disk.Exists(path) ? FileOf(path) : std::string(); }),
+      Disk(folder, PosixDisk::Work::kBeside),
       Sound([this](std::string_view path) { return FileOf(path); }),
       System([this](std::string_view path) { return FileOf(path); }),
-      Printer(FilesIn(folder)),
-      Mail([this](std::string_view path) { return Disk.Exists(path) ? FileOf(path) : std::string(); }) {}
+      Printer(FilesIn(folder)) {}
 
 std::string DesktopPlatform::FileOf(std::string_view path) const {
   return FindIgnoringCase(Disk.PathOf(path));

@@ -28,6 +28,8 @@ class DesktopPlatform {
   /// The file of this system that a station path means, whatever the case of its name.
   std::string FileOf(std::string_view path) const;
 
+  /// The first one, so the last to go: it may wait for a mail, and the next station need not wait for that.
+  DesktopMail Mail;
   PosixDisk Disk;
   PicturesBeside Pictures;
   DesktopClock Clock;
@@ -36,7 +38,6 @@ class DesktopPlatform {
   DesktopSystem System;
   DesktopPrinter Printer;
   DesktopCamera Camera;
-  DesktopMail Mail;
 
  private:
   SystemRandom chance_;

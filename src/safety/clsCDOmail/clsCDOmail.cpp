@@ -20,12 +20,17 @@ String Direccion(std::string_view text) {
   return Trim(named ? text.substr(open + 1, close - open - 1) : text);
 }
 
+bool ContainsAt(std::string_view address) {
+  return address.find('@') != std::string_view::npos;
+}
+
 std::vector<String> Direcciones(std::string_view list) {
   std::vector<String> addresses;
   while (!list.empty()) {
     const std::size_t end = list.find_first_of(";,");
     String address = Direccion(list.substr(0, end));
-    if (!address.Empty()) addresses.push_back(std::move(address));
+    // The owner of an address may be named with a comma: what has no "@" is a piece of his name.
+    if (ContainsAt(address)) addresses.push_back(std::move(address));
     list.remove_prefix(end == std::string_view::npos ? list.size() : end + 1);
   }
   return addresses;
@@ -76,7 +81,7 @@ MailMessage clsCDOmail::Componer() const {
     message.password = PassWord;
     if (SSL) message.privacy = StartTLS ? MailPrivacy::kStartTls : MailPrivacy::kTls;
   }
-  message.from = De;
+  message.from = Direccion(De);
   message.to = Direcciones(Para);
   message.subject = Asunto;
   message.text = Mensaje;

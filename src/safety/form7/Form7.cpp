@@ -73,7 +73,7 @@ void Form7::MostrarModo() {
 
 void Form7::Conectar() {
   for (std::size_t digit = 0; digit < kDigitos; ++digit)
-    ImgBoton[digit].OnClick = [this, digit] { ImgBoton_Click(digit); };
+    ImgBoton[digit].OnClick = ImgBoton[digit].OnDoubleClick = [this, digit] { ImgBoton_Click(digit); };
   ImgBoton[kCancelar].OnClick = [this] { LimpiarTeclado(); };
   ImgBoton[kConfirmar].OnClick = [this] { Confirmar(); };
   LstBloqueo.OnTick = [this](std::size_t) { LblFuncion_Click(kBloquear); };
@@ -209,6 +209,10 @@ bool Form7::Form_KeyDown(int KeyCode, int Shift) {
 }
 
 bool Form7::Form_KeyPress(char character) {
+  if (character == keys::kEnter) {  // of a face that tells characters alone
+    Confirmar();
+    return true;
+  }
   if (character < '0' || character > '9') {
     station_.Devices().screen.Beep();
   } else if (const auto digit = static_cast<std::size_t>(character - '0'); ImgBoton[digit].Enabled) {

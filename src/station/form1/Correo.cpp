@@ -62,7 +62,7 @@ AjustesCorreo AjustesCorreoDe(std::string_view text) {
   settings.clave = Unir(Valor(text, "Clave1"), Valor(text, "Clave2"));
   // Whoever wrote anything else than "no" there does not want the password to go in clear.
   const String tls = Valor(text, "TLS");
-  settings.tls = !tls.Empty() && !EqualNoCase(tls, "no");
+  settings.tls = !EqualNoCase(tls, "no");
   settings.starttls = EqualNoCase(tls, "starttls");
   return settings;
 }

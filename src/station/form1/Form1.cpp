@@ -74,6 +74,9 @@ void Form1::ConectarBotones() {
       PctBoton_MouseMove(index);
     };
   }
+  // Two quick presses are two pages.
+  for (const boton::Index page : {boton::kRetroceder, boton::kAvanzar})
+    PctBoton[page].OnDoubleClick = PctBoton[page].OnClick;
   CmdBarCode.OnClick = CmdNumeroFicha.OnClick = [this] { GeneradorClick(); };
   ImgCambiarFondo.OnClick = [this] { ImgCambiarFondo_Click(); };
   ChkFactura.OnClick = [this] {

@@ -56,7 +56,11 @@ void Hands::Key(const QKeyEvent& event) {
   if (key.code == 0 && characters.Empty()) return;
   Do([&](Input& input) {
     if (key.code != 0 && input.KeyDown(key.code, key.mask)) return;
+    const Form* const form = &forms_.Active();
+    const Control* const focus = form->Focus();
     if (key.code != 0) input.ControlKey(key.code, key.mask);
+    // What the key has done in one control must not type into the next.
+    if (forms_.Ended() || &forms_.Active() != form || form->Focus() != focus) return;
     for (const char character : characters.Bytes()) {
       if (!ClipboardKey(input, character)) input.Character(character);
     }

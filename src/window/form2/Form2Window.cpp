@@ -4,7 +4,6 @@
 #include <QGridLayout>
 #include <QVBoxLayout>
 
-#include "reports/form2/Form2.h"
 #include "window/controls/CaptionLabel.h"
 #include "window/controls/Card.h"
 #include "window/controls/Hands.h"
@@ -25,6 +24,11 @@ constexpr int kTimeLetters = 5, kDateLetters = 10;
 constexpr QSize kMarker{128, 4};
 
 enum Column { kLabels, kFields };
+/// TxtCampo: the times, the number, and five data fields behind it.
+enum Field { kDesdeHora, kDesdeFecha, kHastaHora, kHastaFecha, kNumero, kCampos = kNumero + 6 };
+/// LblEtiqueta: behind those of the number and the data fields.
+enum Caption { kDesde = 6, kHasta, kCategoria };
+enum Button { kIniciar, kLimpiar };
 
 void AddLabel(Stage& stage, std::size_t index, QGridLayout& grid) {
   CaptionLabel::Look look;
@@ -65,8 +69,7 @@ Form2Window::Form2Window(Forms& forms, Form& form, Hands& hands, PictureLoader& 
 
 void Form2Window::BuildTimes(Stage& stage, QGridLayout& grid) {
   for (const auto [label, time, date] :
-       {std::array<std::size_t, 3>{Form2::kDesde, Form2::kDesdeHora, Form2::kDesdeFecha},
-        {Form2::kHasta, Form2::kHastaHora, Form2::kHastaFecha}}) {
+       {std::array<std::size_t, 3>{kDesde, kDesdeHora, kDesdeFecha}, {kHasta, kHastaHora, kHastaFecha}}) {
     AddLabel(stage, label, grid);
     auto* const both = new QHBoxLayout;
     both->setSpacing(theme::kGap);
@@ -82,8 +85,8 @@ void Form2Window::BuildTimes(Stage& stage, QGridLayout& grid) {
 }
 
 void Form2Window::BuildFields(Stage& stage, QGridLayout& grid) {
-  for (std::size_t i = Form2::kNumero; i < Form2::kCampos; ++i) {
-    AddLabel(stage, i - Form2::kNumero, grid);
+  for (std::size_t i = kNumero; i < kCampos; ++i) {
+    AddLabel(stage, i - kNumero, grid);
     TextField* const field = NewField(stage, i, grid.parentWidget());
     field->setFixedWidth(kFieldWidth);
     grid.addWidget(field, grid.rowCount() - 1, kFields);
@@ -91,7 +94,7 @@ void Form2Window::BuildFields(Stage& stage, QGridLayout& grid) {
 }
 
 void Form2Window::BuildCategory(Stage& stage, QGridLayout& grid) {
-  AddLabel(stage, Form2::kCategoria, grid);
+  AddLabel(stage, kCategoria, grid);
   auto* const categories = new ListField(false, grid.parentWidget());
   categories->setFixedWidth(kFieldWidth);
   grid.addWidget(categories, grid.rowCount() - 1, kFields);
@@ -107,8 +110,8 @@ void Form2Window::BuildFoot(Stage& stage, QBoxLayout& column) {
   row->setSpacing(theme::kGap);
   row->addStretch(1);
   column.addLayout(row);
-  for (const auto& [index, rank] : {std::pair{Form2::kIniciar, PushButton::Rank::kMain},
-                                    std::pair{Form2::kLimpiar, PushButton::Rank::kPlain}}) {
+  for (const auto& [index, rank] :
+       {std::pair{kIniciar, PushButton::Rank::kMain}, std::pair{kLimpiar, PushButton::Rank::kPlain}}) {
     auto* const button = new PushButton(rank, this);
     row->addWidget(button);
     Bind(stage, {"PctBoton", static_cast<std::size_t>(index)}, *button);

@@ -5,7 +5,6 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "sales/form4/Form4.h"
 #include "window/controls/CaptionLabel.h"
 #include "window/controls/Card.h"
 #include "window/controls/IconButton.h"
@@ -30,6 +29,11 @@ constexpr int kSignEdge = 34, kSign = 22;
 constexpr int kButtonHeight = 48;
 
 enum Column { kNames, kQuantities, kValues, kBar, kColumns };
+
+// The form's own: rows in view, digits of a quantity, TxtTotal of the whole sale, and LblItem.
+constexpr std::size_t kFilas = 20, kDigitos = 3, kTotal = kFilas;
+enum Item : std::size_t { kArticulo, kCantidad, kValor, kSuma };
+
 
 CaptionLabel* NewCaption(const CaptionLabel::Look& look, QSize size, QWidget* parent) {
   auto* const label = new CaptionLabel(look, parent);
@@ -70,7 +74,7 @@ Form4Window::Form4Window(Forms& forms, Form& form, Hands& hands, PictureLoader& 
 
 int Form4Window::Rows() {
   const std::size_t articles = mirror_.StateOf<ListState>("LstArticulo").rows->size();
-  return static_cast<int>(std::min(articles, Form4::kFilas));
+  return static_cast<int>(std::min(articles, kFilas));
 }
 
 void Form4Window::BuildList(Stage& stage, QGridLayout& grid) {
@@ -83,12 +87,12 @@ void Form4Window::BuildList(Stage& stage, QGridLayout& grid) {
   const int rows = std::max(Rows(), kFewRows);
   // Below the other columns too: a row is one thing.
   auto* const list = new TickList(rows, kPitch, card);
-  head(Form4::kArticulo, kNames, Qt::AlignLeft, kNamesWidth);
-  head(Form4::kCantidad, kQuantities, Qt::AlignHCenter, kQuantityWidth);
-  head(Form4::kValor, kValues, Qt::AlignRight, kValueWidth);
+  head(kArticulo, kNames, Qt::AlignLeft, kNamesWidth);
+  head(kCantidad, kQuantities, Qt::AlignHCenter, kQuantityWidth);
+  head(kValor, kValues, Qt::AlignRight, kValueWidth);
   grid.addWidget(list, 1, kNames, rows, kColumns);
   Bind(stage, "LstArticulo", *list);
-  if (mirror_.StateOf<ListState>("LstArticulo").rows->size() > Form4::kFilas)
+  if (mirror_.StateOf<ListState>("LstArticulo").rows->size() > kFilas)
     grid.setColumnMinimumWidth(kBar, TickList::kBarWidth);
   for (int row = 0; row < rows; ++row)
     grid.setRowMinimumHeight(row + 1, kPitch);
@@ -100,7 +104,7 @@ void Form4Window::BuildRow(Stage& stage, int row, QGridLayout& grid) {
   QWidget* const card = grid.parentWidget();
   const auto index = static_cast<std::size_t>(row);
   auto* const quantity = new TextField(card);
-  quantity->SetWidthFor(static_cast<int>(Form4::kDigitos));
+  quantity->SetWidthFor(static_cast<int>(kDigitos));
   quantity->setFixedHeight(kField);
   quantity->setAlignment(Qt::AlignRight);
   grid.addWidget(quantity, row + 1, kQuantities, Qt::AlignCenter);
@@ -125,13 +129,13 @@ void Form4Window::BuildTotal(Stage& stage, QBoxLayout& column) {
   auto* const title = new CaptionLabel(look, display);
   title->setFixedHeight(kHead);
   lines->addWidget(title);
-  Bind(stage, {"LblItem", Form4::kSuma}, *title);
+  Bind(stage, {"LblItem", kSuma}, *title);
   look.pixels = theme::kValuePixels;
   look.color = theme::kDisplayText;
   look.alignment = Qt::AlignRight | Qt::AlignVCenter;
   auto* const total = new CaptionLabel(look, display);
   lines->addWidget(total, 1);
-  BindText(stage, {"TxtTotal", Form4::kTotal}, *total);
+  BindText(stage, {"TxtTotal", kTotal}, *total);
 }
 
 void Form4Window::BuildInvoice(Stage& stage, QBoxLayout& column) {

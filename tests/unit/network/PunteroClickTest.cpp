@@ -35,10 +35,13 @@ TEST_F(PunteroTest, AClickOnWhoHasLeftAsksToPrint) {
   Form.VistaFichas = {Salida(1, 5, "13:40  (20/11/2026)")};
   Form.ImprimirIndice();
   Station.Events.Take();
+  Station.Answers = {Answer::kCancel};
   Click(0);
   EXPECT_FALSE(Form.FichaEnPantalla());
   EXPECT_THAT(Station.Heard(), IsEmpty());
   EXPECT_EQ(Form.PctFicha.Tag, "1"_w);
+  ASSERT_EQ(Station.Boxes.size(), 1u);
+  EXPECT_EQ(Station.Boxes[0].title, "Vintoral - Imprimir Estado/Búsqueda/Ficha"_w);
 }
 
 TEST_F(PunteroTest, AClickOnANumberOutOfRangeAsksToPrint) {
@@ -47,9 +50,11 @@ TEST_F(PunteroTest, AClickOnANumberOutOfRangeAsksToPrint) {
     Hover(0);
     Form.LblCampo[0].Caption = String(std::string_view(number));
     Station.Events.Take();
+    Station.Answers = {Answer::kCancel};
     Form.ImgFicha_Click(0);
     EXPECT_FALSE(Form.FichaEnPantalla());
     EXPECT_THAT(Station.Heard(), IsEmpty());
+    EXPECT_TRUE(Station.Answers.empty()) << "it was asked";
   }
   Form.LblCampo[0].Caption = "1000"_w;
   Form.ImgFicha_Click(0);

@@ -17,7 +17,10 @@ constexpr const char* kPage = "Recursos\\Vintoral.HTML";
 
 class ImprimirRegistrosTest : public test::RejillaTest {
  protected:
-  ImprimirRegistrosTest() { Fill(2); }
+  ImprimirRegistrosTest() {
+    Station.Printer.Installed = {{"Tira80"_w}, "Tira80"_w};
+    Fill(2);
+  }
   void F4(std::deque<Answer> answers) {
     Station.Answers = std::move(answers);
     Station.Hands.Key(keys::kF4, 0);
@@ -78,7 +81,9 @@ TEST_F(ImprimirRegistrosTest, CancelAtEitherQuestionDoesNothing) {
 }
 
 TEST_F(ImprimirRegistrosTest, AMonitorIsReportedWithoutQuestions) {
-  PutHistory({RegistroFicha{}, Salida(2, 7, "10:00  (20/11/2026)")});
+  RegistroFicha gone = Salida(2, 7, "10:00  (20/11/2026)");
+  gone.EnUso = true;  // as rows of the history are
+  PutHistory({RegistroFicha{}, gone});
   Press(boton::kUltimosEnSalir);
   ASSERT_EQ(Form.TotalVista(), 1);
   F4({});

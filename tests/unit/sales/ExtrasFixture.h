@@ -25,6 +25,8 @@ class ExtrasTest : public testing::Test {
                                                                 "CASCO MOTO = 120000", "GOMA = 0,5"}) {
     station_.Disk.Put(kXtr, TariffFile(lineas));
     station_.StartConnected();
+    // The start has laid the list out for the lock; here a sale has to.
+    station_.Disk.Remove(kExt).PassOver();
     station_.Clock.Set(At(14, 5));
   }
   /// Opens the dialog by its key, does `steps`, and leaves it by Esc where they have not left it already.

@@ -26,6 +26,7 @@ constexpr const char* kHst = "Multimedia\\Vintoral.HST";
 class TurnoTest : public test::RejillaTest {
  protected:
   TurnoTest() {
+    Station.Printer.Installed = {{"Tira80"_w}, "Tira80"_w};
     PutHistory({RegistroFicha{}, Gone(2, "10:00  (19/11/2026)"), Gone(3, "09:15  (20/11/2026)")});
     Disk.Put("Multimedia\\Vintoral.NSR", Bytes({RegistroFicha{}, Gone(2, "08:00  (20/11/2026)")}));
     Disk.Put("Multimedia\\Vintoral.CRD", "");

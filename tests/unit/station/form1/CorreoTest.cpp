@@ -64,7 +64,7 @@ TEST(AjustesCorreo, APortThatIsNoNumberIsNone) {
 
 TEST(AjustesCorreo, OnlyNoKeepsThePasswordInClear) {
   EXPECT_FALSE(AjustesCorreoDe("TLS = No").tls);
-  EXPECT_FALSE(AjustesCorreoDe("TLS =").tls);
+  EXPECT_TRUE(AjustesCorreoDe("TLS =").tls);
   for (const char* const word : {"si", "s\xED", "s\xC3\xAD", "ssl", "1", "n o"}) {
     const AjustesCorreo settings = AjustesCorreoDe(std::string("TLS = ") + word);
     EXPECT_TRUE(settings.tls) << word;
