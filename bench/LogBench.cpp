@@ -44,7 +44,8 @@ void LogEntry(benchmark::State& state, std::string_view code) {
   for (auto _ : state) {
     const WorkFolder folder;
     Gate gate(folder.Path("Vintoral"), Plates::kNone);
-    const std::string log = folder.Path("Vintoral/Recursos/Vintoral.FDR"), other = folder.Path("reference.FDR");
+    const std::string log = folder.Path("Vintoral/Recursos/Vintoral.FDR"),
+                      other = folder.Path("reference.FDR");
     std::vector<char> bytes;
     if (ReadWhole(log, bytes) != 46'000) return state.SkipWithError("the log is not whole");
     WriteWhole(other, bytes);

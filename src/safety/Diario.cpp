@@ -7,8 +7,7 @@
 
 namespace vintoral {
 
-Diario::Diario(std::string bytes, const RegistroFuncion& blanco)
-    : bytes_(std::move(bytes)), entero_(bytes_.size() >= kLargo) {
+Diario::Diario(std::string bytes, const RegistroFuncion& blanco) : bytes_(std::move(bytes)) {
   const std::size_t whole = std::min(bytes_.size() / RegistroFuncion::kSize, kRegistros);
   bytes_.resize(whole * RegistroFuncion::kSize);
   bytes_.resize(kLargo, '\0');

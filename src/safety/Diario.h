@@ -20,8 +20,6 @@ class Diario {
   /// made up as `blanco`; what stands behind record 1000 is left out.
   Diario(std::string bytes, const RegistroFuncion& blanco);
 
-  /// The file held all records: what changes inside one of them can be written there.
-  bool Entero() const { return entero_; }
   /// `numero`, as everywhere here, from 1 to kRegistros.
   RegistroFuncion Leer(std::size_t numero) const;
   void Poner(std::size_t numero, const RegistroFuncion& registro);
@@ -30,14 +28,12 @@ class Diario {
 
   /// All records.
   std::string_view Bytes() const { return bytes_; }
-  std::span<const char> Primero() const { return {bytes_.data(), RegistroFuncion::kSize}; }
 
  private:
   using Lugar = std::span<char, RegistroFuncion::kSize>;
   Lugar LugarDe(std::size_t numero);
 
   std::string bytes_;
-  bool entero_;
 };
 
 }  // namespace vintoral

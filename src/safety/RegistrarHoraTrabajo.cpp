@@ -42,9 +42,19 @@ RegistroFuncion Nuevo(const Form1& form, std::string_view function, std::int16_t
           .MinutoFin = end};
 }
 
+bool EsDeHoy(const Form1& form, const RegistroFuncion& day) {
+  return EqualNoCase(Left(day.FechaHora, RegistroFuncion::kLargoFecha), DateText(form.Devices().clock.Now()));
+}
+
+/// A program that has just started goes on where the one before it ended.
+void Continuar(Form1& form, const RegistroFuncion& day) {
+  if (form.TiempoEjecucion == 0) form.TiempoEjecucion = MinutosDe(day.Tiempo);
+}
+
 /// The day's own record, as of now.
-void Actualizar(RegistroFuncion& day, std::int64_t minutes) {
-  day.Tiempo = TextoDe(minutes);
+void Actualizar(const Form1& form, RegistroFuncion& day) {
+  day.CodigoFuncion = CodigoDe(form.NumeroPorteria, funcion::kEnEjecucion);
+  day.Tiempo = TextoDe(form.TiempoEjecucion);
   const std::int64_t end =
       (MinutosDe(Mid(day.FechaHora, RegistroFuncion::kHora, day.Tiempo.Size())) + MinutosDe(day.Tiempo)) %
       kMinutosPorDia;
@@ -52,23 +62,38 @@ void Actualizar(RegistroFuncion& day, std::int64_t minutes) {
   day.MinutoFin = static_cast<std::int16_t>(end % kMinutosPorHora);
 }
 
-/// True when the other records are where they were.
-bool Anotar(Form1& form, std::string_view function, Diario& log, RegistroFuncion& day) {
-  const Moment now = form.Devices().clock.Now();
+/// What is done each minute of the year: the running time of a day that has its record, in a log that has all
+/// of them. One record is written whole or not at all. False where there is more to do.
+Result<bool> AnotarMinuto(Form1& form, DiskFile& file) {
+  const Result<std::uint64_t> length = file.Length();
+  if (!length) return length.Why();
+  std::array<char, RegistroFuncion::kSize> place{};
+  const Result<std::size_t> got = file.ReadAt(0, place);
+  if (!got) return got.Why();
+  RegistroFuncion day = RegistroFuncion::Decode(place);
+  if (*length < Diario::kLargo || !EsDeHoy(form, day)) return false;
+  Continuar(form, day);
+  Actualizar(form, day);
+  day.EncodeOver(place);
+  const Outcome written = file.WriteAt(0, place);
+  return written ? Result<bool>(true) : written;
+}
+
+/// An event, the first minute of a day, or any entry of a log that lacks records.
+void Anotar(Form1& form, std::string_view function, Diario& log) {
+  RegistroFuncion day = log.Leer(1);
   if (function != funcion::kEnEjecucion) {
     log.Bajar(kPrimerEvento);
     log.Poner(kPrimerEvento, Nuevo(form, function, 0));
-    return false;
-  }
-  if (!EqualNoCase(Left(day.FechaHora, RegistroFuncion::kLargoFecha), DateText(now))) {
+  } else if (EsDeHoy(form, day)) {
+    Continuar(form, day);
+  } else {
     log.Bajar(1);
-    day.FechaHora = FechaHoraDe(now);
+    day.FechaHora = FechaHoraDe(form.Devices().clock.Now());
     form.TiempoEjecucion = 0;
-    return false;
   }
-  if (form.TiempoEjecucion == 0)
-    form.TiempoEjecucion = MinutosDe(day.Tiempo);  // the program has just started
-  return true;
+  Actualizar(form, day);
+  log.Poner(1, day);
 }
 
 /// Empty where there is no file yet.
@@ -89,18 +114,16 @@ void Form1::RegistrarHoraTrabajo(std::string_view Funcion) {
   Result<std::unique_ptr<DiskFile>> opened = disk.Open(archivo::kFunciones, OpenMode::kReadWrite);
   if (!opened && !opened.Why().Missing()) return opened.Why().PassOver();
   const std::unique_ptr<DiskFile> file = opened ? opened.Take() : nullptr;
-  const Result<std::string> held = Contenido(file.get());
+  if (file != nullptr && Funcion == funcion::kEnEjecucion) {
+    const std::optional<bool> done = AnotarMinuto(*this, *file).PassOver();
+    if (done.value_or(true)) return;
+  }
+  Result<std::string> held = Contenido(file.get());
   if (!held) return held.Why().PassOver();
-
-  Diario log(*held, Nuevo(*this, funcion::kEnEjecucion, RegistroFuncion::kSinFin));
-  RegistroFuncion day = log.Leer(1);
-  day.CodigoFuncion = CodigoDe(NumeroPorteria, funcion::kEnEjecucion);
-  const bool inPlace = Anotar(*this, Funcion, log, day) && log.Entero();
-  Actualizar(day, TiempoEjecucion);
-  log.Poner(1, day);
-  // One record is written whole or not at all; all of them are not, so they get a file of their own.
-  (inPlace ? file->WriteAt(0, log.Primero()) : disk.ReplaceUnsynced(archivo::kFunciones, log.Bytes()))
-      .PassOver();
+  Diario log(held.Take(), Nuevo(*this, funcion::kEnEjecucion, RegistroFuncion::kSinFin));
+  Anotar(*this, Funcion, log);
+  // A write of all of them could end half way: they get a file of their own.
+  disk.ReplaceUnsynced(archivo::kFunciones, log.Bytes()).PassOver();
 }
 
 }  // namespace vintoral

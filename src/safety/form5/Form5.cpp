@@ -79,7 +79,7 @@ const std::array kFilas = {
 };
 
 String TextoDe(const Fila& row, const Form1& form) {
-  const String text = "  "_w + row.texto;
+  String text = "  "_w + row.texto;
   if (row.activa == nullptr) return text;
   return text + (row.activa(form) ? " (DESACTIVAR)"_w : " (ACTIVAR)"_w);
 }

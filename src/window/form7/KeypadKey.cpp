@@ -16,7 +16,9 @@ constexpr int kMarkInset = 9;
 KeypadKey::KeypadKey(const QString& text, QWidget* parent) : QAbstractButton(parent) {
   setFocusPolicy(Qt::NoFocus);  // the keypad as a whole has the keyboard
   setText(text);
-  setFixedSize(text.size() == 1 ? kDigitWidth : kWordWidth, kHeight);
+  setMinimumWidth(text.size() == 1 ? kDigitWidth : kWordWidth);
+  setFixedHeight(kHeight);
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);  // as wide together as the list above
 }
 
 void KeypadKey::ShowMarks(const QString& marks) {

@@ -51,7 +51,7 @@ class DamagedLog(trouble.Trouble):
                 data = self.damaged(FDR, self.log[:length])
                 self.assertEqual(len(data), RECORDS * MIXED_LENGTH)
                 self.assertEqual([code(data, number) for number in range(1, 5)], [10, 126, 110, 125])
-                kept = length // MIXED_LENGTH - 1
+                kept = min(length // MIXED_LENGTH - 1, RECORDS - 4)
                 if kept > 0:
                     self.assertEqual(data[4 * MIXED_LENGTH:(4 + kept) * MIXED_LENGTH],
                                      self.log[MIXED_LENGTH:(1 + kept) * MIXED_LENGTH])
