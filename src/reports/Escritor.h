@@ -3,7 +3,6 @@
 #pragma once
 
 #include <cstddef>
-#include <cstring>
 #include <functional>
 #include <memory>
 #include <string_view>
@@ -23,8 +22,7 @@ class Escritor {
 
   void Escribir(std::string_view texto) {
     if (texto.size() > kPieza - usado_) return EscribirLargo(texto);
-    std::memcpy(pieza_.get() + usado_, texto.data(), texto.size());
-    usado_ += texto.size();
+    usado_ += texto.copy(pieza_.get() + usado_, texto.size());
   }
   /// With its CR LF.
   void Linea(std::string_view texto = {});

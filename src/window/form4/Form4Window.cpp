@@ -34,7 +34,6 @@ enum Column { kNames, kQuantities, kValues, kBar, kColumns };
 constexpr std::size_t kFilas = 20, kDigitos = 3, kTotal = kFilas;
 enum Item : std::size_t { kArticulo, kCantidad, kValor, kSuma };
 
-
 CaptionLabel* NewCaption(const CaptionLabel::Look& look, QSize size, QWidget* parent) {
   auto* const label = new CaptionLabel(look, parent);
   label->setFixedSize(size);

@@ -132,6 +132,18 @@ TEST(DocumentoID, AShiftEndsAtItsMark) {
   EXPECT_EQ(Puntos(points)[1], FilaPuntos("MARCA", "20/11/2026"));
 }
 
+TEST(DocumentoID, AMarkInRecord2HasMoreBeforeIt) {
+  const std::string file =
+      kBlanco + Encoded(Registro("MARCA", "20/11/2026", true)) + Encoded(Registro("UNO", "20/11/2026"));
+  EXPECT_THAT(Nuevos(file, true),
+              ElementsAre(FilaNuevo("UNO", "20/11/2026"), kVacia, kVacia, kVacia, kVacia, kAhora, kVacia));
+  // The blank record may carry it too.
+  RegistroFicha blank;
+  blank.InicioTurno = true;
+  EXPECT_THAT(Nuevos(Encoded(blank) + Encoded(Registro("UNO", "20/11/2026")), true),
+              ElementsAre(FilaNuevo("UNO", "20/11/2026"), kVacia, kVacia, kAhora, kVacia));
+}
+
 TEST(DocumentoID, AShiftWithNothingInItYet) {
   EXPECT_THAT(Puntos(Encoded(Registro("MARCA", "20/11/2026", true)), true),
               ElementsAre(kVacia, "|0||||||||", kVacia, kAhora, kVacia));

@@ -53,6 +53,8 @@ TEST(Escritor, NothingIsWrittenWithoutAText) {
     ++calls;
     return Outcome::Done();
   });
+  writer.Escribir({});
+  writer.EscribirVisible({});
   EXPECT_TRUE(writer.Terminar());
   EXPECT_EQ(calls, 0);
 }
