@@ -83,7 +83,15 @@ TEST_F(clsCDOmailTest, UserPasswordAndTlsGoWithAuthenticationAlone) {
 TEST_F(clsCDOmailTest, EmptyPlacesAreLeftOut) {
   correo_.Para = "; a@a ;; b@b, c@c;d@d;Jefe <jefe@casa>; <x@y>; >z<; "_w;
   EXPECT_TRUE(correo_.Enviar_Backup());
-  EXPECT_THAT(Sent().to, ElementsAre("a@a"_w, "b@b"_w, "c@c"_w, "d@d"_w, "jefe@casa"_w, "x@y"_w, ">z<"_w));
+  EXPECT_THAT(Sent().to, ElementsAre("a@a"_w, "b@b"_w, "c@c"_w, "d@d"_w, "jefe@casa"_w, "x@y"_w));
+}
+
+TEST_F(clsCDOmailTest, AnOwnersNameIsNoAddress) {
+  correo_.Para = "\"Pérez, Ana\" <ana@casa>; jefe"_w;
+  correo_.De = "Vintoral <alertas@sitio>"_w;
+  EXPECT_TRUE(correo_.Enviar_Backup());
+  EXPECT_THAT(Sent().to, ElementsAre("ana@casa"_w));
+  EXPECT_EQ(Sent().from, "alertas@sitio"_w);
 }
 
 TEST_F(clsCDOmailTest, WithoutAConnectionNothingIsTried) {
