@@ -34,7 +34,7 @@ TEST_F(Menus, ShowsRowsAndButtons) {
   Open([this] {
     EXPECT_EQ(Front().windowTitle(), QString::fromUtf8("Vintoral  -  Menú de Funciones"));
     EXPECT_EQ(Shown("LblMenu"), QString::fromUtf8("Menú de Funciones"));
-    ASSERT_EQ(List().Rows().size(), 10);
+    ASSERT_EQ(List().Rows().size(), 11);
     EXPECT_EQ(List().Rows()[4], "Memoria de Rostros (ACTIVAR)");
     EXPECT_EQ(Face<PushButton>("CmdMenu(6)").text(), "HORARIO DE TRABAJO");
     EXPECT_EQ(Focused(), "LstMenu");
