@@ -4,8 +4,8 @@
 #include <limits>
 
 #include "records/RegistroFactura.h"
-#include "unit/sales/ExtrasFixture.h"
 #include "support/Slips.h"
+#include "unit/sales/ExtrasFixture.h"
 
 namespace vintoral {
 namespace {

@@ -1,8 +1,8 @@
 // The reset of the list of sales: asked twice, and then the reports find it empty.
 #include <gmock/gmock.h>
 
-#include "unit/sales/ExtrasFixture.h"
 #include "station/form1/Sonidos.h"
+#include "unit/sales/ExtrasFixture.h"
 
 namespace vintoral {
 namespace {
