@@ -169,7 +169,7 @@ class Invoices(SalesDay):
         self.assertEqual(reply["waiting"], {"wait": 5000})
         first = printed(reply)
         self.assertEqual(len(first), 1)
-        self.assertEqual(len(self.list()), LIST)
+        self.assertEqual(len(self.list()), LIST + LINE)  # and the lock behind it
         self.assertEqual(printed(station.advance(5000)), first)
 
     def test_without_its_tick_no_number_is_taken(self):
