@@ -19,9 +19,10 @@ namespace vintoral {
 namespace {
 
 constexpr int kMargin = 12, kSpacing = 6;
-constexpr int kLabelWidth = 150, kFieldWidth = 240;
+constexpr int kLabelWidth = 150, kFieldWidth = 200;
 constexpr int kTimeLetters = 5, kDateLetters = 10;
 constexpr QSize kMarker{128, 4};
+constexpr int kBelowTheTools = 80;
 
 enum Column { kLabels, kFields };
 /// TxtCampo: the times, the number, and five data fields behind it.
@@ -65,6 +66,12 @@ Form2Window::Form2Window(Forms& forms, Form& form, Hands& hands, PictureLoader& 
   column->addStretch(1);
   BuildFoot(stage, *column);
   resize(sizeHint());
+}
+
+// What is found is looked at in the grid: the window lies over the fields.
+void Form2Window::showEvent(QShowEvent* event) {
+  DialogWindow::showEvent(event);
+  move(parentWidget()->mapToGlobal(QPoint(0, kBelowTheTools)));
 }
 
 void Form2Window::BuildTimes(Stage& stage, QGridLayout& grid) {

@@ -16,6 +16,7 @@ class Form2Window : public DialogWindow {
   Form2Window(Forms& forms, Form& form, Hands& hands, PictureLoader& pictures, QWidget* owner);
 
  protected:
+  void showEvent(QShowEvent* event) override;
   void leaveEvent(QEvent* event) override;
 
  private:
