@@ -83,6 +83,7 @@ void Form4::ConectarCantidad(std::size_t fila) {
 
 void Form4::MostrarArticulos(const std::vector<Articulo>& articulos) {
   std::vector<String> names;
+  names.reserve(articulos.size());
   for (const Articulo& article : articulos)
     names.push_back(article.nombre);
   LstArticulo.List = std::move(names);
