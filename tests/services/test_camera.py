@@ -96,7 +96,7 @@ class Cameras(unittest.TestCase):
 class Network(Cameras):
     def test_rtsp(self):
         port = free_port()
-        self.comes_and_goes(rtsp_camera(self, port, "jpeg"), f"rtsp://127.0.0.1:{port}/film", 15)
+        self.comes_and_goes(rtsp_camera(self, port, "jpeg"), f"rtsp://127.0.0.1:{port}/film", 20)  # its pictures are small files
 
     def test_rtsp_of_h264_with_log_in(self):
         port = free_port()
