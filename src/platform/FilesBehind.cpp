@@ -16,37 +16,65 @@ std::string_view LastName(std::string_view path) {
 void FilesBehind::Add(std::vector<String> paths, std::function<void()> work) {
   for (String& path : paths)
     path = String(LastName(path));
+  Held held{0, std::move(work)};
   {
     const std::lock_guard lock(mutex_);
-    names_.push_back(std::move(paths));
+    held.number = ++last_;
+    left_.push_back({held.number, std::move(paths)});
+    if (holding_) return held_.push_back(std::move(held));
   }
-  beside_.Add([this, work = std::move(work)] {
-    work();
+  Begin(std::move(held));
+}
+
+void FilesBehind::Hold() {
+  const std::lock_guard lock(mutex_);
+  holding_ = true;
+}
+
+void FilesBehind::Release() {
+  std::vector<Held> all;
+  {
     const std::lock_guard lock(mutex_);
-    names_.erase(names_.begin());
+    holding_ = false;
+    all.swap(held_);
+  }
+  for (Held& each : all)
+    Begin(std::move(each));
+}
+
+void FilesBehind::Begin(Held held) {
+  beside_.Add([this, held = std::move(held)] {
+    held.work();
+    const std::lock_guard lock(mutex_);
+    left_.erase(std::remove_if(left_.begin(), left_.end(),
+                               [&held](const Left& each) { return each.number == held.number; }),
+                left_.end());
   });
 }
 
 bool FilesBehind::Waits(std::string_view path) {
   const std::string_view wanted = LastName(path);
   const std::lock_guard lock(mutex_);
-  return std::any_of(names_.begin(), names_.end(), [wanted](const std::vector<String>& names) {
-    return std::any_of(names.begin(), names.end(),
+  return std::any_of(left_.begin(), left_.end(), [wanted](const Left& each) {
+    return std::any_of(each.names.begin(), each.names.end(),
                        [wanted](const String& name) { return EqualNoCase(name, wanted); });
   });
 }
 
 void FilesBehind::Await(std::string_view path) {
-  if (Waits(path)) beside_.Await();
+  if (!Waits(path)) return;
+  Release();
+  beside_.Await();
 }
 
 void FilesBehind::AwaitAll() {
+  Release();
   beside_.Await();
 }
 
 bool FilesBehind::Nothing() {
   const std::lock_guard lock(mutex_);
-  return names_.empty();
+  return left_.empty();
 }
 
 }  // namespace vintoral

@@ -94,6 +94,17 @@ bool PosixDisk::NothingBehind() const {
   return behind_ == nullptr || behind_->Nothing();
 }
 
+void PosixDisk::BeginTogether() {
+  if (behind_ != nullptr) behind_->Hold();
+  pending_.Begin();
+}
+
+Outcome PosixDisk::EndTogether() {
+  Outcome ended = pending_.End();
+  if (behind_ != nullptr) behind_->Release();
+  return ended;
+}
+
 void PosixDisk::AwaitFile(std::string_view path) const {
   if (behind_ != nullptr) behind_->Await(path);
 }

@@ -57,8 +57,8 @@ class PosixDisk final : public Disk {
   std::vector<String> List(std::string_view folder, std::string_view ending) const override;
   std::vector<String> ListFolders(std::string_view folder) const override;
 
-  void BeginTogether() override { pending_.Begin(); }
-  Outcome EndTogether() override { return pending_.End(); }
+  void BeginTogether() override;
+  Outcome EndTogether() override;
 
   /// The path of this system for station text: exact as the text says, not looked up on the disk.
   std::string PathOf(std::string_view path) const;

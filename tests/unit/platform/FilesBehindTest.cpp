@@ -116,6 +116,27 @@ TEST_F(FilesBehindTest, OneAfterTheOther) {
   EXPECT_EQ(disk_.ReadAll(kPhoto).PassOver().value_or(String()), "first"_w);
 }
 
+TEST_F(FilesBehindTest, APhotoWaitsUntilItsSaleIsOnTheDisk) {
+  Go();
+  disk_.BeginTogether();
+  Begin();
+  std::this_thread::sleep_for(std::chrono::milliseconds(20));
+  const std::vector<String> names = {"000007.jpg"_w};
+  EXPECT_EQ(disk_.LookIn("Fotos", names)[0], std::nullopt);
+  EXPECT_FALSE(disk_.NothingBehind());
+  disk_.EndTogether().PassOver();
+  disk_.Settle();
+  EXPECT_NE(disk_.LookIn("Fotos", names)[0], std::nullopt);
+}
+
+TEST_F(FilesBehindTest, WhoAsksForItMeanwhileHasIt) {
+  Go();
+  disk_.BeginTogether();
+  Begin();
+  EXPECT_TRUE(disk_.Exists(kPhoto));
+  disk_.EndTogether().PassOver();
+}
+
 TEST_F(FilesBehindTest, WhatIsLeftIsDoneAtTheEnd) {
   {
     PosixDisk disk(folder_.Path(), PosixDisk::Work::kBeside);
