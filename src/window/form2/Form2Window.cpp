@@ -18,11 +18,11 @@ namespace vintoral {
 
 namespace {
 
-constexpr int kMargin = 12, kSpacing = 6;
-constexpr int kLabelWidth = 150, kFieldWidth = 200;
-constexpr int kTimeLetters = 5, kDateLetters = 10;
+constexpr int kMargin = 6, kCardMargin = 8, kSpacing = 4;
+constexpr int kLabelWidth = 136, kFieldWidth = 178, kTimeWidth = 58;
 constexpr QSize kMarker{128, 4};
-constexpr int kBelowTheTools = 80;
+/// To the edges of the main window, for the window manager's frame.
+constexpr int kFromTheEdge = 2;
 
 enum Column { kLabels, kFields };
 /// TxtCampo: the times, the number, and five data fields behind it.
@@ -33,6 +33,8 @@ enum Button { kIniciar, kLimpiar };
 
 void AddLabel(Stage& stage, std::size_t index, QGridLayout& grid) {
   CaptionLabel::Look look;
+  look.pixels = theme::kCaptionPixels;
+  look.weight = QFont::Bold;
   look.padding = 0;
   auto* const label = new CaptionLabel(look, grid.parentWidget());
   label->setFixedSize(kLabelWidth, theme::kRowHeight);
@@ -54,24 +56,26 @@ Form2Window::Form2Window(Forms& forms, Form& form, Hands& hands, PictureLoader& 
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
   column->setSpacing(theme::kGap);
+  column->setSizeConstraint(QLayout::SetFixedSize);
   auto* const card = new Card(theme::kCard, theme::kLine, this);
   column->addWidget(card);
   auto* const grid = new QGridLayout(card);
-  grid->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-  grid->setHorizontalSpacing(theme::kGap);
+  grid->setContentsMargins(kCardMargin, kCardMargin, kCardMargin, kCardMargin);
+  grid->setHorizontalSpacing(kSpacing);
   grid->setVerticalSpacing(kSpacing);
   BuildTimes(stage, *grid);
   BuildFields(stage, *grid);
   BuildCategory(stage, *grid);
-  column->addStretch(1);
   BuildFoot(stage, *column);
-  resize(sizeHint());
 }
 
-// What is found is looked at in the grid: the window lies over the fields.
+// What is found is looked at in the grid, and its data and photo beside it: the window lies in the corner
+// below the photo, where the search has nothing to show.
 void Form2Window::showEvent(QShowEvent* event) {
   DialogWindow::showEvent(event);
-  move(parentWidget()->mapToGlobal(QPoint(0, kBelowTheTools)));
+  adjustSize();
+  const QPoint corner(parentWidget()->width() - width(), parentWidget()->height() - height());
+  move(parentWidget()->mapToGlobal(corner - QPoint(kFromTheEdge, kFromTheEdge)));
 }
 
 void Form2Window::BuildTimes(Stage& stage, QGridLayout& grid) {
@@ -81,12 +85,11 @@ void Form2Window::BuildTimes(Stage& stage, QGridLayout& grid) {
     auto* const both = new QHBoxLayout;
     both->setSpacing(theme::kGap);
     TextField* const hour = NewField(stage, time, grid.parentWidget());
-    hour->SetWidthFor(kTimeLetters);
+    hour->setFixedWidth(kTimeWidth);
     both->addWidget(hour);
     TextField* const day = NewField(stage, date, grid.parentWidget());
-    day->SetWidthFor(kDateLetters);
+    day->setFixedWidth(kFieldWidth - kTimeWidth - theme::kGap);
     both->addWidget(day);
-    both->addStretch(1);
     grid.addLayout(both, grid.rowCount() - 1, kFields);
   }
 }
