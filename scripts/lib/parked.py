@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""parked.py FILE [COUNT]: puts into a register of the fichas inside one that came in two and a half hours ago, or COUNT.
+"""parked.py FILE [COUNT]: puts into a register of the fichas inside one that came in two and a half hours ago, or COUNT,
+at most the 1000 that a register holds.
 
 A slot has 188 bytes, little-endian; docs/file-formats.md gives the layout.
 """
@@ -7,7 +8,7 @@ import datetime
 import struct
 import sys
 
-SLOT = 188
+SLOT, SLOTS = 188, 1000
 NUMBER, OTHERS = 7, 31
 MINUTES = 150
 KNOWN = ("KLM483", "CARMEN", "IBÁÑEZ", "6015550147", "LLAVES EN CAJA", "AUTOMOVIL")
@@ -33,9 +34,10 @@ def parked(number, minutes, fields):
 
 
 def others(count):
+    numbers = [number for number in (*range(OTHERS, SLOTS + 1), *range(1, OTHERS)) if number != NUMBER]
     for i in range(count):
         plate = f"{chr(65 + i % 26)}{chr(75 + i % 11)}T{120 + 37 * i % 880}"
-        yield OTHERS + i, MINUTES - 5 * i % MINUTES, (plate, "", "", "", "", "MOTOCICLETA" if i % 3 == 0 else "AUTOMOVIL")
+        yield numbers[i], MINUTES - 5 * i % MINUTES, (plate, "", "", "", "", "MOTOCICLETA" if i % 3 == 0 else "AUTOMOVIL")
 
 
 count = int(sys.argv[2]) if len(sys.argv) > 2 else 1

@@ -1,5 +1,5 @@
 # Sourced by screenshots, slips and demo: a screen of its own, a home and a station of its own on it, and hands for both;
-# a printer, and a camera, for who asks.
+# a printer, and a camera, for who asks. What the station opens is noted, and shown by nobody.
 # What is started ends with the script, each by its own number.
 
 stage_started=()
@@ -22,8 +22,11 @@ stage_end() {
 stage_begin() {
   stage="$(mktemp -d)"
   station="$stage/home/Vintoral"
-  mkdir -p "$stage/home/Desktop" "$stage/home/.config/openbox" "$stage/run"
+  mkdir -p "$stage/home/Desktop" "$stage/home/.config/openbox" "$stage/run" "$stage/bin"
   chmod 700 "$stage/run"
+  printf '#!/bin/sh\necho "$1" >>"%s"\n' "$stage/opened" >"$stage/bin/xdg-open"
+  chmod +x "$stage/bin/xdg-open"
+  : >"$stage/opened"
   scripts/install-data "$station"
   # It starts beside a station that runs on this machine.
   mkdir -p "$station/Recursos" && touch "$station/Recursos/Vintoral.RLD"
@@ -97,7 +100,7 @@ stage_scene() {
 
 # stage_station PROGRAM: starts the station; it is on screen when this returns.
 stage_station() {
-  (cd "$station" && exec "$1") &
+  (cd "$station" && PATH="$stage/bin:$PATH" exec "$1") &
   stage_started+=($!)
   stage_wait xdotool search --onlyvisible --name '^Vintoral'
 }
@@ -128,5 +131,13 @@ stage_type() {
 stage_picture() {
   sleep 0.4
   import -silent -window root "$1"
+  echo "$1"
+}
+
+# stage_window FILE: the window that has the keyboard, with its title bar and nothing around it.
+stage_window() {
+  sleep 0.4
+  import -silent -frame -window "$(xdotool getactivewindow)" "$1"
+  convert "$1" +repage -strip "$1"
   echo "$1"
 }
