@@ -1,7 +1,9 @@
 #include "window/Dialogs.h"
 
+#include <QApplication>
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "camera/formcamara/FormCamara.h"
 #include "reports/form2/Form2.h"
@@ -52,7 +54,7 @@ constexpr std::array kMakers = {Maker{"Form2", Form2::kTitulo, &Make<Form2Window
 
 }  // namespace
 
-Dialogs::Dialogs(Forms& forms, MainWindow& main) : forms_(forms), main_(main) {
+Dialogs::Dialogs(Forms& forms, MainWindow& main) : forms_(forms), main_(main), front_(&main) {
   main_.OnRefresh = [this] { Refresh(); };
 }
 
@@ -67,6 +69,17 @@ void Dialogs::Refresh() {
     DialogWindow* const window = form->Shown() ? WindowOf(*form) : windows_.value(form);
     if (window != nullptr) window->Refresh();
   }
+  FollowKeyboard();
+}
+
+// What looks active must be what keys reach. Beside a window that holds nobody the station takes the keyboard
+// from one to the other; and a window manager that gave it to a dialog in the moment in which that went away
+// has it nowhere.
+void Dialogs::FollowKeyboard() {
+  QWidget* const front = Active();
+  const QWidget* const holding = QApplication::activeModalWidget();
+  if (holding != nullptr && holding != front) return;  // a box has it for now
+  if (front != std::exchange(front_, front) && front->isVisible()) front->activateWindow();
 }
 
 void Dialogs::RetireGone() {
