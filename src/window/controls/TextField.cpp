@@ -30,11 +30,29 @@ void TextField::ShowLocked(bool locked) {
 }
 
 void TextField::ShowCaret(int start, int length) {
-  if (length > 0) {
-    if (selectionStart() != start || selectionLength() != length) setSelection(start, length);
-  } else if (hasSelectedText() || cursorPosition() != start) {
-    setCursorPosition(start);
+  start_ = start;
+  length_ = length;
+  Mark();
+}
+
+// The editor of a list is its list's to the keyboard.
+bool TextField::HasKeyboard() const {
+  const QWidget* const focus = window()->focusWidget();
+  return focus != nullptr && (focus == this || focus == focusProxy());
+}
+
+// Marks where the keyboard is not would read as if typing went there.
+void TextField::Mark() {
+  if (length_ > 0 && HasKeyboard()) {
+    if (selectionStart() != start_ || selectionLength() != length_) setSelection(start_, length_);
+  } else if (hasSelectedText() || cursorPosition() != start_) {
+    setCursorPosition(start_);
   }
+}
+
+void TextField::focusInEvent(QFocusEvent* event) {
+  QLineEdit::focusInEvent(event);
+  Mark();
 }
 
 void TextField::SetInset(int pixels) {

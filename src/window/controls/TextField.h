@@ -16,7 +16,8 @@ class TextField : public QLineEdit {
   /// Something was pasted by the mouse.
   std::function<void(const QString&)> onPaste;
 
-  /// Shows the caret at `start`, or `length` characters marked from there.
+  /// Shows the caret at `start`, or `length` characters marked from there. Marks are seen while the keyboard
+  /// is here.
   void ShowCaret(int start, int length);
   /// Without an outline, and open to the mouse behind it, until it is unlocked: a label edited in place.
   void BePlainWhenLocked();
@@ -34,10 +35,14 @@ class TextField : public QLineEdit {
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
 
  private:
+  bool HasKeyboard() const;
+  void Mark();
   void TellCaret();
   void PasteFrom(bool selection);
+  int start_ = 0, length_ = 0;
   bool plainWhenLocked_ = false;
   bool pressed_ = false;  ///< here, by the left button
 };
