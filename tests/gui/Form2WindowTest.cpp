@@ -1,0 +1,90 @@
+// The search of records, whose window stands beside the main one.
+#include <QApplication>
+#include <QTest>
+
+#include "gui/Gate.h"
+#include "reports/form2/Form2.h"
+#include "window/controls/DialogWindow.h"
+#include "window/controls/TextField.h"
+
+namespace vintoral::test {
+namespace {
+
+class Searches : public Gate {
+ protected:
+  Searches() {
+    Start();
+    window_->resize(1366, 768);
+    Key(Qt::Key_F5);
+  }
+  QWidget* Search() const { return dialogs_->Find("Form2"); }
+  void Press(int times, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    for (int i = 0; i < times; ++i)
+      Key(key, modifiers);
+  }
+  TextField& Field(int index) { return Face<TextField>(QStringLiteral("TxtCampo(%1)").arg(index)); }
+  /// Of a control of the main window, on the screen.
+  QRect PlaceOnMain(const QString& name) const {
+    const auto* const widget = window_->findChild<QWidget*>(name);
+    return {widget->mapToGlobal(QPoint()), widget->size()};
+  }
+};
+
+TEST_F(Searches, HidesNothingOfWhatItFinds) {
+  ASSERT_NE(Search(), nullptr);
+  const QRect place = Search()->geometry();
+  EXPECT_TRUE(window_->geometry().contains(place));
+  for (const QString& name :
+       {QStringLiteral("TxtCampo(0)"), QStringLiteral("TxtCampo(5)"), QStringLiteral("LblValor"),
+        QStringLiteral("LblInfo(0)"), QStringLiteral("CboMinutos"), QStringLiteral("ImgFicha(5)"),
+        QStringLiteral("ImgFicha(49)"), QStringLiteral("Picture2")})
+    EXPECT_FALSE(place.intersects(PlaceOnMain(name))) << name.toStdString();
+}
+
+TEST_F(Searches, ItsBoxesEndAtOneLine) {
+  const auto right = [this](const QString& name) {
+    QWidget& face = Face(name);
+    return face.mapTo(&Front(), QPoint(face.width(), 0)).x();
+  };
+  const int edge = right(QStringLiteral("TxtCampo(4)"));
+  for (const int index : {1, 3, 9})
+    EXPECT_EQ(right(QStringLiteral("TxtCampo(%1)").arg(index)), edge) << index;
+  EXPECT_EQ(right(QStringLiteral("CboTarifa")), edge);
+}
+
+// What looks active is what keys reach.
+TEST_F(Searches, TheMainWindowIsActiveWithItsResult) {
+  ASSERT_TRUE(QTest::qWaitFor([this] { return QApplication::activeWindow() == Search(); }));
+  WillAnswer(Answer::kOk);  // nothing is found
+  Press(6, Qt::Key_Return);
+  ASSERT_EQ(boxes_.size(), 1U);
+  EXPECT_EQ(&Front(), window_.get());
+  EXPECT_TRUE(QTest::qWaitFor([this] { return QApplication::activeWindow() == window_.get(); }));
+  Type("7");
+  EXPECT_EQ(Shown("TxtCampo(0)"), "7");
+}
+
+TEST_F(Searches, APressInItsBoxesMakesItActiveAgain) {
+  WillAnswer(Answer::kOk);
+  Press(6, Qt::Key_Return);
+  ASSERT_TRUE(QTest::qWaitFor([this] { return QApplication::activeWindow() == window_.get(); }));
+  auto* const number = Search()->findChild<QWidget*>(QStringLiteral("TxtCampo(4)"));
+  QTest::mouseClick(number, Qt::LeftButton);
+  EXPECT_EQ(&Front(), Search());
+  EXPECT_TRUE(QTest::qWaitFor([this] { return QApplication::activeWindow() == Search(); }));
+}
+
+TEST_F(Searches, MarksAreSeenWhereTheKeyboardIs) {
+  ASSERT_EQ(Focused(), "TxtCampo(4)");
+  ASSERT_FALSE(Field(3).hasSelectedText());
+  Press(1, Qt::Key_Tab, Qt::ShiftModifier);
+  ASSERT_EQ(Focused(), "TxtCampo(3)");
+  EXPECT_EQ(Field(3).selectedText(), Field(3).text());
+  Press(1, Qt::Key_Tab);
+  ASSERT_EQ(Focused(), "TxtCampo(4)");
+  EXPECT_FALSE(Field(3).hasSelectedText());
+  EXPECT_EQ(Field(3).text().size(), 10);
+}
+
+}  // namespace
+}  // namespace vintoral::test
