@@ -63,6 +63,7 @@ Form2Window::Form2Window(Forms& forms, Form& form, Hands& hands, PictureLoader& 
   grid->setContentsMargins(kCardMargin, kCardMargin, kCardMargin, kCardMargin);
   grid->setHorizontalSpacing(kSpacing);
   grid->setVerticalSpacing(kSpacing);
+  grid->setColumnMinimumWidth(kFields, kFieldWidth);
   BuildTimes(stage, *grid);
   BuildFields(stage, *grid);
   BuildCategory(stage, *grid);
@@ -88,7 +89,7 @@ void Form2Window::BuildTimes(Stage& stage, QGridLayout& grid) {
     hour->setFixedWidth(kTimeWidth);
     both->addWidget(hour);
     TextField* const day = NewField(stage, date, grid.parentWidget());
-    day->setFixedWidth(kFieldWidth - kTimeWidth - theme::kGap);
+    day->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     both->addWidget(day);
     grid.addLayout(both, grid.rowCount() - 1, kFields);
   }
@@ -97,16 +98,14 @@ void Form2Window::BuildTimes(Stage& stage, QGridLayout& grid) {
 void Form2Window::BuildFields(Stage& stage, QGridLayout& grid) {
   for (std::size_t i = kNumero; i < kCampos; ++i) {
     AddLabel(stage, i - kNumero, grid);
-    TextField* const field = NewField(stage, i, grid.parentWidget());
-    field->setFixedWidth(kFieldWidth);
-    grid.addWidget(field, grid.rowCount() - 1, kFields);
+    grid.addWidget(NewField(stage, i, grid.parentWidget()), grid.rowCount() - 1, kFields);
   }
 }
 
 void Form2Window::BuildCategory(Stage& stage, QGridLayout& grid) {
   AddLabel(stage, kCategoria, grid);
   auto* const categories = new ListField(false, grid.parentWidget());
-  categories->setFixedWidth(kFieldWidth);
+  categories->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);  // whatever the length of its names
   grid.addWidget(categories, grid.rowCount() - 1, kFields);
   Bind(stage, "CboTarifa", *categories);
   auto* const inside = new QCheckBox(grid.parentWidget());
