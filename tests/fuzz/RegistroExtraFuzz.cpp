@@ -26,7 +26,7 @@ void TakesAnyTime(std::string_view data) {
 void TakesASale(std::string_view data) {
   using namespace vintoral;
   constexpr std::size_t kList = kRenglonesVenta * RegistroExtra::kSize;
-  const String list = ListaConVenta(data, {{"CAFE"_w, 2, Money::FromUnits(5000)}}, Moment());
+  const String list = ListaConLineas(data, LineasDeVenta({{"CAFE"_w, 2, Money::FromUnits(5000)}}, Moment()));
   const std::size_t whole = std::min(data.size(), kList - RegistroExtra::kSize) / RegistroExtra::kSize;
   const std::size_t kept = whole * RegistroExtra::kSize;
   const std::string_view moved = std::string_view(list).substr(RegistroExtra::kSize, kept);
