@@ -1,7 +1,8 @@
-// Any bytes as a line of the list of sales, and as a whole list: a line takes any time and keeps the rest,
-// and a sale stands on top of whatever there was.
+// Any bytes as a line of the list of sales, as a whole list, and as its journal: a line takes any time and
+// keeps the rest, and a sale stands on top of whatever there was.
 #include <algorithm>
 
+#include "records/DiarioVentas.h"
 #include "records/RegistroExtra.h"
 #include "sales/Venta.h"
 
@@ -33,11 +34,23 @@ void TakesASale(std::string_view data) {
   if (list.Size() != std::max(data.size(), kList) || moved != data.substr(0, kept)) __builtin_trap();
 }
 
+/// What is read of a journal is written the same, and stands where the next entry leaves it.
+void IsAJournal(std::string_view data) {
+  using namespace vintoral;
+  const DiarioVentas journal = LeerDiario(data);
+  std::string again;
+  for (const AnotacionVenta& sale : journal.anotaciones)
+    again += EnDiario(sale).Bytes();
+  if (again.size() != journal.fin || LeerDiario(again).anotaciones != journal.anotaciones) __builtin_trap();
+  if (ListaAlDia(String(data), journal.anotaciones, "").Size() < data.size()) __builtin_trap();
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
   const std::string_view bytes(reinterpret_cast<const char*>(data), size);
   TakesAnyTime(bytes);
   TakesASale(bytes);
+  IsAJournal(bytes);
   return 0;
 }
