@@ -54,7 +54,7 @@ constexpr std::array kMakers = {Maker{"Form2", Form2::kTitulo, &Make<Form2Window
 
 }  // namespace
 
-Dialogs::Dialogs(Forms& forms, MainWindow& main) : forms_(forms), main_(main), front_(&main) {
+Dialogs::Dialogs(Forms& forms, MainWindow& main) : forms_(forms), main_(main), front_(&forms.Main()) {
   main_.OnRefresh = [this] { Refresh(); };
 }
 
@@ -69,17 +69,18 @@ void Dialogs::Refresh() {
     DialogWindow* const window = form->Shown() ? WindowOf(*form) : windows_.value(form);
     if (window != nullptr) window->Refresh();
   }
-  FollowKeyboard();
+  BringForward();
 }
 
-// What looks active must be what keys reach. Beside a window that holds nobody the station takes the keyboard
-// from one to the other; and a window manager that gave it to a dialog in the moment in which that went away
-// has it nowhere.
-void Dialogs::FollowKeyboard() {
-  QWidget* const front = Active();
+// Who has typed his search goes on at the main screen, without reaching for the mouse. And a window manager
+// that gave the keyboard to a dialog in the moment in which that went away, behind a box, has it nowhere: Qt
+// can't tell.
+void Dialogs::BringForward() {
+  QWidget* const window = Active();
   const QWidget* const holding = QApplication::activeModalWidget();
-  if (holding != nullptr && holding != front) return;  // a box has it for now
-  if (front != std::exchange(front_, front) && front->isVisible()) front->activateWindow();
+  if (holding != nullptr && holding != window) return;  // a box has it for now
+  const Form* const front = std::exchange(front_, &forms_.Active());
+  if (front != front_ && window->isVisible()) window->activateWindow();
 }
 
 void Dialogs::RetireGone() {

@@ -29,13 +29,13 @@ class Dialogs {
  private:
   void Refresh();
   void RetireGone();
-  void FollowKeyboard();
+  void BringForward();
   DialogWindow* WindowOf(Form& form);
 
   Forms& forms_;
   MainWindow& main_;
   QHash<const Form*, DialogWindow*> windows_;
-  const QWidget* front_;  ///< Active() as it was shown last
+  const Form* front_;  ///< that keys reached when this looked last
 };
 
 }  // namespace vintoral

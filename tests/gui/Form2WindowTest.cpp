@@ -1,92 +1,104 @@
-// The search of records, whose window stands beside the main one.
-#include <QApplication>
+// The window of the search, which stands beside the main one: whose the keys are, and how far a search is.
+#include <QProgressDialog>
 #include <QTest>
+#include <QTimer>
 
 #include "gui/Gate.h"
 #include "reports/form2/Form2.h"
+#include "station/forms/Forms.h"
+#include "support/Bytes.h"
 #include "window/controls/DialogWindow.h"
-#include "window/controls/TextField.h"
 
 namespace vintoral::test {
 namespace {
 
 class Searches : public Gate {
  protected:
-  Searches() {
+  void Open() {
     Start();
-    window_->resize(1366, 768);
-    QCoreApplication::processEvents();
+    RegistroFicha left;
+    left.EnUso = true;
+    left.NumeroFicha = "0009";
+    left.Placa = "KLM483";
+    left.MarcaSalida = "13:45  (20/11/2026)";
+    folder_.Put("Multimedia/Vintoral.HST", Encoded(RegistroFicha{}) + Encoded(left));
     Key(Qt::Key_F5);
+    ASSERT_NE(form_->Form2, nullptr);
+    QCoreApplication::processEvents();
   }
-  QWidget* Search() const { return dialogs_->Find("Form2"); }
-  void Press(int times, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-    for (int i = 0; i < times; ++i)
-      Key(key, modifiers);
-  }
-  TextField& Field(int index) { return Face<TextField>(QStringLiteral("TxtCampo(%1)").arg(index)); }
-  /// Of a control of the main window, on the screen.
-  QRect PlaceOnMain(const QString& name) const {
-    const auto* const widget = window_->findChild<QWidget*>(name);
-    return {widget->mapToGlobal(QPoint()), widget->size()};
+  bool HasKeys(const Form& form) const { return &form_->OpenForms.Active() == &form; }
+  /// Enter in the last box.
+  void Search() {
+    Click("TxtCampo(9)");
+    Key(Qt::Key_Return);
+    QCoreApplication::processEvents();
   }
 };
 
-TEST_F(Searches, HidesNothingOfWhatItFinds) {
-  ASSERT_NE(Search(), nullptr);
-  const QRect place = Search()->geometry();
-  EXPECT_TRUE(window_->geometry().contains(place));
-  QStringList names = {"TxtCampo(0)", "TxtCampo(5)", "LblValor", "LblInfo(0)", "CboMinutos", "Picture2"};
-  for (int cell = 0; cell < 50; ++cell)
-    names << QStringLiteral("ImgFicha(%1)").arg(cell);
-  for (const QString& name : names) {
-    EXPECT_GT(PlaceOnMain(name).width(), 50) << name.toStdString();
-    EXPECT_FALSE(place.intersects(PlaceOnMain(name))) << name.toStdString();
-  }
+TEST_F(Searches, StandsBesideTheMainWindow) {
+  Open();
+  EXPECT_EQ(Front().windowTitle(), QString::fromUtf8("Vintoral  -  Búsqueda de Registros"));
+  EXPECT_EQ(Front().windowModality(), Qt::NonModal);
+  EXPECT_TRUE(Front().isActiveWindow());
+  EXPECT_EQ(Focused(), "TxtCampo(4)");
+  Type("12");
+  EXPECT_EQ(Shown("TxtCampo(4)"), "12");
+  EXPECT_EQ(form_->TxtCampo[0].Text(), ""_w);
 }
 
-TEST_F(Searches, ItsBoxesEndAtOneLine) {
-  const auto right = [this](const QString& name) {
-    QWidget& face = Face(name);
-    return face.mapTo(&Front(), QPoint(face.width(), 0)).x();
-  };
-  const int edge = right(QStringLiteral("TxtCampo(4)"));
-  for (const int index : {1, 3, 9})
-    EXPECT_EQ(right(QStringLiteral("TxtCampo(%1)").arg(index)), edge) << index;
-  EXPECT_EQ(right(QStringLiteral("CboTarifa")), edge);
+TEST_F(Searches, WhatIsFoundBringsTheMainWindowForward) {
+  Open();
+  ASSERT_FALSE(window_->isActiveWindow());
+  Search();
+  ASSERT_EQ(form_->TotalVista(), 1);
+  EXPECT_TRUE(HasKeys(*form_));
+  EXPECT_TRUE(window_->isActiveWindow());
+  EXPECT_NE(form_->Form2, nullptr);
 }
 
-// What looks active is what keys reach.
-TEST_F(Searches, TheMainWindowIsActiveWithItsResult) {
-  ASSERT_TRUE(QTest::qWaitFor([this] { return QApplication::activeWindow() == Search(); }));
-  WillAnswer(Answer::kOk);  // nothing is found
-  Press(6, Qt::Key_Return);
-  ASSERT_EQ(boxes_.size(), 1U);
-  EXPECT_EQ(&Front(), window_.get());
-  EXPECT_TRUE(QTest::qWaitFor([this] { return QApplication::activeWindow() == window_.get(); }));
+TEST_F(Searches, WhicheverWindowIsBroughtForwardHasTheKeys) {
+  Open();
+  Search();
+  dialogs_->Find("Form2")->activateWindow();
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(HasKeys(*form_->Form2));
   Type("7");
-  EXPECT_EQ(Shown("TxtCampo(0)"), "7");
+  EXPECT_EQ(Shown("TxtCampo(4)"), "7");
+  window_->activateWindow();
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(HasKeys(*form_));
+  Key(Qt::Key_F5);
+  EXPECT_EQ(form_->Form2, nullptr);
 }
 
-TEST_F(Searches, APressInItsBoxesMakesItActiveAgain) {
-  WillAnswer(Answer::kOk);
-  Press(6, Qt::Key_Return);
-  ASSERT_TRUE(QTest::qWaitFor([this] { return QApplication::activeWindow() == window_.get(); }));
-  auto* const number = Search()->findChild<QWidget*>(QStringLiteral("TxtCampo(4)"));
-  QTest::mouseClick(number, Qt::LeftButton);
-  EXPECT_EQ(&Front(), Search());
-  EXPECT_TRUE(QTest::qWaitFor([this] { return QApplication::activeWindow() == Search(); }));
+TEST_F(Searches, WorkOfMoreThanHalfASecondIsSeenAndEndedByEsc) {
+  Start();
+  const String what = "Buscando en el historial…"_w;
+  ASSERT_TRUE(screen_.Working(what, 0));
+  EXPECT_EQ(window_->findChild<QProgressDialog*>()->isVisible(), false);
+  QTest::qWait(600);
+  EXPECT_TRUE(screen_.Working(what, 0.25));
+  auto* const dialog = window_->findChild<QProgressDialog*>();
+  ASSERT_TRUE(dialog->isVisible());
+  EXPECT_EQ(dialog->labelText(), QString::fromUtf8("Buscando en el historial…"));
+  EXPECT_EQ(dialog->value() * 4, dialog->maximum());
+  QTest::keyClick(dialog, Qt::Key_Escape);
+  EXPECT_FALSE(screen_.Working(what, 0.5));
+  screen_.Worked();
+  EXPECT_EQ(window_->findChild<QProgressDialog*>(), nullptr);
 }
 
-TEST_F(Searches, MarksAreSeenWhereTheKeyboardIs) {
-  ASSERT_EQ(Focused(), "TxtCampo(4)");
-  ASSERT_FALSE(Field(3).hasSelectedText());
-  Press(1, Qt::Key_Tab, Qt::ShiftModifier);
-  ASSERT_EQ(Focused(), "TxtCampo(3)");
-  EXPECT_EQ(Field(3).selectedText(), Field(3).text());
-  Press(2, Qt::Key_Tab);
-  ASSERT_EQ(Focused(), "TxtCampo(5)");
-  EXPECT_FALSE(Field(3).hasSelectedText());
-  EXPECT_EQ(Field(3).text().size(), 10);
+TEST_F(Searches, WorkWhoseWindowHasGoneEnds) {
+  Start();
+  ASSERT_TRUE(screen_.Working("Escribiendo el informe…"_w, 0));
+  screen_.Owner = nullptr;
+  dialogs_.reset();
+  window_.reset();
+  QCoreApplication::processEvents();
+  screen_.BeforeWaiting = nullptr;
+  screen_.Worked();  // what went with its window is not deleted twice
+  EXPECT_TRUE(screen_.Working("Escribiendo el informe…"_w, 0.5));
+  screen_.Worked();
 }
 
 }  // namespace
