@@ -24,6 +24,10 @@ def expect(found, expected, what):
         raise AssertionError(f"{what}: the station has {found!r}, the account {expected!r}")
 
 
+def moment_of(reply):
+    return datetime.datetime.fromisoformat(reply["now"])
+
+
 def box_of(reply):
     return ((reply["waiting"] or {}).get("box") or {}).get("text")
 
@@ -44,19 +48,23 @@ class Gate(Station):
         self.patience = patience
         self.codes = False  # does it read codes, or take numbers
         self.now = None
+        self.passing = []  # operations of a pause, sent with the next work
 
     def batch(self, *operations):
-        """All at once; the replies, each of them ok."""
-        data = b"".join(json.dumps(one).encode() + b"\n" for one in operations)
-        self.process.stdin.write(data)
+        """All at once, behind the pause before them; the replies to them, each of them ok."""
+        sent = [*self.passing, *operations]
+        self.process.stdin.write(b"".join(json.dumps(one).encode() + b"\n" for one in sent))
         self.process.stdin.flush()
-        self.transcript = [json.dumps(one) for one in operations[-8:]]
-        replies = [json.loads(self.read_line()) for _ in operations]
-        for one, reply in zip(operations, replies):
+        self.transcript = sent[-8:]
+        replies = [json.loads(self.read_line()) for _ in sent]
+        for one, reply in zip(sent, replies):
             if not reply["ok"]:
                 raise AssertionError(f"P{self.number} {one}: {reply['error']}")
-        self.now = datetime.datetime.fromisoformat(replies[-1]["now"])
-        return replies
+        if self.passing:
+            expect(moment_of(replies[len(self.passing) - 1]), self.now, f"the clock of P{self.number}")
+        self.passing = []
+        self.now = moment_of(replies[-1])
+        return replies[len(sent) - len(operations):]
 
     def until(self, moment):
         """Time passes up to the moment; nothing happens where it has come already."""
@@ -64,9 +72,10 @@ class Gate(Station):
         if pause <= 0:
             return
         ticks = pause if self.patience is None else min(pause, self.patience * 1000)
-        self.batch(op("advance", ms=ticks))
+        self.passing.append(op("advance", ms=ticks))
         if ticks < pause:
-            self.batch(op("clock", now=moment.strftime("%Y-%m-%d %H:%M:%S")))
+            self.passing.append(op("clock", now=moment.strftime("%Y-%m-%d %H:%M:%S")))
+        self.now = moment
 
     def launched(self, replies, command):
         told = [event["command"] for reply in replies for event in reply["events"] if event["event"] == "launch"]
