@@ -3,7 +3,6 @@ import itertools
 from decimal import Decimal
 
 import tariff
-from ledger import stamp
 
 LABELS = ("PLACA/DOCUMENTO", "NOMBRE", "APELLIDO", "TELEFONO", "OBSERVACION")
 STAY_HEADS = ("HORA ENTRADA", "PE", "HORA SALIDA", "PS", "FICHA", "CATEGORIA", "IMAGEN", "TIEMPO", "VALOR") + LABELS
@@ -11,6 +10,10 @@ POINT_HEADS = ("HORA SALIDA", *LABELS[:2], "IMAGEN", *LABELS[2:], "CATEGORIA", "
 NEW_HEADS = ("HORA ENTRADA", "PE", *LABELS[:2], "IMAGEN", *LABELS[2:], "CATEGORIA")
 RULE, DOUBLE_RULE = "-" * 31, "=" * 31
 FOOT = "."
+
+
+def stamp(moment):
+    return moment.strftime("%H:%M  (%d/%m/%Y)")
 
 
 def money(amount):

@@ -3,8 +3,7 @@ import itertools
 from decimal import ROUND_HALF_EVEN, Decimal
 
 import tariff
-from expected_fichas import DOUBLE_RULE, LABELS, RULE, money, stay_text, total_line
-from ledger import stamp
+from expected_fichas import DOUBLE_RULE, LABELS, RULE, money, stamp, stay_text, total_line
 
 FOOT_RULE = "----------- vintoral.example --"
 HEADER, FOOTER = "PARQUEADERO EL ROBLE", "GRACIAS"
@@ -16,12 +15,12 @@ def indented(lines):
     return [" " + line for line in lines]
 
 
-def head(till, titles, columns, now):
-    """`titles`: in a shift, and out of one; the second with two kinds of report."""
+def head(till, title, columns, now):
+    """`title`: out of a shift."""
     if till.shift:
         told = [f"Vintoral   TURNO DE TRABAJO P{till.gate}", f"INICIO -->  {stamp(till.shift)}", f" FINAL -->  {stamp(now)}"]
     else:
-        told = [f"{titles}{till.gate}", f"HORA/FECHA  {stamp(now)}"]
+        told = [f"{title}{till.gate}", f"HORA/FECHA  {stamp(now)}"]
     return told + [RULE, columns, RULE]
 
 
@@ -82,7 +81,7 @@ def sale_detail(sold):
     return ["DESCRIPCION     CANT      VALOR", RULE] + [f"{sale.article:15} {sale.quantity:3}{money(sale.value):>12}" for sale in sold]
 
 
-def invoice(gate, number, now, value, detail_lines, percent):
+def invoice_lines(gate, number, now, value, detail_lines, percent):
     """Its lines up to the total, as the log and the paper have them; FOOT_RULE and footer behind it."""
     room = 26 - len(PREFIX) - len(str(number))
     top = [HEADER, f"{PREFIX}  {number}{' ' * room}P{gate}", f"HORA/FECHA  {stamp(now)}", RULE]

@@ -6,12 +6,9 @@ import datetime
 from decimal import Decimal
 
 import tariff
+from expected_sales import invoice_lines
 
 LIST_OF_SALES = 5000  # lines that a gate keeps
-
-
-def stamp(moment):
-    return moment.strftime("%H:%M  (%d/%m/%Y)")
 
 
 def whole_minute(moment):
@@ -76,8 +73,12 @@ class Pass:
     left: int
     first: datetime.date
 
+    def left_on(self, day):
+        """Entries, or days with this one."""
+        return self.left - (day - self.first).days if self.by_days else self.left
+
     def admits(self, day):
-        return (day - self.first).days < self.left if self.by_days else self.left > 0
+        return self.left_on(day) > 0
 
 
 class Till:
@@ -87,19 +88,24 @@ class Till:
         self.gate = gate
         self.prices = tariff.unit_prices(gate)
         self.sales = collections.deque(maxlen=LIST_OF_SALES)
+        self.sold = Decimal(0)  # whatever became of the list
         self.invoice_number = last_invoice
-        self.invoices = []
+        self.invoices, self.invoiced = [], Decimal(0)
         self.shift = None  # when it began
 
     def sell(self, sold, moment):
         """The lines of one sale: the first article ends up as the newest."""
         lines = [Sale(article, quantity, self.prices[article], whole_minute(moment)) for article, quantity in sold]
         self.sales.extendleft(reversed(lines))
+        self.sold += sum(line.value for line in lines)
         return lines
 
-    def next_invoice(self):
+    def invoice(self, moment, value, detail, percent):
+        """The lines of the next one."""
         self.invoice_number += 1
-        return self.invoice_number
+        self.invoiced += value
+        self.invoices.append(invoice_lines(self.gate, self.invoice_number, moment, value, detail, percent))
+        return self.invoices[-1]
 
 
 def since_mark(newest_first, in_shift):
@@ -120,11 +126,12 @@ class Ledger:
         self.newcomers = []  # by user: the ficha of his first visit
         self.movements = []  # of points, oldest first
         self.passes = {}
-        self.taken = Decimal(0)  # for all stays, whatever became of the history
+        self.taken = collections.Counter()  # for stays by category, whatever became of the history
         self.gone = 0
 
-    def is_inside(self, plate):
-        return plate and any(ficha.plate == plate for ficha in self.inside.values())
+    def number_of(self, plate):
+        """Of the ficha inside with this plate, if there is one."""
+        return next((n for n, ficha in self.inside.items() if plate and ficha.plate == plate), None)
 
     def lowest_free(self, gate):
         return next(n for n in range(1 if gate == "01" else 501, 1001) if n not in self.inside)
@@ -154,7 +161,7 @@ class Ledger:
         """As quoted."""
         del self.inside[ficha.number]
         ficha.gate_out = gate
-        self.taken += ficha.value
+        self.taken[ficha.category] += ficha.value
         self.gone += 1
         self.history.append(ficha)
         if ficha.user:

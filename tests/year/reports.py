@@ -3,43 +3,43 @@ import collections
 import re
 from decimal import Decimal
 
+import desk
 import expected_fichas as fichas
 import expected_sales as sales
-from hands import expect, texts_printed
-from ledger import since_mark, stamp
+from checks import expect, expect_same, filled
+from expected_fichas import stamp
+from ledger import since_mark
 from pages import read_page
 
-HISTORY, SHIFT, SUMS, DETAIL, NEWCOMERS, POINTS = range(6)  # buttons of the menu
-LIST_YES, SUMMARY_YES = ("yes", "no"), ("yes", "yes")
-ROWS_OF_POINTS = 10946  # that a page of them holds at most
+LIST, SUMMARY = ("yes", "no"), ("yes", "yes")  # answers to the questions about a slip
+ROWS_OF_REGISTERS = 10946  # of points or new users, that a page holds at most
 
 TOTAL = re.compile(r" *TOTAL \$ (\d+\.\d\d)")
 SUMMED = re.compile(r"([^*].{14})([ \d]{6}\d)( *\d+\.\d\d)")  # category, count in 7 columns, sum in 9
 
 
-def filled(lines):
-    """Without the lines that only move the paper."""
-    return [line.rstrip() for line in lines if line.strip()]
+def totals_in(lines):
+    return [Decimal(found.group(1)) for found in map(TOTAL.fullmatch, lines) if found]
 
 
-def page_total(page):
-    """What the page itself gives as its total, which its days must add up to."""
-    total = Decimal(page.rows[-1][8].removeprefix("$ "))
-    days = sum(Decimal(row[8].removeprefix("$ ")) for row in page.rows[:-1] if not row[0] and row[8])
-    stays = sum(Decimal(row[8]) for row in page.rows[:-1] if row[0] and row[8] not in ("", "??"))
-    expect((days, stays), (total, total), "days and stays of a page")
-    return total
+def amount(cell):
+    return Decimal(cell.removeprefix("$ "))
 
 
-def last_total(lines):
-    return Decimal(TOTAL.fullmatch(lines[-2]).group(1))
+def total_of(page):
+    """What the page itself gives as its total, which its days and its stays must add up to."""
+    *rows, last = page.rows
+    days = sum((amount(row[8]) for row in rows if not row[0] and row[8]), Decimal(0))
+    stays = sum((amount(row[8]) for row in rows if row[0] and row[8] not in ("", "??")), Decimal(0))
+    expect((days, stays), (amount(last[8]),) * 2, f"days and stays of {page.title}")
+    return days
 
 
 class Reports:
-    def __init__(self, gates, tills, ledger):
-        self.gates, self.tills, self.ledger = gates, tills, ledger
+    def __init__(self, tills, ledger):
+        self.tills, self.ledger = tills, ledger
         self.sums = collections.Counter()  # by kind of report
-        self.categories = collections.Counter()
+        self.categories = collections.Counter()  # of the days' summaries
         self.turn = 0
 
     def expect_page(self, gate, data, title, expected, heads=fichas.STAY_HEADS):
@@ -48,110 +48,101 @@ class Reports:
         expect_same(page.rows, expected, f"{page.title} at {gate.now}")
         return page
 
-    def expect_slip(self, printed, expected, gate):
-        expect(len(printed), 1, f"slips of P{gate.number} at {gate.now}")
-        lines = filled(printed[0])
-        expect_same(lines, [line.rstrip() for line in expected], f"slip of P{gate.number} at {gate.now}")
+    def expect_slip(self, gate, papers, expected):
+        expect(len(papers), 1, f"slips of P{gate.number} at {gate.now}")
+        lines = filled(papers[0])
+        expect_same(lines, filled(expected), f"slip of P{gate.number} at {gate.now}")
         return lines
+
+    def keep(self, kind, page, lines):
+        expect(totals_in(lines)[-1], total_of(page), "the total of a slip and that of its page")
+        self.sums[kind] += totals_in(lines)[-1]
 
     # ---- Shifts ----
 
     def begin_shift(self, gate):
-        gate.menu(SHIFT)
+        desk.begin_shift(gate)
         self.ledger.begin_shift(self.tills[gate.number], gate.now)
 
     def end_shift(self, gate):
         """What was sold and who was new first, then the end with page and slip; list and summary take turns."""
-        till = self.tills[gate.number]
+        till, number = self.tills[gate.number], gate.number
         if not till.shift:
             return
         self.of_articles(gate)
-        self.of_points(gate)
+        self.of_registers(gate)
         self.turn += 1
-        answers = SUMMARY_YES if self.turn % 2 else LIST_YES
-        replies = gate.menu(SHIFT, answers)
-        gate.launched(replies, "Explorer.exe Recursos\\Vintoral.HTML")
-        left, period = self.ledger.left_in_shift(), [stamp(till.shift), stamp(gate.now)]
-        page = self.expect_page(gate, gate.page(), "TURNO DE TRABAJO P", fichas.page_rows(left, period))
-        gate.close_menu()
-        slip = fichas.slip(left, f"Vintoral   TURNO DE TRABAJO P{gate.number}", f"Vintoral  RESUMEN TURNO.TRA P{gate.number}",
-                           [f"INICIO -->  {period[0]}", f" FINAL -->  {period[1]}"], "SALID", answers is LIST_YES)
-        lines = self.expect_slip(texts_printed(replies), slip, gate)
-        expect(last_total(lines), page_total(page), "total of slip and page")
-        self.sums[f"shifts of P{gate.number}"] += last_total(lines)
+        answers = SUMMARY if self.turn % 2 else LIST
+        data, papers = desk.page_by_menu(gate, desk.SHIFT, *answers)
+        left, begun, now = self.ledger.left_in_shift(), stamp(till.shift), stamp(gate.now)
+        page = self.expect_page(gate, data, "TURNO DE TRABAJO P", fichas.page_rows(left, [begun, now]))
+        lines = self.expect_slip(gate, papers, fichas.slip(
+            left, f"Vintoral   TURNO DE TRABAJO P{number}", f"Vintoral  RESUMEN TURNO.TRA P{number}",
+            [f"INICIO -->  {begun}", f" FINAL -->  {now}"], "SALID", answers is LIST))
+        self.keep(f"shifts of P{number}", page, lines)
         till.shift = None
 
     # ---- Days ----
 
     def close_day(self, gate):
         """At a gate without a shift: the day's history, all articles still listed, and who is inside."""
-        replies = gate.menu(HISTORY, SUMMARY_YES if self.turn % 3 else LIST_YES)
-        day = self.ledger.left_last_day()
-        now = stamp(gate.now)
-        page = self.expect_page(gate, gate.page(), "HISTORIAL DÍA P", fichas.page_rows(day, []))
-        gate.close_menu()
-        slip = fichas.slip(day, f"Vintoral      HISTORIAL DÍA P{gate.number}", f"Vintoral  RESUMEN HISTO.DÍA P{gate.number}",
-                           [f"HORA/FECHA  {now}"], "SALID", not self.turn % 3)
-        lines = self.expect_slip(texts_printed(replies), slip, gate)
-        expect(last_total(lines), page_total(page), "total of slip and page")
-        self.sums["days"] += last_total(lines)
-        self.add_categories(lines)
+        answers = SUMMARY if gate.now.day % 3 else LIST
+        data, papers = desk.page_by_menu(gate, desk.HISTORY, *answers)
+        day, number = self.ledger.left_last_day(), gate.number
+        page = self.expect_page(gate, data, "HISTORIAL DÍA P", fichas.page_rows(day, []))
+        lines = self.expect_slip(gate, papers, fichas.slip(
+            day, f"Vintoral      HISTORIAL DÍA P{number}", f"Vintoral  RESUMEN HISTO.DÍA P{number}",
+            [f"HORA/FECHA  {stamp(gate.now)}"], "SALID", answers is LIST))
+        self.keep("days", page, lines)
+        for line in lines[lines.index("      CATEGORIA   CANT    VALOR"):]:
+            if found := SUMMED.fullmatch(line):
+                self.categories[found.group(1).strip()] += Decimal(found.group(3))
         self.of_articles(gate)
         self.of_state(gate)
 
-    def add_categories(self, lines):
-        for line in lines[lines.index("      CATEGORIA   CANT    VALOR"):]:
-            found = SUMMED.fullmatch(line)
-            if found:
-                self.categories[found.group(1).strip()] += Decimal(found.group(3))
-
     def of_state(self, gate):
-        gate.refresh()
         inside = [self.ledger.inside[number] for number in sorted(self.ledger.inside)]
         if not inside:
-            return
-        data, printed = gate.state_report()
+            return  # which beeps, and writes nothing
+        data, papers = desk.state_report(gate)
         now = stamp(gate.now)
         self.expect_page(gate, data, "ESTADO P", fichas.page_rows(inside, [now]))
-        slip = fichas.slip(inside, f"Vintoral             ESTADO P{gate.number}", f"Vintoral     RESUMEN ESTADO P{gate.number}",
-                           [f"HORA/FECHA  {now}"], "ENTRA", True)
-        self.expect_slip(printed, slip, gate)
+        self.expect_slip(gate, papers, fichas.slip(
+            inside, f"Vintoral             ESTADO P{gate.number}", f"Vintoral     RESUMEN ESTADO P{gate.number}",
+            [f"HORA/FECHA  {now}"], "ENTRA", True))
 
     # ---- Articles, points, new users ----
 
     def of_articles(self, gate):
         till = self.tills[gate.number]
         sold = list(since_mark(till.sales, till.shift))
-        for button, written in ((SUMS, sales.sums), (DETAIL, sales.detail)):
-            gate.launched(gate.menu(button), "Notepad.exe Recursos\\Vintoral.RGT")
-            lines = filled(gate.slip_file().split("\r\n"))
-            gate.close_menu()
-            expect_same(lines, [line.rstrip() for line in written(till, sold, gate.now)], f"articles of P{gate.number} at {gate.now}")
-            if button == SUMS:
-                self.add_sales(gate, till, lines)
+        for button, written in ((desk.SUMS, sales.sums), (desk.DETAIL, sales.detail)):
+            lines = filled(desk.text_by_menu(gate, button).split("\r\n"))
+            expect_same(lines, filled(written(till, sold, gate.now)), f"articles of P{gate.number} at {gate.now}")
+            if button == desk.SUMS:
+                self.keep_articles(gate, till, lines)
 
-    def add_sales(self, gate, till, lines):
-        """A shift's sums together; out of a shift those of today, which come first."""
-        totals = [Decimal(found.group(1)) for found in map(TOTAL.fullmatch, lines) if found]
+    def keep_articles(self, gate, till, lines):
+        """Of a shift the sums of its days together; out of a shift those of today, which come first."""
         if till.shift:
-            self.sums[f"articles in shifts of P{gate.number}"] += sum(totals)
+            self.sums[f"articles in shifts of P{gate.number}"] += sum(totals_in(lines))
         elif f" ({gate.now:%d/%m/%Y})" in lines:
-            self.sums[f"articles by day at P{gate.number}"] += totals[0]
+            self.sums[f"articles by day at P{gate.number}"] += totals_in(lines)[0]
 
-    def of_points(self, gate):
-        in_shift = bool(self.tills[gate.number].shift)
+    def of_registers(self, gate):
+        in_shift = self.tills[gate.number].shift
         for button, title, register, cells, heads in (
-                (NEWCOMERS, "NUEVOS P", self.ledger.newcomers, fichas.new_cells, fichas.NEW_HEADS),
-                (POINTS, "PUNTOS P", self.ledger.movements, fichas.point_cells, fichas.POINT_HEADS)):
-            gate.launched(gate.menu(button), "Explorer.exe Recursos\\Vintoral.HTML")
-            page = read_page(gate.page())
-            gate.close_menu()
-            listed = list(since_mark(reversed(register[-ROWS_OF_POINTS:]), in_shift))
+                (desk.NEWCOMERS, "NUEVOS P", self.ledger.newcomers, fichas.new_cells, fichas.NEW_HEADS),
+                (desk.POINTS, "PUNTOS P", self.ledger.movements, fichas.point_cells, fichas.POINT_HEADS)):
+            data, _ = desk.page_by_menu(gate, button)
+            page = read_page(data)
+            listed = list(since_mark(reversed(register[-ROWS_OF_REGISTERS:]), in_shift))
             expect((page.title, page.heads), (f"{title}{gate.number}", heads), "a page")
-            expect_same([row for row in page.rows if row[0] and any(row[1:])], [cells(one) for one in listed], f"{page.title} at {gate.now}")
-            if button == POINTS:
-                counted = [row[1] for row in page.rows if not row[0] and row[1]]
-                expect(counted, fichas.counts_by_day(listed) or counted[:1], f"counts of {page.title}")
+            expect_same([row for row in page.rows if row[0] and any(row[1:])], [cells(one) for one in listed],
+                        f"{page.title} at {gate.now}")
+            if button == desk.POINTS:
+                counts = [row[1] for row in page.rows if not row[0] and row[1]]
+                expect_same(counts, fichas.counts_by_day(listed) or counts, f"counts of {page.title}")
 
     # ---- The whole history ----
 
@@ -161,27 +152,14 @@ class Reports:
         if not left:
             return
         first, last = left[-1].exit, gate.now
-        page = self.expect_page(gate, gate.search(first, last), "BÚSQUEDA P", fichas.page_rows(
+        page = self.expect_page(gate, desk.search(gate, first, last), "BÚSQUEDA P", fichas.page_rows(
             left, [stamp(gate.now), f"00:00  ({first:%d/%m/%Y})", f"23:59  ({last:%d/%m/%Y})"]))
-        self.sums["searches"] += page_total(page)
+        self.sums["searches"] += total_of(page)
 
     def begin_anew(self, one, two):
         """History and lists of sales start from nothing."""
-        one.menu_row("Reiniciar Historial", ("yes", "yes"))
+        desk.press_row(one, "Reiniciar Historial", "yes", "yes")
         self.ledger.history.clear()
         for gate in (one, two):
-            gate.menu_row("Reiniciar Contador de Extras", ("yes", "yes"))
+            desk.press_row(gate, "Reiniciar Contador de Extras", "yes", "yes")
             self.tills[gate.number].sales.clear()
-
-    def close_year(self):
-        """What is left to compare when all is done."""
-        import closing
-        closing.compare(self)
-
-
-def expect_same(found, expected, what):
-    """Two lists; only where they part is told."""
-    if found == expected:
-        return
-    at = next((n for n, (one, other) in enumerate(zip(found, expected)) if one != other), min(len(found), len(expected)))
-    expect((len(found), found[at:at + 2]), (len(expected), expected[at:at + 2]), f"{what}, from {at} on")

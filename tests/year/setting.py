@@ -1,9 +1,8 @@
 """The two gates of a driven year, started on one folder with their tariffs, articles and formats."""
-import pathlib
 import subprocess
 
 import expected_sales as sales
-from hands import Gate, op
+from gate import Gate, op
 from slips import invoice, ticket
 from station import CAMERA, lines
 from tariff import ARTICLES, TARIFF
@@ -31,8 +30,8 @@ def write_settings(folder, gate, shared):
         (folder / "Objetos/Servidor.INI").write_bytes(f"{shared}\r\n".encode())
 
 
-def started(folder, number, seed, now, patience, errors):
-    gate = Gate(number, folder, errors or subprocess.DEVNULL, patience)
+def started(folder, number, seed, now):
+    gate = Gate(number, folder, subprocess.DEVNULL)
     desktop = folder.with_name(folder.name + "-desktop")
     desktop.mkdir()
     reply = gate.do("start", dir=str(folder), now=now.strftime("%Y-%m-%d %H:%M:%S"), printers=[PRINTER], printer=PRINTER,
@@ -44,11 +43,9 @@ def started(folder, number, seed, now, patience, errors):
     return gate
 
 
-def set_up(root, seed, now, patience, errors):
+def set_up(root, seed, now):
     """Both gates by their numbers, running and idle."""
-    root = pathlib.Path(root)
     one, two = root / "P01", root / "P02"
     write_settings(one, "01", None)
     write_settings(two, "02", one / "Multimedia")
-    return {"01": started(one, "01", 2 * seed, now, patience, errors),
-            "02": started(two, "02", 2 * seed + 1, now, patience, errors)}
+    return {"01": started(one, "01", 2 * seed, now), "02": started(two, "02", 2 * seed + 1, now)}

@@ -6,7 +6,7 @@ import tariff
 
 GATES = ("01", "02")
 DAY = datetime.timedelta(days=1)
-SHIFT_HOUR = datetime.time(6)
+OPENING = datetime.datetime(2026, 1, 1, 6, 1)  # nobody comes before
 
 # When vehicles come, by hour of the day.
 HOURS = (2, 1, 1, 1, 2, 6, 14, 24, 26, 20, 16, 15, 17, 18, 17, 15, 15, 18, 20, 16, 12, 9, 6, 4)
@@ -26,8 +26,12 @@ Arrival = collections.namedtuple("Arrival", "plate texts category")
 
 def reads_codes(gate, moment):
     """P02 gives tickets with codes from Monday's first shift to Saturday's, P01 at the weekend."""
-    weekend = (moment - datetime.timedelta(hours=SHIFT_HOUR.hour, minutes=1)).weekday() >= 5
+    weekend = (moment - datetime.timedelta(hours=6, minutes=1)).weekday() >= 5
     return (gate == "01") == weekend
+
+
+def other(gate):
+    return "02" if gate == "01" else "01"
 
 
 class Traffic:
@@ -64,13 +68,11 @@ class Traffic:
         _, shortest, longest = self.rng.choices(STAYS, [share for share, *_ in STAYS])[0]
         return datetime.timedelta(minutes=self.rng.randint(shortest, longest))
 
-    def moments(self, day, count):
-        """So many minutes of a day, as busy as its hours are."""
+    def moments(self, day, usual):
+        """About so many minutes of a day, as busy as its hours are."""
+        count = round(usual * self.rng.uniform(0.85, 1.15))
         for hour in self.rng.choices(range(24), HOURS, k=count):
             yield day + datetime.timedelta(hours=hour, minutes=self.rng.randrange(60))
-
-    def about(self, usual):
-        return round(usual * self.rng.uniform(0.85, 1.15))
 
     def gate(self):
         return "01" if self.rng.random() < 0.55 else "02"

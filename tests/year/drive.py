@@ -1,0 +1,46 @@
+"""Drives a year, or some days of it, and prints its totals."""
+import argparse
+import os
+import pathlib
+import sys
+import tempfile
+import time
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "scenarios"))
+
+from year import Year  # noqa: E402  its folder is the one above
+
+MEMORY = "/dev/shm"  # what a year writes must not wait for a disk
+
+
+def a_folder():
+    return tempfile.TemporaryDirectory(prefix="vintoral-year-", dir=MEMORY if os.path.isdir(MEMORY) else None)
+
+
+def drive(root, days, seed, patience=None):
+    """The totals of all reports, when each of them agrees with the account."""
+    year = Year(pathlib.Path(root), days, seed, patience)
+    try:
+        year.run()
+        return year
+    finally:
+        year.end()
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("--days", type=int, default=365)
+    parser.add_argument("--seed", type=int, default=1)
+    parser.add_argument("--patience", type=int, help="seconds of a pause that pass tick by tick; all of them if left out")
+    arguments = parser.parse_args()
+    began = time.monotonic()
+    with a_folder() as root:
+        year = drive(root, arguments.days, arguments.seed, arguments.patience)
+    for kind, total in sorted(year.reports.sums.items()):
+        print(f"{kind:32}{total:>18}")
+    print(f"{year.ledger.gone} vehicles left, {len(year.ledger.inside)} are inside; {len(year.ledger.users)} users")
+    print(f"{arguments.days} days in {time.monotonic() - began:.1f} s")
+
+
+if __name__ == "__main__":
+    main()
