@@ -2,7 +2,7 @@
 import tariff
 from checks import expect
 from gate import COPY_MILLISECONDS, key, op, printed
-from station import ESC, F1
+from station import CONTROL, ESC, F1
 
 F4, F5, F7, F8 = 115, 116, 118, 119
 HISTORY, SHIFT, SUMS, DETAIL, NEWCOMERS, POINTS = range(6)  # buttons of the menu
@@ -23,6 +23,14 @@ def sell(gate, basket, invoice):
     replies = gate.batch(*steps, *[op("advance", ms=COPY_MILLISECONDS)] * (gate.copies(invoice) - 1))
     expect(replies[-1]["waiting"], None, "behind a sale")
     return printed(replies)
+
+
+def reprice(gate, price_list):
+    """The list of articles, typed anew."""
+    text = "\r\n".join(f"{name.lower()}={price}" for name, price in price_list)
+    replies = gate.batch(key(ord("T"), CONTROL), op("click", control="Form6.LblFuncion(1)"),
+                         op("set", control="Form6.TxtTarifas(1)", text=text), op("click", control="Form6.CmdFuncion(1)"))
+    expect(replies[-1]["waiting"], None, "behind the tariff dialog")
 
 
 def answers_to(*buttons):

@@ -2,13 +2,10 @@
 import argparse
 import os
 import pathlib
-import sys
 import tempfile
 import time
 
-sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "scenarios"))
-
-from year import Year  # noqa: E402  its folder is the one above
+from year import Year
 
 MEMORY = "/dev/shm"  # what a year writes must not wait for a disk
 
@@ -17,9 +14,9 @@ def a_folder():
     return tempfile.TemporaryDirectory(prefix="vintoral-year-", dir=MEMORY if os.path.isdir(MEMORY) else None)
 
 
-def drive(root, days, seed, patience=None):
-    """The totals of all reports, when each of them agrees with the account."""
-    year = Year(pathlib.Path(root), days, seed, patience)
+def drive(root, days, seed, patience=None, whole=0):
+    """A year that is over, each of its reports in agreement with the account."""
+    year = Year(pathlib.Path(root), days, seed, patience, whole)
     try:
         year.run()
         return year

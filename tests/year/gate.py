@@ -1,6 +1,7 @@
 """One gate of a driven year: its driver at the other end of the pipe, its clock, and its file of reports."""
 import datetime
 import json
+import subprocess
 
 from checks import expect
 from station import ALT, CONTROL, Folder, Station
@@ -38,14 +39,18 @@ def printed(replies):
 class Gate(Station):
     """`patience`: how many seconds of a pause pass tick by tick; what is left of it is a jump of the clock. None: all of it."""
 
-    def __init__(self, number, folder, stderr):
-        super().__init__(stderr)
+    def __init__(self, number, folder):
+        self.launch()
         self.number = number
         self.folder = Folder(folder)
         self.patience = None
         self.codes = False  # does it read codes, or take numbers
         self.now = None
         self.passing = []  # operations of a pause, sent with the next work
+
+    def launch(self):
+        """A driver without a station."""
+        super().__init__(subprocess.DEVNULL)
 
     def batch(self, *operations):
         """All at once, behind the pause before them; the replies to them, each of them ok."""

@@ -86,12 +86,17 @@ class Till:
 
     def __init__(self, gate, last_invoice):
         self.gate = gate
-        self.prices = tariff.unit_prices(gate)
+        self.prices, self.risen = tariff.unit_prices(gate), False
         self.sales = collections.deque(maxlen=LIST_OF_SALES)
         self.sold = Decimal(0)  # whatever became of the list
         self.invoice_number = last_invoice
         self.invoices, self.invoiced = [], Decimal(0)
         self.shift = None  # when it began
+
+    def reprice(self):
+        """What was sold keeps what was paid."""
+        self.risen = not self.risen
+        self.prices = tariff.unit_prices(self.gate, self.risen)
 
     def sell(self, sold, moment):
         """The lines of one sale: the first article ends up as the newest."""

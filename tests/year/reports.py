@@ -6,6 +6,7 @@ from decimal import Decimal
 import desk
 import expected_fichas as fichas
 import expected_sales as sales
+import tariff
 from checks import expect, expect_same, filled
 from expected_fichas import stamp
 from ledger import since_mark
@@ -113,13 +114,14 @@ class Reports:
 
     # ---- Articles, points, new users ----
 
-    def of_articles(self, gate):
+    def of_articles(self, gate, again=False):
+        """`again`: their totals have been kept already."""
         till = self.tills[gate.number]
         sold = list(since_mark(till.sales, till.shift))
         for button, written in ((desk.SUMS, sales.sums), (desk.DETAIL, sales.detail)):
             lines = filled(desk.text_by_menu(gate, button).split("\r\n"))
             expect_same(lines, filled(written(till, sold, gate.now)), f"articles of P{gate.number} at {gate.now}")
-            if button == desk.SUMS:
+            if button == desk.SUMS and not again:
                 self.keep_articles(gate, till, lines)
 
     def keep_articles(self, gate, till, lines):
@@ -155,6 +157,13 @@ class Reports:
         page = self.expect_page(gate, desk.search(gate, first, last), "BÚSQUEDA P", fichas.page_rows(
             left, [stamp(gate.now), f"00:00  ({first:%d/%m/%Y})", f"23:59  ({last:%d/%m/%Y})"]))
         self.sums["searches"] += total_of(page)
+
+    def reprice(self, gate):
+        """Lists of days that are over show the prices of now, and the total that was paid."""
+        till = self.tills[gate.number]
+        till.reprice()
+        desk.reprice(gate, tariff.price_list(gate.number, till.risen))
+        self.of_articles(gate, again=True)
 
     def begin_anew(self, one, two):
         """History and lists of sales start from nothing."""

@@ -1,7 +1,6 @@
 """The two gates of a driven year, started on one folder with their tariffs, articles and formats."""
-import subprocess
-
 import expected_sales as sales
+from checks import expect
 from gate import Gate, op
 from slips import invoice, ticket
 from station import CAMERA, lines
@@ -30,22 +29,33 @@ def write_settings(folder, gate, shared):
         (folder / "Objetos/Servidor.INI").write_bytes(f"{shared}\r\n".encode())
 
 
-def started(folder, number, seed, now):
-    gate = Gate(number, folder, subprocess.DEVNULL)
-    desktop = folder.with_name(folder.name + "-desktop")
-    desktop.mkdir()
-    reply = gate.do("start", dir=str(folder), now=now.strftime("%Y-%m-%d %H:%M:%S"), printers=[PRINTER], printer=PRINTER,
+def start(gate, seed, now):
+    desktop = gate.folder.path.with_name(gate.folder.path.name + "-desktop")
+    desktop.mkdir(exist_ok=True)
+    reply = gate.do("start", dir=str(gate.folder.path), now=now.strftime("%Y-%m-%d %H:%M:%S"), printers=[PRINTER], printer=PRINTER,
                     cameras=[CAMERA], desktop=str(desktop), seed=seed)
     if reply["waiting"]:
         gate.answer("ok")  # the welcome of a first start
     gate.batch(op("advance", ms=3000))
-    gate.batch(*(op("click", control=control) for editor in EDITORS for control in editor))
-    return gate
+
+
+def restart(gate, seed):
+    """Closed and started again at once; what prints goes on printing."""
+    gate.close()
+    gate.end()
+    gate.launch()
+    start(gate, seed, gate.now)
+    buttons = gate.get("PctBoton(10)", "PctBoton(14)", "TxtBarCode")
+    expect([buttons[0]["BorderStyle"], buttons[1]["BorderStyle"], buttons[2]["Visible"]], [1, 1, gate.codes], "a gate that starts again")
 
 
 def set_up(root, seed, now):
     """Both gates by their numbers, running and idle."""
-    one, two = root / "P01", root / "P02"
-    write_settings(one, "01", None)
-    write_settings(two, "02", one / "Multimedia")
-    return {"01": started(one, "01", 2 * seed, now), "02": started(two, "02", 2 * seed + 1, now)}
+    folders = {"01": root / "P01", "02": root / "P02"}
+    write_settings(folders["01"], "01", None)
+    write_settings(folders["02"], "02", folders["01"] / "Multimedia")
+    gates = {number: Gate(number, folder) for number, folder in folders.items()}
+    for number, gate in gates.items():
+        start(gate, 1000 * seed + int(number), now)
+        gate.batch(*(op("click", control=control) for editor in EDITORS for control in editor))
+    return gates

@@ -1,19 +1,15 @@
 """What the account is made of, by hand: prices, passes, lists, and the reading of pages."""
 import datetime
-import pathlib
-import sys
 import unittest
 from decimal import Decimal
 
-sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "scenarios"))
-
-import expected_fichas as fichas  # noqa: E402
-import expected_sales as sales  # noqa: E402
-import tariff  # noqa: E402
-from checks import expect_same  # noqa: E402
-from ledger import Ficha, Ledger, Pass, Till  # noqa: E402
-from pages import BODY, END, HEAD, HEADS_ROW, ROW, ROW_END, SIZES, read_page  # noqa: E402
-from tariff import Stay  # noqa: E402
+import expected_fichas as fichas
+import expected_sales as sales
+import tariff
+from checks import expect_same
+from ledger import Ficha, Ledger, Pass, Till
+from pages import BODY, END, HEAD, HEADS_ROW, ROW, ROW_END, SIZES, read_page
+from tariff import Stay
 
 NOON = datetime.datetime(2026, 3, 1, 12)
 

@@ -8,17 +8,17 @@ from agenda import REPORT_SECOND, Agenda
 from comings import Comings
 from ledger import Ledger, Till
 from reports import Reports
-from setting import last_invoice, set_up
+from setting import last_invoice, restart, set_up
 from traffic import DAY, GATES, OPENING, Traffic, reads_codes
 
 FIRST_DAY = datetime.datetime(2026, 1, 1)
 
 
 class Year:
-    """`root`: an empty folder. `patience`: as of a gate, from the second day on; the first one passes tick by tick."""
+    """`root`: an empty folder. `patience`: as of a gate, behind the first `whole` days, which pass tick by tick."""
 
-    def __init__(self, root, days, seed, patience=None, vehicles=300, sales=60):
-        self.days, self.patience = days, patience
+    def __init__(self, root, days, seed, patience=None, whole=0, vehicles=300, sales=60):
+        self.days, self.patience, self.whole = days, patience, whole
         self.agenda = Agenda(self.day(days))
         self.traffic = Traffic(random.Random(seed), vehicles, sales)
         self.ledger = Ledger()
@@ -41,11 +41,11 @@ class Year:
     def run(self):
         for number in range(self.days):
             self.plan(self.day(number))
+            self.one.patience = self.two.patience = None if number < self.whole else self.patience
             for moment, number_of_gate, action, what in self.agenda.until(self.day(number + 1)):
                 gate = self.gates[number_of_gate]
                 gate.until(moment)
                 action(gate, *what)
-            self.one.patience = self.two.patience = self.patience
         closing.compare(self.gates, self.tills, self.ledger, self.reports)
 
     def plan(self, day):
@@ -91,6 +91,11 @@ class Year:
         if self.begins_anew(two.now) and not last:
             self.reports.begin_anew(self.one, two)
             self.reports.begin_shift(self.one)
+        if two.now.day in (5, 15):
+            for gate in (self.one, two):
+                self.reports.reprice(gate)
+        if two.now.weekday() == 6:
+            restart(two, self.traffic.rng.randrange(2**31))  # its codes must not come again
 
     @staticmethod
     def begins_anew(now):
