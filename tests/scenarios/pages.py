@@ -17,7 +17,8 @@ SIZES, END = [" <![if supportMisalignedColumns]>", " <tr height=0 style='display
 TITLE = re.compile(r"<head><TITLE>Vintoral - ([^<]*)</TITLE>")
 COLUMN = re.compile(r" <col class=xl2\d25893 width=\d+ style='mso-width-source:userset;mso-width-alt:\d+;width:\d+pt'>")
 CELL = re.compile(r"  <td class=xl[23]\d2589[34]( style='border-left:none')?>([^<>]*)</td>")
-LINK = re.compile(r"  <td class=xl2625893 style='border-left:none'><a href=\"file:///[^<>\"]*\" target=\"_blank\">(VER FOTO)</a></td>")
+LINK = re.compile(r"  <td class=xl2625893 style='border-left:none'>"
+                  r'<a href="file:///[^<>"]*" target="_blank">(VER FOTO)</a></td>')
 HIDDEN = re.compile(r"  <td width=\d+ style='width:\d+pt'></td>")
 
 

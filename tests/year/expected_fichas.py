@@ -46,9 +46,9 @@ def by_day(fichas):
 
 def cells(ficha):
     gone = not is_inside(ficha)
-    return (stamp(ficha.entry), ficha.gate_in, stamp(ficha.exit) if gone else "??", ficha.gate_out or "??", f"{ficha.number:04}",
-            ficha.category, "SIN IMAGEN", stay_text(ficha.stay) if gone else "??", money(ficha.value) if gone else "??",
-            ficha.plate, *ficha.texts)
+    left, stay, value = (stamp(ficha.exit), stay_text(ficha.stay), money(ficha.value)) if gone else ("??",) * 3
+    return (stamp(ficha.entry), ficha.gate_in, left, ficha.gate_out or "??", f"{ficha.number:04}", ficha.category,
+            "SIN IMAGEN", stay, value, ficha.plate, *ficha.texts)
 
 
 def row_of(width, **columns):

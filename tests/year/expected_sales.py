@@ -78,7 +78,8 @@ def stay_detail(ficha, with_points):
 
 
 def sale_detail(sold):
-    return ["DESCRIPCION     CANT      VALOR", RULE] + [f"{sale.article:15} {sale.quantity:3}{money(sale.value):>12}" for sale in sold]
+    rows = [f"{sale.article:15} {sale.quantity:3}{money(sale.value):>12}" for sale in sold]
+    return ["DESCRIPCION     CANT      VALOR", RULE, *rows]
 
 
 def invoice_lines(gate, number, now, value, detail_lines, percent):

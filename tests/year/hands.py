@@ -1,4 +1,4 @@
-"""The operator's hands at a vehicle: in, refused, out, back with a pass. Each is one batch, and checks what the screen shows."""
+"""The operator's hands at a vehicle: in, refused, out, back with a pass. Each is one batch and checks what the screen shows."""
 import tariff
 from checks import expect
 from gate import COPY_MILLISECONDS, box_of, key, op, printed, texts_of
@@ -26,7 +26,8 @@ def new_form(gate, ficha):
 
 def fill(ficha, texts, category, validity):
     """What differs from what the form offers."""
-    steps = [op("set", control=field, text=text) for field, text, offered in zip(TEXT_FIELDS, ficha.texts, texts) if text != offered]
+    steps = [op("set", control=field, text=text)
+             for field, text, offered in zip(TEXT_FIELDS, ficha.texts, texts) if text != offered]
     if ficha.category != category:
         steps.append(op("select", control="CboTarifa(1)", text=ficha.category))
     if validity:
@@ -60,10 +61,10 @@ def refuse(gate, ficha, number):
 
 def come_back(gate, ficha, shown):
     """A pass that enters by itself; `shown` is what is left of it."""
-    replies = gate.batch(scan(ficha.code), op("advance", ms=1000),
-                         op("get", controls=["TxtCampo(0)", "TxtCampo(1)", "TxtMaxEntrada", "CboTarifa(1)", *TEXT_FIELDS]),
-                         op("answer", button="yes"))
-    expect(texts_of(replies[2]), [str(ficha.number), ficha.plate, str(shown), ficha.category, *ficha.texts], "a pass comes back")
+    fields = ["TxtCampo(0)", "TxtCampo(1)", "TxtMaxEntrada", "CboTarifa(1)", *TEXT_FIELDS]
+    replies = gate.batch(scan(ficha.code), op("advance", ms=1000), op("get", controls=fields), op("answer", button="yes"))
+    expect(texts_of(replies[2]), [str(ficha.number), ficha.plate, str(shown), ficha.category, *ficha.texts],
+           "a pass comes back")
     expect(box_of(replies[1]), QUESTION_SAVE, "a pass comes back")
     expect(printed(replies), [], "tickets of a pass that comes back")
 
@@ -105,7 +106,8 @@ def leave(gate, ficha, answer="yes", invoice=False, given=None, clear_points=Fal
 
 def check_display(ficha, values, invoice):
     value = values["LblValor"]
-    expect(value["Caption"] if value["Visible"] else None, f"$ {ficha.value:.2f}" if ficha.priced else None, f"the value of {ficha}")
+    expect(value["Caption"] if value["Visible"] else None, f"$ {ficha.value:.2f}" if ficha.priced else None,
+           f"the value of {ficha}")
     expect(values["LblPuntos(1)"]["Caption"], str(ficha.points), f"the points of {ficha}")
     expect([values[row]["Caption"] for row in ROWS], [f"{ficha.number:04}", ficha.plate, *ficha.texts], "the rows on display")
     expect(ficha.priced and bool(values["ChkFactura"]["Value"]), invoice, f"the box of the invoice of {ficha}")

@@ -22,8 +22,9 @@ def write_settings(folder, gate, shared):
     (recursos / "Vintoral.XTR").write_bytes(lines(*(f"{name} = {price}" for name, price in ARTICLES[gate])))
     (recursos / "Vintoral.TQE").write_bytes(ticket(printer=PRINTER, header=sales.HEADER, footer=sales.FOOTER))
     (recursos / "Vintoral.FTA").write_bytes(invoice(
-        printer=PRINTER, header=sales.HEADER, prefix=f"{sales.PREFIX}\x1b", number=last_invoice(gate) - 1, tax=float(sales.STAY_TAX),
-        extras=float(sales.SALE_TAX), copy=-(gate == "02"), points=-(gate == "01"), footer=sales.FOOTER))
+        printer=PRINTER, header=sales.HEADER, prefix=f"{sales.PREFIX}\x1b", number=last_invoice(gate) - 1,
+        tax=float(sales.STAY_TAX), extras=float(sales.SALE_TAX), copy=-(gate == "02"), points=-(gate == "01"),
+        footer=sales.FOOTER))
     if shared:
         (folder / "Objetos").mkdir()
         (folder / "Objetos/Servidor.INI").write_bytes(f"{shared}\r\n".encode())
@@ -32,8 +33,8 @@ def write_settings(folder, gate, shared):
 def start(gate, seed, now):
     desktop = gate.folder.path.with_name(gate.folder.path.name + "-desktop")
     desktop.mkdir(exist_ok=True)
-    reply = gate.do("start", dir=str(gate.folder.path), now=now.strftime("%Y-%m-%d %H:%M:%S"), printers=[PRINTER], printer=PRINTER,
-                    cameras=[CAMERA], desktop=str(desktop), seed=seed)
+    reply = gate.do("start", dir=str(gate.folder.path), now=now.strftime("%Y-%m-%d %H:%M:%S"), printers=[PRINTER],
+                    printer=PRINTER, cameras=[CAMERA], desktop=str(desktop), seed=seed)
     if reply["waiting"]:
         gate.answer("ok")  # the welcome of a first start
     gate.batch(op("advance", ms=3000))
@@ -45,8 +46,8 @@ def restart(gate, seed):
     gate.end()
     gate.launch()
     start(gate, seed, gate.now)
-    buttons = gate.get("PctBoton(10)", "PctBoton(14)", "TxtBarCode")
-    expect([buttons[0]["BorderStyle"], buttons[1]["BorderStyle"], buttons[2]["Visible"]], [1, 1, gate.codes], "a gate that starts again")
+    tickets, invoices, codes = gate.get("PctBoton(10)", "PctBoton(14)", "TxtBarCode")
+    expect((tickets["BorderStyle"], invoices["BorderStyle"], codes["Visible"]), (1, 1, gate.codes), "a gate that starts again")
 
 
 def set_up(root, seed, now):

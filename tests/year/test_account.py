@@ -100,17 +100,19 @@ class Account(unittest.TestCase):
         self.assertEqual(fichas.category_lines([ficha]), ["COMPRA MES AUTO      1300000.00"])
 
     def test_a_difference_is_told_where_it_begins(self):
-        with self.assertRaisesRegex(AssertionError, r"a list, from 1 on: the station has \(2, \['b'\]\), the account \(3, \['c', 'd'\]\)"):
+        told = r"a list, from 1 on: the station has \(2, \['b'\]\), the account \(3, \['c', 'd'\]\)"
+        with self.assertRaisesRegex(AssertionError, told):
             expect_same(["a", "b"], ["a", "c", "d"], "a list")
 
 
 COLUMN = " <col class=xl2825893 width=215 style='mso-width-source:userset;mso-width-alt:7862;width:161pt'>"
 CELL = "  <td class=xl2825893>{}</td>"
+SIZE = "  <td width=215 style='width:161pt'></td>"
 
 
 def page_of(*rows, columns=1, sizes=1, behind=()):
     lines = [*HEAD, "<head><TITLE>Vintoral - ESTADO P01</TITLE>", "<style>", *BODY, *[COLUMN] * columns,
-             HEADS_ROW, CELL.format("HORA"), ROW_END, *rows, *SIZES, *["  <td width=215 style='width:161pt'></td>"] * sizes, *END, *behind]
+             HEADS_ROW, CELL.format("HORA"), ROW_END, *rows, *SIZES, *[SIZE] * sizes, *END, *behind]
     return "\r\n".join(lines).encode("cp1252")
 
 
@@ -124,8 +126,8 @@ class Pages(unittest.TestCase):
         self.assertEqual((page.title, page.heads, page.rows), ("ESTADO P01", ("HORA",), [("A & B",), ("",)]))
 
     def test_what_is_no_such_page_is_refused(self):
-        for wrong in (page_of(*row("<B>")), page_of(*row("A")[:2]), page_of(*row("A"), ROW_END), page_of(columns=2), page_of(sizes=2),
-                      page_of(behind=("more",)), page_of(ROW, CELL.format("A"), CELL.format("B"), ROW_END),
+        for wrong in (page_of(*row("<B>")), page_of(*row("A")[:2]), page_of(*row("A"), ROW_END), page_of(columns=2),
+                      page_of(sizes=2), page_of(behind=("more",)), page_of(ROW, CELL.format("A"), CELL.format("B"), ROW_END),
                       page_of(*row("A\n")), page_of().replace(b"ESTADO P01</TITLE>", b"ESTADO P01"), page_of()[:-9], b""):
             with self.subTest(page=wrong[-200:]), self.assertRaises((ValueError, IndexError)):
                 read_page(wrong)

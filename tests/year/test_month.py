@@ -1,4 +1,4 @@
-"""A month of two gates: every page, slip, list and log agrees with an account that was kept beside them, and so do all totals."""
+"""A month of two gates: each page, slip, list and log agrees with an account kept beside them, and so do all totals."""
 import os
 import unittest
 

@@ -45,7 +45,8 @@ class Traffic:
         """Somebody who was never here."""
         self.plates += 1
         letters = "".join(self.rng.choice("ABCDEFGHJKLMNÑPQRSTUVWXYZ") for _ in range(3))
-        texts = (self.rng.choice(NAMES), self.rng.choice(SURNAMES), f"3{self.rng.randrange(10**9):09}", self.rng.choice(REMARKS))
+        telephone = f"3{self.rng.randrange(10**9):09}"
+        texts = (self.rng.choice(NAMES), self.rng.choice(SURNAMES), telephone, self.rng.choice(REMARKS))
         return Arrival(f"{letters}{self.plates:04}", texts, self.category())
 
     def category(self):
