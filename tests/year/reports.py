@@ -75,13 +75,22 @@ class Reports:
         self.turn += 1
         answers = SUMMARY if self.turn % 2 else LIST
         data, papers = desk.page_by_menu(gate, desk.SHIFT, *answers)
-        left, begun, now = self.ledger.left_in_shift(), stamp(till.shift), stamp(gate.now)
-        page = self.expect_page(gate, data, "TURNO DE TRABAJO P", fichas.page_rows(left, [begun, now]))
+        page = self.expect_page_of_shift(gate, data)
         lines = self.expect_slip(gate, papers, fichas.slip(
-            left, f"Vintoral   TURNO DE TRABAJO P{number}", f"Vintoral  RESUMEN TURNO.TRA P{number}",
-            [f"INICIO -->  {begun}", f" FINAL -->  {now}"], "SALID", answers is LIST))
+            self.ledger.left_in_shift(), f"Vintoral   TURNO DE TRABAJO P{number}", f"Vintoral  RESUMEN TURNO.TRA P{number}",
+            [f"INICIO -->  {stamp(till.shift)}", f" FINAL -->  {stamp(gate.now)}"], "SALID", answers is LIST))
         self.keep(f"shifts of P{number}", page, lines)
         till.shift = None
+
+    def expect_page_of_shift(self, gate, data):
+        period = [stamp(self.tills[gate.number].shift), stamp(gate.now)]
+        return self.expect_page(gate, data, "TURNO DE TRABAJO P", fichas.page_rows(self.ledger.left_in_shift(), period))
+
+    def of_shift_so_far(self, gate):
+        """Without ending it."""
+        data, papers = desk.page_by_menu(gate, desk.HISTORY, "no")
+        self.expect_page_of_shift(gate, data)
+        expect(papers, [], "slips that nobody asked for")
 
     # ---- Days ----
 
@@ -142,9 +151,9 @@ class Reports:
             expect((page.title, page.heads), (f"{title}{gate.number}", heads), "a page")
             expect_same([row for row in page.rows if row[0] and any(row[1:])], [cells(one) for one in listed],
                         f"{page.title} at {gate.now}")
-            if button == desk.POINTS:
+            if button == desk.POINTS and listed:
                 counts = [row[1] for row in page.rows if not row[0] and row[1]]
-                expect_same(counts, fichas.counts_by_day(listed) or counts, f"counts of {page.title}")
+                expect_same(counts, fichas.counts_by_day(listed), f"counts of {page.title}")
 
     # ---- The whole history ----
 
@@ -165,10 +174,9 @@ class Reports:
         desk.reprice(gate, tariff.price_list(gate.number, till.risen))
         self.of_articles(gate, again=True)
 
-    def begin_anew(self, one, two):
-        """History and lists of sales start from nothing."""
-        desk.press_row(one, "Reiniciar Historial", "yes", "yes")
+    def begin_anew(self, gate):
+        """The history, and the gate's list of sales, start from nothing."""
+        desk.press_row(gate, "Reiniciar Historial", "yes", "yes")
         self.ledger.history.clear()
-        for gate in (one, two):
-            desk.press_row(gate, "Reiniciar Contador de Extras", "yes", "yes")
-            self.tills[gate.number].sales.clear()
+        desk.press_row(gate, "Reiniciar Contador de Extras", "yes", "yes")
+        self.tills[gate.number].sales.clear()

@@ -71,6 +71,8 @@ class Year:
             self.reports.begin_shift(gate)
 
     def afternoon(self, one):
+        self.two.until(one.now)
+        self.reports.of_shift_so_far(self.two)
         self.reports.end_shift(one)
         self.reports.begin_shift(one)
 
@@ -89,12 +91,13 @@ class Year:
             self.reports.end_shift(self.one)
             self.reports.of_the_history(self.one)
         if self.begins_anew(two.now) and not last:
-            self.reports.begin_anew(self.one, two)
+            self.reports.begin_anew(self.one)  # the other gate's list of sales fills up and loses its oldest lines
             self.reports.begin_shift(self.one)
         if two.now.day in (5, 15):
             for gate in (self.one, two):
                 self.reports.reprice(gate)
         if two.now.weekday() == 6:
+            self.reports.of_registers(two)  # out of a shift: as many rows as a page holds
             restart(two, self.traffic.rng.randrange(2**31))  # its codes must not come again
 
     @staticmethod
