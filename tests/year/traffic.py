@@ -40,6 +40,7 @@ class Traffic:
         self.vehicles, self.sales = vehicles, sales
         self.plates = 0
         self.regulars = [self.stranger() for _ in range(REGULARS)]
+        self.newest = self.stranger()  # who was never here before his last visit, and may come again at once
 
     def stranger(self):
         """Somebody who was never here."""
@@ -61,7 +62,10 @@ class Traffic:
         if draw < 0.04:
             return Arrival("", ("", "", "", ""), self.category())
         if draw < 0.12:
-            return self.stranger()
+            self.newest = self.stranger()
+            return self.newest
+        if draw < 0.15:
+            return self.newest
         one = self.rng.choice(self.regulars)
         return one._replace(category=self.category()) if draw > 0.95 else one
 
