@@ -26,13 +26,16 @@ class Comings:
         ficha = Ficha(self.free_number(gate), *one, gate.number, gate.now.replace(second=0))
         inside = self.ledger.number_of(one.plate)
         if inside:
-            return hands.refuse(gate, ficha, inside)
-        known = self.ledger.users.get(one.plate)
-        if self.traffic.chance(1):
-            hands.enter(gate, ficha, known, answer="no")
-            return
-        validity = self.rng.choice(PASSES) if gate.codes and one.plate and self.traffic.chance(8) else None
-        ficha.code = hands.enter(gate, ficha, known, validity)
+            hands.refuse(gate, ficha, inside)
+        elif self.traffic.chance(1):
+            hands.enter(gate, ficha, self.ledger.users.get(one.plate), answer="no")
+        else:
+            self.take_in(gate, ficha)
+
+    def take_in(self, gate, ficha):
+        """With a pass for some of those whose plate it can name."""
+        validity = self.rng.choice(PASSES) if gate.codes and ficha.plate and self.traffic.chance(8) else None
+        ficha.code = hands.enter(gate, ficha, self.ledger.users.get(ficha.plate), validity)
         if validity:
             mode, granted = validity
             self.ledger.passes[ficha.code] = Pass(ficha.code, ficha.plate, mode == 1, granted, gate.now.date())
@@ -82,15 +85,21 @@ class Comings:
         self.ledger.quote(ficha, gate.now, clear)
         cash = self.cash_for(ficha.value) if ficha.priced and self.traffic.chance(15) else None
         invoice = ficha.priced and self.traffic.chance(8)
-        answer = "no" if self.traffic.chance(1) else "yes"
-        papers, change = hands.leave(gate, ficha, answer, invoice, cash and cash[1], clear)
-        if cash:
-            expect(change, f"{(cash[0] - ficha.value).normalize():f}", f"the change of {ficha}")
-        if answer == "no":
+        if self.traffic.chance(1):
+            self.drive_out(gate, ficha, "no", invoice, cash, clear)
             return self.will_leave(ficha, gate.now + 3 * MINUTE)
+        papers = self.drive_out(gate, ficha, "yes", invoice, cash, clear)
         self.expect_papers(papers, self.invoice_of_stay(gate, ficha, cash and cash[0]) if invoice else [])
         self.ledger.leave(ficha, gate.number)
         self.may_come_back(ficha)
+
+    @staticmethod
+    def drive_out(gate, ficha, answer, invoice, cash, clear):
+        """Up to the answer; the documents that were printed."""
+        papers, change = hands.leave(gate, ficha, answer, invoice, cash and cash[1], clear)
+        if cash:
+            expect(change, f"{(cash[0] - ficha.value).normalize():f}", f"the change of {ficha}")
+        return papers
 
     def cash_for(self, value):
         """What is handed over, and how this operator types it."""
