@@ -1,4 +1,9 @@
 """What the station has against what the account has. A difference tells both."""
+import pathlib
+import sys
+
+# What a driven year shares with the scenarios is found there by all that import this.
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "scenarios"))
 
 
 def expect(found, expected, what):
