@@ -2,6 +2,7 @@
 import argparse
 import os
 import pathlib
+import sys
 import tempfile
 import time
 
@@ -14,11 +15,16 @@ def a_folder():
     return tempfile.TemporaryDirectory(prefix="vintoral-year-", dir=MEMORY if os.path.isdir(MEMORY) else None)
 
 
-def drive(root, days, seed, patience=None, whole=0):
-    """A year that is over, each of its reports in agreement with the account."""
+def drive(root, days, seed, patience=None, whole=0, tell=None):
+    """A year that is over, each of its reports in agreement with the account. `tell`: where to write a line a month."""
     year = Year(pathlib.Path(root), days, seed, patience, whole)
+
+    def after_day(days):
+        if tell and days % 30 == 0:
+            print(f"{days} days, {year.ledger.gone} vehicles, {sum(year.ledger.taken.values())} taken", file=tell, flush=True)
+
     try:
-        year.run()
+        year.run(after_day)
         return year
     finally:
         year.end()
@@ -32,7 +38,7 @@ def main():
     arguments = parser.parse_args()
     began = time.monotonic()
     with a_folder() as root:
-        year = drive(root, arguments.days, arguments.seed, arguments.patience)
+        year = drive(root, arguments.days, arguments.seed, arguments.patience, tell=sys.stderr)
     for kind, total in sorted(year.reports.sums.items()):
         print(f"{kind:32}{total:>18}")
     print(f"{year.ledger.gone} vehicles left, {len(year.ledger.inside)} are inside; {len(year.ledger.users)} users")

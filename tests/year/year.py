@@ -38,7 +38,8 @@ class Year:
 
     # ---- The days ----
 
-    def run(self):
+    def run(self, after_day=lambda days: None):
+        """`after_day` hears how many days are over."""
         for number in range(self.days):
             self.plan(self.day(number))
             self.one.patience = self.two.patience = None if number < self.whole else self.patience
@@ -46,6 +47,7 @@ class Year:
                 gate = self.gates[number_of_gate]
                 gate.until(moment)
                 action(gate, *what)
+            after_day(number + 1)
         closing.compare(self.gates, self.tills, self.ledger, self.reports)
 
     def plan(self, day):
