@@ -34,7 +34,7 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--days", type=int, default=365)
     parser.add_argument("--seed", type=int, default=1)
-    parser.add_argument("--patience", type=int, help="seconds of a pause that pass tick by tick; all of them if left out")
+    parser.add_argument("--patience", type=int, help="milliseconds of a pause that pass before the clock jumps; all if left out")
     arguments = parser.parse_args()
     began = time.monotonic()
     with a_folder() as root:

@@ -37,7 +37,7 @@ def printed(replies):
 
 
 class Gate(Station):
-    """`patience`: how many seconds of a pause pass tick by tick; what is left of it is a jump of the clock. None: all of it."""
+    """`patience`: how many milliseconds of a pause pass; what is left of it is a jump of the clock. None: all of it passes."""
 
     def __init__(self, number, folder):
         self.launch()
@@ -73,7 +73,7 @@ class Gate(Station):
         pause = int((moment - self.now).total_seconds() * 1000)
         if pause <= 0:
             return
-        ticks = pause if self.patience is None else min(pause, self.patience * 1000)
+        ticks = pause if self.patience is None else min(pause, self.patience)
         self.passing.append(op("advance", ms=ticks))
         if ticks < pause:
             self.passing.append(op("clock", now=moment.strftime("%Y-%m-%d %H:%M:%S")))

@@ -66,13 +66,16 @@ class Reports:
         self.ledger.begin_shift(self.tills[gate.number], gate.now)
 
     def end_shift(self, gate):
-        """What was sold and who was new first, then the end with page and slip; list and summary take turns."""
+        """The sums of what was sold first, then the end with page and slip; list and summary, articles and users take turns."""
         till, number = self.tills[gate.number], gate.number
         if not till.shift:
             return
-        self.of_articles(gate)
-        self.of_registers(gate)
         self.turn += 1
+        self.of_articles(gate, desk.SUMS)
+        if self.turn % 4 < 2:
+            self.of_articles(gate, desk.DETAIL)
+        else:
+            self.of_registers(gate)
         answers = SUMMARY if self.turn % 2 else LIST
         data, papers = desk.page_by_menu(gate, desk.SHIFT, *answers)
         page = self.expect_page_of_shift(gate, data)
@@ -107,7 +110,8 @@ class Reports:
         for line in lines[lines.index("      CATEGORIA   CANT    VALOR"):]:
             if found := SUMMED.fullmatch(line):
                 self.categories[found.group(1).strip()] += Decimal(found.group(3))
-        self.of_articles(gate)
+        self.of_articles(gate, desk.SUMS)
+        self.of_articles(gate, desk.DETAIL)
         self.of_state(gate)
 
     def of_state(self, gate):
@@ -123,15 +127,15 @@ class Reports:
 
     # ---- Articles, points, new users ----
 
-    def of_articles(self, gate, again=False):
-        """`again`: their totals have been kept already."""
+    def of_articles(self, gate, button, again=False):
+        """`again`: the totals have been kept already."""
         till = self.tills[gate.number]
         sold = list(since_mark(till.sales, till.shift))
-        for button, written in ((desk.SUMS, sales.sums), (desk.DETAIL, sales.detail)):
-            lines = filled(desk.text_by_menu(gate, button).split("\r\n"))
-            expect_same(lines, filled(written(till, sold, gate.now)), f"articles of P{gate.number} at {gate.now}")
-            if button == desk.SUMS and not again:
-                self.keep_articles(gate, till, lines)
+        expected = sales.sums if button == desk.SUMS else sales.detail
+        lines = filled(desk.text_by_menu(gate, button).split("\r\n"))
+        expect_same(lines, filled(expected(till, sold, gate.now)), f"articles of P{gate.number} at {gate.now}")
+        if button == desk.SUMS and not again:
+            self.keep_articles(gate, till, lines)
 
     def keep_articles(self, gate, till, lines):
         """Of a shift the sums of its days together; out of a shift those of today, which come first."""
@@ -172,7 +176,7 @@ class Reports:
         till = self.tills[gate.number]
         till.reprice()
         desk.reprice(gate, tariff.price_list(gate.number, till.risen))
-        self.of_articles(gate, again=True)
+        self.of_articles(gate, desk.SUMS, again=True)
 
     def begin_anew(self, gate):
         """The history, and the gate's list of sales, start from nothing."""

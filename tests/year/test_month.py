@@ -5,14 +5,14 @@ import unittest
 from drive import a_folder, drive
 from station import main
 
-DAYS = int(os.environ.get("VINTORAL_DAYS", "31"))
+DAYS = int(os.environ.get("VINTORAL_DAYS", "30"))
 SEED = 1
 
 
 class Month(unittest.TestCase):
     def test_all_reports_agree_with_the_account(self):
         with a_folder() as root:
-            year = drive(root, DAYS, SEED, patience=1, whole=1)
+            year = drive(root, DAYS, SEED, patience=200, whole=1)
         # Enough has happened for the agreement to say something.
         self.assertGreater(year.ledger.gone, 200 * DAYS)
         self.assertGreater(len(year.ledger.movements), 180 * DAYS)

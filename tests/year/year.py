@@ -15,7 +15,7 @@ FIRST_DAY = datetime.datetime(2026, 1, 1)
 
 
 class Year:
-    """`root`: an empty folder. `patience`: as of a gate, behind the first `whole` days, which pass tick by tick."""
+    """`root`: an empty folder. `patience`: as of a gate, behind the first `whole` days, which pass moment by moment."""
 
     def __init__(self, root, days, seed, patience=None, whole=0, vehicles=300, sales=60):
         self.days, self.patience, self.whole = days, patience, whole
