@@ -3,6 +3,7 @@
 #include "reports/Reunir.h"
 #include "station/form1/Archivos.h"
 #include "station/form1/Form1.h"
+#include "station/form1/Sonidos.h"
 
 namespace vintoral {
 
@@ -11,7 +12,7 @@ void Form1::ImprimirDocumentoID(std::string_view archivo) {
   if (list.Missing()) return;
   if (!list) return list.Opened().PassOver();
   ArchivoInforme page(*this, archivo::kPagina);
-  if (!page.Abierto()) return;
+  if (!page.Abierto()) return MidiWav(sonido::kClic);
   const bool points = EqualNoCase(archivo, "Vintoral.CRD");
   const DatosDocumento data{.documento = points ? Documento::kPuntos : Documento::kNuevos,
                             .porteria = NumeroPorteria,

@@ -13,7 +13,7 @@ void Form1::ImprimirHistorial(bool formatoTiquete, bool detalle) {
   if (history.Missing()) return;
   if (!history) return history.Opened().PassOver();
   ArchivoInforme page(*this, archivo::kPagina);
-  if (!page.Abierto()) return;
+  if (!page.Abierto()) return MidiWav(sonido::kClic);
   MidiWav(sonido::kClic);
   const String now = StampOf(platform_.clock.Now());
   const DatosInforme data = ReunirInforme(
