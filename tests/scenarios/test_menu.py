@@ -6,8 +6,8 @@ from sales import EXT, XTR, SalesDay, line, sales_file
 from station import ALT, BLANK, CLICK, CONTROL, ESC, MIXED_LENGTH, launches, lines, main, mixed, read_mixed, sounds, stamp
 
 SUMS, LIST, USERS, POINTS, HOURS = 2, 3, 4, 5, 6  # of CmdMenu
-ROWS = ["  Abrir Documento de Ayuda", "  Abrir Fondos de Pantalla", "  Configurar Cámara Web", "  Bloquear Funciones con Contraseña",
-        "  Memoria de Rostros (ACTIVAR)", "  Código de Barras Code39 (ACTIVAR)", "  Botón del Pánico (ACTIVAR)",
+ROWS = ["  Abrir Documento de Ayuda", "  Abrir Fondos de Pantalla", "  Configurar Cámara Web",
+        "  Bloquear Funciones con Contraseña", "  Memoria de Rostros (ACTIVAR)", "  Código de Barras Code39 (ACTIVAR)", "  Botón del Pánico (ACTIVAR)",
         "  Cambiar Formato de Tiquete", "  Cambiar Formato de Factura", "  Reiniciar Contador de Extras", "  Reiniciar Historial"]
 REFUSED = {"title": "Vintoral - Acceso Denegado", "text": "Esta función ha sido bloqueada por el administrador.",
            "icon": "exclamation", "buttons": ["ok"]}
@@ -29,7 +29,8 @@ class Menu(ReportDay, SalesDay):
 
     def log(self, count):
         data = (self.folder / "Recursos/Vintoral.FDR").read_bytes()
-        return [read_mixed(data[at:at + MIXED_LENGTH])[3] // 10000 for at in range(MIXED_LENGTH, (count + 1) * MIXED_LENGTH, MIXED_LENGTH)]
+        records = range(MIXED_LENGTH, (count + 1) * MIXED_LENGTH, MIXED_LENGTH)
+        return [read_mixed(data[at:at + MIXED_LENGTH])[3] // 10000 for at in records]
 
 
 class RowsAndButtons(Menu):
@@ -92,11 +93,15 @@ class RowsAndButtons(Menu):
         for control, position, code in [*((f"Form5.CmdMenu({n})", p, None) for n, p in buttons.items()),
                                         *((row, *at) for row, at in rows.items())]:
             with self.subTest(control=control):
-                station = self.gate(line("LAVADO", 1, 500, 900), locked=(position,), rows=(gone(2, 1, ("10:00", TODAY), "A", 1),))
+                left = gone(2, 1, ("10:00", TODAY), "A", 1)
+                station = self.gate(line("LAVADO", 1, 500, 900), locked=(position,), rows=(left,))
                 before = self.log(3)
                 files = self.folder.all_bytes()
                 self.menu(station)
-                reply = station.click(control) if isinstance(control, str) else station.do("select", control="Form5.LstMenu", index=control)
+                if isinstance(control, str):
+                    station.click(control)
+                else:
+                    station.do("select", control="Form5.LstMenu", index=control)
                 self.assertBox(station, REFUSED)
                 reply = station.answer("ok")
                 self.assertEqual((reply["waiting"], reply["events"]), ({"form": "Form5"}, []))
@@ -137,8 +142,8 @@ class Extras(Menu):
             " (20/11/2026)", " 14:05 LAVADO         3  1500.00", " 09:05 aceite         1   700.00",
             " (19/11/2026)", " 00:05 LAVADO         1   500.00", f" {LINE}", "                 TOTAL $ 2700.00", f" {RULE}",
             f" {RULE}", "       DESC    CONTADOR    VALOR", f" {RULE}",
-            " LAVADO               4  2000.00", " ACEITE               1   800.00", f" {LINE}", "                 TOTAL $ 2700.00",
-            f" {RULE}", "", ""])
+            " LAVADO               4  2000.00", " ACEITE               1   800.00", f" {LINE}",
+            "                 TOTAL $ 2700.00", f" {RULE}", "", ""])
 
     def test_a_list_without_sales_has_heads_and_no_block(self):
         station = self.gate()
@@ -150,7 +155,8 @@ class Extras(Menu):
 
     def test_in_a_shift_they_stop_at_its_mark_and_begin_anew_behind_the_next(self):
         station = self.gate(*self.SOLD)
-        head = ["", " Vintoral   TURNO DE TRABAJO P01", " INICIO -->  14:00  (20/11/2026)", "  FINAL -->  14:00  (20/11/2026)", f" {RULE}"]
+        head = ["", " Vintoral   TURNO DE TRABAJO P01", " INICIO -->  14:00  (20/11/2026)",
+                "  FINAL -->  14:00  (20/11/2026)", f" {RULE}"]
         self.begin_shift(station)
         self.sell(station, (0, 3))
         self.menu(station, SUMS)
@@ -167,8 +173,8 @@ class Extras(Menu):
         self.begin_shift(station)
         self.sell(station, (1, 2))
         self.menu(station, SUMS)
-        self.assertEqual(self.report_text()[8:12], [" (20/11/2026)", " LAVADO               0     0.00", " ACEITE               2  1600.00",
-                                                    f" {LINE}"])
+        self.assertEqual(self.report_text()[8:12], [" (20/11/2026)", " LAVADO               0     0.00",
+                                                    " ACEITE               2  1600.00", f" {LINE}"])
 
     def test_a_reset_counter_ends_the_list(self):
         station = self.gate(*self.SOLD)
@@ -199,7 +205,8 @@ class Documents(Menu):
         self.folder.write("Multimedia/Vintoral.CRD", b"".join(row.encode() for row in points))
 
     def user(self, number, date, plate, **more):
-        return gone(number, number, ("10:00", date), plate, Nombre="ANA", Apellido="RUIZ", Telefono="300", Observacion="ROJO", **more)
+        return gone(number, number, ("10:00", date), plate, Nombre="ANA", Apellido="RUIZ", Telefono="300", Observacion="ROJO",
+                    **more)
 
     def test_new_users_by_day(self):
         station = self.gate()
@@ -211,11 +218,12 @@ class Documents(Menu):
         self.assertEqual(page.title, "Vintoral - NUEVOS P01")
         self.assertEqual(page.heads, ["HORA ENTRADA", "PE", *labels[:2], "IMAGEN", *labels[2:], "CATEGORIA"])
         empty = [""] * 9
+
         def row(date, plate, photo):
             return [stamp("09:00", date), "01", plate, "ANA", photo, "RUIZ", "300", "ROJO", "AUTOMOVIL"]
 
-        self.assertEqual(page.rows, [row(TODAY, "TWO", "SIN IMAGEN"), empty, empty, empty, row(YESTERDAY, "ONE", "VER FOTO"), empty,
-                                     empty, [stamp("14:00", TODAY), *empty[1:]], empty])
+        self.assertEqual(page.rows, [row(TODAY, "TWO", "SIN IMAGEN"), empty, empty, empty, row(YESTERDAY, "ONE", "VER FOTO"),
+                                     empty, empty, [stamp("14:00", TODAY), *empty[1:]], empty])
 
     def test_movements_of_points_by_day_with_their_count(self):
         station = self.gate()
@@ -228,14 +236,15 @@ class Documents(Menu):
         self.assertEqual(page.title, "Vintoral - PUNTOS P01")
         self.assertEqual(page.heads, ["HORA SALIDA", *labels[:2], "IMAGEN", *labels[2:], "CATEGORIA", "PUNTOS"])
         empty = [""] * 9
+
         def row(date, plate, photo, points):
             return [stamp("10:00", date), plate, "ANA", photo, "RUIZ", "300", "ROJO", "AUTOMOVIL", points]
 
         def count(number):
             return ["", number, *empty[2:]]
 
-        self.assertEqual(page.rows, [row(TODAY, "TRI", "VER FOTO", "96"), row(TODAY, "TWO", "SIN IMAGEN", "-3"), empty, count("2"),
-                                     row(YESTERDAY, "ONE", "SIN IMAGEN", "7"), empty, count("1"),
+        self.assertEqual(page.rows, [row(TODAY, "TRI", "VER FOTO", "96"), row(TODAY, "TWO", "SIN IMAGEN", "-3"), empty,
+                                     count("2"), row(YESTERDAY, "ONE", "SIN IMAGEN", "7"), empty, count("1"),
                                      empty, [stamp("14:00", TODAY), *empty[1:]], empty])
 
     def test_in_a_shift_they_hold_what_came_in_it(self):

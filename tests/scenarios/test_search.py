@@ -75,7 +75,8 @@ class Criteria(Search):
 
     def test_each_box_looks_in_its_own_field(self):
         fields = {"b5": "PLACA", "b6": "NOMBRE", "b7": "APELL", "b8": "TELEF", "b9": "OBSER"}
-        row = gone(2, 4, ("10:00", TODAY), "xPLACAx", Nombre="xnombre", Apellido="APELLx", Telefono="telef", Observacion=" obser ")
+        row = gone(2, 4, ("10:00", TODAY), "xPLACAx", Nombre="xnombre", Apellido="APELLx", Telefono="telef",
+                   Observacion=" obser ")
         station = self.searching(row)
         for box, text in fields.items():
             with self.subTest(box=box):
@@ -120,7 +121,8 @@ class Criteria(Search):
 
     def test_a_date_that_is_none_finds_nothing(self):
         station = self.searching()
-        for box, text in (("b1", ""), ("b3", ""), ("b1", "AYER"), ("b3", "31/02/2026"), ("b0", ""), ("b2", "24:00"), ("b1", "20/11/26")):
+        for box, text in (("b1", ""), ("b3", ""), ("b1", "AYER"), ("b3", "31/02/2026"), ("b0", ""), ("b2", "24:00"),
+                          ("b1", "20/11/26")):
             with self.subTest(box=box, text=text):
                 self.search(station)
                 self.assertEqual(self.found(station), ["BOB2", "ANA1"])

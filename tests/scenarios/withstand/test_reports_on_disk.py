@@ -72,8 +72,8 @@ class FullDisk(Reports, trouble.SmallDisk):
 
     def test_each_report_says_so_and_leaves_no_half_of_it(self):
         gate = self.gate()
-        for kind, name in (("state", "Vintoral.HTML"), ("sheet", "Vintoral.HTML"), (HISTORY, "Vintoral.HTML"), (USERS, "Vintoral.HTML"),
-                           (SUMS, "Vintoral.RGT"), (LIST_OF_SALES, "Vintoral.RGT")):
+        for kind, name in (("state", "Vintoral.HTML"), ("sheet", "Vintoral.HTML"), (HISTORY, "Vintoral.HTML"),
+                           (USERS, "Vintoral.HTML"), (SUMS, "Vintoral.RGT"), (LIST_OF_SALES, "Vintoral.RGT")):
             with self.subTest(kind=kind):
                 self.fill()
                 if kind == "sheet":
