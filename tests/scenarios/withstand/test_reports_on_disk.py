@@ -246,12 +246,12 @@ class Absent(Reports):
 
     def test_in_the_middle_of_a_search(self):
         """The folder goes and comes while the history is read: all of it is found, or nothing has happened."""
-        rows = 20_000
+        rows = 6000
         gate = self.gate(rows)
         self.open_search(gate)
         self.search(gate)
         self.assertEqual(gate.state("TotalVista"), rows)
-        elsewhere, stop = self.root / "elsewhere", threading.Event()
+        elsewhere, stop, seen = self.root / "elsewhere", threading.Event(), []
 
         def flap():
             while not stop.is_set():
@@ -262,9 +262,10 @@ class Absent(Reports):
         flapping = threading.Thread(target=flap)
         flapping.start()
         try:
-            for turn in range(30):
+            for _ in range(40):
                 gate.focus("Form2.TxtCampo(4)")
                 reply = self.search(gate)
+                seen.append("box" if gate.box else "found" if SEARCH_FOUND in sounds(reply) else "link")
                 if gate.box is not None:
                     self.assertBox(gate, NOTHING_FOUND)
                     gate.answer("ok")
@@ -276,6 +277,8 @@ class Absent(Reports):
         finally:
             stop.set()
             flapping.join()
+        self.assertIn("found", seen)
+        self.assertTrue({"box", "link"} & set(seen), "the folder was never away")
         gate.focus("Form2.TxtCampo(4)")
         self.search(gate)
         self.assertEqual(gate.state("TotalVista"), rows)
