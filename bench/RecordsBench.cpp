@@ -2,12 +2,10 @@
 // each measured work, on the same files, in the same run.
 #include <benchmark/benchmark.h>
 
-#include <filesystem>
-
 #include "PlainReads.h"
 #include "Slots.h"
+#include "WorkDisk.h"
 #include "common/Numbers.h"
-#include "platform/PosixDisk.h"
 #include "records/ArchivosNuevos.h"
 #include "records/BuscarCodigo.h"
 #include "records/BuscarPlaca.h"
@@ -81,28 +79,13 @@ void FillCodes(Disk& disk) {
 }
 
 /// A folder with a full house and very many users, made once.
-class Premises {
+class Premises : public WorkDisk {
  public:
-  Premises() : disk_(Make()) {
-    FillSlots(disk_);
-    FillUsers(disk_);
-    FillCodes(disk_);
+  Premises() {
+    FillSlots(disk());
+    FillUsers(disk());
+    FillCodes(disk());
   }
-  ~Premises() {
-    std::error_code ignored;
-    std::filesystem::remove_all(disk_.CurrentFolder().ToUtf8(), ignored);
-  }
-  Premises(const Premises&) = delete;
-  Premises& operator=(const Premises&) = delete;
-
-  PosixDisk& disk() { return disk_; }
-
- private:
-  static std::string Make() {
-    std::string name = (std::filesystem::temp_directory_path() / "vintoral-bench-XXXXXX").string();
-    return mkdtemp(name.data()) ? name : "/nonexistent";
-  }
-  PosixDisk disk_;
 };
 
 Premises& TheHouse() {

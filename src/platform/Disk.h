@@ -100,6 +100,11 @@ class Disk {
   virtual Outcome ReplaceUnsynced(std::string_view path, std::string_view bytes) {
     return Replace(path, bytes);
   }
+  /// Whether such a power cut leaves the old file or the new one, whole: not every file system has a file's
+  /// bytes on the disk before its name.
+  virtual bool LeavesOldOrNew(std::string_view /*path*/) const { return false; }
+  /// Another one each time the machine is started; empty where that is not known.
+  virtual String BootId() const { return {}; }
   /// Begins to replace the whole file; one that is missing holds nothing. One at a time for each file, and
   /// the disk outlives it. A real disk never has the whole in memory, and works while the station goes on;
   /// others do all of it in Commit.

@@ -239,6 +239,18 @@ Outcome PosixDisk::ReplaceUnsynced(std::string_view path, std::string_view bytes
   return written ? file.TakePlace() : written;
 }
 
+bool PosixDisk::LeavesOldOrNew(std::string_view path) const {
+  struct statfs system {};
+  return statfs(FolderOf(FileItself(path)).c_str(), &system) == 0 && system.f_type == EXT4_SUPER_MAGIC;
+}
+
+String PosixDisk::BootId() const {
+  const Descriptor file(open("/proc/sys/kernel/random/boot_id", O_RDONLY | O_CLOEXEC));
+  std::array<char, 64> text{};
+  const ssize_t got = file.Number() < 0 ? 0 : read(file.Number(), text.data(), text.size());
+  return Trim(std::string_view(text.data(), static_cast<std::size_t>(std::max<ssize_t>(got, 0))));
+}
+
 namespace {
 
 /// The disk's own thread opens and writes the file, and does what is left behind a Commit.

@@ -35,6 +35,9 @@ class PosixDisk final : public Disk {
   /// Keeps the permissions of the file that was there; refuses one that may not be written.
   Outcome Replace(std::string_view path, std::string_view bytes) override;
   Outcome ReplaceUnsynced(std::string_view path, std::string_view bytes) override;
+  /// On ext4, which writes the bytes of a file that takes another one's place before its name.
+  bool LeavesOldOrNew(std::string_view path) const override;
+  String BootId() const override;
   /// Opened, written and synced beside the station's thread, which waits for it in Commit. Left behind that
   /// are the sync of the new file's name and the freeing of the old file; the next Commit waits for them too.
   std::unique_ptr<Replacement> BeginReplacement(std::string_view path) override;

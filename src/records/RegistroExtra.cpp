@@ -63,4 +63,30 @@ String ListaExtrasEnBlanco() {
   return String(std::move(list));
 }
 
+namespace {
+
+/// The lines of a list as whole records.
+std::string_view Enteros(std::string_view list) {
+  return list.substr(0, list.size() / RegistroExtra::kSize * RegistroExtra::kSize);
+}
+
+}  // namespace
+
+String ListaConLineas(std::string_view lista, std::string_view lineas) {
+  constexpr std::size_t kLength = kRenglonesVenta * RegistroExtra::kSize;
+  std::string list;
+  list.reserve(std::max(kLength, lista.size()) + RegistroExtra::kSize);
+  list += lineas.substr(0, kLength);  // the lock of functions stands behind the list
+  const std::string_view before = lista.substr(0, kLength);
+  list += Enteros(before).substr(0, kLength - list.size());
+  if (std::string_view piece = before.substr(Enteros(before).size());
+      piece.size() == RegistroExtra::kSize - 1 && list.size() < kLength)
+    list.append(piece).push_back('\0');
+  const auto blank = RegistroExtra{}.Encode();
+  while (list.size() < kLength)
+    list.append(blank.data(), blank.size());
+  list += lista.substr(before.size());
+  return String(std::move(list));
+}
+
 }  // namespace vintoral

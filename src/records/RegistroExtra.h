@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <string_view>
 
 #include "common/Money.h"
 #include "common/String.h"
@@ -45,5 +46,9 @@ std::array<char, RegistroExtra::kSize> ConMarcaTurno(std::span<const char, Regis
 inline constexpr std::int64_t kRenglonesVenta = 5000;
 /// A list of blank records, 230,000 bytes: what a new file begins with.
 String ListaExtrasEnBlanco();
+/// The bytes of the file with `lineas`, whole records, on top of the list, which has as many places further
+/// down, the oldest gone. What stands behind the list stays, byte for byte. A list that was cut is whole
+/// again; a line of which more than the byte left over is missing was none.
+String ListaConLineas(std::string_view lista, std::string_view lineas);
 
 }  // namespace vintoral

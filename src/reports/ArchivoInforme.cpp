@@ -1,5 +1,6 @@
 #include "reports/ArchivoInforme.h"
 
+#include "station/form1/AvisoImpresion.h"
 #include "station/form1/Form1.h"
 
 namespace vintoral {
@@ -43,6 +44,7 @@ Outcome ArchivoInforme::Reemplazar() {
 }
 
 bool ArchivoInforme::Publicar(const Outcome& escrito) {
+  if (EsInterrumpido(escrito)) return false;
   const Outcome published = escrito ? Reemplazar() : escrito;
   published.PassOver();
   if (!published) Avisar();
@@ -50,16 +52,7 @@ bool ArchivoInforme::Publicar(const Outcome& escrito) {
 }
 
 void ArchivoInforme::Avisar() const {
-  const std::string_view ruta = ruta_;
-  const String name(ruta.substr(ruta.rfind('\\') + 1));
-  form_.Devices().screen.Show(
-      {"Vintoral - Imposible Imprimir"_w,
-       "La carpeta '"_w + form_.Devices().disk.CurrentFolder() +
-           "' está protegida contra escritura. No es posible crear el archivo de impresión \""_w + name +
-           "\"."_w,
-       Icon::kExclamation,
-       {Answer::kOk},
-       Answer::kOk});
+  AvisarImposibleImprimir(form_.Devices(), ruta_);
 }
 
 }  // namespace vintoral

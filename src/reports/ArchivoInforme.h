@@ -24,7 +24,8 @@ class ArchivoInforme {
   bool Abierto() const { return archivo_ != nullptr; }
   /// Where its pieces go, one behind the other. Not used beyond this.
   vintoral::Destino Destino();
-  /// Puts the file in its place when it was `escrito`; else, and when that fails, the operator is told.
+  /// Puts the file in its place when it was `escrito`; else, and when that fails, the operator is told,
+  /// unless he has ended it himself.
   bool Publicar(const Outcome& escrito);
 
  private:

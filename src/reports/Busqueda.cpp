@@ -130,10 +130,12 @@ PruebaRegistro::PruebaRegistro(const Criterios& criterios)
 
 std::optional<PruebaRegistro::Limite> PruebaRegistro::LimiteDe(std::string_view fecha,
                                                                std::string_view hora) {
-  const std::optional<Moment> moment = ParseDateTime(Trim(fecha) + " "_w + Trim(hora) + ":00"_w);
-  if (!moment) return std::nullopt;
-  const Civil civil = moment->Parts();
-  return Limite{NumeroDeFecha(civil), civil.hour * 100 + civil.minute};
+  // Each by itself: a time box that holds both makes up for no date.
+  const std::optional<Moment> day = ParseDateTime(Trim(fecha) + " 00:00:00"_w);
+  const std::optional<Moment> time = ParseDateTime("01/01/2000 "_w + Trim(hora) + ":00"_w);
+  if (!day || !time) return std::nullopt;
+  const Civil civil = time->Parts();
+  return Limite{NumeroDeFecha(day->Parts()), civil.hour * 100 + civil.minute};
 }
 
 bool PruebaRegistro::EnHorario(const char* sello) const {

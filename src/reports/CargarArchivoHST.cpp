@@ -1,6 +1,8 @@
+#include <functional>
 #include <utility>
 #include <vector>
 
+#include "reports/Avance.h"
 #include "reports/Busqueda.h"
 #include "reports/form2/Form2.h"
 #include "station/form1/Form1.h"
@@ -23,46 +25,48 @@ Criterios CriteriosDe(const Form2& form) {
   return wanted;
 }
 
-/// Years of history take their time: it is seen how far the search is, and Esc ends it.
-class Avance {
+/// The share that is done, told what is left of it: the first time is the beginning.
+class Resto {
  public:
-  explicit Avance(Screen& screen) : screen_(screen) {}
-  Avance(const Avance&) = delete;
-  Avance& operator=(const Avance&) = delete;
-  ~Avance() { screen_.Worked(); }
-
-  bool Sigue(std::int64_t porMirar) {
+  double Hecho(std::int64_t porMirar) {
     if (total_ == 0) total_ = std::max<std::int64_t>(porMirar, 1);
-    const double left = static_cast<double>(porMirar) / static_cast<double>(total_);
-    ended_ = !screen_.Working("Buscando en el historial…"_w, 1 - left);
-    return !ended_;
+    return 1 - static_cast<double>(porMirar) / static_cast<double>(total_);
   }
-  bool Terminado() const { return ended_; }
 
  private:
-  Screen& screen_;
   std::int64_t total_ = 0;
-  bool ended_ = false;
 };
 
 void PasarPorAlto(const Outcome& read) {
   if (!read.Missing()) read.PassOver();
 }
 
-/// False, and the view as it was, when the operator has ended it.
-bool CargarCoincidencias(Form1& form) {
+using Sigue = std::function<bool(std::int64_t porMirar)>;
+
+std::vector<RegistroFicha> Coincidencias(const Form1& form, const Sigue& sigue) {
   PruebaRegistro test(CriteriosDe(*form.Form2));
   Disk& disk = form.Devices().disk;
   std::vector<RegistroFicha> view;
   const auto found = [&view](const RegistroFicha& record) { view.push_back(record); };
-  Avance way(form.Devices().screen);
   if (form.Form2->ChkFichas.Value != 0)
     PasarPorAlto(BuscarActivas(disk, form.RutaCompartida("Vintoral.ACT"), form.TotalFichas, test, found));
-  PasarPorAlto(BuscarHistorial(disk, form.RutaCompartida("Vintoral.HST"), test, found,
-                               [&way](std::int64_t left) { return way.Sigue(left); }));
-  if (way.Terminado()) return false;
+  PasarPorAlto(BuscarHistorial(disk, form.RutaCompartida("Vintoral.HST"), test, found, sigue));
+  return view;
+}
+
+void Mostrar(Form1& form, std::vector<RegistroFicha> view) {
   form.LiberarMemoria();
   form.VistaFichas = std::move(view);
+}
+
+/// False, and the view as it was, when the operator or the end of the program has ended it.
+bool CargarCoincidencias(Form1& form) {
+  Avance way(form, "Buscando en el historial…"_w);
+  Resto rest;
+  std::vector<RegistroFicha> view =
+      Coincidencias(form, [&](std::int64_t left) { return way.Sigue(rest.Hecho(left)); });
+  if (way.Interrumpido()) return false;
+  Mostrar(form, std::move(view));
   return true;
 }
 
@@ -79,10 +83,15 @@ void DecirQueNoHay(Form1& form) {
 }  // namespace
 
 void Form1::CargarArchivoHST() {
-  if (Form2 == nullptr || !HayConexion()) return;
-  const bool pedida = Form2->Pedida();
-  if (!CargarCoincidencias(*this)) return Form2->Interrumpir();
-  if (!pedida) return;  // a ficha has come or gone: the same search again, without a word
+  if (Form2 == nullptr) return;
+  // The matches of before would else be printed as those of another range.
+  if (!HayConexion()) return Form2->Interrumpir();
+  // A ficha has come or gone: its sale waits for no box.
+  if (!Form2->Pedida()) return Mostrar(*this, Coincidencias(*this, [](std::int64_t) { return true; }));
+  if (!CargarCoincidencias(*this)) {
+    if (Form2 != nullptr) Form2->Interrumpir();
+    return;
+  }
   InicioPagina = 1;
   if (TotalVista() > 0) {
     MidiWav(sonido::kCelda);

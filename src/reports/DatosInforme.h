@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "common/Moment.h"
 #include "common/String.h"
 
 namespace vintoral {
@@ -31,6 +32,17 @@ CabezaInforme CabezaDeDia(const String& ahora);
 /// `carpeta` is one of carpeta_fotos.
 using FotoInforme = std::function<std::optional<String>(std::string_view carpeta, std::int64_t numero)>;
 
+/// Told which share of a report is done, 0 to 1, as its rows are written; false ends it.
+using SigueInforme = std::function<bool(double hecho)>;
+inline bool SigueSiempre(double /*hecho*/) {
+  return true;
+}
+
+/// From when to when a report may reach, where that is known.
+struct PeriodoInforme {
+  Moment desde, hasta;
+};
+
 /// The format in which it goes to a printer.
 struct FormatoTira {
   String impresora;
@@ -47,6 +59,8 @@ struct DatosInforme {
   bool busqueda = false;
   std::optional<FormatoTira> tira;  ///< nothing where only the page is asked for
   FotoInforme foto;
+  SigueInforme sigue = SigueSiempre;
+  std::optional<PeriodoInforme> periodo = {};
 };
 
 }  // namespace vintoral

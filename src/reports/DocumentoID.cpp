@@ -116,12 +116,14 @@ Outcome EscribirDocumentoID(const DatosDocumento& datos, const Register<Registro
                             Destino destino) {
   const std::int64_t last = archivo.Count().PassOver().value_or(0);
   Lista list(datos, last, std::move(destino));
-  const std::int64_t first = std::max<std::int64_t>(last - kLimiteFilas + 1, 1);
-  archivo
-      .WalkBack(last, first,
-                [&](std::int64_t number, const RegistroFicha& ficha) { return list.Mirar(number, ficha); })
-      .PassOver();
-  return list.Terminar();
+  const std::int64_t first = std::max<std::int64_t>(last - datos.limite + 1, 1);
+  bool ended = false;
+  const auto look = [&](std::int64_t number, const RegistroFicha& ficha) {
+    ended = !datos.sigue(static_cast<double>(last - number) / static_cast<double>(last - first + 1));
+    return !ended && list.Mirar(number, ficha);
+  };
+  archivo.WalkBack(last, first, look).PassOver();
+  return ended ? InformeInterrumpido() : list.Terminar();
 }
 
 }  // namespace vintoral

@@ -22,14 +22,13 @@ struct DatosDocumento {
   String ahora;     ///< a stamp
   std::array<String, 5> etiquetas;
   bool turnoActivo = false;
+  std::int64_t limite = 0;  ///< at most so many records are read, the newest
   FotoInforme foto;
+  SigueInforme sigue = SigueSiempre;
 };
 
-/// At most so many records are read, the newest.
-inline constexpr std::int64_t kLimiteFilas = 10946;
-
 /// From the last whole record back, in a shift down to the one that was last when it began. What can't be
-/// read ends the list, with a line on standard error; the outcome is that of writing.
+/// read ends the list, with a line on standard error; the outcome is that of writing, or EsInterrumpido.
 Outcome EscribirDocumentoID(const DatosDocumento& datos, const Register<RegistroFicha>& archivo,
                             Destino destino);
 

@@ -2,6 +2,7 @@
 // day.
 #pragma once
 
+#include <cerrno>
 #include <cstddef>
 #include <functional>
 #include <memory>
@@ -14,6 +15,14 @@ namespace vintoral {
 
 /// Takes the next piece of a file. Nothing is given to it any more once it has failed.
 using Destino = std::function<Outcome(std::string_view pieza)>;
+
+/// What becomes of a report that the operator has ended: nobody needs to be told.
+inline Outcome InformeInterrumpido() {
+  return Outcome::Failed("go on with", "a report", ECANCELED);
+}
+inline bool EsInterrumpido(const Outcome& informe) {
+  return informe.Error() == ECANCELED;
+}
 
 class Escritor {
  public:

@@ -1,4 +1,5 @@
 #include "reports/ArchivoInforme.h"
+#include "reports/Avance.h"
 #include "reports/DocumentoID.h"
 #include "reports/Reunir.h"
 #include "station/form1/Archivos.h"
@@ -13,13 +14,16 @@ void Form1::ImprimirDocumentoID(std::string_view archivo) {
   if (!list) return list.Opened().PassOver();
   ArchivoInforme page(*this, archivo::kPagina);
   if (!page.Abierto()) return MidiWav(sonido::kClic);
+  Avance way(*this, EscribiendoInforme());
   const bool points = EqualNoCase(archivo, "Vintoral.CRD");
   const DatosDocumento data{.documento = points ? Documento::kPuntos : Documento::kNuevos,
                             .porteria = NumeroPorteria,
                             .ahora = StampOf(platform_.clock.Now()),
                             .etiquetas = EtiquetasDeDatos(*this),
                             .turnoActivo = TurnoActivo,
-                            .foto = FotoEnDisco(*this)};
+                            .limite = LimiteFilas,
+                            .foto = FotoEnDisco(*this),
+                            .sigue = [&way](double done) { return way.Sigue(done); }};
   if (page.Publicar(EscribirDocumentoID(data, list, page.Destino())))
     platform_.system.Launch("Explorer.exe "_w + String(archivo::kPagina));
 }

@@ -1,4 +1,5 @@
 #include "reports/ArchivoInforme.h"
+#include "reports/Avance.h"
 #include "reports/HojaFicha.h"
 #include "reports/InformeFichas.h"
 #include "reports/Reunir.h"
@@ -31,6 +32,16 @@ InformeHecho Hoja(const Form1& form, Destino destino) {
   return {EscribirHoja(data, form.FichaMostrada(), std::move(destino)), std::nullopt};
 }
 
+InformeHecho Estado(const Form1& form, bool formatoTiquete, bool detalle, Destino destino) {
+  Avance way(form, EscribiendoInforme());
+  DatosInforme data = ReunirInforme(form, CabezaDePantalla(form), formatoTiquete, detalle);
+  data.sigue = [&way](double done) { return way.Sigue(done); };
+  // A monitor's tick fills the view anew while the report is written; what was searched for stays.
+  const std::vector<RegistroFicha> shown =
+      form.Form2 == nullptr ? form.VistaFichas : std::vector<RegistroFicha>();
+  return InformeEstado(data, form.Form2 == nullptr ? shown : form.VistaFichas, std::move(destino));
+}
+
 }  // namespace
 
 void Form1::ImprimirEstado(bool formatoTiquete, bool detalle) {
@@ -38,8 +49,8 @@ void Form1::ImprimirEstado(bool formatoTiquete, bool detalle) {
   if (TotalVista() < 1) return MidiWav(sonido::kClic);
   ArchivoInforme page(*this, archivo::kPagina);
   if (!page.Abierto()) return MidiWav(sonido::kClic);
-  const DatosInforme data = ReunirInforme(*this, CabezaDePantalla(*this), formatoTiquete, detalle);
-  InformeHecho done = sheet ? Hoja(*this, page.Destino()) : InformeEstado(data, VistaFichas, page.Destino());
+  InformeHecho done =
+      sheet ? Hoja(*this, page.Destino()) : Estado(*this, formatoTiquete, detalle, page.Destino());
   const bool published = page.Publicar(done.pagina);
   // The money of a shift is counted on paper, whatever has become of the page.
   if (done.tira) platform_.printer.EndDoc(std::move(*done.tira));

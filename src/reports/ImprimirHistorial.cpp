@@ -1,5 +1,6 @@
 #include "records/Register.h"
 #include "reports/ArchivoInforme.h"
+#include "reports/Avance.h"
 #include "reports/InformeFichas.h"
 #include "reports/Reunir.h"
 #include "station/form1/Archivos.h"
@@ -16,8 +17,12 @@ void Form1::ImprimirHistorial(bool formatoTiquete, bool detalle) {
   if (!page.Abierto()) return MidiWav(sonido::kClic);
   MidiWav(sonido::kClic);
   const String now = StampOf(platform_.clock.Now());
-  const DatosInforme data = ReunirInforme(
-      *this, TurnoActivo ? CabezaDeTurno(MarcaTurno, now) : CabezaDeDia(now), formatoTiquete, detalle);
+  Avance way(*this, EscribiendoInforme());
+  DatosInforme data = ReunirInforme(*this, TurnoActivo ? CabezaDeTurno(MarcaTurno, now) : CabezaDeDia(now),
+                                    formatoTiquete, detalle);
+  data.sigue = [&way](double done) { return way.Sigue(done); };
+  if (const std::optional<Moment> began = MomentOfStamp(MarcaTurno); TurnoActivo && began)
+    data.periodo = {*began, platform_.clock.Now()};
   InformeHecho done = InformeHistorial(data, history, TurnoActivo, page.Destino());
   const bool published = page.Publicar(done.pagina);
   // The money of a shift is counted on paper, whatever has become of the page.

@@ -1,10 +1,11 @@
 #include "reports/form2/Form2.h"
-#include "station/form1/Form1.h"
+#include "station/form1/Foco.h"
 #include "station/form1/Monitor.h"
 #include "station/form1/PreguntaPapel.h"
 #include "station/form1/Sonidos.h"
 
 namespace vintoral {
+
 void Form1::ImprimirRegistros() {
   // A monitor is watched, and what was just found is to be seen: neither is held up by questions.
   const bool asks = !HayMonitor(*this) && (Form2 == nullptr || !Form2->Pedida());
@@ -16,7 +17,7 @@ void Form1::ImprimirRegistros() {
   if (!paper || Terminado()) return;
   ImprimirEstado(paper->tira, paper->detalle);
   MidiWav(sonido::kClic);
-  SetFocus(&TxtCampo[0]);
+  FocoAlNumero(*this);
   TmrConexion.Restart();
 }
 

@@ -11,6 +11,8 @@ InformeHecho InformeEstado(const DatosInforme& datos, std::span<const RegistroFi
     if (i > 0 && date != before) report.CerrarDia();
     before = date;
     if (vista[i].EnUso) report.Fila(vista[i], date);
+    if (!datos.sigue(static_cast<double>(i + 1) / static_cast<double>(vista.size())))
+      return InformeFichas::Interrumpir();
   }
   if (!vista.empty()) report.CerrarDia();
   return report.Terminar(static_cast<std::int64_t>(vista.size()));

@@ -15,7 +15,7 @@
 namespace vintoral {
 
 struct InformeHecho {
-  Outcome pagina;                     ///< whether it was written whole
+  Outcome pagina;                     ///< whether it was written whole, or ended, EsInterrumpido
   std::optional<PrintDocument> tira;  ///< for the printer
 };
 
@@ -28,6 +28,8 @@ class InformeFichas {
   /// The subtotal of the rows since the last one.
   void CerrarDia();
   InformeHecho Terminar(std::int64_t registros);
+  /// The operator has had enough: no page, no slip.
+  static InformeHecho Interrumpir() { return {.pagina = InformeInterrumpido(), .tira = {}}; }
 
  private:
   PaginaFichas pagina_;

@@ -34,6 +34,10 @@ FotoInforme FotoEnDisco(const Form1& form) {
   };
 }
 
+String EscribiendoInforme() {
+  return "Escribiendo el informe…"_w;
+}
+
 DatosInforme ReunirInforme(const Form1& form, CabezaInforme cabeza, bool formatoTiquete, bool detalle) {
   return {.cabeza = std::move(cabeza),
           .porteria = form.NumeroPorteria,

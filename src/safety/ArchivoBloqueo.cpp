@@ -4,6 +4,7 @@
 
 #include "records/RecordFile.h"
 #include "station/form1/Archivos.h"
+#include "station/form1/ListaVentas.h"
 
 namespace vintoral {
 namespace {
@@ -64,6 +65,7 @@ Result<RegistroBloqueo> LeerBloqueo(Disk& disk) {
 }
 
 Outcome GuardarBloqueo(Disk& disk, const RegistroBloqueo& bloqueo) {
+  AsentarListaVentas(disk).PassOver();
   disk.ClearReadOnly(archivo::kVentas).PassOver();
   const Result<std::unique_ptr<DiskFile>> file = Abrir(disk, OpenMode::kReadWrite);
   if (!file) return file.Why();

@@ -6,12 +6,14 @@
 #include "records/RegistroExtra.h"
 #include "station/form1/Archivos.h"
 #include "station/form1/Form1.h"
+#include "station/form1/ListaVentas.h"
 
 namespace vintoral {
 namespace {
 
 /// The newest sale is the last one before the shift. Sales push its mark down the list.
 void MarcarVentas(Disk& disk) {
+  AsentarListaVentas(disk).PassOver();
   if (!disk.Exists(archivo::kVentas)) return;
   disk.ClearReadOnly(archivo::kVentas).PassOver();
   const Result<std::unique_ptr<DiskFile>> file = disk.Open(archivo::kVentas, OpenMode::kReadWrite);

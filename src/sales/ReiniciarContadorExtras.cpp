@@ -2,21 +2,14 @@
 #include <memory>
 
 #include "records/RegistroExtra.h"
+#include "sales/Advertir.h"
 #include "station/form1/Archivos.h"
 #include "station/form1/Form1.h"
+#include "station/form1/ListaVentas.h"
 #include "station/form1/Sonidos.h"
 
 namespace vintoral {
 namespace {
-
-bool Advertir(Screen& screen) {
-  const Box box{"Vintoral - ADVERTENCIA"_w,
-                "Está a punto de reiniciar el contador de extras.\r\n¿Desea continuar?"_w,
-                Icon::kCritical,
-                {Answer::kYes, Answer::kNo},
-                Answer::kNo};
-  return screen.Show(box) == Answer::kYes;
-}
 
 /// The newest line becomes the one at which reports stop. A file in which nothing stands says so already.
 Outcome CerrarLista(DiskFile& file) {
@@ -28,6 +21,7 @@ Outcome CerrarLista(DiskFile& file) {
 }
 
 Outcome CerrarLista(Disk& disk) {
+  AsentarListaVentas(disk).PassOver();
   disk.ClearReadOnly(archivo::kVentas).PassOver();
   const Result<std::unique_ptr<DiskFile>> file = disk.Open(archivo::kVentas, OpenMode::kReadWrite);
   return file ? CerrarLista(**file) : file.Why();
@@ -39,7 +33,7 @@ void Form1::ReiniciarContadorExtras() {
   if (!platform_.disk.Exists(archivo::kVentas)) return;
   const bool wanted = Preguntar("Vintoral - Reiniciar Extras"_w,
                                 "¿Desea realmente reiniciar el contador de extras?"_w, Answer::kNo);
-  if (!wanted || !Advertir(platform_.screen)) return;
+  if (!wanted || !Advertir(platform_.screen, "el contador de extras"_w)) return;
   CerrarLista(platform_.disk).PassOver();
   MidiWav(sonido::kExtrasReiniciados);
 }

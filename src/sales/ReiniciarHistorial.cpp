@@ -1,5 +1,6 @@
 #include <string_view>
 
+#include "sales/Advertir.h"
 #include "station/form1/Form1.h"
 #include "station/form1/Fotos.h"
 #include "station/form1/Sonidos.h"
@@ -9,15 +10,6 @@ namespace {
 
 /// Where a station has its own data, shared or not.
 constexpr std::string_view kHistorial = "Multimedia\\Vintoral.HST";
-
-bool Advertir(Screen& screen) {
-  const Box box{"Vintoral - ADVERTENCIA"_w,
-                "Está a punto de reiniciar el historial actual.\r\n¿Desea continuar?"_w,
-                Icon::kCritical,
-                {Answer::kYes, Answer::kNo},
-                Answer::kNo};
-  return screen.Show(box) == Answer::kYes;
-}
 
 /// Years of photos take their time: they are moved out of sight, and deleted beside the work at the gate.
 void VaciarFotos(Form1& form, std::string_view carpeta) {
@@ -39,7 +31,7 @@ void Form1::ReiniciarHistorial() {
   if (!disk.Exists(kHistorial)) return;
   const bool wanted = Preguntar("Vintoral - Reiniciar Historial"_w,
                                 "¿Desea realmente comenzar un nuevo historial?"_w, Answer::kNo);
-  if (!wanted || !Advertir(platform_.screen)) return;
+  if (!wanted || !Advertir(platform_.screen, "el historial actual"_w)) return;
   // Photos without their history would be nobody's, a history without its photos half of one.
   if (!QuitarArchivo(disk, String(kHistorial))) return platform_.screen.Beep();
   VaciarFotos(*this, carpeta_fotos::kDetalles);

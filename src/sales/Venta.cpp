@@ -44,11 +44,6 @@ RegistroExtra RegistroDe(const Renglon& renglon, const Civil& moment) {
           .Cantidad = renglon.cantidad};
 }
 
-/// The lines of a list as whole records.
-std::string_view Enteros(std::string_view list) {
-  return list.substr(0, list.size() / RegistroExtra::kSize * RegistroExtra::kSize);
-}
-
 }  // namespace
 
 Money ImporteDe(Money precio, std::int64_t cantidad) {
@@ -74,26 +69,14 @@ String DetalleDeVenta(const std::vector<Renglon>& venta) {
   return detail;
 }
 
-String ListaConVenta(std::string_view lista, const std::vector<Renglon>& venta, Moment momento) {
-  constexpr std::size_t kLength = kRenglonesVenta * RegistroExtra::kSize;
+String LineasDeVenta(const std::vector<Renglon>& venta, Moment momento) {
   const Civil moment = momento.Parts();
-  std::string list;
-  list.reserve(std::max(kLength, lista.size()) + RegistroExtra::kSize);
+  std::string lines;
   for (const Renglon& renglon : venta) {
-    if (list.size() == kLength) break;  // the lock of functions stands behind the list
     const auto bytes = RegistroDe(renglon, moment).Encode();
-    list.append(bytes.data(), bytes.size());
+    lines.append(bytes.data(), bytes.size());
   }
-  const std::string_view before = lista.substr(0, kLength);
-  list += Enteros(before).substr(0, kLength - list.size());
-  if (std::string_view piece = before.substr(Enteros(before).size());
-      piece.size() == RegistroExtra::kSize - 1 && list.size() < kLength)
-    list.append(piece).push_back('\0');
-  const auto blank = RegistroExtra{}.Encode();
-  while (list.size() < kLength)
-    list.append(blank.data(), blank.size());
-  list += lista.substr(before.size());
-  return String(std::move(list));
+  return String(std::move(lines));
 }
 
 }  // namespace vintoral

@@ -1,4 +1,4 @@
-// A sale of articles: what it comes to, what an invoice says of it, and the list of sales with it on top.
+// A sale of articles: what it comes to, what an invoice says of it, and its lines in the list of sales.
 #pragma once
 
 #include <cstdint>
@@ -28,9 +28,7 @@ bool EsImporte(Money suma);
 /// The rows of an invoice of 31 columns, CR LF between them.
 String DetalleDeVenta(const std::vector<Renglon>& venta);
 
-/// The bytes of the list behind a sale: its lines on top in their order, all others as many places further
-/// down, the oldest gone. What stands behind the list stays, byte for byte. A list that was cut is whole
-/// again; a line of which more than the byte left over is missing was none.
-String ListaConVenta(std::string_view lista, const std::vector<Renglon>& venta, Moment momento);
+/// Its lines as the list of sales has them, one behind the other.
+String LineasDeVenta(const std::vector<Renglon>& venta, Moment momento);
 
 }  // namespace vintoral

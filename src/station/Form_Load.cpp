@@ -6,6 +6,7 @@
 #include "station/form1/Correo.h"
 #include "station/form1/Form1.h"
 #include "station/form1/Funciones.h"
+#include "station/form1/ListaVentas.h"
 #include "station/form1/Sonidos.h"
 
 namespace vintoral {
@@ -46,6 +47,7 @@ void Form1::Form_Load() {
   CargarMoneda();
   CrearTablasPredeterminadas();
   CargarEtiquetas();
+  AsentarListaVentas(platform_.disk).PassOver();
   CargarContraseña();
   CargarTablas();
   CargarTiquete();

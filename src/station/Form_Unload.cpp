@@ -1,5 +1,6 @@
 #include "station/form1/Form1.h"
 #include "station/form1/Funciones.h"
+#include "station/form1/ListaVentas.h"
 
 namespace vintoral {
 
@@ -12,6 +13,7 @@ void Form1::Form_Unload() {
   WebCamGuardarIndice();
   GuardarEstadoPantalla();
   GuardarMarcas();
+  AsentarListaVentas(platform_.disk).PassOver();
   RegistrarHoraTrabajo(funcion::kCerrarPrograma);
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "camera/formcamara/FormCamara.h"
 #include "reports/form2/Form2.h"
@@ -52,7 +53,7 @@ constexpr std::array kMakers = {Maker{"Form2", Form2::kTitulo, &Make<Form2Window
 
 }  // namespace
 
-Dialogs::Dialogs(Forms& forms, MainWindow& main) : forms_(forms), main_(main) {
+Dialogs::Dialogs(Forms& forms, MainWindow& main) : forms_(forms), main_(main), front_(&forms.Main()) {
   main_.OnRefresh = [this] { Refresh(); };
 }
 
@@ -67,6 +68,15 @@ void Dialogs::Refresh() {
     DialogWindow* const window = form->Shown() ? WindowOf(*form) : windows_.value(form);
     if (window != nullptr) window->Refresh();
   }
+  BringForward();
+}
+
+// Who has typed his search goes on at the main screen, without reaching for the mouse.
+void Dialogs::BringForward() {
+  const Form* const front = std::exchange(front_, &forms_.Active());
+  if (front == front_ || forms_.IsModal(*front_)) return;
+  QWidget* const window = Active();
+  if (window->isVisible() && !window->isActiveWindow()) window->activateWindow();
 }
 
 void Dialogs::RetireGone() {

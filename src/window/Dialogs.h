@@ -29,11 +29,13 @@ class Dialogs {
  private:
   void Refresh();
   void RetireGone();
+  void BringForward();
   DialogWindow* WindowOf(Form& form);
 
   Forms& forms_;
   MainWindow& main_;
   QHash<const Form*, DialogWindow*> windows_;
+  const Form* front_;  ///< that keys reached when this looked last
 };
 
 }  // namespace vintoral

@@ -1,7 +1,8 @@
-// Any bytes as a line of the list of sales, and as a whole list: a line takes any time and keeps the rest,
-// and a sale stands on top of whatever there was.
+// Any bytes as a line of the list of sales, as a whole list, and as its journal: a line takes any time and
+// keeps the rest, and a sale stands on top of whatever there was.
 #include <algorithm>
 
+#include "records/DiarioVentas.h"
 #include "records/RegistroExtra.h"
 #include "sales/Venta.h"
 
@@ -26,11 +27,22 @@ void TakesAnyTime(std::string_view data) {
 void TakesASale(std::string_view data) {
   using namespace vintoral;
   constexpr std::size_t kList = kRenglonesVenta * RegistroExtra::kSize;
-  const String list = ListaConVenta(data, {{"CAFE"_w, 2, Money::FromUnits(5000)}}, Moment());
+  const String list = ListaConLineas(data, LineasDeVenta({{"CAFE"_w, 2, Money::FromUnits(5000)}}, Moment()));
   const std::size_t whole = std::min(data.size(), kList - RegistroExtra::kSize) / RegistroExtra::kSize;
   const std::size_t kept = whole * RegistroExtra::kSize;
   const std::string_view moved = std::string_view(list).substr(RegistroExtra::kSize, kept);
   if (list.Size() != std::max(data.size(), kList) || moved != data.substr(0, kept)) __builtin_trap();
+}
+
+/// What is read of a journal is written the same, and stands where the next entry leaves it.
+void IsAJournal(std::string_view data) {
+  using namespace vintoral;
+  const DiarioVentas journal = LeerDiario(data);
+  std::string again;
+  for (const AnotacionVenta& sale : journal.anotaciones)
+    again += EnDiario(sale).Bytes();
+  if (again.size() != journal.fin || LeerDiario(again).anotaciones != journal.anotaciones) __builtin_trap();
+  if (ListaAlDia(String(data), journal.anotaciones, "").Size() < data.size()) __builtin_trap();
 }
 
 }  // namespace
@@ -39,5 +51,6 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
   const std::string_view bytes(reinterpret_cast<const char*>(data), size);
   TakesAnyTime(bytes);
   TakesASale(bytes);
+  IsAJournal(bytes);
   return 0;
 }

@@ -74,6 +74,8 @@ class FaultyDisk final : public Disk {
     const Outcome refused = RefusesNew();
     return refused ? disk_.ReplaceUnsynced(path, bytes) : refused;
   }
+  bool LeavesOldOrNew(std::string_view path) const override { return disk_.LeavesOldOrNew(path); }
+  String BootId() const override { return disk_.BootId(); }
   Outcome CreateNew(std::string_view path, std::string_view bytes) override {
     const Outcome refused = RefusesNew();
     return refused ? disk_.CreateNew(path, bytes) : refused;

@@ -48,6 +48,11 @@ class MemoryDisk final : public Disk {
   /// The files that were opened or read while an append lock was held, in order.
   const std::vector<std::string>& UsedUnderLock() const { return locks_->used; }
 
+  /// What kind of file system this is.
+  void SetLeavesOldOrNew(bool leaves) { leavesOldOrNew_ = leaves; }
+  /// The machine is started anew.
+  void SetBootId(std::string_view id) { bootId_ = String(id); }
+
   String CurrentFolder() const override { return folder_; }
   bool Exists(std::string_view path) const override { return files_.contains(Key(path)); }
   std::optional<FileMark> Look(std::string_view path) const override {
@@ -91,6 +96,8 @@ class MemoryDisk final : public Disk {
     Put(path, bytes);
     return Outcome::Done();
   }
+  bool LeavesOldOrNew(std::string_view /*path*/) const override { return leavesOldOrNew_; }
+  String BootId() const override { return bootId_; }
   Outcome CreateNew(std::string_view path, std::string_view bytes) override {
     const std::string key = Key(path);
     if (files_.contains(key) || folders_.contains(key)) return Outcome::Failed("make", key, EEXIST);
@@ -278,6 +285,8 @@ class MemoryDisk final : public Disk {
   std::map<std::string, bool> folders_;
   std::set<std::string> beingWritten_;
   std::set<std::string> links_;
+  bool leavesOldOrNew_ = true;
+  String bootId_ = "1"_w;
   std::int64_t puts_ = 0;
   std::shared_ptr<int> syncs_ = std::make_shared<int>(0);
   std::shared_ptr<Locks> locks_ = std::make_shared<Locks>();

@@ -121,19 +121,19 @@ bool DesktopScreen::Working(const String& what, double done) {
   constexpr std::chrono::milliseconds kUntilShown{500};
   if (!progress_) {
     if (BeforeWaiting) BeforeWaiting();
-    progress_ = std::make_unique<QProgressDialog>(Utf16(what), Caption(Answer::kCancel), 0, kSteps,
-                                                  Owner ? Owner() : nullptr);
+    progress_ =
+        new QProgressDialog(Utf16(what), Caption(Answer::kCancel), 0, kSteps, Owner ? Owner() : nullptr);
     progress_->setWindowModality(Qt::ApplicationModal);  // which lets its setValue serve the events
     progress_->setMinimumDuration(static_cast<int>(kUntilShown.count()));
     progress_->setAutoReset(false);
     progress_->setAutoClose(false);
   }
   progress_->setValue(static_cast<int>(done * kSteps));
-  return !progress_->wasCanceled();
+  return progress_ && !progress_->wasCanceled();
 }
 
 void DesktopScreen::Worked() {
-  progress_.reset();
+  delete progress_;
 }
 
 void DesktopScreen::Beep() {

@@ -5,8 +5,8 @@
 // character, which may be a bar code reader's.
 #pragma once
 
+#include <QPointer>
 #include <functional>
-#include <memory>
 
 #include "platform/Screen.h"
 #include "platform/desktop/ReaderGuard.h"
@@ -38,7 +38,7 @@ class DesktopScreen : public Screen {
 
  private:
   ReaderGuard guard_;
-  std::unique_ptr<QProgressDialog> progress_;
+  QPointer<QProgressDialog> progress_;  ///< goes with the window that it belongs to, too
   bool busy_ = false;
 };
 

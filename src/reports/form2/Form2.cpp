@@ -31,7 +31,6 @@ void VaciarRejilla(Form1& form) {
   form.LiberarMemoria();
   form.InicioPagina = 1;
   form.LimpiarPantalla();
-  form.LimpiarCampos();
   form.LblInfo[0].Caption = "0 ( 1/1 )  "_w;
 }
 
@@ -48,6 +47,7 @@ void VolverAlMonitor(Form1& form, const String& minutos) {
 
 }  // namespace
 
+// What is typed or on display stays: a search is often made for it.
 Form2::Form2(Form1& station) : Form("Form2"), station_(station) {
   station_.Form2 = this;
   Nombrar();
@@ -91,6 +91,7 @@ void Form2::ValoresIniciales() {
   for (std::size_t i = kNumero; i < TxtCampo.size(); ++i)
     TxtCampo[i].SetText({});
   CboTarifa.Select(0);
+  ChkFichas.Value = 0;
 }
 
 void Form2::Conectar() {
@@ -156,12 +157,13 @@ void Form2::Iniciar() {
 void Form2::Buscar() {
   station_.CargarArchivoHST();
   if (interrumpida_ || station_.Terminado()) return;
-  station_.ImprimirIndice();
+  if (station_.TotalVista() > 0) station_.ImprimirIndice();
   station_.PctBoton_Click(static_cast<int>(boton::kImprimir));
 }
 
 void Form2::Limpiar() {
   VaciarRejilla(station_);
+  station_.LimpiarCampos();
   ValoresIniciales();
   station_.MidiWav(sonido::kClic);
   SetFocus(&TxtCampo[kNumero]);
@@ -176,6 +178,7 @@ void Form2::Form_Unload() {
   for (const boton::Index monitor : kMonitores)
     station_.PctBoton[monitor].Visible = true;
   VolverAlMonitor(station_, minutos_);
+  station_.InicioPagina = 1;
   // Stopped for as long as the tick takes: it draws the grid at a main gate without a monitor too.
   station_.TmrHorario.SetEnabled(false);
   station_.TmrMonitor_Timer();

@@ -17,6 +17,8 @@ inline constexpr std::string_view kFactura = "Recursos\\Vintoral.FTA";
 inline constexpr std::string_view kFacturas = "Recursos\\Vintoral.HFC";
 /// The extras sold, newest first, and behind them the lock of functions.
 inline constexpr std::string_view kVentas = "Recursos\\Vintoral.EXT";
+/// What the list may lack after a power cut.
+inline constexpr std::string_view kDiarioVentas = "Recursos\\Vintoral.EXT.diario";
 /// The page of the report that was made last.
 inline constexpr std::string_view kPagina = "Recursos\\Vintoral.HTML";
 /// The log of functions; and the text of the report that was made last.

@@ -499,8 +499,6 @@ class Form1 : public ScreenModel {
   void ImprimirContadorExtra();
   /// New users (Vintoral.NSR) or movements of points (Vintoral.CRD) as a page.
   void ImprimirDocumentoID(std::string_view archivo);
-  /// Here ends the shift that is under way: `marca` is the flag of a record.
-  bool FinPeriodo(bool marca) const { return TurnoActivo && marca; }
 
   // ---- Sounds
   // ------------------------------------------------------------------------------------------------

@@ -124,6 +124,13 @@ void Hands::Leave(const std::string& form) {
   DoWith(form, [](Input& input, Form& found) { input.Leave(found); });
 }
 
+void Hands::Use(const std::string& form) {
+  Form* const found = forms_.Ended() ? nullptr : forms_.Find(form);
+  if (found == nullptr || &forms_.Active() == found) return;
+  forms_.Activate(*found);
+  afterwards_();
+}
+
 void Hands::CloseBox(const std::string& form) {
   DoWith(form, [](Input& input, Form& found) { input.CloseBox(found); });
 }

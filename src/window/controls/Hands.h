@@ -35,6 +35,8 @@ class Hands {
   void Scroll(const ControlId& id, int top);
   void MoveCaret(const ControlId& id, int start, int length);
   void Leave(const std::string& form);
+  /// The window of this form has come to the front: keys are its own from here on.
+  void Use(const std::string& form);
   void CloseBox(const std::string& form);
 
  private:

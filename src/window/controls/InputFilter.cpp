@@ -78,6 +78,9 @@ bool InputFilter::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::ToolTip:  // a button that was pressed meanwhile has another text
       if (InWindow(watched) && IsUnder(watched, *static_cast<QHelpEvent*>(event))) Hover(watched);
       return false;
+    case QEvent::WindowActivate:
+      if (watched == &window_) hands_.Use(mirror_.Snapshot().name);
+      return false;
     case QEvent::Enter:
       if (InWindow(watched)) Hover(watched);
       return false;

@@ -18,6 +18,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 
 const std::string kBlanco = Encoded(RegistroFicha{});
+constexpr std::int64_t kLimite = 10946;
 constexpr const char* kVacia = "|||||||||";
 constexpr const char* kAhora = "18:00  (21/11/2026)|||||||||";
 
@@ -27,6 +28,7 @@ DatosDocumento De(Documento documento, bool turno = false) {
           .ahora = "18:00  (21/11/2026)"_w,
           .etiquetas = {"PLACA"_w, "NOMBRE"_w, "APELLIDO"_w, "TELEFONO"_w, "OBSERVACI"_w},
           .turnoActivo = turno,
+          .limite = kLimite,
           .foto = test::SinFotos};
 }
 
@@ -151,7 +153,7 @@ TEST(DocumentoID, AShiftWithNothingInItYet) {
 
 TEST(DocumentoID, NoMoreRecordsThanTheLimit) {
   std::string file;
-  for (std::int64_t i = 0; i < kLimiteFilas + 1; ++i)
+  for (std::int64_t i = 0; i < kLimite + 1; ++i)
     file += Encoded(Registro(i == 0 ? "PRIMERO" : i == 1 ? "SEGUNDO" : "X", "19/11/2026"));
   const std::vector<std::string> rows = Puntos(file);
   ASSERT_EQ(rows.size(), 10946U + 5);

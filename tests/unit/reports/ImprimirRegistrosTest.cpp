@@ -57,6 +57,14 @@ TEST_F(ImprimirRegistrosTest, WhatIsHeardAndOpened) {
   EXPECT_EQ(Form.Focus(), &Form.TxtCampo[0]);
 }
 
+TEST_F(ImprimirRegistrosTest, AnEntryThatIsTypedGoesOn) {
+  Station.Hands.ReplaceText(Form.TxtCampo[0], "0005"_w);
+  Station.Hands.Key(keys::kEnter, 0);
+  Station.Hands.Focus(Form.TxtCampo[2]);
+  F4({Answer::kNo});
+  EXPECT_EQ(Form.Focus(), &Form.TxtCampo[2]);
+}
+
 TEST_F(ImprimirRegistrosTest, RowByRowOnASlip) {
   F4({Answer::kYes, Answer::kNo});
   EXPECT_EQ(Station.Boxes[1].text, "¿Desea imprimir sólo un resumen de los registros?"_w);

@@ -69,6 +69,10 @@ TEST(Venta, TheMarkOfAStayIsABlankOnAnInvoice) {
             "A B               1        1.00"_w);
 }
 
+String ListaConVenta(std::string_view list, const std::vector<Renglon>& sale, Moment moment) {
+  return ListaConLineas(list, LineasDeVenta(sale, moment));
+}
+
 TEST(ListaConVenta, AnEmptyFileBecomesAListWithTheSaleOnTop) {
   const String list = ListaConVenta("", {Line("MINUTO CELULAR", 3, 200), Line("CAFE", 1, 5000)}, At(14, 5));
   ASSERT_EQ(list.Size(), kList);

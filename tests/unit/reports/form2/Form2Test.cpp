@@ -6,6 +6,7 @@
 
 #include "station/form1/Sonidos.h"
 #include "unit/network/RejillaFixture.h"
+#include "unit/reports/ImpatientScreen.h"
 
 namespace vintoral {
 namespace {
@@ -172,6 +173,61 @@ TEST_F(Form2Test, NothingFoundIsSaidOnce) {
   EXPECT_FALSE(Disk.Exists(kPage));
 }
 
+TEST_F(Form2Test, AfterNothingFoundThePageLineStays) {
+  Open();
+  Start();
+  ASSERT_EQ(Page(), "2 ( 1/1 )  ");
+  Put(Form2::kDatos, "zzz");
+  Station.Answers = {Answer::kOk};
+  Start();
+  EXPECT_THAT(Cells(), IsEmpty());
+  EXPECT_EQ(Form.TotalVista(), 0);
+  EXPECT_EQ(Page(), "2 ( 1/1 )  ");
+}
+
+TEST_F(Form2Test, WhatIsTypedStaysWhenItOpens) {
+  Hands().ReplaceText(Form.TxtCampo[0], "0005"_w);
+  Hands().Key(keys::kEnter, 0);
+  Hands().ReplaceText(Form.TxtCampo[2], "JUAN"_w);
+  ASSERT_TRUE(Form.TxtCampo[0].Locked);
+  Open();
+  EXPECT_EQ(Form.TxtCampo[0].Text(), "0005"_w);
+  EXPECT_EQ(Form.TxtCampo[2].Text(), "JUAN"_w);
+  // Esc begins anew, the main screen too.
+  Hands().Key(keys::kEscape, 0);
+  EXPECT_EQ(Form.TxtCampo[2].Text(), ""_w);
+}
+
+TEST_F(Form2Test, ClosingShowsTheFirstPageOfThoseInside) {
+  Fill(60);
+  Open();
+  Form.InicioPagina = 51;
+  Hands().Key(keys::kF5, 0);
+  EXPECT_EQ(Page(), "60 ( 1/2 )  ");
+  EXPECT_EQ(Form.InicioPagina, 1);
+}
+
+TEST_F(Form2Test, WithoutTheFolderOldMatchesAreNotPrinted) {
+  Open();
+  Start();
+  ASSERT_THAT(Found(), ElementsAre("0009", "0008"));
+  Disk.Remove(kPage).PassOver();
+  Disk.Remove("Multimedia\\Vintoral.ACT").PassOver();
+  Put(Form2::kDesdeFecha, "01/11/2026");
+  Start();
+  EXPECT_THAT(Found(), ElementsAre("0009", "0008"));
+  EXPECT_FALSE(Disk.Exists(kPage));
+}
+
+TEST_F(Form2Test, ATimeBoxDoesNotMakeUpForADate) {
+  Open();
+  Put(Form2::kDesdeFecha, "");
+  Put(Form2::kDesdeHora, "20/11/2026 00:00");
+  Station.Answers = {Answer::kOk};
+  Start();
+  EXPECT_THAT(Found(), IsEmpty());
+}
+
 TEST_F(Form2Test, ADateThatIsNoneFindsNothing) {
   Open();
   Put(Form2::kDesdeFecha, "32/13/2026");
@@ -238,6 +294,8 @@ TEST_F(Form2Test, EscBeginsAnew) {
   Open();
   Put(Form2::kDesdeFecha, "01/01/2020");
   Put(Form2::kDatos, "abc");
+  Hands().Click(Search().ChkFichas);
+  ASSERT_EQ(Search().ChkFichas.Value, 1);
   Start();
   ASSERT_GT(Form.TotalVista(), 0);
   ASSERT_THAT(Cells(), testing::Not(IsEmpty()));
@@ -247,6 +305,7 @@ TEST_F(Form2Test, EscBeginsAnew) {
   EXPECT_THAT(Station.Heard(), ElementsAre(String(sonido::kClic)));
   EXPECT_EQ(Box(Form2::kDesdeFecha), "20/11/2026");
   EXPECT_EQ(Box(Form2::kDatos), "");
+  EXPECT_EQ(Search().ChkFichas.Value, 0);
   EXPECT_THAT(Cells(), IsEmpty());
   EXPECT_EQ(Form.TotalVista(), 0);
   EXPECT_EQ(Page(), "0 ( 1/1 )  ");
@@ -339,25 +398,9 @@ TEST_F(Form2Test, TheMonitorIsTheOneOfTheNextStart) {
   EXPECT_EQ(Form.PctBoton[boton::kUltimosEnSalir].BorderStyle, 1);
 }
 
-/// A screen on which Esc is pressed while the work goes on.
-class Impatient : public RecordingScreen {
- public:
-  using RecordingScreen::RecordingScreen;
-  bool Working(const String& what, double done) override {
-    Said = what;
-    Shares.push_back(done);
-    return !Ends;
-  }
-  void Worked() override { ++Ended; }
-  bool Ends = false;
-  String Said;
-  std::vector<double> Shares;
-  int Ended = 0;
-};
-
 TEST(LongSearch, EscLeavesTheScreenAsItWas) {
   test::MemoryStation station;
-  Impatient screen(station.Events, station.Clock);
+  test::ImpatientScreen screen(station.Events, station.Clock);
   Form1 form(Platform{station.Clock, screen, station.Sound, station.System, station.Faulty, station.Pictures,
                       station.Printer, station.Chance, station.Camera, station.Mail});
   screen.OnWait = [&screen] { static_cast<void>(screen.Answer(Answer::kOk)); };
@@ -379,11 +422,11 @@ TEST(LongSearch, EscLeavesTheScreenAsItWas) {
   hands.Focus(form.Form2->TxtCampo[Form2::kCampos - 1]);
   hands.Key(keys::kEnter, 0);
   ASSERT_EQ(form.TotalVista(), 20'000);
-  EXPECT_EQ(screen.Said, "Buscando en el historial…"_w);
-  EXPECT_GT(screen.Shares.size(), 1u);
-  EXPECT_TRUE(std::is_sorted(screen.Shares.begin(), screen.Shares.end()));
-  EXPECT_DOUBLE_EQ(screen.Shares.back(), 1.0);
-  EXPECT_EQ(screen.Ended, 1);
+  const std::vector<double> shares = screen.Shares[test::kSearching];
+  EXPECT_GT(shares.size(), 1u);
+  EXPECT_TRUE(std::is_sorted(shares.begin(), shares.end()));
+  EXPECT_DOUBLE_EQ(shares.back(), 1.0);
+  EXPECT_EQ(screen.Ended, 2) << "the search and its page";
 
   form.OpenForms.Activate(*form.Form2);
   station.Events.Take();
@@ -393,8 +436,14 @@ TEST(LongSearch, EscLeavesTheScreenAsItWas) {
   hands.Key(keys::kEnter, 0);
   EXPECT_EQ(form.TotalVista(), 20'000);
   EXPECT_THAT(station.Launched(), IsEmpty());
-  EXPECT_EQ(screen.Ended, 2);
+  EXPECT_EQ(screen.Ended, 3);
   EXPECT_EQ(&form.OpenForms.Active(), form.Form2);
+
+  // A ficha that has come or gone waits for no box.
+  screen.Shares.clear();
+  form.CargarVista();
+  EXPECT_EQ(form.TotalVista(), 0);
+  EXPECT_THAT(screen.Shares, IsEmpty());
 }
 
 }  // namespace
