@@ -129,6 +129,7 @@ void CheckDocument(const Register<RegistroFicha>& file, unsigned char choice) {
                             .ahora = "18:00  (21/11/2026)"_w,
                             .etiquetas = {},
                             .turnoActivo = (choice & kShift) != 0,
+                            .limite = 10946,
                             .foto = EveryOther};
   std::string page;
   if (!EscribirDocumentoID(data, file, Into(page))) __builtin_trap();
