@@ -142,16 +142,7 @@ class Damage(trouble.Trouble, ReportDay):
         self.assertTrue(any(text.endswith(f"TOTAL {expected.total}") for text in slip), slip[-8:])
 
     def scrambled(self, data, rounds=40):
-        dice = random.Random(SEED)
-        for _ in some(range(rounds)):
-            yield dice.randbytes(len(data))
-            few = bytearray(data)
-            for _ in range(dice.randrange(1, 40)):
-                few[dice.randrange(len(few))] = dice.randrange(256)
-            yield bytes(few)
-            at = dice.randrange(len(data))
-            yield data[at:] + data[:at]
-            yield data + dice.randbytes(dice.randrange(1, 1000))
+        return trouble.scrambled(data, random.Random(SEED), some(range(rounds)))
 
 
 class History(Damage):
