@@ -40,14 +40,4 @@ class DamagedFolder(trouble.Trouble):
         return self.folder
 
     def scrambled(self, data):
-        """Seeded damage: all of it noise, or a few bytes, or a piece moved, or too much of it."""
-        dice = self.dice
-        for _ in range(SCRAMBLES):
-            yield dice.randbytes(len(data))
-            few = bytearray(data)
-            for _ in range(dice.randrange(1, 40)):
-                few[dice.randrange(len(few))] = dice.randrange(256)
-            yield bytes(few)
-            at = dice.randrange(len(data))
-            yield data[at:] + data[:at]
-            yield data + dice.randbytes(dice.randrange(1, 1000))
+        return trouble.scrambled(data, self.dice, range(SCRAMBLES))

@@ -45,6 +45,19 @@ def some(lengths):
     return list(lengths)[::int(os.environ.get("VINTORAL_EVERY", "1"))]
 
 
+def scrambled(data, dice, rounds):
+    """Damage of each kind once a round: all of it noise, or a few bytes, or a piece moved, or too much of it."""
+    for _ in rounds:
+        yield dice.randbytes(len(data))
+        few = bytearray(data)
+        for _ in range(dice.randrange(1, 40)):
+            few[dice.randrange(len(few))] = dice.randrange(256)
+        yield bytes(few)
+        at = dice.randrange(len(data))
+        yield data[at:] + data[:at]
+        yield data + dice.randbytes(dice.randrange(1, 1000))
+
+
 class Trouble(station.DrivenDay):
     """A driven day on which things go wrong: operations may be refused, but every one is answered, and soon."""
 

@@ -214,6 +214,19 @@ TEST_F(ImprimirIndiceTest, PagesTurnBetweenTheFirstAndTheLast) {
   EXPECT_EQ(Page(), "101 ( 1/3 )  ");
 }
 
+TEST_F(ImprimirIndiceTest, TwoQuickPressesAreTwoPages) {
+  Fill(201);
+  for (const auto& [button, page] : {std::pair(boton::kAvanzar, 101), std::pair(boton::kRetroceder, 1)}) {
+    Station.Hands.Click(Form.PctBoton[button]);
+    Station.Hands.DoubleClick(Form.PctBoton[button]);  // the second press of a quick hand
+    EXPECT_EQ(Form.InicioPagina, page);
+  }
+  PictureBox& monitor = Form.PctBoton[boton::kUltimosEnIngresar];
+  Station.Hands.Click(monitor);
+  Station.Hands.DoubleClick(monitor);
+  EXPECT_EQ(monitor.BorderStyle, 1) << "what is switched is switched once";
+}
+
 TEST_F(ImprimirIndiceTest, FiftyFichasHaveNoSecondPage) {
   Fill(50);
   Press(boton::kAvanzar);

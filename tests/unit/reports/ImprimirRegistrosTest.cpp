@@ -118,6 +118,27 @@ TEST_F(ImprimirRegistrosTest, TheFichaUnderThePointerHasASheet) {
   EXPECT_THAT(Disk.Get(kPage), Not(HasSubstr("<table")));
 }
 
+TEST_F(ImprimirRegistrosTest, AFichaCalledUpByItsNumberHasASheet) {
+  Station.TypeAndEnter("2");
+  ASSERT_EQ(Form.LblCampo[0].Caption, "0002"_w);
+  ASSERT_FALSE(Form.TxtCampo[0].Visible);
+  F4({Answer::kNo});
+  EXPECT_THAT(Disk.Get(kPage), HasSubstr("No.FICHA : 0002<BR><BR>"));
+  EXPECT_THAT(Disk.Get(kPage), HasSubstr(" : ABC2<BR><BR>"));
+  EXPECT_THAT(Disk.Get(kPage), Not(HasSubstr("<table")));
+}
+
+TEST_F(ImprimirRegistrosTest, APhotoOnDiskIsALink) {
+  Disk.Put(test::FotoDentro(2), "photo");
+  F4({Answer::kNo});
+  const std::string page = Disk.Get(kPage);
+  const std::string link =
+      "<a href=\"file:////estacion\\Multimedia\\Im\xE1genes ACT\\000002.jpg\" target=\"_blank\">VER FOTO</a>";
+  ASSERT_THAT(page, HasSubstr(link));
+  EXPECT_EQ(page.find("VER FOTO"), page.rfind("VER FOTO"));
+  EXPECT_LT(page.find("SIN IMAGEN"), page.find(link)) << "the first ficha has none";
+}
+
 TEST_F(ImprimirRegistrosTest, AFolderThatTakesNoPageIsTold) {
   Station.Faulty.Set().openReadOnly = true;
   F4({Answer::kYes, Answer::kNo, Answer::kOk});

@@ -348,6 +348,26 @@ TEST_F(Form2Test, SavingSearchesAgainWithoutAWord) {
   EXPECT_THAT(Station.Launched(), IsEmpty());
 }
 
+TEST_F(Form2Test, RetiringSearchesAgainWithoutAWord) {
+  Open();
+  Hands().Click(Search().ChkFichas);
+  Start();
+  ASSERT_THAT(Found(), ElementsAre("0001", "0002", "0009", "0008"));
+  const std::string page = Disk.Get(kPage);
+  Station.Events.Take();
+  Station.TypeAndEnter("1");
+  Station.Answers = {Answer::kYes};
+  Hands().Key(keys::kDelete, 0);
+  EXPECT_THAT(Found(), ElementsAre("0002", "0001", "0009", "0008")) << "it is the newest that has gone";
+  EXPECT_THAT(Cells(), ElementsAre("0002", "0001", "0009", "0008"));
+  EXPECT_THAT(Station.Boxes, SizeIs(1)) << "the question of retiring alone";
+  const auto told = Station.Events.Take();
+  EXPECT_TRUE(std::none_of(told.begin(), told.end(), [](const DeviceEvent& event) {
+    return event.kind == DeviceEvent::Kind::kLaunch || event.text == String(sonido::kCelda);
+  }));
+  EXPECT_EQ(Disk.Get(kPage), page);
+}
+
 TEST_F(Form2Test, WhatWasFoundStaysAtAConnectedGate) {
   Form.EsCliente = -1;
   Open();

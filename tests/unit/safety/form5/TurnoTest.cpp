@@ -272,6 +272,27 @@ TEST_F(ReiniciarHistorialTest, NoAtEitherQuestionLeavesAll) {
   }
 }
 
+TEST_F(ReiniciarHistorialTest, WhereItCannotBeRemovedThePhotosStay) {
+  // By the time of the last answer there is none any more: as little can be removed as of one that is held.
+  Station.UnderBox = [this] { Disk.Remove(kHst).PassOver(); };
+  int beeps = 0;
+  Station.Answers = {Answer::kYes, Answer::kYes};
+  Menu({[&] {
+    Station.Events.Take();
+    Station.Hands.Select(Form.Form5->LstMenu, static_cast<int>(Form.Form5->LstMenu.List.size()) - 1);
+    const auto told = Station.Events.Take();
+    EXPECT_THAT(told, SizeIs(1)) << "no sound of a reset";
+    beeps = static_cast<int>(std::count_if(told.begin(), told.end(), [](const DeviceEvent& event) {
+      return event.kind == DeviceEvent::Kind::kBeep;
+    }));
+  }});
+  ASSERT_THAT(Station.Boxes, SizeIs(2));
+  EXPECT_EQ(beeps, 1);
+  EXPECT_FALSE(Disk.Exists(kHst));
+  EXPECT_EQ(Disk.Get("Multimedia\\Imágenes HST\\000003.jpg"_w), "exit");
+  EXPECT_EQ(Disk.Get("Multimedia\\Imágenes DTL\\ABC70007\\0007-1.jpg"_w), "more");
+}
+
 TEST_F(ReiniciarHistorialTest, AGateWithoutAHistoryOfItsOwnIsAskedNothing) {
   Disk.Remove(kHst).PassOver();
   Reset({});

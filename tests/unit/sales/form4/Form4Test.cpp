@@ -281,6 +281,25 @@ TEST_F(Form4Test, TheTickOfTheInvoiceLeadsBackToTheListAndIsClearNextTime) {
   Dialog([this] { EXPECT_EQ(Extras().ChkFactura.Value, 0); });
 }
 
+TEST_F(Form4Test, TheBlankThatPressesRegistrarTypesNothingBehindIt) {
+  station_.TypeAndEnter("7");
+  station_.Type("ab");
+  TextBox& plate = form_.TxtCampo[1];
+  ASSERT_EQ(form_.Focus(), &plate);
+  ASSERT_EQ(plate.Text(), "AB"_w);
+  Dialog([this] {
+    Tick(0);
+    hands_.Focus(Extras().CmdRegistrar);
+    station_.Events.Take();
+    Key(keys::kSpace);
+    EXPECT_EQ(form_.Form4, nullptr);
+  });
+  EXPECT_EQ(Line(1), Sold("MINUTO", 1, Money::FromUnits(200)));
+  EXPECT_EQ(form_.Focus(), &plate);
+  EXPECT_EQ(plate.Text(), "AB"_w);
+  EXPECT_EQ(station_.Beeps(), 0);
+}
+
 TEST_F(Form4Test, AnotherOpeningKnowsNothingOfTheLastOne) {
   Dialog([this] {
     Tick(1);
