@@ -35,8 +35,8 @@ Outcome Continuar(DiskFile& file, std::uint64_t at, std::string_view entry) {
 class Anotada {
  public:
   Anotada(Disk& disk, const AnotacionVenta& sale) : disk_(disk), entry_(EnDiario(sale)), noted_(Anotar()) {}
-  /// It is on the disk.
-  const Outcome& EnDisco() const { return noted_; }
+  /// It is on its way to the disk.
+  const Outcome& Escrita() const { return noted_; }
   /// It has not come into the list after all.
   void Borrar() {
     const Result<std::unique_ptr<DiskFile>> file = disk_.Open(archivo::kDiarioVentas, OpenMode::kReadWrite);
@@ -77,9 +77,11 @@ Outcome PonerEnListaVentas(Disk& disk, std::string_view lineas) {
   if (!list) return list.Why();
   const String sold = ListaConLineas(*list, lineas);
   if (!disk.LeavesOldOrNew(archivo::kVentas)) return disk.Replace(archivo::kVentas, sold);
+  SyncTogether together(disk);
   Anotada sale(disk, {.antes = Digest(*list), .arranque = disk.BootId(), .lineas = String(lineas)});
-  if (!sale.EnDisco()) return disk.Replace(archivo::kVentas, sold);
-  Outcome replaced = disk.ReplaceUnsynced(archivo::kVentas, sold);
+  // The list is replaced while the disk takes the entry: whichever is on it first, nobody was told yet.
+  Outcome replaced = sale.Escrita() ? disk.ReplaceUnsynced(archivo::kVentas, sold) : sale.Escrita();
+  if (!together.Finish() || !sale.Escrita()) return disk.Replace(archivo::kVentas, sold);
   if (!replaced) sale.Borrar();
   return replaced;
 }
