@@ -3,7 +3,7 @@ from decimal import Decimal
 
 import expected_sales as sales
 from checks import expect, expect_same, filled
-from reports import totals_in
+from gate_reports import totals_in
 from tickets import Books
 
 

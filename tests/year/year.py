@@ -7,7 +7,7 @@ import closing
 from agenda import REPORT_SECOND, Agenda
 from comings import Comings
 from ledger import Ledger, Till
-from reports import Reports
+from gate_reports import Reports
 from setting import last_invoice, restart, set_up
 from traffic import DAY, GATES, OPENING, Traffic, reads_codes
 
