@@ -60,7 +60,8 @@ TEST_F(Form7Test, NamesItsRowsAndButtons) {
                     "Botón Registrar Extras"_w, "Cambiar Imagen de Fondo"_w, "Cambiar Nombre de Etiqueta"_w,
                     "Memoria de Rostros"_w, "Código de Barras Code39"_w, "Abrir Registro Nuevos"_w,
                     "Abrir Registro Puntos"_w, "Reiniciar Total Puntos"_w));
-    EXPECT_EQ(Dialog().ImgBoton[7].Caption, "7"_w);
+    for (const auto& [key, caption] : {std::pair{0U, "0"_w}, {1U, "1"_w}, {7U, "7"_w}, {9U, "9"_w}})
+      EXPECT_EQ(Dialog().ImgBoton[key].Caption, caption);
     EXPECT_EQ(Dialog().ImgBoton[10].ToolTipText, " Cancelar "_w);
     EXPECT_EQ(Dialog().ImgBoton[11].ToolTipText, " Confirmar "_w);
     EXPECT_EQ(Dialog().LblFuncion[0].Caption, "Bloquear Funciones"_w);
