@@ -102,6 +102,13 @@ TEST_F(TurnoTest, AHistoryOfOneBlankRowHasThatOneMarked) {
   EXPECT_TRUE(Marked(kHst, 1));
 }
 
+TEST_F(TurnoTest, AnEmptyListOfSalesStaysEmpty) {
+  Disk.Put(kExt, "");
+  Begin();
+  EXPECT_EQ(Disk.Get(kExt), "");
+  EXPECT_TRUE(Marked(kHst, 3));
+}
+
 TEST_F(TurnoTest, WhatIsMissingIsPassedOverEachByItself) {
   Disk.Remove(kHst).PassOver();
   Disk.Remove(kExt).PassOver();
