@@ -66,6 +66,9 @@ TEST_F(Form2Test, BeginsWithTodayAndAnEmptyGrid) {
   EXPECT_EQ(Search().LblEtiqueta[0].Caption, "NUMERO FICHA "_w);
   for (std::size_t i = 1; i <= 5; ++i)
     EXPECT_EQ(Search().LblEtiqueta[i].Caption, Form.TxtEtiqueta[i].Text());
+  EXPECT_EQ(Search().LblEtiqueta[Form2::kDesde].Caption, "DESDE "_w);
+  EXPECT_EQ(Search().LblEtiqueta[Form2::kHasta].Caption, "HASTA "_w);
+  EXPECT_EQ(Search().LblEtiqueta[Form2::kCategoria].Caption, "CATEGORIA "_w);
   EXPECT_EQ(Search().Focus(), &Search().TxtCampo[Form2::kNumero]);
   EXPECT_THAT(Cells(), IsEmpty());
   EXPECT_EQ(Form.TotalVista(), 0);
@@ -183,6 +186,19 @@ TEST_F(Form2Test, AfterNothingFoundThePageLineStays) {
   EXPECT_THAT(Cells(), IsEmpty());
   EXPECT_EQ(Form.TotalVista(), 0);
   EXPECT_EQ(Page(), "2 ( 1/1 )  ");
+}
+
+TEST_F(Form2Test, EachSearchShowsItsFirstPage) {
+  std::vector<RegistroFicha> history{RegistroFicha{}};
+  for (int row = 2; row <= 62; ++row)
+    history.push_back(Salida(row, row, "13:45  (20/11/2026)"));
+  PutHistory(history);
+  Open();
+  Start();
+  Press(boton::kAvanzar);
+  ASSERT_EQ(Page(), "61 ( 2/2 )  ");
+  Start();
+  EXPECT_EQ(Page(), "61 ( 1/2 )  ");
 }
 
 TEST_F(Form2Test, WhatIsTypedStaysWhenItOpens) {
