@@ -12,7 +12,7 @@
 
 namespace vintoral {
 
-/// 64 bits that are the same on every machine of one byte order. Some 10 GB a second.
+/// 64 bits that are the same on every machine of one byte order.
 inline std::uint64_t Digest(std::string_view bytes) {
   // Four lanes, so that the processor doesn't wait for one product before it begins the next. The factor is
   // 2 to the 64th by the golden ratio, made odd, whose bits are well mixed.

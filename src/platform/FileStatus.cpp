@@ -1,7 +1,9 @@
 #include "platform/FileStatus.h"
 
 #include <fcntl.h>
+#include <linux/magic.h>
 #include <sys/stat.h>
+#include <sys/statfs.h>
 
 #include <cerrno>
 
@@ -55,6 +57,11 @@ std::optional<FileMark> MarkOf(int folder, const std::string& path) {
   }
   return FileMark{answer.stx_size,
                   answer.stx_mtime.tv_sec * std::int64_t{1'000'000'000} + answer.stx_mtime.tv_nsec};
+}
+
+bool IsOnExt4(int descriptor) {
+  struct statfs system {};
+  return fstatfs(descriptor, &system) == 0 && system.f_type == EXT4_SUPER_MAGIC;
 }
 
 }  // namespace vintoral

@@ -30,6 +30,8 @@ std::optional<FileStatus> StatusOf(const std::string& path);
 std::optional<FileStatus> StatusOf(int descriptor);
 /// The same, but a mount may answer from memory: enough for the kind of a file, which doesn't change.
 std::optional<FileStatus> RememberedStatusOf(int descriptor);
+/// The open file or folder lies on ext4, or on what looks like it: ext2 and ext3 have the same number.
+bool IsOnExt4(int descriptor);
 /// The mark of a file that is replaced whole, such as a photo. Nothing, with errno set, where there is no
 /// file of that name.
 std::optional<FileMark> MarkOf(const std::string& path);

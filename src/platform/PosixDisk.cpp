@@ -240,8 +240,8 @@ Outcome PosixDisk::ReplaceUnsynced(std::string_view path, std::string_view bytes
 }
 
 bool PosixDisk::LeavesOldOrNew(std::string_view path) const {
-  struct statfs system {};
-  return statfs(FolderOf(FileItself(path)).c_str(), &system) == 0 && system.f_type == EXT4_SUPER_MAGIC;
+  const Descriptor folder(OpenFolder(FolderOf(FileItself(path))));
+  return folder.Number() >= 0 && IsOnExt4(folder.Number());
 }
 
 String PosixDisk::BootId() const {

@@ -3,9 +3,7 @@
 #include <fcntl.h>
 #include <linux/fiemap.h>
 #include <linux/fs.h>
-#include <linux/magic.h>
 #include <sys/ioctl.h>
-#include <sys/statfs.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -20,11 +18,6 @@ namespace {
 
 /// As many extents as are asked for at once; a register has few.
 constexpr unsigned kExtents = 64;
-
-bool IsExt4(int descriptor) {
-  struct statfs system {};
-  return fstatfs(descriptor, &system) == 0 && system.f_type == EXT4_SUPER_MAGIC;
-}
 
 /// Any other flag stands for data that are not yet where they will lie.
 bool PlainlyWritten(const fiemap_extent& extent) {
@@ -72,7 +65,7 @@ class LinuxCalls final : public SyncCalls {
   std::optional<FileStatus> Status(int descriptor) override { return StatusOf(descriptor); }
 
   std::uint64_t WrittenUpTo(int descriptor, std::uint64_t length) override {
-    return IsExt4(descriptor) ? WrittenExtents(descriptor, length) : 0;
+    return IsOnExt4(descriptor) ? WrittenExtents(descriptor, length) : 0;
   }
 };
 
