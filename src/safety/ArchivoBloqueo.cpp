@@ -14,8 +14,7 @@ constexpr std::size_t kDigitos = 18;
 using Lugar = std::array<char, RegistroBloqueo::kSize>;
 
 /// Null where there is no such file, or one of no length.
-Result<std::unique_ptr<DiskFile>> Abrir(Disk& disk, OpenMode mode) {
-  Result<std::unique_ptr<DiskFile>> file = disk.Open(archivo::kVentas, mode);
+Result<std::unique_ptr<DiskFile>> SiTiene(Result<std::unique_ptr<DiskFile>> file) {
   if (!file) return file.Why().Missing() ? Result<std::unique_ptr<DiskFile>>(nullptr) : file.Why();
   const Result<std::uint64_t> length = (*file)->Length();
   if (!length) return length.Why();
@@ -54,7 +53,7 @@ RegistroBloqueo SinBloqueo() {
 }
 
 Result<RegistroBloqueo> LeerBloqueo(Disk& disk) {
-  const Result<std::unique_ptr<DiskFile>> file = Abrir(disk, OpenMode::kRead);
+  const Result<std::unique_ptr<DiskFile>> file = SiTiene(disk.Open(archivo::kVentas, OpenMode::kRead));
   if (!file) return file.Why();
   if (*file == nullptr) {
     const Outcome made = Disponer(disk, SinBloqueo());
@@ -65,9 +64,7 @@ Result<RegistroBloqueo> LeerBloqueo(Disk& disk) {
 }
 
 Outcome GuardarBloqueo(Disk& disk, const RegistroBloqueo& bloqueo) {
-  AsentarListaVentas(disk).PassOver();
-  disk.ClearReadOnly(archivo::kVentas).PassOver();
-  const Result<std::unique_ptr<DiskFile>> file = Abrir(disk, OpenMode::kReadWrite);
+  const Result<std::unique_ptr<DiskFile>> file = SiTiene(AbrirListaVentas(disk));
   if (!file) return file.Why();
   (*file == nullptr ? Disponer(disk, bloqueo) : Sobrescribir(**file, bloqueo)).PassOver();
   return Outcome::Done();

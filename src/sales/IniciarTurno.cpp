@@ -1,10 +1,6 @@
-#include <array>
-#include <memory>
 #include <string_view>
 
 #include "records/Register.h"
-#include "records/RegistroExtra.h"
-#include "station/form1/Archivos.h"
 #include "station/form1/Form1.h"
 #include "station/form1/ListaVentas.h"
 
@@ -13,16 +9,9 @@ namespace {
 
 /// The newest sale is the last one before the shift. Sales push its mark down the list.
 void MarcarVentas(Disk& disk) {
-  AsentarListaVentas(disk).PassOver();
-  if (!disk.Exists(archivo::kVentas)) return;
-  disk.ClearReadOnly(archivo::kVentas).PassOver();
-  const Result<std::unique_ptr<DiskFile>> file = disk.Open(archivo::kVentas, OpenMode::kReadWrite);
-  if (!file) return file.Why().PassOver();
-  std::array<char, RegistroExtra::kSize> newest{};
-  const Result<std::size_t> read = (*file)->ReadAt(0, newest);
-  if (!read || *read == 0) return read.Why().PassOver();
-  const Outcome written = (*file)->WriteAt(0, ConMarcaTurno(newest));
-  (written ? (*file)->Sync() : written).PassOver();
+  const Outcome marked =
+      CambiarUltimaVenta(disk, [](const BytesExtra& newest) { return ConMarcaTurno(newest); });
+  if (!marked.Missing()) marked.PassOver();
 }
 
 /// The same of the last row of a register of fichas. Under the lock: a row that another gate appends just now

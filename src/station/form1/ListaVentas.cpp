@@ -18,56 +18,45 @@ Result<String> LeerEntero(Disk& disk, std::string_view path) {
   return bytes.Why().Missing() ? Result<String>(String()) : std::move(bytes);
 }
 
-/// The journal with room for its entries, which is on the disk with the first of them.
-Outcome Empezar(DiskFile& file, std::string_view entry) {
-  std::string journal(entry);
-  journal.resize(kLugarDiario);
-  const Outcome written = file.WriteAt(0, journal);
+/// A new journal has room for its entries on the disk, together with the first of them.
+String EnDisco(std::uint64_t at, std::string_view entry) {
+  std::string bytes(entry);
+  if (at == 0) bytes.resize(kLugarDiario);
+  return String(std::move(bytes));
+}
+
+Outcome Escribir(DiskFile& file, std::uint64_t at, std::string_view bytes) {
+  const Outcome written = file.WriteAt(at, bytes);
   return written ? file.Sync() : written;
 }
 
-Outcome Continuar(DiskFile& file, std::uint64_t at, std::string_view entry) {
-  const Outcome written = file.WriteAt(at, entry);
-  return written ? file.Sync() : written;
+/// Where an entry of that length goes. A journal that is full is emptied first.
+Result<std::uint64_t> Lugar(Disk& disk, std::size_t length) {
+  if (length > kLugarDiario) return Outcome::Failed("note a sale in", "its journal", EFBIG);
+  const Result<String> journal = LeerEntero(disk, archivo::kDiarioVentas);
+  if (!journal) return journal.Why();
+  const std::size_t end = LeerDiario(*journal).fin;
+  if (end + length <= kLugarDiario) return end;
+  Outcome emptied = AsentarListaVentas(disk);
+  return emptied ? Result<std::uint64_t>(0) : emptied;
 }
 
-/// A sale that is about to come into the list, noted in the journal.
-class Anotada {
- public:
-  Anotada(Disk& disk, const AnotacionVenta& sale) : disk_(disk), entry_(EnDiario(sale)), noted_(Anotar()) {}
-  /// It is on its way to the disk.
-  const Outcome& Escrita() const { return noted_; }
-  /// It has not come into the list after all.
-  void Borrar() {
-    const Result<std::unique_ptr<DiskFile>> file = disk_.Open(archivo::kDiarioVentas, OpenMode::kReadWrite);
-    if (!file) return file.Why().PassOver();
-    Continuar(**file, at_, std::string(entry_.Size(), '\0')).PassOver();
-  }
+/// Where the entry stands in the journal, on its way to the disk.
+Result<std::uint64_t> Anotar(Disk& disk, std::string_view entry) {
+  const Result<std::uint64_t> at = Lugar(disk, entry.size());
+  if (!at) return at;
+  const Result<std::unique_ptr<DiskFile>> file = disk.Open(archivo::kDiarioVentas, OpenMode::kCreate);
+  if (!file) return file.Why();
+  const Outcome written = Escribir(**file, *at, EnDisco(*at, entry));
+  return written ? at : written;
+}
 
- private:
-  Outcome Anotar() {
-    Result<String> journal = LeerEntero(disk_, archivo::kDiarioVentas);
-    if (!journal) return journal.Why();
-    at_ = LeerDiario(*journal).fin;
-    if (at_ + entry_.Size() > kLugarDiario) {
-      if (Outcome emptied = Vaciar(); !emptied) return emptied;
-    }
-    const Result<std::unique_ptr<DiskFile>> file = disk_.Open(archivo::kDiarioVentas, OpenMode::kCreate);
-    if (!file) return file.Why();
-    return at_ == 0 ? Empezar(**file, entry_) : Continuar(**file, at_, entry_);
-  }
-
-  Outcome Vaciar() {
-    if (entry_.Size() > kLugarDiario) return Outcome::Failed("note a sale in", "its journal", EFBIG);
-    at_ = 0;
-    return AsentarListaVentas(disk_);
-  }
-
-  Disk& disk_;
-  String entry_;
-  std::uint64_t at_ = 0;
-  Outcome noted_;
-};
+/// What was noted has not come into the list after all.
+void Borrar(Disk& disk, std::uint64_t at, std::size_t length) {
+  const Result<std::unique_ptr<DiskFile>> file = disk.Open(archivo::kDiarioVentas, OpenMode::kReadWrite);
+  if (!file) return file.Why().PassOver();
+  Escribir(**file, at, std::string(length, '\0')).PassOver();
+}
 
 }  // namespace
 
@@ -76,13 +65,17 @@ Outcome PonerEnListaVentas(Disk& disk, std::string_view lineas) {
   const Result<String> list = LeerEntero(disk, archivo::kVentas);
   if (!list) return list.Why();
   const String sold = ListaConLineas(*list, lineas);
-  if (!disk.LeavesOldOrNew(archivo::kVentas)) return disk.Replace(archivo::kVentas, sold);
+  const String boot = disk.BootId();
+  // Where starts of the machine can't be told apart, no power cut is told from a kill.
+  if (boot.Empty() || !disk.LeavesOldOrNew(archivo::kVentas)) return disk.Replace(archivo::kVentas, sold);
   SyncTogether together(disk);
-  Anotada sale(disk, {.antes = Digest(*list), .arranque = disk.BootId(), .lineas = String(lineas)});
+  const String entry = EnDiario({.antes = Digest(*list), .arranque = boot, .lineas = String(lineas)});
+  const Result<std::uint64_t> noted = Anotar(disk, entry);
+  if (!noted) return disk.Replace(archivo::kVentas, sold);
   // The list is replaced while the disk takes the entry: whichever is on it first, nobody was told yet.
-  Outcome replaced = sale.Escrita() ? disk.ReplaceUnsynced(archivo::kVentas, sold) : sale.Escrita();
-  if (!together.Finish() || !sale.Escrita()) return disk.Replace(archivo::kVentas, sold);
-  if (!replaced) sale.Borrar();
+  Outcome replaced = disk.ReplaceUnsynced(archivo::kVentas, sold);
+  if (!together.Finish()) return disk.Replace(archivo::kVentas, sold);
+  if (!replaced) Borrar(disk, *noted, entry.Size());
   return replaced;
 }
 
@@ -98,6 +91,22 @@ Outcome AsentarListaVentas(Disk& disk) {
     if (!settled) return settled;
   }
   return disk.Remove(archivo::kDiarioVentas);
+}
+
+Result<std::unique_ptr<DiskFile>> AbrirListaVentas(Disk& disk) {
+  AsentarListaVentas(disk).PassOver();
+  disk.ClearReadOnly(archivo::kVentas).PassOver();
+  return disk.Open(archivo::kVentas, OpenMode::kReadWrite);
+}
+
+Outcome CambiarUltimaVenta(Disk& disk, const std::function<BytesExtra(const BytesExtra&)>& cambio) {
+  const Result<std::unique_ptr<DiskFile>> file = AbrirListaVentas(disk);
+  if (!file) return file.Why();
+  BytesExtra newest{};
+  const Result<std::size_t> read = (*file)->ReadAt(0, newest);
+  if (!read || *read == 0) return read.Why();
+  const BytesExtra changed = cambio(newest);
+  return Escribir(**file, 0, std::string_view(changed.data(), changed.size()));
 }
 
 }  // namespace vintoral
