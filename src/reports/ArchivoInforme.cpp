@@ -1,5 +1,6 @@
 #include "reports/ArchivoInforme.h"
 
+#include "station/form1/Archivos.h"
 #include "station/form1/AvisoImpresion.h"
 #include "station/form1/Form1.h"
 
@@ -53,6 +54,14 @@ bool ArchivoInforme::Publicar(const Outcome& escrito) {
 
 void ArchivoInforme::Avisar() const {
   AvisarImposibleImprimir(form_.Devices(), ruta_);
+}
+
+void EntregarInforme(Form1& form, ArchivoInforme& pagina, InformeHecho informe) {
+  const Platform& devices = form.Devices();
+  const bool published = pagina.Publicar(informe.pagina);
+  // The money of a shift is counted on paper, whatever has become of the page.
+  if (informe.tira) devices.printer.EndDoc(std::move(*informe.tira));
+  if (published) devices.system.Launch("Explorer.exe "_w + String(archivo::kPagina));
 }
 
 }  // namespace vintoral

@@ -7,6 +7,7 @@
 
 #include "platform/Disk.h"
 #include "reports/Escritor.h"
+#include "reports/InformeFichas.h"
 
 namespace vintoral {
 
@@ -37,5 +38,8 @@ class ArchivoInforme {
   std::unique_ptr<DiskFile> archivo_;
   std::uint64_t fin_ = 0;
 };
+
+/// The report goes where it is read: its page to the browser, its slip to the printer.
+void EntregarInforme(Form1& form, ArchivoInforme& pagina, InformeHecho informe);
 
 }  // namespace vintoral

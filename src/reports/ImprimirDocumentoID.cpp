@@ -7,6 +7,24 @@
 #include "station/form1/Sonidos.h"
 
 namespace vintoral {
+namespace {
+
+Outcome Lista(const Form1& form, std::string_view archivo, const Register<RegistroFicha>& list,
+              Destino destino) {
+  Avance way(form, EscribiendoInforme());
+  const bool points = EqualNoCase(archivo, "Vintoral.CRD");
+  const DatosDocumento data{.documento = points ? Documento::kPuntos : Documento::kNuevos,
+                            .porteria = form.NumeroPorteria,
+                            .ahora = StampOf(form.Devices().clock.Now()),
+                            .etiquetas = EtiquetasDeDatos(form),
+                            .turnoActivo = form.TurnoActivo,
+                            .limite = form.LimiteFilas,
+                            .foto = FotoEnDisco(form),
+                            .sigue = [&way](double done) { return way.Sigue(done); }};
+  return EscribirDocumentoID(data, list, std::move(destino));
+}
+
+}  // namespace
 
 void Form1::ImprimirDocumentoID(std::string_view archivo) {
   const Register<RegistroFicha> list(platform_.disk, RutaCompartida(archivo), OpenMode::kRead);
@@ -14,18 +32,7 @@ void Form1::ImprimirDocumentoID(std::string_view archivo) {
   if (!list) return list.Opened().PassOver();
   ArchivoInforme page(*this, archivo::kPagina);
   if (!page.Abierto()) return MidiWav(sonido::kClic);
-  Avance way(*this, EscribiendoInforme());
-  const bool points = EqualNoCase(archivo, "Vintoral.CRD");
-  const DatosDocumento data{.documento = points ? Documento::kPuntos : Documento::kNuevos,
-                            .porteria = NumeroPorteria,
-                            .ahora = StampOf(platform_.clock.Now()),
-                            .etiquetas = EtiquetasDeDatos(*this),
-                            .turnoActivo = TurnoActivo,
-                            .limite = LimiteFilas,
-                            .foto = FotoEnDisco(*this),
-                            .sigue = [&way](double done) { return way.Sigue(done); }};
-  if (page.Publicar(EscribirDocumentoID(data, list, page.Destino())))
-    platform_.system.Launch("Explorer.exe "_w + String(archivo::kPagina));
+  EntregarInforme(*this, page, {Lista(*this, archivo, list, page.Destino()), std::nullopt});
 }
 
 }  // namespace vintoral

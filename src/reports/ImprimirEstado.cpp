@@ -49,12 +49,9 @@ void Form1::ImprimirEstado(bool formatoTiquete, bool detalle) {
   if (TotalVista() < 1) return MidiWav(sonido::kClic);
   ArchivoInforme page(*this, archivo::kPagina);
   if (!page.Abierto()) return MidiWav(sonido::kClic);
-  InformeHecho done =
-      sheet ? Hoja(*this, page.Destino()) : Estado(*this, formatoTiquete, detalle, page.Destino());
-  const bool published = page.Publicar(done.pagina);
-  // The money of a shift is counted on paper, whatever has become of the page.
-  if (done.tira) platform_.printer.EndDoc(std::move(*done.tira));
-  if (published) platform_.system.Launch("Explorer.exe "_w + String(archivo::kPagina));
+  EntregarInforme(
+      *this, page,
+      sheet ? Hoja(*this, page.Destino()) : Estado(*this, formatoTiquete, detalle, page.Destino()));
 }
 
 }  // namespace vintoral

@@ -8,6 +8,23 @@
 #include "station/form1/Sonidos.h"
 
 namespace vintoral {
+namespace {
+
+InformeHecho Historial(const Form1& form, const Register<RegistroFicha>& history, bool formatoTiquete,
+                       bool detalle, Destino destino) {
+  const Moment now = form.Devices().clock.Now();
+  const bool shift = form.TurnoActivo;
+  Avance way(form, EscribiendoInforme());
+  DatosInforme data =
+      ReunirInforme(form, shift ? CabezaDeTurno(form.MarcaTurno, StampOf(now)) : CabezaDeDia(StampOf(now)),
+                    formatoTiquete, detalle);
+  data.sigue = [&way](double done) { return way.Sigue(done); };
+  if (const std::optional<Moment> began = MomentOfStamp(form.MarcaTurno); shift && began)
+    data.periodo = {*began, now};
+  return InformeHistorial(data, history, shift, std::move(destino));
+}
+
+}  // namespace
 
 void Form1::ImprimirHistorial(bool formatoTiquete, bool detalle) {
   const Register<RegistroFicha> history(platform_.disk, RutaCompartida("Vintoral.HST"), OpenMode::kRead);
@@ -16,18 +33,7 @@ void Form1::ImprimirHistorial(bool formatoTiquete, bool detalle) {
   ArchivoInforme page(*this, archivo::kPagina);
   if (!page.Abierto()) return MidiWav(sonido::kClic);
   MidiWav(sonido::kClic);
-  const String now = StampOf(platform_.clock.Now());
-  Avance way(*this, EscribiendoInforme());
-  DatosInforme data = ReunirInforme(*this, TurnoActivo ? CabezaDeTurno(MarcaTurno, now) : CabezaDeDia(now),
-                                    formatoTiquete, detalle);
-  data.sigue = [&way](double done) { return way.Sigue(done); };
-  if (const std::optional<Moment> began = MomentOfStamp(MarcaTurno); TurnoActivo && began)
-    data.periodo = {*began, platform_.clock.Now()};
-  InformeHecho done = InformeHistorial(data, history, TurnoActivo, page.Destino());
-  const bool published = page.Publicar(done.pagina);
-  // The money of a shift is counted on paper, whatever has become of the page.
-  if (done.tira) platform_.printer.EndDoc(std::move(*done.tira));
-  if (published) platform_.system.Launch("Explorer.exe "_w + String(archivo::kPagina));
+  EntregarInforme(*this, page, Historial(*this, history, formatoTiquete, detalle, page.Destino()));
 }
 
 }  // namespace vintoral
