@@ -20,14 +20,12 @@ import unittest
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "support"))
 
 import mounted  # noqa: E402  (found through the line above)
-from hanging import OPERATIONS, HangingFolder, why_not  # noqa: E402
+from hanging import OPERATIONS, HangingFolder, skip_without_fuse  # noqa: E402
 
 # Long enough for a thread to reach an operation, and for a killed process to be gone.
 MOMENT_SECONDS = 2
 LIBC = ctypes.CDLL(None, use_errno=True)
 RENAME_NOREPLACE = 1
-# What CTest shows as skipped.
-SKIPPED = 77
 AT_FDCWD = -100
 
 # Done in a process of its own, which can be killed while it hangs.
@@ -74,6 +72,7 @@ class Case(unittest.TestCase):
 
     def child(self, does):
         """A process that has `old` open as `file`; it does it when it is told to, and says before and after that it did."""
+        self.folder.go()
         code = (f"import fcntl, os, signal, sys, time\nos.chdir({str(self.point)!r})\nfile = os.open('old', os.O_RDWR)\n"
                 f"signal.signal(signal.SIGUSR1, lambda *_: None)\n"
                 f"print('ready', flush=True)\nsys.stdin.readline()\n"
@@ -553,8 +552,6 @@ class Words(Case):
 
 
 if __name__ == "__main__":
-    if why_not():
-        print(f"SKIPPED: {why_not()}", file=sys.stderr)
-        sys.exit(SKIPPED)
+    skip_without_fuse()
     mounted.separate()
     unittest.main()
