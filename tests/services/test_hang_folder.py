@@ -317,7 +317,8 @@ class Hung(Case):
 
 class Hangs(Hung):
     def test_each_operation_waits_and_goes_on(self):
-        after = {"write": {"old": b"NEW3456789"}, "rename": {"new": b"0123456789"}, "directory": {"old": b"0123456789", "made": None}}
+        after = {"write": {"old": b"NEW3456789"}, "rename": {"new": b"0123456789"},
+                 "directory": {"old": b"0123456789", "made": None}}
         self.assertEqual(set(DOES), set(OPERATIONS))
         for operation in OPERATIONS:
             with self.subTest(operation=operation):

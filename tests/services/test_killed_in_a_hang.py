@@ -19,7 +19,8 @@ sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "support"))
 import mounted  # noqa: E402  (found through the line above)
 import trouble  # noqa: E402
 from hanging import PATIENCE_SECONDS, HangingFolder, skip_without_fuse  # noqa: E402
-from station import (BLANK, CONFIRM_RETIRE, CONFIRM_SAVE, DELETE, ENTER, FREE_SLOTS, INSERT, Folder, screen_state, stamp)  # noqa: E402
+from station import (BLANK, CONFIRM_RETIRE, CONFIRM_SAVE, DELETE, ENTER, FREE_SLOTS, INSERT, Folder,  # noqa: E402
+                     screen_state, stamp)
 
 # Real syncs, as at a gate.
 tempfile.tempdir = None

@@ -24,6 +24,7 @@
 //   stat       looking a name up, getattr, statfs, chmod, chown, utimens
 // Closing never waits. Who is killed while he waits dies at once, and his operation is not carried out; other
 // signals do not end it, as on a disk. When the last client of the socket leaves, all go on.
+#include <sys/mount.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -78,11 +79,12 @@ sigset_t Ends() {
 
 /// Waits for the signal to end. Whatever hangs is left as it is: with this process the connection ends, and
 /// the kernel answers for it.
-void EndOnSignal(fuse_session* session, const Control& control) {
+void EndOnSignal(fuse_session* session, const char* point, const Control& control) {
   const sigset_t ends = Ends();
   int signal = 0;
   sigwait(&ends, &signal);
-  fuse_session_unmount(session);
+  // Others still read from the session, so it is left alone where that does not need it.
+  if (umount2(point, MNT_DETACH) != 0) fuse_session_unmount(session);
   unlink(control.Path().c_str());
   _exit(0);
 }
@@ -108,7 +110,7 @@ int Run(char** arguments) {
     return 1;
   }
   std::thread([] { control.Serve(); }).detach();
-  std::thread([] { EndOnSignal(folder.session, control); }).detach();
+  std::thread([point = arguments[2]] { EndOnSignal(folder.session, point, control); }).detach();
   const int result = Serve(folder.session);
   fuse_session_unmount(folder.session);
   unlink(control.Path().c_str());
