@@ -67,12 +67,15 @@ int Alert(int argc, char** argv, const std::string& folder,
   QApplication application(argc, argv);
   theme::Apply(application);
   Station station(folder);
-  if (!station.Start()) return 1;
+  station.Start();
+  if (!station.WaitUntilStarted()) return 1;
   static SilentRelay relay;  // its thread stays to the end
   std::ofstream(folder + "/Objetos/Correo.INI")
       << "Servidor = 127.0.0.1\nPuerto = " << relay.Port() << "\nAutenticacion = no\n";
-  station.Form.DatosCall[2] = "guardia@casa.example"_w;
-  station.Form.ImgPanico.Visible = true;
+  station.Do([&] {
+    station.Form.DatosCall[2] = "guardia@casa.example"_w;
+    station.Form.ImgPanico.Visible = true;
+  });
   constexpr int kUntilAllIsLoaded = 1000;
   QTest::qWait(kUntilAllIsLoaded);
   long long pressed = 0;
@@ -81,6 +84,7 @@ int Alert(int argc, char** argv, const std::string& folder,
   watch.start(0);
   pressed = Nanoseconds();
   QTest::keyClick(station.Window.windowHandle(), Qt::Key_F12);
+  QApplication::exec();
   return 1;
 }
 

@@ -28,8 +28,12 @@ class DialogWatch : public QObject {
     painted_ = -1;
     return false;
   }
-  /// When the dialog stood there; 0 where nothing was painted.
-  long long Take() { return std::exchange(painted_, 0); }
+  /// When the dialog stood there; 0 where nothing was painted for long.
+  long long Await() {
+    constexpr int kLong = 1000;
+    if (!QTest::qWaitFor([this] { return painted_ > 0; }, kLong)) return 0;
+    return std::exchange(painted_, 0);
+  }
 
  private:
   void Leave(QWidget& list) {
@@ -46,17 +50,21 @@ int ArticleTimes(int argc, char** argv, const std::string& folder) {
   QApplication application(argc, argv);
   theme::Apply(application);
   Station station(folder);
-  if (!station.Start()) return 1;
-  station.Form.TablaExtras.clear();
-  for (int i = 1; i <= kArticles; ++i)
-    station.Form.TablaExtras.push_back("ARTICULO "_w + Digits(i) + " = "_w + Digits(i * 100));
+  station.Start();
+  if (!station.WaitUntilStarted()) return 1;
+  station.Do([&] {
+    station.Form.TablaExtras.clear();
+    for (int i = 1; i <= kArticles; ++i)
+      station.Form.TablaExtras.push_back("ARTICULO "_w + Digits(i) + " = "_w + Digits(i * 100));
+  });
   DialogWatch watch(application);
   std::vector<double> times;
   int missed = 0;
   for (int i = 0; i < kOpenings; ++i) {
     const long long begun = Nanoseconds();
     QTest::simulateEvent(station.Window.windowHandle(), true, Qt::Key_F7, Qt::NoModifier, {}, false);
-    const long long painted = watch.Take();
+    const long long painted = watch.Await();
+    station.Settle();
     times.push_back(static_cast<double>(painted - begun) / 1e6);
     if (painted <= 0) ++missed;
     QTest::qWait(1);

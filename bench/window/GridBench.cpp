@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QLineEdit>
 #include <QProcess>
 #include <QTest>
 #include <algorithm>
@@ -72,7 +73,8 @@ class GridStation {
   GridStation(int& argc, char** argv, const std::string& folder, const QSize& size)
       : application_(Prepared(argc), argv), Running(folder) {
     theme::Apply(application_);
-    if (!Running.Start()) std::exit(1);
+    Running.Start();
+    if (!Running.WaitUntilStarted()) std::exit(1);
     Running.Window.showNormal();  // no screen is as large here
     Running.Window.resize(size);
     QTest::qWait(kUntilCalm);
@@ -84,15 +86,16 @@ class GridStation {
 
   /// Until all that is shown has been read and painted.
   void Settle() {
-    Running.Window.Refresh();
-    QCoreApplication::processEvents();
+    Running.Settle();
     while (Reading())
       QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     QCoreApplication::processEvents();
   }
   void ShowPage(int page) {
-    Running.Form.InicioPagina = 1 + page * kCells;
-    Running.Form.ImprimirIndice();
+    Running.Do([&] {
+      Running.Form.InicioPagina = 1 + page * kCells;
+      Running.Form.ImprimirIndice();
+    });
     Settle();
   }
   bool Reading() const {
@@ -202,7 +205,9 @@ void MeasurePointer(GridStation& grid) {
     QTest::mouseMove(window.windowHandle(), at);
     grid.Settle();
     times.push_back(Milliseconds(begun));
-    if (grid.Running.Form.ShpCelda.Cell != move % kCells) ++missed;
+    int pointed = -1;
+    grid.Running.Do([&] { pointed = grid.Running.Form.ShpCelda.Cell; });
+    if (pointed != move % kCells) ++missed;
   }
   std::printf(
       "pointer to the next cell, its fields and its large photo: median %.2f ms, 99th percentile %.2f ms (at "
@@ -232,7 +237,7 @@ struct SlowPage {
 
 SlowPage FillSlowly(GridStation& grid, int page, std::chrono::microseconds until) {
   Form1& form = grid.Running.Form;
-  auto* const field = grid.Running.Window.Shown().WidgetOf("TxtCampo(0)");
+  auto* const field = static_cast<QLineEdit*>(grid.Running.Window.Shown().WidgetOf("TxtCampo(0)"));
   const std::unique_ptr<PaintWatch> painted = std::make_unique<PaintWatch>(*field);
   std::atomic<long long> pressed = 0;
   auto* const key = new QKeyEvent(QEvent::KeyPress, Qt::Key_7, {}, QStringLiteral("7"));
@@ -243,10 +248,11 @@ SlowPage FillSlowly(GridStation& grid, int page, std::chrono::microseconds until
   });
   SlowPage waited;
   const long long begun = Nanoseconds();
-  form.InicioPagina = 1 + page * kCells;
-  form.RefrescarVista();
-  grid.Running.Window.Refresh();
-  const auto typed = [&] { return !form.TxtCampo[0].Text().Empty(); };
+  grid.Running.Devices.Thread.Tell([&] {
+    form.InicioPagina = 1 + page * kCells;
+    form.RefrescarVista();
+  });
+  const auto typed = [&] { return !field->text().isEmpty(); };
   while (!typed() || painted->At < pressed || grid.Reading()) {
     QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
     if (waited.first == 0 && grid.Filled() > 0) waited.first = Milliseconds(begun);
@@ -255,7 +261,7 @@ SlowPage FillSlowly(GridStation& grid, int page, std::chrono::microseconds until
   }
   waited.all = Milliseconds(begun);
   hand.join();
-  form.TxtCampo[0].SetText({});
+  grid.Running.Do([&] { form.TxtCampo[0].SetText({}); });
   grid.Settle();
   return waited;
 }
@@ -274,7 +280,7 @@ QSize SizeOf(char** argv) {
 
 int GridTimes(int argc, char** argv, const std::string& folder) {
   GridStation grid(argc, argv, folder, SizeOf(argv + 3));
-  grid.Running.Form.VistaFichas = FullPages(grid.Running);
+  grid.Running.Do([&] { grid.Running.Form.VistaFichas = FullPages(grid.Running); });
   MeasurePages(grid, folder);
   MeasurePointer(grid);
   return 0;
@@ -284,7 +290,7 @@ int GridMemory(int argc, char** argv, const std::string& folder) {
   GridStation grid(argc, argv, folder, SizeOf(argv + 3));
   grid.Settle();
   const long long empty = ResidentBytes();
-  grid.Running.Form.VistaFichas = FullPages(grid.Running);
+  grid.Running.Do([&] { grid.Running.Form.VistaFichas = FullPages(grid.Running); });
   grid.ShowPage(0);
   const double taken = static_cast<double>(ResidentBytes() - empty);
   const QSize cell = grid.Cell(0).size() - QSize(2, 2);
@@ -297,7 +303,9 @@ int GridMemory(int argc, char** argv, const std::string& folder) {
 int SlowPages(int argc, char** argv, const std::string& folder) {
   constexpr int kRounds = 200;
   GridStation grid(argc, argv, folder, {1366, 728});
-  if (grid.Running.Form.TotalVista() != kFichas) return 1;
+  int shown = 0;
+  grid.Running.Do([&] { shown = grid.Running.Form.TotalVista(); });
+  if (shown != kFichas) return 1;
   std::mt19937 random(7);
   std::uniform_int_distribution<int> moment(0, 300'000);
   std::vector<double> keys, firsts, all;

@@ -53,7 +53,8 @@ double Percentile99(std::vector<double> values) {
 
 int PrintTimes(int argc, char** argv, const std::string& folder) {
   const QApplication application(argc, argv);
-  DesktopPlatform platform(folder);
+  QObject window;
+  DesktopPlatform platform(folder, window);
   std::vector<double> slips, lists;
   for (int i = 0; i < kSlips; ++i) {
     slips.push_back(Milliseconds([&] { platform.Printer.EndDoc(TypicalSlip()); }));

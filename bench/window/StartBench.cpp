@@ -56,7 +56,8 @@ int ShowStation(int argc, char** argv, const std::string& folder, bool first) {
   QApplication application(argc, argv);
   theme::Apply(application);
   Station station(folder);
-  if (!station.Start()) return 1;
+  station.Start();
+  if (!station.WaitUntilStarted()) return 1;
   PrintIdle();
   constexpr int kUntilStockIsTaken = 5000;
   if (first) QTest::qWait(kUntilStockIsTaken);

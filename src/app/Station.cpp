@@ -2,8 +2,21 @@
 
 #include <QApplication>
 #include <QTimer>
+#include <chrono>
+#include <thread>
 
 namespace vintoral {
+
+namespace {
+
+Platform With(const Platform& all, const Station::Instead& instead) {
+  Random& chance = instead.chance == nullptr ? all.random : *instead.chance;
+  Camera& camera = instead.camera == nullptr ? all.camera : *instead.camera;
+  return {all.clock,    all.screen,  all.sound, all.system, all.disk,
+          all.pictures, all.printer, chance,    camera,     all.mail};
+}
+
+}  // namespace
 
 void Station::PrepareToolkit() {
   QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
@@ -12,16 +25,82 @@ void Station::PrepareToolkit() {
   QGuiApplication::setQuitOnLastWindowClosed(false);  // the station says when it ends
 }
 
-Station::Station(const std::string& folder)
-    : Devices(folder), Form(Devices.Devices()), Window(Form), Dialogs(Form.OpenForms, Window) {
-  Devices.Screen.Owner = [this] { return Dialogs.Active(); };
-  Devices.Screen.BeforeWaiting = [this] { Window.Appear(); };
+Station::Station(const std::string& folder) : Station(folder, Instead{}) {}
+
+Station::Station(const std::string& folder, const Instead& instead)
+    : Devices(folder, anchor_, instead.clock),
+      Form(With(Devices.Devices(), instead)),
+      Taken(Form.OpenForms),
+      Queue(Devices.Thread, instead.clock == nullptr ? Devices.Clock : *instead.clock),
+      Hands(Form.OpenForms, Devices.Thread, Queue),
+      Window(Taken.Now().loaded.front(), Hands, {Devices.Pictures, Devices.Disk, Form.Devices().camera}),
+      Dialogs(Taken, Window),
+      Waiting(Devices, Window) {
+  Join();
 }
 
-bool Station::Start() {
-  Form.Form_Load();
-  if (Form.Terminado()) return false;
+Station::~Station() {
+  if (!Devices.Thread.EndWithin(0)) Devices.Thread.Tell([this] { Form.CerrarSinPreguntar(); });
+}
+
+/// Who asks whom across the two threads.
+void Station::Join() {
+  StationThread& thread = Devices.Thread;
+  DesktopScreen& screen = Devices.Screen;
+  screen.Owner = [this] { return Dialogs.Active(); };
+  screen.BeforeWaiting = [this] {
+    Taken.Take();
+    Devices.Thread.ToWindow([this] { Window.Appear(); });
+  };
+  screen.OnUp = [this] { Queue.Reclaim(); };
+  thread.OnFree = [this] { Queue.Go(); };
+  Queue.BeforeDelivery = [this] {
+    if (news_.exchange(false)) Window.Refresh();
+  };
+  Queue.ToBox = [&screen](const QKeyEvent* key) { return screen.ToBox(key); };
+  Queue.BreakOff = [&screen] { return screen.BreakOff(); };
+  Queue.Late = [this] { return Waiting.Late(); };
+  Queue.Beep = [] { QApplication::beep(); };
+  Waiting.OnEnd = [this] { Devices.Thread.Tell([this] { Form.CerrarSinPreguntar(); }); };
+  Window.Pictures().OnDamaged = [this](const Picture& picture) {
+    Devices.Thread.Tell([this, picture] {
+      if (!Form.Terminado()) Form.FotoDanada(picture.Path(), picture.Mark());
+    });
+  };
+}
+
+void Station::Start() {
+  Forms& forms = Form.OpenForms;
+  Devices.Thread.Start(
+      {.nextTick = [&forms] { return forms.NextTick(); },
+       .runTicks = [&forms] { forms.RunTicks(); },
+       .ended = [&forms] { return forms.Ended(); },
+       .publish =
+           [this](bool handsDid) {
+             if (Taken.Take() || handsDid) ShowSoon();
+           }},
+      [this] {
+        Form.Form_Load();
+        if (!Form.Terminado()) Devices.Thread.ToWindow([this] { Begin(); });
+      },
+      [this] {
+        over_ = true;
+        QCoreApplication::exit(0);
+      });
+}
+
+void Station::ShowSoon() {
+  if (news_.exchange(true)) return;
+  Devices.Thread.ToWindow([this] {
+    if (!news_.exchange(false)) return;
+    Window.Refresh();
+    if (Waiting.Late()) Waiting.Look();
+  });
+}
+
+void Station::Begin() {
   Window.Appear();
+  started_ = true;
   // Loading the libraries of sound, printing and cameras beside the first painting would hold that up.
   constexpr int kUntilPainted = 100;
   QTimer::singleShot(kUntilPainted, &Window, [this] {
@@ -29,7 +108,39 @@ bool Station::Start() {
     Devices.Printer.Begin();
     Devices.Camera.Begin();
   });
-  return true;
+}
+
+namespace {
+
+/// Serves the window's events until then. The station's thread does not tell of everything.
+template <class Condition>
+void ServeUntil(Condition over) {
+  while (!over()) {
+    QCoreApplication::processEvents();
+    std::this_thread::sleep_for(std::chrono::microseconds(50));
+  }
+}
+
+}  // namespace
+
+bool Station::WaitUntilStarted() {
+  ServeUntil([this] { return started_ || over_; });
+  return !over_;
+}
+
+void Station::Do(const std::function<void()>& step) {
+  bool done = false;
+  Devices.Thread.Tell([&] {
+    step();
+    // Behind the showing of what came of it.
+    Devices.Thread.Tell([&] { Devices.Thread.ToWindow([&] { done = true; }); });
+  });
+  ServeUntil([&] { return done || over_; });
+}
+
+void Station::Settle() {
+  ServeUntil([this] { return (!Queue.Keeps() && Devices.Thread.Free() && !news_) || over_; });
+  QCoreApplication::processEvents();
 }
 
 }  // namespace vintoral

@@ -1,11 +1,18 @@
-// The whole station of a desktop: devices, model and windows.
+// The whole station of a desktop: devices, model and windows. The model lives on a thread of its own; the
+// windows know what it took of itself.
 #pragma once
 
+#include <QObject>
+#include <atomic>
+#include <functional>
 #include <string>
 
+#include "app/Waiting.h"
 #include "platform/desktop/DesktopPlatform.h"
 #include "station/form1/Form1.h"
 #include "window/Dialogs.h"
+#include "window/controls/InputQueue.h"
+#include "window/controls/Snapshots.h"
 #include "window/form1/MainWindow.h"
 
 namespace vintoral {
@@ -16,14 +23,53 @@ class Station {
   static void PrepareToolkit();
   /// In `folder`, a path of this system; the toolkit has started.
   explicit Station(const std::string& folder);
+  /// What takes the place of the machine's own, in tests; all of it outlives the station.
+  struct Instead {
+    vintoral::Camera* camera = nullptr;
+    vintoral::Clock* clock = nullptr;  ///< any thread may read it
+    vintoral::Random* chance = nullptr;
+  };
+  Station(const std::string& folder, const Instead& instead);
+  Station(const Station&) = delete;
+  Station& operator=(const Station&) = delete;
+  /// Waits for the station's thread, which has been asked to end.
+  ~Station();
 
-  /// Runs the start sequence and shows the window; false when the program is to end at once.
-  bool Start();
+  /// Begins the start sequence. The window shows itself when that is through, or asks something.
+  void Start();
+  /// The system wants the program to end: nobody is asked.
+  void EndWithoutAsking() { Waiting.EndSoon(); }
+  /// Of the end: false when the station hangs in the folder. Then there is nothing left but to go.
+  bool HasEnded() { return Devices.Thread.EndWithin(kUntilGone); }
 
+  // For those who measure: the window's thread waits, and serves its events.
+
+  /// The start sequence is through; false when the program is to end at once.
+  bool WaitUntilStarted();
+  /// The station's thread does this, and what came of it is shown.
+  void Do(const std::function<void()>& step);
+  /// All that hands did has been served, and what came of it is shown.
+  void Settle();
+
+ private:
+  static constexpr std::int64_t kUntilGone = 1500;  ///< milliseconds
+  void Join();
+  void ShowSoon();
+  void Begin();
+
+  QObject anchor_;                  ///< of the window's thread
+  std::atomic<bool> news_ = false;  ///< the windows are to be brought up to date
+  bool started_ = false, over_ = false;
+
+ public:
   DesktopPlatform Devices;
   Form1 Form;
+  Snapshots Taken;
+  InputQueue Queue;
+  vintoral::Hands Hands;
   MainWindow Window;
   vintoral::Dialogs Dialogs;
+  vintoral::Waiting Waiting;
 };
 
 }  // namespace vintoral

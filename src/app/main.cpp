@@ -1,6 +1,7 @@
 // The station: the current folder is its folder.
 #include <QApplication>
 #include <QDir>
+#include <cstdlib>
 
 #include "app/EndSignals.h"
 #include "app/Station.h"
@@ -11,6 +12,10 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   vintoral::theme::Apply(application);
   vintoral::Station station(QDir::currentPath().toStdString());
-  const vintoral::EndSignals signals([&station] { station.Form.CerrarSinPreguntar(); });
-  return station.Start() ? QApplication::exec() : 0;
+  const vintoral::EndSignals signals([&station] { station.EndWithoutAsking(); });
+  station.Start();
+  const int result = QApplication::exec();
+  // All that was confirmed is on the disk, and nobody can wait for a folder that hangs.
+  if (!station.HasEnded()) std::_Exit(result);
+  return result;
 }

@@ -14,7 +14,6 @@
 #include "safety/form9/Form9.h"
 #include "sales/form4/Form4.h"
 #include "station/form1/Form1.h"
-#include "station/forms/Forms.h"
 #include "window/controls/DialogWindow.h"
 #include "window/form1/MainWindow.h"
 #include "window/form2/Form2Window.h"
@@ -34,12 +33,12 @@ namespace {
 struct Maker {
   std::string_view name;
   std::string_view title;  ///< in UTF-8
-  DialogWindow* (*make)(Forms& forms, Form& form, MainWindow& main);
+  DialogWindow* (*make)(const Snapshots::Taken& form, MainWindow& main);
 };
 
 template <class W>
-DialogWindow* Make(Forms& forms, Form& form, MainWindow& main) {
-  return new W(forms, form, main.AllHands(), main.Pictures(), &main);
+DialogWindow* Make(const Snapshots::Taken& form, MainWindow& main) {
+  return new W(form, main.AllHands(), main.Pictures(), &main);
 }
 
 constexpr std::array kMakers = {Maker{"Form2", Form2::kTitulo, &Make<Form2Window>},
@@ -54,20 +53,24 @@ constexpr std::array kMakers = {Maker{"Form2", Form2::kTitulo, &Make<Form2Window
 
 }  // namespace
 
-Dialogs::Dialogs(Forms& forms, MainWindow& main) : forms_(forms), main_(main), front_(&forms.Main()) {
+Dialogs::Dialogs(const Snapshots& snapshots, MainWindow& main)
+    : snapshots_(snapshots), main_(main), active_(main.Shown().Of()), front_(active_) {
   main_.OnRefresh = [this] { Refresh(); };
+  main_.AllHands().HasKeyboard = [this] { return Active()->focusWidget(); };
 }
 
 Dialogs::~Dialogs() {
   main_.OnRefresh = nullptr;
+  main_.AllHands().HasKeyboard = nullptr;
   qDeleteAll(windows_);
 }
 
 void Dialogs::Refresh() {
-  RetireGone();
-  for (Form* form : forms_.Loaded()) {
-    DialogWindow* const window = form->Shown() ? WindowOf(*form) : windows_.value(form);
-    if (window != nullptr) window->Refresh();
+  const Snapshots::Screen screen = snapshots_.Now();
+  active_ = screen.active;
+  RetireGone(screen);
+  for (const Snapshots::Taken& form : screen.loaded) {
+    if (DialogWindow* const window = WindowOf(form)) window->Refresh();
   }
   BringForward();
 }
@@ -79,35 +82,43 @@ void Dialogs::BringForward() {
   QWidget* const window = Active();
   const QWidget* const holding = QApplication::activeModalWidget();
   if (holding != nullptr && holding != window) return;  // a box has it for now
-  const Form* const front = std::exchange(front_, &forms_.Active());
+  const Snapshots::Taken front = std::exchange(front_, active_);
   if (front != front_ && window->isVisible()) window->activateWindow();
 }
 
-void Dialogs::RetireGone() {
-  const std::vector<Form*> loaded = forms_.Loaded();
+void Dialogs::RetireGone(const Snapshots::Screen& screen) {
   windows_.removeIf([&](const auto& each) {
-    const bool gone = std::find(loaded.begin(), loaded.end(), each.key()) == loaded.end();
+    const bool gone = std::none_of(screen.loaded.begin(), screen.loaded.end(),
+                                   [&](const auto& form) { return form.get() == each.key(); });
     if (gone) each.value()->Retire();
     return gone;
   });
 }
 
-DialogWindow* Dialogs::WindowOf(Form& form) {
-  if (DialogWindow* const made = windows_.value(&form)) return made;
-  const auto maker = std::find_if(kMakers.begin(), kMakers.end(),
-                                  [&](const Maker& each) { return each.name == form.Name(); });
+/// Null for the main form, and for one that has never been shown.
+DialogWindow* Dialogs::WindowOf(const Snapshots::Taken& form) {
+  if (DialogWindow* const made = windows_.value(form.get())) return made;
+  std::string name;
+  {
+    const std::lock_guard lock(form->Lock());
+    if (!form->Snapshot().shown) return nullptr;
+    name = form->Snapshot().name;
+  }
+  const auto* const maker =
+      std::find_if(kMakers.begin(), kMakers.end(), [&](const Maker& each) { return each.name == name; });
   if (maker == kMakers.end()) return nullptr;
-  DialogWindow* const made = maker->make(forms_, form, main_);
+  DialogWindow* const made = maker->make(form, main_);
   made->setWindowTitle(QString::fromStdString(std::string(maker->title)));
-  return windows_[&form] = made;
+  return windows_[form.get()] = made;
 }
 
 DialogWindow* Dialogs::Find(std::string_view name) const {
-  return windows_.value(forms_.Find(name));
+  const Snapshots::Taken form = snapshots_.Find(std::string(name));
+  return form == nullptr ? nullptr : windows_.value(form.get());
 }
 
 QWidget* Dialogs::Active() const {
-  DialogWindow* const dialog = windows_.value(&forms_.Active());
+  DialogWindow* const dialog = windows_.value(active_.get());
   return dialog == nullptr ? static_cast<QWidget*>(&main_) : dialog;
 }
 

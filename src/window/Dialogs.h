@@ -4,19 +4,19 @@
 #include <QHash>
 #include <string_view>
 
+#include "window/controls/Snapshots.h"
+
 class QWidget;
 
 namespace vintoral {
 
 class DialogWindow;
-class Form;
-class Forms;
 class MainWindow;
 
 class Dialogs {
  public:
   /// Follows each refresh of the main window, which it must not outlive.
-  Dialogs(Forms& forms, MainWindow& main);
+  Dialogs(const Snapshots& snapshots, MainWindow& main);
   ~Dialogs();
   Dialogs(const Dialogs&) = delete;
   Dialogs& operator=(const Dialogs&) = delete;
@@ -28,14 +28,15 @@ class Dialogs {
 
  private:
   void Refresh();
-  void RetireGone();
+  void RetireGone(const Snapshots::Screen& screen);
   void BringForward();
-  DialogWindow* WindowOf(Form& form);
+  DialogWindow* WindowOf(const Snapshots::Taken& form);
 
-  Forms& forms_;
+  const Snapshots& snapshots_;
   MainWindow& main_;
-  QHash<const Form*, DialogWindow*> windows_;
-  const Form* front_;  ///< that keys reached when this looked last
+  QHash<const TakenForm*, DialogWindow*> windows_;
+  Snapshots::Taken active_;
+  Snapshots::Taken front_;  ///< that keys reached when this looked last
 };
 
 }  // namespace vintoral

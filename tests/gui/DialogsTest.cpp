@@ -27,7 +27,7 @@ class DialogsOfAGate : public Gate {
       form_->OpenForms.Hide(form);
     });
     form_->OpenForms.ShowModal(form);
-    window_->Refresh();
+    Refresh();
   }
   /// What was to be destroyed when its event is through is destroyed.
   static void LetGo() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
@@ -75,7 +75,7 @@ TEST_F(DialogsOfAGate, AModelessDialogHoldsNobody) {
   Form6& form = Load();
   EXPECT_EQ(Dialog(), nullptr);
   form_->OpenForms.Show(form);
-  window_->Refresh();
+  Refresh();
   ASSERT_NE(Dialog(), nullptr);
   EXPECT_EQ(Dialog()->windowModality(), Qt::NonModal);
   EXPECT_EQ(&Front(), Dialog());
@@ -104,11 +104,11 @@ TEST_F(DialogsOfAGate, EscTakesItOffAndAway) {
 TEST_F(DialogsOfAGate, AWindowWhoseFormIsGoneIsOffTheScreenAtOnce) {
   Form6& form = Load();
   form_->OpenForms.Show(form);
-  window_->Refresh();
+  Refresh();
   const QPointer<DialogWindow> dialog = Dialog();
   ASSERT_TRUE(dialog->isVisible());
   form_->OpenForms.Unload(form);
-  window_->Refresh();
+  Refresh();
   EXPECT_EQ(Dialog(), nullptr);
   ASSERT_FALSE(dialog.isNull());  // it may be in the middle of an event
   EXPECT_FALSE(dialog->isVisible());
@@ -138,20 +138,20 @@ TEST_F(DialogsOfAGate, WithoutAFocusedControlTheKeyboardRests) {
   InTariffs([&] {
     EXPECT_EQ(Focused(), "TxtTarifas(0)");
     form_->Form6->SetFocus(nullptr);
-    window_->Refresh();
+    Refresh();
     EXPECT_EQ(Focused(), "Form6");
   });
 }
 
 TEST_F(DialogsOfAGate, WindowsGoWithWhoKeepsThem) {
   form_->OpenForms.Show(Load());
-  window_->Refresh();
+  Refresh();
   const QPointer<DialogWindow> dialog = Dialog();
   ASSERT_FALSE(dialog.isNull());
   screen_.Owner = nullptr;
   dialogs_.reset();
   EXPECT_TRUE(dialog.isNull());
-  window_->Refresh();
+  Refresh();
   EXPECT_TRUE(window_->isVisible());
 }
 
@@ -221,7 +221,7 @@ TEST_F(DialogsOfAGate, ABoxWhoseWindowGoesAnswersHarmlessly) {
   screen_.OnShown = [&](QMessageBox&, const Box&) {
     QPointer<DialogWindow> dialog(Dialog());
     form_->OpenForms.Unload(*form_->Form6);
-    window_->Refresh();
+    Refresh();
     QCoreApplication::sendPostedEvents(dialog, QEvent::DeferredDelete);
     EXPECT_TRUE(dialog.isNull());
   };

@@ -175,7 +175,7 @@ TEST_F(Fields, TheMinutesShowTheirCaretAndTakeTheMousesToo) {
   minutes.Enabled = true;
   minutes.SetText("45"_w);
   form_->SetFocus(&minutes);
-  window_->Refresh();
+  Refresh();
   TextField& editor = *Face<ListField>("CboMinutos").Editor();
   EXPECT_EQ(editor.cursorPosition(), 2);
   Key(Qt::Key_Left);
@@ -194,7 +194,7 @@ TEST_F(Fields, TheCaretOfTheMinutesStandsInTheTextAsItIsShown) {
   minutes.Enabled = true;
   ASSERT_EQ(minutes.Text(), "           P01 MONITOR"_w);
   form_->SetFocus(&minutes);
-  window_->Refresh();
+  Refresh();
   TextField& editor = *Face<ListField>("CboMinutos").Editor();
   EXPECT_EQ(editor.text(), "P01 MONITOR");
   EXPECT_EQ(editor.cursorPosition(), 11);

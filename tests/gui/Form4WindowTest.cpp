@@ -147,7 +147,7 @@ TEST_F(Articles, EverythingHasItsPlaceWithTwentyRows) {
     // The largest value of a line, and the largest total that twenty of them make.
     Model().TxtTotal[0].SetText("998999999.99"_w);
     Model().TxtTotal[20].SetText("19979999999.80"_w);
-    window_->Refresh();
+    Refresh();
     EXPECT_EQ(Total(), "19979999999.80");
     EXPECT_TRUE(Face<CaptionLabel>("TxtTotal(0)").Fits());
     EXPECT_TRUE(Face<CaptionLabel>("TxtTotal(20)").Fits());

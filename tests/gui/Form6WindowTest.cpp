@@ -205,7 +205,7 @@ TEST_F(Tariffs, AMarkedLineSaysWhyWhereTheCaretStands) {
     Fill(0, "AUTO\n1M = 5\nMOTO");
     EXPECT_EQ(Remark(), "");
     form_->Form6->TxtTarifas[0].Marks = {{0, "primera"_w}, {2, "última"_w}};
-    window_->Refresh();
+    Refresh();
     EXPECT_EQ(Remark(), "última");
     Key(Qt::Key_Up);
     EXPECT_EQ(Remark(), "");
@@ -227,7 +227,7 @@ TEST_F(Tariffs, TheLongestRemarkCanBeRead) {
     form_->Form6->TxtTarifas[0].Marks = {{0,
                                           "Sus reglas valen también para AGENTE INMOBILIARIOS: falta una "
                                           "línea en blanco encima."_w}};
-    window_->Refresh();
+    Refresh();
     ASSERT_FALSE(Remark().isEmpty());
     EXPECT_TRUE(Face<CaptionLabel>("remark").Fits());
     Face<CaptionLabel>("place").ShowCaption("Línea 999, columna 100");

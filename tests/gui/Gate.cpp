@@ -38,16 +38,38 @@ Gate::~Gate() {
 void Gate::Start() {
   form_ = std::make_unique<Form1>(
       Platform{clock_, screen_, sound_, system_, disk_, pictures_, printer_, chance_, camera_, *carrier_});
-  window_ = std::make_unique<MainWindow>(*form_);
-  dialogs_ = std::make_unique<Dialogs>(form_->OpenForms, *window_);
-  screen_.Owner = [this] { return dialogs_->Active(); };
-  screen_.BeforeWaiting = [this] { window_->Refresh(); };
+  snapshots_ = std::make_unique<Snapshots>(form_->OpenForms);
+  queue_ = std::make_unique<InputQueue>(seam_, clock_);
+  hands_ = std::make_unique<Hands>(form_->OpenForms, seam_, *queue_);
+  window_ = std::make_unique<MainWindow>(snapshots_->Now().loaded.front(), *hands_,
+                                         MainWindow::Files{pictures_, disk_, camera_});
+  dialogs_ = std::make_unique<Dialogs>(*snapshots_, *window_);
+  Join();
   form_->Form_Load();
   window_->resize(1366, 768);
   window_->show();
   QApplication::setActiveWindow(window_.get());
   constexpr std::int64_t kUntilClockRuns = 3'600;
   Advance(kUntilClockRuns);
+}
+
+void Gate::Join() {
+  seam_.Publish = [this] { Refresh(); };
+  seam_.Ended = [this] { return form_->OpenForms.Ended(); };
+  seam_.OnFree = [this] { queue_->Go(); };
+  queue_->Beep = [] {};
+  queue_->ToBox = [this](const QKeyEvent* key) { return screen_.ToBox(key); };
+  screen_.Owner = [this] { return dialogs_->Active(); };
+  screen_.BeforeWaiting = [this] { Refresh(); };
+  window_->Pictures().OnDamaged = [this](const vintoral::Picture& picture) {
+    form_->FotoDanada(picture.Path(), picture.Mark());
+    Refresh();
+  };
+}
+
+void Gate::Refresh() {
+  snapshots_->Take();
+  window_->Refresh();
 }
 
 void Gate::Restart() {
@@ -60,7 +82,7 @@ void Gate::Restart() {
 
 void Gate::Advance(std::int64_t milliseconds) {
   AdvanceTime(clock_, form_->OpenForms, milliseconds);
-  window_->Refresh();
+  Refresh();
   QCoreApplication::processEvents();
 }
 

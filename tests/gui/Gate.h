@@ -10,6 +10,7 @@
 #include <optional>
 #include <ostream>
 
+#include "gui/DirectSeam.h"
 #include "gui/FilmedCamera.h"
 #include "platform/PosixDisk.h"
 #include "platform/desktop/DesktopScreen.h"
@@ -21,6 +22,7 @@
 #include "station/form1/Form1.h"
 #include "support/TempFolder.h"
 #include "window/Dialogs.h"
+#include "window/controls/InputQueue.h"
 #include "window/form1/MainWindow.h"
 
 inline void PrintTo(const QString& text, std::ostream* out) {
@@ -32,6 +34,7 @@ namespace vintoral::test {
 /// Real boxes, counted beeps.
 class CountingScreen : public DesktopScreen {
  public:
+  using DesktopScreen::DesktopScreen;
   void Beep() override { ++Beeps; }
   int Beeps = 0;
 };
@@ -45,6 +48,8 @@ class Gate : public testing::Test {
   void Start();
   /// Ends the station without asking, and starts it again on the same folder.
   void Restart();
+  /// Shows what a test has changed behind the hands' back.
+  void Refresh();
   /// Lets time pass, and shows what came of it.
   void Advance(std::int64_t milliseconds);
 
@@ -79,7 +84,8 @@ class Gate : public testing::Test {
   TempFolder folder_;
   VirtualClock clock_;
   Recording events_;
-  CountingScreen screen_;
+  DirectSeam seam_;
+  CountingScreen screen_{seam_};
   RecordingPrinter printer_{events_};
   SeededRandom chance_;
   FilmedCamera camera_;
@@ -87,10 +93,14 @@ class Gate : public testing::Test {
   Mail* carrier_ = &mail_;  ///< who takes the mails of the next start
   std::vector<Box> boxes_;  ///< all that came up, in order
   std::unique_ptr<Form1> form_;
+  std::unique_ptr<Snapshots> snapshots_;
+  std::unique_ptr<InputQueue> queue_;
+  std::unique_ptr<Hands> hands_;
   std::unique_ptr<MainWindow> window_;
   std::unique_ptr<Dialogs> dialogs_;
 
  private:
+  void Join();
   void AnswerBox(QMessageBox& dialog, const Box& box);
   RecordingScreen unused_{events_, clock_};
   RecordingSound sound_{events_};

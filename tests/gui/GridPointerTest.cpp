@@ -85,7 +85,7 @@ TEST_F(GridPointer, ABoxOverTheSheetLeavesWhatIsPointedAt) {
   box.hide();
   MoveTo(*window_, QPoint(2, window_->height() - 2));
   EXPECT_EQ(Pointed(), "0002");
-  window_->Refresh();  // as after whatever the box was asked for
+  Refresh();  // as after whatever the box was asked for
   QCoreApplication::processEvents();
   EXPECT_EQ(Pointed(), "");
 }
@@ -107,7 +107,7 @@ TEST_F(GridPointer, WhatTheBigPictureShowsIsNeverAnotherFicha) {
   Settle();
   ASSERT_TRUE(Near(Middle(Face("Picture2")), Qt::red));
   form_->ImgFicha_MouseMove(1);
-  window_->Refresh();
+  Refresh();
   // The cell's own picture, until the file has been read again for the larger place.
   EXPECT_TRUE(Near(Middle(Face("Picture2")), Qt::blue));
   EXPECT_TRUE(Face<PictureView>("Picture2").Loading());
@@ -219,7 +219,7 @@ TEST_F(GridPointer, TheKeyboardOnTheGridIsSeen) {
   FocusGrid();
   EXPECT_EQ(ColorAt(sheet, edge), QColor::fromRgb(theme::kAccent));
   form_->SetFocus(&form_->TxtCampo[0]);
-  window_->Refresh();
+  Refresh();
   EXPECT_NE(ColorAt(sheet, edge), QColor::fromRgb(theme::kAccent));
 }
 

@@ -115,7 +115,7 @@ TEST_F(Grid, TheSamePhotoIsNotReadAgain) {
   ASSERT_TRUE(CellFace(0).HasPicture());
   form_->LimpiarPantalla();
   form_->ImprimirIndice();
-  window_->Refresh();
+  Refresh();
   Picture(*window_);
   EXPECT_FALSE(CellFace(0).Loading());
   EXPECT_TRUE(CellFace(0).HasPicture());
@@ -139,7 +139,7 @@ TEST_F(Grid, APhotoThatMovesToAnotherCellIsThereAtOnce) {
     form_->VistaFichas.assign({Ficha(1), Ficha(2), Ficha(3)});
     form_->VistaFichas.erase(form_->VistaFichas.begin(), form_->VistaFichas.begin() + first);
     form_->ImprimirIndice();
-    window_->Refresh();
+    Refresh();
     EXPECT_TRUE(Near(Middle(CellFace(1 - first)), Qt::red));
     EXPECT_TRUE(Near(Middle(CellFace(2 - first)), Qt::blue));
     EXPECT_FALSE(CellFace(1 - first).Loading() || CellFace(2 - first).Loading());

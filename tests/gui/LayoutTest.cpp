@@ -26,7 +26,7 @@ class Layout : public Gate {
   /// The look of a station that works with bar codes, or with numbers.
   void ShowMode(bool codes) {
     form_->CmdBarCode.Visible = codes;
-    window_->Refresh();
+    Refresh();
     QCoreApplication::processEvents();
   }
   /// What is visible hides, and the other way round; the mode stays.
@@ -100,7 +100,7 @@ TEST_F(Layout, CaptionsCanBeReadWhole) {
   form_->LblCampo[0].Caption = "1000"_w;
   for (const QSize screen : {QSize(1366, 768), QSize(1093, 614)}) {
     window_->resize(screen);
-    window_->Refresh();
+    Refresh();
     QCoreApplication::processEvents();
     for (const QWidget* widget : window_->findChildren<QWidget*>()) {
       const auto* const label = dynamic_cast<const CaptionLabel*>(widget);
@@ -127,7 +127,7 @@ TEST_F(Layout, NothingMovesWhenThingsComeAndGo) {
     form_->LblValor.Caption = "$ 123456789.00"_w;
     form_->LblInfo[4].Caption = "1000"_w;
     form_->LblFechaEnt.Caption = {};
-    window_->Refresh();
+    Refresh();
     QCoreApplication::processEvents();
     ExpectPlaces(idle);
     TurnOver();
@@ -162,14 +162,14 @@ TEST_F(Layout, TheBandOfTheCodeFitsTheSmallScreens) {
 TEST_F(Layout, TheTitleIsTheHelpLine) {
   EXPECT_EQ(window_->windowTitle(), "Vintoral 10.25");
   form_->LblAyuda.Caption = " Abrir Menú "_w;
-  window_->Refresh();
+  Refresh();
   EXPECT_EQ(window_->windowTitle(), "Abrir Menú");
 }
 
 TEST_F(Layout, HidingShowsOnScreen) {
   form_->LblInfo[2].Visible = false;
   form_->PctBoton[5].Visible = true;
-  window_->Refresh();
+  Refresh();
   EXPECT_FALSE(Face("LblInfo(2)").isVisible());
   EXPECT_TRUE(Face("PctBoton(5)").isVisible());
 }

@@ -41,7 +41,7 @@ class Mirrored : public Gate {
 
 TEST_F(Mirrored, UnchangedModelPaintsNothing) {
   Paints paints(*window_);
-  window_->Refresh();
+  Refresh();
   QCoreApplication::processEvents();
   EXPECT_EQ(paints.Names, QSet<QString>());
 }
@@ -61,7 +61,7 @@ TEST_F(Mirrored, PicturesComeFromTheStationsFolder) {
   red.fill(Qt::red);
   ASSERT_TRUE(red.save(QString::fromStdString(folder_.Path("Fondos/Rojo.jpg"))));
   form_->ImgFondo.Picture = "FONDOS\\ROJO.JPG"_w;
-  window_->Refresh();
+  Refresh();
   AwaitPicture("ImgFondo");
   const QColor shown = Picture(Face("ImgFondo")).pixelColor(20, 20);
   EXPECT_GT(shown.red(), 240);
@@ -73,7 +73,7 @@ TEST_F(Mirrored, ADamagedPictureIsBlank) {
   folder_.Put("mala.jpg", "\xFF\xD8\xFF\xE0 no picture at all");
   form_->Picture2.Picture = "mala.jpg"_w;
   form_->Picture2.Visible = true;
-  window_->Refresh();
+  Refresh();
   AwaitPicture("Picture2");
   EXPECT_EQ(Picture(Face("Picture2")), blank);
 }
@@ -85,15 +85,15 @@ TEST_F(Mirrored, ANewPhotoUnderTheSameNameIsShown) {
   ASSERT_TRUE(photo.save(file));
   form_->Picture2.Picture = "foto.jpg"_w;
   form_->Picture2.Visible = true;
-  window_->Refresh();
+  Refresh();
   AwaitPicture("Picture2");
   const QImage before = Picture(Face("Picture2"));
   photo.fill(Qt::blue);
   ASSERT_TRUE(photo.save(file));
   form_->Picture2.Visible = false;
-  window_->Refresh();
+  Refresh();
   form_->Picture2.Visible = true;
-  window_->Refresh();
+  Refresh();
   AwaitPicture("Picture2");
   EXPECT_NE(Picture(Face("Picture2")), before);
 }
@@ -135,7 +135,7 @@ TEST_F(Mirrored, PixelsAreShownAtOnce) {
   }
   form_->Picture2.Visible = true;
   form_->Picture2.Picture = vintoral::Picture(frame);
-  window_->Refresh();
+  Refresh();
   const QColor shown = Picture(Face("Picture2")).pixelColor(Face("Picture2").rect().center());
   EXPECT_EQ(shown, QColor(Qt::red));
 }
@@ -152,7 +152,7 @@ TEST_F(Mirrored, ALargePhotoIsSharp) {
   ASSERT_TRUE(stripes.save(QString::fromStdString(folder_.Path("rayas.jpg")), nullptr, 95));
   form_->Picture2.Picture = "rayas.jpg"_w;
   form_->Picture2.Visible = true;
-  window_->Refresh();
+  Refresh();
   AwaitPicture("Picture2");
   const QImage shown = Picture(Face("Picture2"));
   int darkest = 255, lightest = 0;

@@ -84,7 +84,7 @@ class PanicUnderWay : public Gate {
     carrier_ = &slow_;
     Start();
     form_->ImgPanico.Visible = true;
-    window_->Refresh();
+    Refresh();
   }
   /// Presses F12, and runs `steps` while the mail is under way.
   void DuringAlert(const std::function<void()>& steps) {

@@ -44,7 +44,7 @@ class Scans : public Gate {
   void Scan(const QString& code, bool withEnter) {
     reader_.Read(*window_, code);
     if (withEnter) reader_.End(*window_);
-    window_->Refresh();
+    Refresh();
     QCoreApplication::processEvents();
   }
   void Cancel() {
@@ -80,7 +80,7 @@ TEST_F(Scans, ACodeShowsWhoIsInsideWhateverHasTheKeyboard) {
     for (const bool withEnter : {false, true}) {
       SCOPED_TRACE(testing::Message() << name << (withEnter ? " with Enter" : ""));
       go();
-      window_->Refresh();
+      Refresh();
       ASSERT_FALSE(form_->FichaEnCurso());
       const String minutes = form_->CboMinutos.Text();
       Scan(withEnter ? code.toLower() : code, withEnter);
@@ -238,7 +238,7 @@ TEST_F(Scans, APassEntersByItselfAfterASecond) {
 TEST_F(Scans, TheKeyboardGoesFromTheCodeOverTheFieldsToTheValidity) {
   Key(Qt::Key_Home);
   form_->SetFocus(&form_->TxtBarCode);
-  window_->Refresh();
+  Refresh();
   QStringList way;
   for (int i = 0; i < 8; ++i) {
     Key(Qt::Key_Tab);
@@ -305,7 +305,7 @@ TEST_F(Scans, TheValidityAndTheSignStandBesideTheCode) {
 
 TEST_F(Scans, TheInvoiceTakesThePlaceOfTheValidity) {
   form_->ChkFactura.Visible = true;
-  window_->Refresh();
+  Refresh();
   QCoreApplication::processEvents();
   EXPECT_FALSE(Face("ChkFactura").geometry().intersects(Face("TxtBarCode").geometry()));
   EXPECT_FALSE(Face("ChkFactura").geometry().intersects(Face("TxtBarCodeOK").geometry()));

@@ -1,6 +1,7 @@
 // Where model and widgets meet: hands that name controls, and a mirror that takes and shows in two steps.
 #include <gtest/gtest.h>
 
+#include "gui/DirectSeam.h"
 #include "platform/PosixDisk.h"
 #include "platform/headless/Recording.h"
 #include "platform/headless/VirtualClock.h"
@@ -9,6 +10,7 @@
 #include "support/TempFolder.h"
 #include "window/controls/CaptionLabel.h"
 #include "window/controls/Hands.h"
+#include "window/controls/InputQueue.h"
 #include "window/controls/Mirror.h"
 #include "window/controls/PictureLoader.h"
 #include "window/controls/TextField.h"
@@ -34,9 +36,12 @@ class Dialog : public Form {
   std::string done;
 };
 
-class Seam : public testing::Test {
+class SeamParts : public testing::Test {
  protected:
-  Seam() { forms_.Show(dialog_); }
+  SeamParts() {
+    forms_.Show(dialog_);
+    seam_.Publish = [this] { ++rounds_; };
+  }
   VirtualClock clock_;
   Recording events_;
   RecordingScreen screen_{events_, clock_};
@@ -44,12 +49,14 @@ class Seam : public testing::Test {
   Forms forms_{main_, screen_, clock_};
   Dialog& dialog_ = forms_.Load(std::make_unique<Dialog>());
   int rounds_ = 0;
-  Hands hands_{forms_, [this] { ++rounds_; }};
+  DirectSeam seam_;
+  InputQueue queue_{seam_, clock_};
+  Hands hands_{forms_, seam_, queue_};
 };
 
 const ControlId kNumber{"Dialog", "TxtNumero(0)"}, kName{"Dialog", "TxtNombre"}, kSign{"Dialog", "LblSigno"};
 
-TEST_F(Seam, HandsReachTheControlThatIsNamed) {
+TEST_F(SeamParts, HandsReachTheControlThatIsNamed) {
   hands_.Click(kSign);
   hands_.DoubleClick(kNumber);
   hands_.Hover(kName);
@@ -58,7 +65,7 @@ TEST_F(Seam, HandsReachTheControlThatIsNamed) {
   EXPECT_EQ(rounds_, 4);
 }
 
-TEST_F(Seam, HandsMoveFocusAndCaret) {
+TEST_F(SeamParts, HandsMoveFocusAndCaret) {
   dialog_.name.SetText("ANA MARIA"_w);
   hands_.Focus(kName);
   EXPECT_EQ(dialog_.Focus(), &dialog_.name);
@@ -68,7 +75,7 @@ TEST_F(Seam, HandsMoveFocusAndCaret) {
   EXPECT_EQ(rounds_, 2);
 }
 
-TEST_F(Seam, WhatIsDoneToAGoneFormFalls) {
+TEST_F(SeamParts, WhatIsDoneToAGoneFormFalls) {
   const Forms::Handling alive(forms_);
   hands_.CloseBox("Dialog");
   ASSERT_EQ(forms_.Find("Dialog"), nullptr);
@@ -79,27 +86,31 @@ TEST_F(Seam, WhatIsDoneToAGoneFormFalls) {
   EXPECT_EQ(rounds_, 4);
 }
 
-TEST_F(Seam, WhatIsDoneToNoControlFalls) {
+TEST_F(SeamParts, WhatIsDoneToNoControlFalls) {
   hands_.Click({"Dialog", "LblOtro"});
   EXPECT_EQ(dialog_.done, "");
   EXPECT_EQ(rounds_, 1);
 }
 
-TEST_F(Seam, NothingIsDoneAfterTheEnd) {
+TEST_F(SeamParts, NothingIsDoneAfterTheEnd) {
   const Forms::Handling alive(forms_);
   forms_.End();
   hands_.Click(kSign);
   EXPECT_EQ(dialog_.done, "");
-  EXPECT_EQ(rounds_, 0);
+  EXPECT_EQ(rounds_, 1);
 }
 
-class SeamWindow : public Seam {
+class SeamWindow : public SeamParts {
  protected:
   SeamWindow() {
     mirror_.RestOn(rest_);
     Bind(stage_, "LblSigno", sign_);
     Bind(stage_, {"TxtNumero", 0}, number_);
-    mirror_.Sync();
+    Sync();
+  }
+  void Sync() {
+    snapshots_.Take();
+    mirror_.Show();
   }
   TempFolder folder_;
   PosixDisk disk_{folder_.Path()};
@@ -109,7 +120,8 @@ class SeamWindow : public Seam {
   QWidget rest_{&window_};
   CaptionLabel sign_{{}, &window_};
   TextField number_{&window_};
-  Mirror mirror_{forms_, dialog_};
+  Snapshots snapshots_{forms_};
+  Mirror mirror_{snapshots_.Find("Dialog")};
   Stage stage_{mirror_, hands_, pictures_};
 };
 
@@ -118,7 +130,7 @@ TEST_F(SeamWindow, TakesAndShowsInTwoSteps) {
   dialog_.sign.Caption = "SAL"_w;
   mirror_.Show();
   EXPECT_EQ(sign_.Caption(), QString());
-  mirror_.Take();
+  snapshots_.Take();
   EXPECT_EQ(sign_.Caption(), QString());
   mirror_.Show();
   EXPECT_EQ(sign_.Caption(), QStringLiteral("SAL"));
@@ -129,13 +141,13 @@ TEST_F(SeamWindow, FollowsTheFocusThatWasTaken) {
   dialog_.SetFocus(&dialog_.number);
   mirror_.Show();
   EXPECT_EQ(window_.focusWidget(), &rest_);
-  mirror_.Sync();
+  Sync();
   EXPECT_EQ(window_.focusWidget(), &number_);
   dialog_.SetFocus(&dialog_.name);  // which nothing shows
-  mirror_.Sync();
+  Sync();
   EXPECT_EQ(window_.focusWidget(), &number_);
   dialog_.SetFocus(nullptr);
-  mirror_.Sync();
+  Sync();
   EXPECT_EQ(window_.focusWidget(), &rest_);
 }
 
@@ -149,9 +161,9 @@ TEST_F(SeamWindow, KnowsWidgetsByTheNamesOfTheirControls) {
 
 TEST_F(SeamWindow, OutlivesItsForm) {
   dialog_.sign.Caption = "SAL"_w;
-  mirror_.Sync();
+  Sync();
   forms_.Unload(dialog_);
-  mirror_.Sync();
+  Sync();
   EXPECT_EQ(sign_.Caption(), QStringLiteral("SAL"));
   EXPECT_FALSE(mirror_.Snapshot().shown);
 }
@@ -159,6 +171,7 @@ TEST_F(SeamWindow, OutlivesItsForm) {
 TEST_F(SeamWindow, OfAnotherFormEndsTheProgram) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   EXPECT_DEATH(Bind(stage_, "LblOtro", sign_), "Dialog has no LblOtro");
+  EXPECT_DEATH(Bind(stage_, "lblSigno", sign_), "Dialog has no lblSigno");
   EXPECT_DEATH(Bind(stage_, "TxtNombre", sign_), "Dialog has no TxtNombre");  // a text box is no label
 }
 

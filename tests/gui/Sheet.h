@@ -63,7 +63,7 @@ class Sheet : public Gate {
   }
   /// Shows what there is to show, with all photos read.
   void Settle() {
-    window_->Refresh();
+    Refresh();
     QCoreApplication::processEvents();
     const auto still = [&](const PictureView* view) { return view->isVisible() && view->Loading(); };
     EXPECT_TRUE(QTest::qWaitFor([&] {
@@ -115,7 +115,7 @@ class Sheet : public Gate {
   }
   void FocusGrid() {
     form_->SetFocus(&form_->FraFicha);
-    window_->Refresh();
+    Refresh();
     ASSERT_EQ(Focused(), "FraFicha");
   }
   QString Pointed() { return Shown("LblCampo(0)"); }

@@ -1,11 +1,10 @@
 // The snapshot of a form: what is copied, what counts as news, and what becomes of a form that goes.
-#include "window/controls/SnapshotTaker.h"
-
 #include <gtest/gtest.h>
 
 #include "platform/headless/Recording.h"
 #include "platform/headless/VirtualClock.h"
 #include "station/forms/Forms.h"
+#include "window/controls/Mirror.h"
 
 namespace vintoral::test {
 namespace {
@@ -39,7 +38,12 @@ class Snapshot : public testing::Test {
   /// The state of a control, as the taker makes it; shown once, so that nothing is news.
   template <class S>
   S& Added(const char* name) {
-    return dynamic_cast<S&>(*taker_.Add(name));
+    snapshots_.Take();
+    return mirror_.StateOf<S>(name);
+  }
+  void Take() {
+    snapshots_.Take();
+    mirror_.Copy();
   }
   template <class... V>
   static void ShowAll(V&... values) {
@@ -53,8 +57,9 @@ class Snapshot : public testing::Test {
   RecordingScreen screen_{events_, clock_};
   Sample main_{"Main"};
   Forms forms_{main_, screen_, clock_};
-  FormSnapshot snapshot_;
-  SnapshotTaker taker_{forms_, main_, snapshot_};
+  Snapshots snapshots_{forms_};
+  Mirror mirror_{snapshots_.Now().loaded.front()};
+  const FormSnapshot& snapshot_ = mirror_.Snapshot();
 };
 
 TEST_F(Snapshot, HasTheControlsThatWereAdded) {
@@ -66,13 +71,6 @@ TEST_F(Snapshot, HasTheControlsThatWereAdded) {
   EXPECT_EQ(snapshot_.controls[1].get(), &box);
   EXPECT_EQ(box.id.form, "Main");
   EXPECT_EQ(box.id.control, "Box");
-}
-
-TEST_F(Snapshot, KnowsNamesExactlyAsTheyAreSpelt) {
-  EXPECT_EQ(taker_.Add("box"), nullptr);
-  EXPECT_EQ(taker_.Add("Box(0)"), nullptr);
-  EXPECT_EQ(snapshot_.controls.size(), 0U);
-  EXPECT_NE(taker_.Add("Box"), nullptr);
 }
 
 TEST_F(Snapshot, HasAControlOnce) {
@@ -87,9 +85,9 @@ TEST_F(Snapshot, ACopyOfTheModelIsNewsOnce) {
   ShowAll(label.caption, label.ground, label.visible, label.enabled, label.toolTip);
   main_.label.Caption = "ENT"_w;
   EXPECT_EQ(*label.caption, ""_w);
-  taker_.Take();
+  Take();
   EXPECT_EQ(*label.caption, "ENT"_w);
-  taker_.Take();
+  Take();
   EXPECT_TRUE(label.caption.News());
   EXPECT_FALSE(label.caption.News());
   EXPECT_FALSE(label.ground.News() || label.visible.News() || label.enabled.News() || label.toolTip.News());
@@ -130,7 +128,7 @@ TEST_F(Snapshot, OfEveryControl) {
   ShowAll(shape.toolTip, shape.visible, shape.enabled);
   main_.shape.Visible = main_.shape.Enabled = true;
   main_.shape.ToolTipText = ""_w;
-  taker_.Take();
+  Take();
   EXPECT_TRUE(*shape.visible && *shape.enabled);
   EXPECT_EQ(*shape.toolTip, ""_w);
   ShowAll(shape.toolTip, shape.visible, shape.enabled);
@@ -149,7 +147,7 @@ TEST_F(Snapshot, TellsWhatTakesTheFocus) {
   EXPECT_TRUE(box.takesFocus);
   EXPECT_FALSE(label.takesFocus);
   main_.box.Enabled = false;
-  taker_.Take();
+  Take();
   EXPECT_FALSE(box.takesFocus);
 }
 
@@ -164,7 +162,7 @@ TEST_F(Snapshot, OfATextBox) {
   main_.box.MaxLength = 20;
   EXPECT_EQ(*box.caret, 0U);
   EXPECT_TRUE(box.caret.News());
-  taker_.Take();
+  Take();
   EXPECT_EQ(*box.caret, 7U);
   EXPECT_EQ(box.maxLength, 20U);
   EXPECT_EQ(*box.text, "uno dos"_w);
@@ -180,19 +178,19 @@ TEST_F(Snapshot, OfTheMarksBesideAText) {
   auto& box = Added<TextBoxState>("Box");
   ShowAll(box.marks);
   main_.box.Marks = {{2, "sin precio"_w}};
-  taker_.Take();
+  Take();
   EXPECT_EQ(*box.marks, (std::vector<LineMark>{{2, "sin precio"_w}}));
   EXPECT_TRUE(box.marks.News());
-  taker_.Take();
+  Take();
   EXPECT_FALSE(box.marks.News());
   main_.box.Marks = {{3, "sin precio"_w}};  // another line alone
-  taker_.Take();
+  Take();
   EXPECT_EQ(*box.marks, (std::vector<LineMark>{{3, "sin precio"_w}}));
   main_.box.Marks = {{3, "sin unidad"_w}};  // another reason alone
-  taker_.Take();
+  Take();
   EXPECT_EQ(*box.marks, (std::vector<LineMark>{{3, "sin unidad"_w}}));
   main_.box.Marks.clear();
-  taker_.Take();
+  Take();
   EXPECT_TRUE(box.marks->empty());
 }
 
@@ -202,7 +200,7 @@ TEST_F(Snapshot, OfALabel) {
   EXPECT_EQ(*label.ground, kLightRed);
   ShowAll(label.ground);
   main_.label.BackColor = kWhite;
-  taker_.Take();
+  Take();
   EXPECT_EQ(*label.ground, kUncolored);
   EXPECT_TRUE(label.ground.News());
 }
@@ -214,7 +212,7 @@ TEST_F(Snapshot, OfAComboBox) {
   main_.combo.AddItem("AUTO"_w);
   main_.combo.AddItem("MOTO"_w);
   main_.combo.Select(1);
-  taker_.Take();
+  Take();
   EXPECT_EQ(*combo.rows, (std::vector<String>{"AUTO"_w, "MOTO"_w}));
   EXPECT_EQ(*combo.row, 1);
   EXPECT_EQ(*combo.text, "MOTO"_w);
@@ -228,15 +226,15 @@ TEST_F(Snapshot, OfAListBox) {
   EXPECT_EQ(*list.text, "DIA(S)"_w);
   ShowAll(list.rows, list.row, list.text);
   main_.list.ListIndex = 1;
-  taker_.Take();
+  Take();
   EXPECT_EQ(*list.row, 1);
   EXPECT_EQ(*list.text, "MES(ES)"_w);
   main_.list.List.pop_back();  // the chosen row is past the end
-  taker_.Take();
+  Take();
   EXPECT_EQ(*list.rows, (std::vector<String>{"DIA(S)"_w}));
   EXPECT_EQ(*list.text, ""_w);
   main_.list.ListIndex = -1;
-  taker_.Take();
+  Take();
   EXPECT_EQ(*list.row, -1);
   EXPECT_EQ(*list.text, ""_w);
 }
@@ -253,7 +251,7 @@ TEST_F(Snapshot, OfWhatIsPressed) {
   main_.option.Caption = "Día"_w;
   main_.button.Caption = "GUARDAR"_w;
   main_.frame.Caption = "Fichas"_w;
-  taker_.Take();
+  Take();
   EXPECT_TRUE(*tick.on && *option.on);
   EXPECT_FALSE(*button.on || *frame.on);
   EXPECT_EQ(*tick.caption, "Factura"_w);
@@ -270,7 +268,7 @@ TEST_F(Snapshot, OfPictures) {
   main_.panel.BorderStyle = 1;
   main_.panel.BackColor = kLightGreen;
   main_.image.Picture = "dos.jpg"_w;
-  taker_.Take();
+  Take();
   EXPECT_EQ(panel.picture->Path(), "uno.jpg"_w);
   EXPECT_TRUE(*panel.pressed);
   EXPECT_EQ(*panel.ground, kLightGreen);
@@ -285,7 +283,7 @@ TEST_F(Snapshot, OfACellAndTheFrameAroundIt) {
   ShowAll(image.caption, shape.cell);
   main_.image.Caption = "0007"_w;
   main_.shape.Cell = 6;
-  taker_.Take();
+  Take();
   EXPECT_EQ(*image.caption, "0007"_w);
   EXPECT_EQ(*shape.cell, 6);
   ShowAll(image.caption, shape.cell);
@@ -296,7 +294,7 @@ TEST_F(Snapshot, OfAChart) {
   ShowAll(chart.caption, chart.values);
   main_.chart.Caption = "AUTO"_w;
   main_.chart.Values = {Money::FromUnits(5), Money::FromUnits(7)};
-  taker_.Take();
+  Take();
   EXPECT_EQ(*chart.caption, "AUTO"_w);
   EXPECT_EQ(*chart.values, (std::vector<Money>{Money::FromUnits(5), Money::FromUnits(7)}));
   ShowAll(chart.caption, chart.values);
@@ -305,68 +303,119 @@ TEST_F(Snapshot, OfAChart) {
 TEST_F(Snapshot, KnowsWhereTheFocusIs) {
   const auto& box = Added<TextBoxState>("Box");
   main_.SetFocus(&main_.box);
-  taker_.Take();
+  Take();
   EXPECT_EQ(snapshot_.focus, &box);
   EXPECT_FALSE(snapshot_.focusOnForm);
   main_.SetFocus(&main_.combo);  // which is no part of the snapshot
-  taker_.Take();
+  Take();
   EXPECT_EQ(snapshot_.focus, nullptr);
   EXPECT_FALSE(snapshot_.focusOnForm);
   main_.SetFocus(nullptr);
-  taker_.Take();
+  Take();
   EXPECT_EQ(snapshot_.focus, nullptr);
   EXPECT_TRUE(snapshot_.focusOnForm);
 }
 
 TEST_F(Snapshot, KnowsWhetherTheFormIsShown) {
   EXPECT_FALSE(snapshot_.shown);
-  taker_.Take();
+  Take();
   EXPECT_TRUE(snapshot_.shown);
   forms_.Hide(main_);
-  taker_.Take();
+  Take();
   EXPECT_FALSE(snapshot_.shown);
   forms_.Show(main_);
-  taker_.Take();
+  Take();
   ASSERT_TRUE(snapshot_.shown);
   forms_.End();
-  taker_.Take();
+  Take();
   EXPECT_FALSE(snapshot_.shown);
 }
 
 TEST_F(Snapshot, KnowsWhetherTheFormHoldsAllOthers) {
-  taker_.Take();
+  Take();
   EXPECT_FALSE(snapshot_.modal);
   Sample& dialog = forms_.Load(std::make_unique<Sample>("Dialog"));
-  FormSnapshot snapshot;
-  SnapshotTaker taker(forms_, dialog, snapshot);
+  snapshots_.Take();
+  Mirror mirror(snapshots_.Find("Dialog"));
+  const auto take = [&] {
+    Take();
+    mirror.Copy();
+  };
   screen_.OnWait = [&] {
-    taker.Take();
-    EXPECT_TRUE(snapshot.modal);
-    taker_.Take();
+    take();
+    EXPECT_TRUE(mirror.Snapshot().modal);
     EXPECT_FALSE(snapshot_.modal);
     forms_.Hide(dialog);
   };
   forms_.ShowModal(dialog);
-  taker.Take();
-  EXPECT_FALSE(snapshot.modal);
+  take();
+  EXPECT_FALSE(mirror.Snapshot().modal);
 }
 
 TEST_F(Snapshot, StaysAsItWasWhenItsFormGoes) {
   Sample& dialog = forms_.Load(std::make_unique<Sample>("Dialog"));
-  FormSnapshot snapshot;
-  SnapshotTaker taker(forms_, dialog, snapshot);
-  const auto& label = dynamic_cast<LabelState&>(*taker.Add("Label"));
+  snapshots_.Take();
+  Mirror mirror(snapshots_.Find("Dialog"));
+  const auto& label = mirror.StateOf<LabelState>("Label");
   dialog.label.Caption = "ENT"_w;
   forms_.Show(dialog);
-  taker.Take();
-  ASSERT_TRUE(snapshot.shown);
+  snapshots_.Take();
+  mirror.Copy();
+  ASSERT_TRUE(mirror.Snapshot().shown);
   const Forms::Handling alive(forms_);  // it is in the middle of an event of its own
   forms_.Unload(dialog);
   dialog.SetShown(true);
   dialog.label.Caption = "SAL"_w;
-  taker.Take();
-  EXPECT_FALSE(snapshot.shown);
+  snapshots_.Take();
+  mirror.Copy();
+  EXPECT_FALSE(mirror.Snapshot().shown);
   EXPECT_EQ(*label.caption, "ENT"_w);
+  EXPECT_EQ(snapshots_.Find("Dialog"), nullptr);
+}
+
+TEST_F(Snapshot, AnotherFormOfTheSameNameIsAnother) {
+  snapshots_.Take();
+  ASSERT_EQ(snapshots_.Now().loaded.size(), 1U);
+  Sample& first = forms_.Load(std::make_unique<Sample>("Dialog"));
+  ASSERT_TRUE(snapshots_.Take());
+  const Snapshots::Taken before = snapshots_.Find("dialog");
+  ASSERT_NE(before, nullptr);
+  const Forms::Handling alive(forms_);
+  forms_.Unload(first);
+  forms_.Load(std::make_unique<Sample>("Dialog"));
+  ASSERT_TRUE(snapshots_.Take());
+  EXPECT_NE(snapshots_.Find("Dialog"), before);
+  EXPECT_EQ(snapshots_.Now().loaded.size(), 2U);
+}
+
+TEST_F(Snapshot, TellsWhatHasChanged) {
+  Added<LabelState>("Label");
+  ASSERT_FALSE(snapshots_.Take());
+  main_.box.Select(0, 0);
+  EXPECT_FALSE(snapshots_.Take());
+  main_.label.Caption = "ENT"_w;
+  EXPECT_TRUE(snapshots_.Take());
+  EXPECT_TRUE(mirror_.Copy());
+  EXPECT_FALSE(mirror_.Copy());
+  EXPECT_FALSE(snapshots_.Take());
+  main_.SetFocus(&main_.box);
+  EXPECT_TRUE(snapshots_.Take());
+  main_.box.MaxLength = 7;
+  EXPECT_TRUE(snapshots_.Take());
+  forms_.End();
+  EXPECT_TRUE(snapshots_.Take());
+  EXPECT_TRUE(snapshots_.Now().ended);
+}
+
+TEST_F(Snapshot, KnowsWhichFormKeysReach) {
+  ASSERT_EQ(snapshots_.Now().active, snapshots_.Find("Main"));
+  Sample& dialog = forms_.Load(std::make_unique<Sample>("Dialog"));
+  forms_.Show(dialog);
+  EXPECT_TRUE(snapshots_.Take());
+  EXPECT_EQ(snapshots_.Now().active, snapshots_.Find("Dialog"));
+  forms_.Activate(main_);
+  EXPECT_TRUE(snapshots_.Take());
+  EXPECT_EQ(snapshots_.Now().active, snapshots_.Find("Main"));
 }
 
 }  // namespace

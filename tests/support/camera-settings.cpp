@@ -30,20 +30,11 @@ int main(int argc, char** argv) {
   vintoral::Station::PrepareToolkit();
   QApplication application(argc, argv);
   vintoral::theme::Apply(application);
-  vintoral::DesktopPlatform devices(QDir::currentPath().toStdString());
   vintoral::test::FilmedCamera camera;
   camera.Installed = {vintoral::String::FromUtf8("Entrada")};
   camera.Cameras[camera.Installed[0]].options = Settings();
 
-  const vintoral::Platform desktop = devices.Devices();
-  vintoral::Form1 form(vintoral::Platform{desktop.clock, desktop.screen, desktop.sound, desktop.system,
-                                          desktop.disk, desktop.pictures, desktop.printer, desktop.random,
-                                          camera, desktop.mail});
-  vintoral::MainWindow window(form);
-  vintoral::Dialogs dialogs(form.OpenForms, window);
-  devices.Screen.Owner = [&] { return dialogs.Active(); };
-  devices.Screen.BeforeWaiting = [&] { window.Appear(); };
-
+  vintoral::Station station(QDir::currentPath().toStdString(), {.camera = &camera});
   QTimer films;
   const QImage frame(QString::fromLocal8Bit(argc > 1 ? argv[1] : ""));
   QObject::connect(&films, &QTimer::timeout, [&] {
@@ -53,7 +44,6 @@ int main(int argc, char** argv) {
   });
   constexpr int kInterval = 100;
   films.start(kInterval);
-  form.Form_Load();
-  window.Appear();
+  station.Start();
   return QApplication::exec();
 }

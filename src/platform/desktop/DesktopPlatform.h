@@ -12,6 +12,7 @@
 #include "platform/desktop/DesktopScreen.h"
 #include "platform/desktop/DesktopSound.h"
 #include "platform/desktop/DesktopSystem.h"
+#include "platform/desktop/StationThread.h"
 #include "platform/desktop/SystemRandom.h"
 #include "platform/pictures/PicturesBeside.h"
 
@@ -19,11 +20,13 @@ namespace vintoral {
 
 class DesktopPlatform {
  public:
-  /// `folder`: the station's folder, a path of this system.
-  explicit DesktopPlatform(const std::string& folder);
+  /// `folder`: the station's folder, a path of this system. `window` lives on the window's thread, and
+  /// longer; `clock` in place of the machine's, too.
+  DesktopPlatform(const std::string& folder, QObject& window, const vintoral::Clock* clock = nullptr);
 
+  /// As the station's thread has them.
   Platform Devices() {
-    return {Clock, Screen, Sound, System, Disk, Pictures, Printer, chance_, Camera, Mail};
+    return {Thread.Time(), Screen, Sound, System, Disk, Pictures, Printer, chance_, Camera, Mail};
   }
   /// The file of this system that a station path means, whatever the case of its name.
   std::string FileOf(std::string_view path) const;
@@ -33,6 +36,7 @@ class DesktopPlatform {
   PosixDisk Disk;
   PicturesBeside Pictures;
   DesktopClock Clock;
+  StationThread Thread;
   DesktopScreen Screen;
   DesktopSound Sound;
   DesktopSystem System;

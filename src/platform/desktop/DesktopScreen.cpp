@@ -1,13 +1,13 @@
 #include "platform/desktop/DesktopScreen.h"
 
 #include <QApplication>
-#include <QEventLoop>
+#include <QKeyEvent>
 #include <QMessageBox>
-#include <QPointer>
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QSize>
 #include <QTimer>
+#include <QWindow>
 #include <algorithm>
 #include <chrono>
 #include <utility>
@@ -17,6 +17,7 @@ namespace vintoral {
 namespace {
 
 constexpr QSize kButtonSize{104, 36};  // to be hit without aiming
+constexpr int kSteps = 1000;           // of the progress of long work
 
 QString Caption(Answer answer) {
   switch (answer) {
@@ -79,71 +80,149 @@ Answer AnswerOf(const QMessageBox& dialog, const std::vector<Button>& buttons, c
   return pressed == buttons.end() ? HarmlessAnswer(box) : pressed->second;
 }
 
+/// The button that Alt and a letter press.
+QAbstractButton* ButtonOf(const QMessageBox& dialog, const QKeyEvent& key) {
+  if (!(key.modifiers() & Qt::AltModifier)) return nullptr;
+  for (QAbstractButton* const button : dialog.buttons()) {
+    if (QKeySequence::mnemonic(button->text()) == QKeySequence(Qt::ALT | key.key())) return button;
+  }
+  return nullptr;
+}
+
 }  // namespace
 
-DesktopScreen::DesktopScreen() = default;
+/// Long work under way. The station's thread says how far it is; the window's shows that, and breaks it off.
+struct DesktopScreen::Work {
+  std::atomic<bool> brokenOff = false;
+  int shown = -1;  ///< how far, the last time that the window was told; of the station's thread
+};
+
+DesktopScreen::DesktopScreen(Seam& seam) : seam_(seam) {}
 DesktopScreen::~DesktopScreen() = default;
 
 Answer DesktopScreen::Show(const Box& box) {
   if (BeforeWaiting) BeforeWaiting();
-  // It goes with the window that it belongs to, should that be closed beneath it.
-  const QPointer<QMessageBox> dialog(new QMessageBox(Owner ? Owner() : nullptr));
-  const std::vector<Button> buttons = Build(*dialog, box);
-  if (OnShown) QTimer::singleShot(0, dialog, [&] { OnShown(*dialog, box); });
+  const auto answer = std::make_shared<std::optional<Answer>>();
+  const auto dialog = std::make_shared<QPointer<QMessageBox>>();
   const bool busy = busy_;
   Busy(false);  // the pointer that answers a box is an ordinary one
-  dialog->exec();
+  seam_.ToWindow([this, box, answer, dialog] {
+    *dialog =
+        &Ask(box, [&seam = seam_, answer](Answer given) { seam.Tell([answer, given] { *answer = given; }); });
+  });
+  seam_.Serve(Seam::Hands::kHeld, std::nullopt, [&] { return answer->has_value(); });
+  seam_.ToWindow([dialog] { delete *dialog; });
   Busy(busy);
-  const Answer answer = dialog ? AnswerOf(*dialog, buttons, box) : HarmlessAnswer(box);
-  delete dialog;
-  return answer;
+  return answer->value_or(HarmlessAnswer(box));
+}
+
+QMessageBox& DesktopScreen::Ask(const Box& box, std::function<void(Answer)> answered) {
+  // It goes with the window that it belongs to, should that be closed beneath it.
+  auto* const dialog = new QMessageBox(Owner ? Owner() : nullptr);
+  const std::vector<Button> buttons = Build(*dialog, box);
+  dialog->setWindowModality(Qt::ApplicationModal);
+  const auto tell = [once = std::make_shared<bool>(false), answered = std::move(answered)](Answer answer) {
+    if (!std::exchange(*once, true)) answered(answer);
+  };
+  QObject::connect(dialog, &QDialog::finished, dialog, [=] { tell(AnswerOf(*dialog, buttons, box)); });
+  QObject::connect(dialog, &QObject::destroyed, [=] { tell(HarmlessAnswer(box)); });
+  if (OnShown) QTimer::singleShot(0, dialog, [this, dialog, box] { OnShown(*dialog, box); });
+  dialog->show();
+  if (OnUp) OnUp();
+  return *dialog;
+}
+
+bool DesktopScreen::ToBox(const QKeyEvent* key) {
+  const QPointer<QMessageBox> box(qobject_cast<QMessageBox*>(QApplication::activeModalWidget()));
+  if (!box) return false;
+  if (key == nullptr) return true;
+  if (QAbstractButton* const button = ButtonOf(*box, *key)) return button->click(), true;
+  for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+    if (!box || !box->isVisible()) break;
+    QKeyEvent event(type, key->key(), key->modifiers(), key->text());
+    event.setTimestamp(key->timestamp());
+    QCoreApplication::sendEvent(box->windowHandle(), &event);
+  }
+  return true;
 }
 
 void DesktopScreen::ShowModal(const ScreenForm& form) {
   if (BeforeWaiting) BeforeWaiting();
   const bool busy = busy_;
   Busy(false);
-  QEventLoop loop;
-  while (form.Shown())
-    loop.processEvents(QEventLoop::WaitForMoreEvents);
+  seam_.Serve(Seam::Hands::kServed, std::nullopt, [&] { return !form.Shown(); });
   Busy(busy);
 }
 
 void DesktopScreen::Wait(std::int64_t milliseconds) {
   if (BeforeWaiting) BeforeWaiting();
-  QEventLoop loop;
-  QTimer::singleShot(std::chrono::milliseconds(milliseconds), Qt::PreciseTimer, &loop, &QEventLoop::quit);
-  loop.exec();
+  seam_.Serve(Seam::Hands::kServed, milliseconds, [] { return false; });
 }
 
 bool DesktopScreen::Working(const String& what, double done) {
-  constexpr int kSteps = 1000;
-  constexpr std::chrono::milliseconds kUntilShown{500};
-  if (!progress_) {
+  if (!work_) {
     if (BeforeWaiting) BeforeWaiting();
-    progress_ =
-        new QProgressDialog(Utf16(what), Caption(Answer::kCancel), 0, kSteps, Owner ? Owner() : nullptr);
-    progress_->setWindowModality(Qt::ApplicationModal);  // which lets its setValue serve the events
-    progress_->setMinimumDuration(static_cast<int>(kUntilShown.count()));
-    progress_->setAutoReset(false);
-    progress_->setAutoClose(false);
+    work_ = std::make_shared<Work>();
+    seam_.ToWindow([this, what, work = work_] { ShowWork(what, work); });
   }
-  progress_->setValue(static_cast<int>(done * kSteps));
-  return progress_ && !progress_->wasCanceled();
+  const int step = static_cast<int>(done * kSteps);
+  if (std::exchange(work_->shown, step) != step) {
+    seam_.ToWindow([this, step] {
+      if (progress_) progress_->setValue(step);
+    });
+  }
+  seam_.Breathe();
+  return !work_->brokenOff;
+}
+
+void DesktopScreen::ShowWork(const String& what, const std::shared_ptr<Work>& work) {
+  constexpr std::chrono::milliseconds kUntilShown{500};
+  delete progress_;
+  progress_ =
+      new QProgressDialog(Utf16(what), Caption(Answer::kCancel), 0, kSteps, Owner ? Owner() : nullptr);
+  progress_->setWindowModality(Qt::ApplicationModal);
+  progress_->setMinimumDuration(static_cast<int>(kUntilShown.count()));
+  progress_->setAutoReset(false);
+  progress_->setAutoClose(false);
+  shownWork_ = work;
+  const auto breakOff = [work] { work->brokenOff = true; };
+  QObject::connect(progress_, &QProgressDialog::canceled, breakOff);
+  QObject::connect(progress_, &QObject::destroyed, breakOff);
+}
+
+bool DesktopScreen::BreakOff() {
+  const std::shared_ptr<Work> work = shownWork_.lock();
+  if (work == nullptr || !progress_) return false;
+  work->brokenOff = true;
+  return true;
 }
 
 void DesktopScreen::Worked() {
-  delete progress_;
+  if (!std::exchange(work_, nullptr)) return;
+  seam_.ToWindow([this] { delete progress_; });
 }
 
 void DesktopScreen::Beep() {
-  QApplication::beep();
+  seam_.ToWindow([] { QApplication::beep(); });
 }
 
 void DesktopScreen::Busy(bool busy) {
-  if (busy == busy_) return;
-  busy_ = busy;
-  if (busy) {
+  if (std::exchange(busy_, busy) == busy) return;
+  seam_.ToWindow([this, busy] {
+    shownBusy_ = busy;
+    ShowPointer();
+  });
+}
+
+void DesktopScreen::ShowLate(bool late) {
+  late_ = late;
+  ShowPointer();
+}
+
+void DesktopScreen::ShowPointer() {
+  const bool hourglass = shownBusy_ || late_;
+  if (std::exchange(hourglass_, hourglass) == hourglass) return;
+  if (hourglass) {
     QApplication::setOverrideCursor(Qt::WaitCursor);
   } else {
     QApplication::restoreOverrideCursor();

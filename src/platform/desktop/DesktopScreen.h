@@ -1,5 +1,5 @@
-// Message boxes, the beep and the wait cursor on the operator's screen. All boxes of the program come from
-// here.
+// Message boxes, the beep, the wait cursor and the progress of long work on the operator's screen. All boxes
+// of the program come from here: the station's thread asks and waits, the window's thread shows.
 //
 // A box is answered by Enter, Esc, Alt and a letter, or a button that has the keyboard: never by a mere
 // character, which may be a bar code reader's.
@@ -7,10 +7,13 @@
 
 #include <QPointer>
 #include <functional>
+#include <memory>
 
 #include "platform/Screen.h"
+#include "platform/Seam.h"
 #include "platform/desktop/ReaderGuard.h"
 
+class QKeyEvent;
 class QMessageBox;
 class QProgressDialog;
 class QWidget;
@@ -19,7 +22,8 @@ namespace vintoral {
 
 class DesktopScreen : public Screen {
  public:
-  DesktopScreen();
+  /// Made on the window's thread; `seam` outlives it.
+  explicit DesktopScreen(Seam& seam);
   ~DesktopScreen() override;
   Answer Show(const Box& box) override;
   void ShowModal(const ScreenForm& form) override;
@@ -29,17 +33,44 @@ class DesktopScreen : public Screen {
   bool Working(const String& what, double done) override;
   void Worked() override;
 
-  /// Runs before each box, dialog and wait: shows the windows up to date.
+  /// Runs on the station's thread before each box, dialog and wait: lets the windows be shown up to date.
   std::function<void()> BeforeWaiting;
+
+  // Of the window's thread.
+
   /// The window that the next box belongs to; without it, none.
   std::function<QWidget*()> Owner;
-  /// Runs when a box has come up, in its event loop: a test answers it here.
+  /// Runs when a box is about to come up.
+  std::function<void()> OnUp;
+  /// Runs when a box has come up: a test answers it here.
   std::function<void(QMessageBox&, const Box&)> OnShown;
+  /// Shows a box, which the caller destroys; `answered` runs once. For one of the window's own, which the
+  /// station needs not know.
+  QMessageBox& Ask(const Box& box, std::function<void(Answer)> answered);
+  /// The box that is up takes a key that was kept; false when none is up. Null: nothing that is for it.
+  bool ToBox(const QKeyEvent* key);
+  /// The work under way is broken off; false when there is none that can be.
+  bool BreakOff();
+  bool ShowsWork() const { return !progress_.isNull(); }
+  /// The station is late: the pointer says so, whatever the station itself says.
+  void ShowLate(bool late);
 
  private:
+  struct Work;
+  void ShowWork(const String& what, const std::shared_ptr<Work>& work);
+  void ShowPointer();
+
+  Seam& seam_;
   ReaderGuard guard_;
-  QPointer<QProgressDialog> progress_;  ///< goes with the window that it belongs to, too
+
+  // Of the station's thread.
   bool busy_ = false;
+  std::shared_ptr<Work> work_;
+
+  // Of the window's thread.
+  QPointer<QProgressDialog> progress_;  ///< goes with the window that it belongs to, too
+  std::weak_ptr<Work> shownWork_;
+  bool shownBusy_ = false, late_ = false, hourglass_ = false;
 };
 
 }  // namespace vintoral

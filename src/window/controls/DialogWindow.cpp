@@ -8,9 +8,9 @@
 
 namespace vintoral {
 
-DialogWindow::DialogWindow(Forms& forms, Form& form, Hands& hands, QWidget* owner)
+DialogWindow::DialogWindow(const Snapshots::Taken& form, Hands& hands, QWidget* owner)
     : QWidget(owner, Qt::Dialog),
-      mirror_(forms, form),
+      mirror_(form),
       hands_(hands),
       filter_(new InputFilter(*this, mirror_, hands)) {
   setObjectName(QString::fromStdString(mirror_.Snapshot().name));
@@ -18,7 +18,7 @@ DialogWindow::DialogWindow(Forms& forms, Form& form, Hands& hands, QWidget* owne
 }
 
 void DialogWindow::Refresh() {
-  mirror_.Take();
+  mirror_.Copy();
   if (!mirror_.Snapshot().shown) return hide();
   mirror_.Show();
   if (!isVisible()) Appear();

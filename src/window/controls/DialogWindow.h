@@ -12,8 +12,8 @@ class InputFilter;
 
 class DialogWindow : public QWidget {
  public:
-  /// Of a form that is loaded. Stands before `owner`, which destroys it if nothing else has.
-  DialogWindow(Forms& forms, Form& form, Hands& hands, QWidget* owner);
+  /// Of a form that the station took. Stands before `owner`, which destroys it if nothing else has.
+  DialogWindow(const Snapshots::Taken& form, Hands& hands, QWidget* owner);
 
   /// Shows or hides it as its form is, and brings it up to date. A modal one holds all other windows.
   void Refresh();

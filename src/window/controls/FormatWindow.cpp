@@ -31,8 +31,9 @@ constexpr QSize kMarker{128, 4};
 
 }  // namespace
 
-FormatWindow::FormatWindow(Forms& forms, Form& form, Hands& hands, PictureLoader& pictures, QWidget* owner)
-    : DialogWindow(forms, form, hands, owner), hands_(hands), ground_(new QWidget(this)) {
+FormatWindow::FormatWindow(const Snapshots::Taken& form, Hands& hands, PictureLoader& pictures,
+                           QWidget* owner)
+    : DialogWindow(form, hands, owner), hands_(hands), ground_(new QWidget(this)) {
   Stage stage{mirror_, hands, pictures};
   BindPlain(stage, "LblFondo", *ground_);
   auto* const row = new QHBoxLayout(this);

@@ -17,7 +17,7 @@ struct Stage;
 
 class FormatWindow : public DialogWindow {
  public:
-  FormatWindow(Forms& forms, Form& form, Hands& hands, PictureLoader& pictures, QWidget* owner);
+  FormatWindow(const Snapshots::Taken& form, Hands& hands, PictureLoader& pictures, QWidget* owner);
 
  protected:
   /// The slip, with room for `lines` in its preview; the fields 1 to 5 stand in it from `fields` on.

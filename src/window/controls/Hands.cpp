@@ -3,58 +3,57 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <utility>
 
 #include "station/forms/Input.h"
+#include "window/controls/InputQueue.h"
 #include "window/controls/KeyMap.h"
+#include "window/controls/OwnKeys.h"
 #include "window/controls/Text.h"
 
 namespace vintoral {
 
 namespace {
 
+constexpr char kControlC = 3, kControlV = 22, kControlX = 24;
+
+bool IsOwnKey(QObject* widget, const QKeyEvent& event) {
+  auto* const own = dynamic_cast<OwnKeys*>(widget);
+  return own != nullptr && own->TakeKey(event);
+}
+
+QString ClipboardText() {
+  return QGuiApplication::clipboard()->text();
+}
+
 /// Control with C, X or V, where the rules of the focused text let it through.
-bool ClipboardKey(Input& input, char character) {
-  constexpr char kControlC = 3, kControlV = 22, kControlX = 24;
-  QClipboard& clipboard = *QGuiApplication::clipboard();
-  if (character == kControlV) return input.PasteKey(FromQString(clipboard.text()));
+bool ClipboardKey(Input& input, Seam& seam, char character, const String& clipboard) {
+  if (character == kControlV) return input.PasteKey(clipboard);
   if (character != kControlC && character != kControlX) return false;
   const std::optional<String> copied = input.CopyKey(character == kControlX);
-  if (copied && !copied->Empty()) clipboard.setText(ToQString(*copied));
+  if (copied && !copied->Empty())
+    seam.ToWindow([text = ToQString(*copied)] { QGuiApplication::clipboard()->setText(text); });
   return copied.has_value();
 }
 
 }  // namespace
 
-Hands::Hands(Forms& forms, std::function<void()> afterwards)
-    : forms_(forms), afterwards_(std::move(afterwards)) {}
-
-template <class Action>
-void Hands::Do(Action action) {
-  if (forms_.Ended()) return;
-  Input input(forms_);
-  action(input);
-  afterwards_();
-}
-
-template <class Action>
-void Hands::DoWith(const ControlId& id, Action action) {
-  DoWith(id.form, [&](Input& input, const Form& form) {
-    if (Control* const control = form.Find(id.control)) action(input, *control);
-  });
-}
-
-template <class Action>
-void Hands::DoWith(const std::string& form, Action action) {
-  Do([&](Input& input) {
-    if (Form* const found = forms_.Find(form)) action(input, *found);
-  });
-}
-
+// The clipboard is the station's only as a copy.
 void Hands::Key(const QKeyEvent& event) {
+  const bool pastes = CharactersOf(event) == String(1, kControlV);
+  std::optional<QString> now;
+  if (pastes && !queue_.KeepsCopy()) now = ClipboardText();
+  queue_.Press(event, [this, pastes, now](const QKeyEvent& key) {
+    if (HasKeyboard && IsOwnKey(HasKeyboard(), key)) return;
+    Serve(key, now ? *now : pastes ? ClipboardText() : QString());
+  });
+}
+
+void Hands::Serve(const QKeyEvent& event, const QString& clipboard) {
   const StationKey key = StationKeyOf(event);
   const String characters = CharactersOf(event);
   if (key.code == 0 && characters.Empty()) return;
-  Do([&](Input& input) {
+  queue_.Serve(With([this, key, characters, pasted = FromQString(clipboard)](Input& input) {
     if (key.code != 0 && input.KeyDown(key.code, key.mask)) return;
     const Form* const form = &forms_.Active();
     const Control* const focus = form->Focus();
@@ -62,77 +61,112 @@ void Hands::Key(const QKeyEvent& event) {
     // What the key has done in one control must not type into the next.
     if (forms_.Ended() || &forms_.Active() != form || form->Focus() != focus) return;
     for (const char character : characters.Bytes()) {
-      if (!ClipboardKey(input, character)) input.Character(character);
+      if (!ClipboardKey(input, seam_, character, pasted)) input.Character(character);
     }
+  }));
+}
+
+Seam::Step Hands::With(std::function<void(Input&)> action) {
+  return [&forms = forms_, action = std::move(action)] {
+    if (forms.Ended()) return;
+    Input input(forms);
+    action(input);
+  };
+}
+
+Seam::Step Hands::With(const std::string& form, std::function<void(Input&, Form&)> action) {
+  return With([&forms = forms_, form, action = std::move(action)](Input& input) {
+    if (Form* const found = forms.Find(form)) action(input, *found);
   });
+}
+
+Seam::Step Hands::With(const ControlId& id, std::function<void(Input&, Control&)> action) {
+  return With(id.form, [name = id.control, action = std::move(action)](Input& input, const Form& form) {
+    if (Control* const control = form.Find(name)) action(input, *control);
+  });
+}
+
+/// A turn of its own, behind the showing of what came of the step.
+Seam::Step Hands::Then(Seam::Step step, std::function<void()> then) {
+  return [&seam = seam_, step = std::move(step), then = std::move(then)] {
+    step();
+    seam.Tell([&seam, then] { seam.ToWindow(then); });
+  };
 }
 
 void Hands::Type(const QString& text) {
-  const String characters = FromQString(text);
-  Do([&](Input& input) {
+  queue_.Do(With([characters = FromQString(text)](Input& input) {
     for (const char character : characters.Bytes())
       input.Character(character);
-  });
+  }));
 }
 
 void Hands::Paste(const QString& text) {
-  Do([&](Input& input) { input.Paste(FromQString(text)); });
+  queue_.Do(With([pasted = FromQString(text)](Input& input) { input.Paste(pasted); }));
 }
 
 void Hands::Focus(const ControlId& id) {
-  DoWith(id, [](Input& input, Control& control) { input.Focus(control); });
+  queue_.Do(With(id, [](Input& input, Control& control) { input.Focus(control); }));
+}
+
+void Hands::Focus(const ControlId& id, std::function<void()> then) {
+  queue_.Do(Then(With(id, [](Input& input, Control& control) { input.Focus(control); }), std::move(then)));
 }
 
 void Hands::Click(const ControlId& id) {
-  DoWith(id, [](Input& input, Control& control) { input.Click(control); });
+  queue_.Do(With(id, [](Input& input, Control& control) { input.Click(control); }));
 }
 
 void Hands::DoubleClick(const ControlId& id) {
-  DoWith(id, [](Input& input, Control& control) { input.DoubleClick(control); });
+  queue_.Do(With(id, [](Input& input, Control& control) { input.DoubleClick(control); }));
 }
 
 void Hands::Hover(const ControlId& id) {
-  DoWith(id, [](Input& input, Control& control) { input.Hover(control); });
+  queue_.Pass(With(id, [](Input& input, Control& control) { input.Hover(control); }));
+}
+
+void Hands::Hover(const ControlId& id, std::function<void()> then) {
+  queue_.Pass(Then(With(id, [](Input& input, Control& control) { input.Hover(control); }), std::move(then)));
 }
 
 void Hands::Select(const ControlId& id, int index) {
-  DoWith(id, [&](Input& input, Control& control) {
+  queue_.Do(With(id, [index](Input& input, Control& control) {
     static_cast<void>(input.Select(control, index));  // no such row: nothing was chosen
-  });
+  }));
 }
 
 void Hands::Tick(const ControlId& id, int row) {
-  DoWith(id, [&](Input& input, Control& control) {
+  queue_.Do(With(id, [row](Input& input, Control& control) {
     const auto* const list = dynamic_cast<const ListBox*>(&control);
     const auto at = static_cast<std::size_t>(row);
     if (list == nullptr || at >= list->Checked.size()) return;
     static_cast<void>(input.Tick(control, row, list->Checked[at] ? 0 : 1));
-  });
+  }));
 }
 
 void Hands::Scroll(const ControlId& id, int top) {
-  DoWith(id, [&](Input& input, Control& control) { static_cast<void>(input.Scroll(control, top)); });
+  queue_.Do(
+      With(id, [top](Input& input, Control& control) { static_cast<void>(input.Scroll(control, top)); }));
 }
 
 void Hands::MoveCaret(const ControlId& id, int start, int length) {
-  DoWith(id, [&](Input& input, Control& control) {
+  queue_.Do(With(id, [start, length](Input& input, Control& control) {
     input.MoveCaret(control, static_cast<std::size_t>(start), static_cast<std::size_t>(length));
-  });
+  }));
 }
 
 void Hands::Leave(const std::string& form) {
-  DoWith(form, [](Input& input, Form& found) { input.Leave(found); });
+  queue_.Pass(With(form, [](Input& input, Form& found) { input.Leave(found); }));
 }
 
 void Hands::Use(const std::string& form) {
-  Form* const found = forms_.Ended() ? nullptr : forms_.Find(form);
-  if (found == nullptr || &forms_.Active() == found) return;
-  forms_.Activate(*found);
-  afterwards_();
+  queue_.Do(With(form, [&forms = forms_](Input&, Form& found) {
+    if (&forms.Active() != &found) forms.Activate(found);
+  }));
 }
 
 void Hands::CloseBox(const std::string& form) {
-  DoWith(form, [](Input& input, Form& found) { input.CloseBox(found); });
+  queue_.Do(With(form, [](Input& input, Form& found) { input.CloseBox(found); }));
 }
 
 }  // namespace vintoral

@@ -1,24 +1,28 @@
-// The operator's hands: what the window's widgets tell goes down to the station, and what came of it is
-// shown.
+// The operator's hands: what the window's widgets tell goes down to the station, in its order.
 #pragma once
 
 #include <functional>
 #include <string>
 
+#include "platform/Seam.h"
 #include "window/controls/Snapshot.h"
 
 class QKeyEvent;
+class QObject;
 class QString;
 
 namespace vintoral {
 
+class Control;
+class Form;
 class Forms;
 class Input;
+class InputQueue;
 
 class Hands {
  public:
-  /// `afterwards` runs after each piece of input.
-  Hands(Forms& forms, std::function<void()> afterwards);
+  /// All of them outlive this. `forms` is touched on the station's side alone.
+  Hands(Forms& forms, Seam& seam, InputQueue& queue) : forms_(forms), seam_(seam), queue_(queue) {}
 
   void Key(const QKeyEvent& event);
   /// Characters that came without a key of their own: a dead key with its letter, an input method.
@@ -26,9 +30,12 @@ class Hands {
   void Paste(const QString& text);
   // What is done to a control whose form has gone meanwhile falls without a word.
   void Focus(const ControlId& id);
+  /// `then` runs in the window when the station has done it and that is shown.
+  void Focus(const ControlId& id, std::function<void()> then);
   void Click(const ControlId& id);
   void DoubleClick(const ControlId& id);
   void Hover(const ControlId& id);
+  void Hover(const ControlId& id, std::function<void()> then);
   void Select(const ControlId& id, int index);
   /// Turns the tick of a list's row over.
   void Tick(const ControlId& id, int row);
@@ -39,16 +46,19 @@ class Hands {
   void Use(const std::string& form);
   void CloseBox(const std::string& form);
 
+  /// The widget that has the keyboard now; a key that was kept is for it.
+  std::function<QObject*()> HasKeyboard;
+
  private:
-  template <class Action>
-  void Do(Action action);
-  template <class Action>
-  void DoWith(const ControlId& id, Action action);
-  template <class Action>
-  void DoWith(const std::string& form, Action action);
+  void Serve(const QKeyEvent& event, const QString& clipboard);
+  Seam::Step With(std::function<void(Input&)> action);
+  Seam::Step With(const ControlId& id, std::function<void(Input&, Control&)> action);
+  Seam::Step With(const std::string& form, std::function<void(Input&, Form&)> action);
+  Seam::Step Then(Seam::Step step, std::function<void()> then);
 
   Forms& forms_;
-  std::function<void()> afterwards_;
+  Seam& seam_;
+  InputQueue& queue_;
 };
 
 }  // namespace vintoral

@@ -6,34 +6,39 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <QPointer>
+#include <QToolTip>
 #include <QWidget>
+#include <memory>
 
 #include "window/controls/Hands.h"
 #include "window/controls/Mirror.h"
-#include "window/controls/OwnKeys.h"
 
 namespace vintoral {
 
 namespace {
-
-bool IsOwnKey(QObject* watched, const QKeyEvent& event) {
-  auto* const widget = dynamic_cast<OwnKeys*>(watched);
-  return widget != nullptr && widget->TakeKey(event);
-}
 
 /// Does the pointer rest on this widget itself? What has no tooltip passes the question on to its parents.
 bool IsUnder(const QObject* watched, const QHelpEvent& event) {
   return static_cast<const QWidget*>(watched)->childAt(event.pos()) == nullptr;
 }
 
-/// Has the station marked some of the text that the keyboard has just come to?
-bool IsMarked(const ControlState& state, const QObject* watched) {
+/// Has the station a say in what is marked of the text that was pressed?
+bool MarksOnFocus(const ControlState& state, const QObject* watched) {
   const auto* const text = dynamic_cast<const TextBoxState*>(&state);
-  if (text != nullptr) return text->marksOnFocus && text->selectionLength > 0;
+  if (text != nullptr) return text->marksOnFocus;
   const auto* const list = dynamic_cast<const ListState*>(&state);
   // Beside its text, the press opens a list.
   const bool onText = dynamic_cast<const QLineEdit*>(watched) != nullptr;
-  return list != nullptr && onText && list->marksOnFocus && list->selectionLength > 0;
+  return list != nullptr && onText && list->marksOnFocus;
+}
+
+/// Has it marked some of it?
+bool IsMarked(const ControlState& state) {
+  const auto* const text = dynamic_cast<const TextBoxState*>(&state);
+  if (text != nullptr) return text->selectionLength > 0;
+  const auto* const list = dynamic_cast<const ListState*>(&state);
+  return list != nullptr && list->selectionLength > 0;
 }
 
 }  // namespace
@@ -58,7 +63,7 @@ bool InputFilter::eventFilter(QObject* watched, QEvent* event) {
   switch (event->type()) {
     case QEvent::KeyPress:
       if (!InWindow(watched)) return false;
-      if (!IsOwnKey(watched, *static_cast<QKeyEvent*>(event))) hands_.Key(*static_cast<QKeyEvent*>(event));
+      hands_.Key(*static_cast<QKeyEvent*>(event));
       return true;
     case QEvent::ShortcutOverride:
       if (!InWindow(watched)) return false;
@@ -76,7 +81,8 @@ bool InputFilter::eventFilter(QObject* watched, QEvent* event) {
         hands_.DoubleClick(view->State().id);
       return false;
     case QEvent::ToolTip:  // a button that was pressed meanwhile has another text
-      if (InWindow(watched) && IsUnder(watched, *static_cast<QHelpEvent*>(event))) Hover(watched);
+      if (InWindow(watched) && IsUnder(watched, *static_cast<QHelpEvent*>(event)))
+        RenewTip(*static_cast<QWidget*>(watched), static_cast<QHelpEvent*>(event)->globalPos());
       return false;
     case QEvent::WindowActivate:
       if (watched == &window_) hands_.Use(mirror_.Snapshot().name);
@@ -93,26 +99,46 @@ void InputFilter::Hover(const QObject* watched) {
   if (const View* const view = mirror_.Of(watched)) hands_.Hover(view->State().id);
 }
 
+void InputFilter::RenewTip(QWidget& widget, QPoint at) {
+  const View* const view = mirror_.Of(&widget);
+  if (view == nullptr) return;
+  hands_.Hover(view->State().id, [widget = QPointer(&widget), at, before = widget.toolTip()] {
+    if (widget && widget->toolTip() != before && QToolTip::isVisible())
+      QToolTip::showText(at, widget->toolTip(), widget);
+  });
+}
+
 bool InputFilter::InputMethod(QObject* watched, QInputMethodEvent& event) {
   if (replaying_) return false;
   if (!event.commitString().isEmpty()) hands_.Type(event.commitString());
   // What is still being composed is the widget's to show; it must not take the committed characters too.
   QInputMethodEvent composing(event.preeditString(), event.attributes());
-  replaying_ = true;
-  QCoreApplication::sendEvent(watched, &composing);
-  replaying_ = false;
+  Replay(*watched, composing);
   return true;
 }
 
-/// True when the widget must not see it: a press that brings the keyboard to a text leaves marked what the
-/// station marks then, as Tab does.
-bool InputFilter::Press(const QObject* watched, const QMouseEvent& event) {
+/// True when the widget must not see it yet: a press that brings the keyboard to a text leaves marked what
+/// the station marks then, as Tab does. Where it marks nothing, the caret goes to where the press was.
+bool InputFilter::Press(QObject* watched, const QMouseEvent& event) {
+  if (replaying_) return false;
   const View* const view = mirror_.Of(watched);
   pressed_ = event.button() == Qt::LeftButton ? watched : nullptr;
   if (view == nullptr || !view->State().takesFocus) return false;
-  const bool here = mirror_.Snapshot().focus == &view->State();
-  hands_.Focus(view->State().id);
-  return !here && IsMarked(view->State(), watched);
+  const ControlState& state = view->State();
+  const bool decides = mirror_.Snapshot().focus != &state && MarksOnFocus(state, watched);
+  if (!decides) hands_.Focus(state.id);
+  if (!decides) return false;
+  const std::shared_ptr<QMouseEvent> press(event.clone());
+  hands_.Focus(state.id, [this, &state, filter = QPointer(this), watched = QPointer(watched), press] {
+    if (filter && watched && !IsMarked(state)) Replay(*watched, *press);
+  });
+  return true;
+}
+
+void InputFilter::Replay(QObject& watched, QEvent& event) {
+  replaying_ = true;
+  QCoreApplication::sendEvent(&watched, &event);
+  replaying_ = false;
 }
 
 void InputFilter::Release(const QObject* watched, const QMouseEvent& event) {

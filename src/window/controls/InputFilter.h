@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QObject>
+#include <QPoint>
 
 class QInputMethodEvent;
 class QMouseEvent;
@@ -26,7 +27,9 @@ class InputFilter : public QObject {
   bool InWindow(const QObject* watched) const;
   bool InputMethod(QObject* watched, QInputMethodEvent& event);
   void Hover(const QObject* watched);
-  bool Press(const QObject* watched, const QMouseEvent& event);
+  void RenewTip(QWidget& widget, QPoint at);
+  bool Press(QObject* watched, const QMouseEvent& event);
+  void Replay(QObject& watched, QEvent& event);
   void Release(const QObject* watched, const QMouseEvent& event);
 
   QWidget& window_;

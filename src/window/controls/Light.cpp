@@ -14,9 +14,16 @@ void Light::ShowColor(QColor color) {
   update();
 }
 
+void Light::ShowStrength(double strength) {
+  if (strength == strength_) return;
+  strength_ = strength;
+  update();
+}
+
 void Light::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
+  painter.setOpacity(strength_);
   painter.setPen(color_.darker(150));
   painter.setBrush(color_);
   const double radius = std::min(width(), height()) / 2.0;

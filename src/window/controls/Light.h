@@ -11,6 +11,8 @@ class Light : public QWidget {
   Light(QSize size, QWidget* parent);
   void ShowColor(QColor color);
   QColor Shown() const { return color_; }
+  /// From 1, as it is shown, down to 0, its ground.
+  void ShowStrength(double strength);
   QSize sizeHint() const override { return size_; }
 
  protected:
@@ -19,6 +21,7 @@ class Light : public QWidget {
  private:
   QSize size_;
   QColor color_;
+  double strength_ = 1;
 };
 
 }  // namespace vintoral

@@ -1,5 +1,5 @@
-// The window as the model's mirror: after each event, and before each wait inside one, everything that the
-// model shows otherwise than the widgets do is brought up to date.
+// The window as the station's mirror: whatever the station took of a form otherwise than the widgets show it
+// is brought up to date. It knows the form as values alone.
 #pragma once
 
 #include <QHash>
@@ -8,21 +8,20 @@
 #include <memory>
 #include <vector>
 
-#include "window/controls/SnapshotTaker.h"
+#include "window/controls/Snapshots.h"
 #include "window/controls/View.h"
 
 namespace vintoral {
 
 class Mirror {
  public:
-  /// `form` is loaded now, but may go at any time.
-  Mirror(Forms& forms, Form& form) : taker_(forms, form, snapshot_) {}
+  explicit Mirror(Snapshots::Taken form);
 
   /// The control of this name, part of the snapshot from here on. The window was built for another form when
-  /// there is none of this name and kind: that ends the program.
+  /// there is none of this name, spelt exactly so, and kind: that ends the program.
   template <class S>
   S& StateOf(const std::string& control) {
-    auto* const state = dynamic_cast<S*>(taker_.Add(control));
+    auto* const state = dynamic_cast<S*>(Add(control));
     if (state == nullptr) Fail(control);
     return *state;
   }
@@ -34,12 +33,12 @@ class Mirror {
   /// Where the keyboard rests when no control has it.
   void RestOn(QWidget& widget) { rest_ = &widget; }
 
-  /// From the model into the snapshot.
-  void Take() { taker_.Take(); }
-  /// From the snapshot into the widgets.
+  /// From what the station took into the snapshot; false when nothing has changed since.
+  bool Copy();
+  /// That, and into the widgets.
   void Show();
-  void Sync();
   const FormSnapshot& Snapshot() const { return snapshot_; }
+  const Snapshots::Taken& Of() const { return form_; }
 
   /// Null for a widget that shows no control.
   const View* Of(const QObject* widget) const { return byWidget_.value(widget, nullptr); }
@@ -47,10 +46,19 @@ class Mirror {
   QWidget* WidgetOf(const std::string& control) const;
 
  private:
+  /// A control and what the station took of it.
+  struct Pair {
+    ControlState* copy;
+    const ControlState* taken;
+  };
+  ControlState* Add(const std::string& control);
   [[noreturn]] void Fail(const std::string& control) const;
   void ShowFocus() const;
+
+  Snapshots::Taken form_;
   FormSnapshot snapshot_;
-  SnapshotTaker taker_;
+  std::vector<Pair> pairs_;
+  std::uint64_t copied_ = 0;  ///< the version of the form that the snapshot is of
   std::vector<std::unique_ptr<View>> views_;
   std::vector<std::function<void()>> afterViews_;
   QHash<const QObject*, View*> byWidget_;

@@ -1,34 +1,29 @@
-// Where the model becomes values: the one place of the window that reads controls.
+// Where a form of the model becomes values: the one place of the window's side that reads controls.
 #pragma once
-
-#include <string_view>
-#include <vector>
 
 #include "window/controls/Snapshot.h"
 
 namespace vintoral {
 
-class Control;
 class Form;
 class Forms;
 
 class SnapshotTaker {
  public:
-  /// `form` is loaded now, but may go at any time.
+  /// All controls of `form`, which is loaded now, but may go at any time.
   SnapshotTaker(Forms& forms, Form& form, FormSnapshot& snapshot);
 
-  /// A control is part of the snapshot from here on; null when the form has none of that name, spelt exactly
-  /// so.
-  ControlState* Add(std::string_view name);
   /// Brings the snapshot up to date: what is the same as before is not copied. Of a form that is gone it
-  /// only says that it is no longer shown.
-  void Take();
+  /// only says that it is no longer shown. True when anything has changed.
+  bool Take();
+  const Form& Of() const { return *form_; }
 
  private:
+  bool TakeControls();
+
   Forms& forms_;
   Form* form_;
   FormSnapshot& snapshot_;
-  std::vector<Control*> controls_;  ///< those of the snapshot, in its order
 };
 
 }  // namespace vintoral

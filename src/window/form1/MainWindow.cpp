@@ -5,7 +5,6 @@
 #include <QIcon>
 #include <QVBoxLayout>
 
-#include "station/form1/Form1.h"
 #include "window/controls/InputFilter.h"
 #include "window/controls/Text.h"
 #include "window/controls/Theme.h"
@@ -16,6 +15,7 @@
 #include "window/form1/StayPanel.h"
 #include "window/form1/ToolBar.h"
 #include "window/form1/ValuePanel.h"
+#include "window/form1/WaitSign.h"
 
 namespace vintoral {
 
@@ -27,28 +27,16 @@ constexpr QSize kUsualSize{1366, 728};
 
 }  // namespace
 
-MainWindow::MainWindow(Form1& form)
-    : mirror_(form.OpenForms, form),
-      ticker_(form.OpenForms, form.Devices().clock, [this] { Refresh(); }),
-      hands_(form.OpenForms, [this] { Refresh(); }),
-      pictures_(form.Devices().pictures, form.Devices().disk) {
+MainWindow::MainWindow(const Snapshots::Taken& form, Hands& hands, const Files& files)
+    : mirror_(form), hands_(hands), pictures_(files.pictures, files.disk) {
   setObjectName(QStringLiteral("Form1"));
   setWindowIcon(QIcon(QStringLiteral(":/icons/vintoral.svg")));
-  TellDamage(form);
   TellHelp();
   Stage stage{mirror_, hands_, pictures_};
-  Build(stage, form.Devices().camera);
+  Build(stage, files.camera);
   new InputFilter(*this, mirror_, hands_);  // the window owns it
   resize(kUsualSize);
   Refresh();
-}
-
-void MainWindow::TellDamage(Form1& form) {
-  pictures_.OnDamaged = [this, &form](const Picture& picture) {
-    if (form.Terminado()) return;
-    form.FotoDanada(picture.Path(), picture.Mark());
-    Refresh();
-  };
 }
 
 /// The title bar is the help line: it says what the button under the pointer does.
@@ -70,9 +58,11 @@ void MainWindow::Build(Stage& stage, Camera& camera) {
   areas->setContentsMargins(theme::kGap, theme::kGap, theme::kGap, theme::kGap);
   areas->setSpacing(theme::kGap);
   areas->addWidget(BuildLeft(stage), 29);
-  areas->addWidget(new GridPanel(stage, this), 47);
+  auto* const grid = new GridPanel(stage, this);
+  areas->addWidget(grid, 47);
   areas->addWidget(new SideColumn(stage, camera, this), 24);
   column->addLayout(areas, 1);
+  waiting_ = new WaitSign(*grid, tools->Bars());
 }
 
 QWidget* MainWindow::BuildLeft(Stage& stage) {
@@ -94,18 +84,17 @@ QWidget* MainWindow::BuildLeft(Stage& stage) {
 }
 
 void MainWindow::Refresh() {
-  mirror_.Sync();
+  mirror_.Show();
   if (OnRefresh) OnRefresh();
-  ticker_.Arm();
 }
 
 void MainWindow::Appear() {
   Refresh();
-  if (!isVisible()) showMaximized();
+  if (!isVisible() && mirror_.Snapshot().shown) showMaximized();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-  hands_.CloseBox(mirror_.Snapshot().name);
+  if (!OnClose || !OnClose()) hands_.CloseBox(mirror_.Snapshot().name);
   Refresh();  // the program may have ended without its window
   event->setAccepted(!mirror_.Snapshot().shown);
 }

@@ -1,4 +1,4 @@
-// The station's main window, and what all windows share: the hands, the ticks, the reading of pictures.
+// The station's main window, and what all windows share: the hands, and the reading of pictures.
 #pragma once
 
 #include <QWidget>
@@ -7,45 +7,51 @@
 #include "window/controls/Hands.h"
 #include "window/controls/Mirror.h"
 #include "window/controls/PictureLoader.h"
-#include "window/controls/Ticker.h"
 
 namespace vintoral {
 
 class Camera;
-class Form1;
+class WaitSign;
 struct Stage;
 
 class MainWindow : public QWidget {
  public:
-  /// The station outlives its window.
-  explicit MainWindow(Form1& form);
+  /// What the window reads by itself, beside the station; all of them outlive it.
+  struct Files {
+    const vintoral::Pictures& pictures;
+    Disk& disk;
+    Camera& camera;
+  };
+  /// `form` is the main one.
+  MainWindow(const Snapshots::Taken& form, Hands& hands, const Files& files);
 
-  /// Brings everything up to date: after an event, and before a wait inside one.
+  /// Brings everything up to date with what the station took.
   void Refresh();
   /// On screen, in front, and up to date.
   void Appear();
-  /// Runs the timers that are due, as the event loop does by itself.
-  void Tick() { ticker_.Tick(); }
   const Mirror& Shown() const { return mirror_; }
   /// Runs with each refresh, for the other windows.
   std::function<void()> OnRefresh;
+  /// Asked before the station is: true when somebody else sees to the closing.
+  std::function<bool()> OnClose;
 
   Hands& AllHands() { return hands_; }
   PictureLoader& Pictures() { return pictures_; }
+  /// The calm line that says what the station waits for.
+  WaitSign& Waiting() { return *waiting_; }
 
  protected:
   void closeEvent(QCloseEvent* event) override;
 
  private:
-  void TellDamage(Form1& form);
   void TellHelp();
   void Build(Stage& stage, Camera& camera);
   QWidget* BuildLeft(Stage& stage);
 
   Mirror mirror_;
-  Ticker ticker_;
-  Hands hands_;
+  Hands& hands_;
   PictureLoader pictures_;
+  WaitSign* waiting_ = nullptr;
 };
 
 }  // namespace vintoral

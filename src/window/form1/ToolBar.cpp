@@ -84,6 +84,7 @@ void ToolBar::BuildLink(Stage& stage, QHBoxLayout& row) {
   for (const std::size_t bar : {0U, 1U, 2U}) {
     auto* const face = new Light(QSize(10, 34), this);
     row.addWidget(face);
+    bars_.push_back(face);
     Bind(stage, {"LblConexion", bar}, *face);
   }
 }

@@ -11,11 +11,14 @@ class QVBoxLayout;
 
 namespace vintoral {
 
+class Light;
 struct Stage;
 
 class ToolBar : public QWidget {
  public:
   ToolBar(Stage& stage, QWidget* parent);
+  /// Of the link.
+  const std::vector<Light*>& Bars() const { return bars_; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -27,6 +30,7 @@ class ToolBar : public QWidget {
   void BuildLight(Stage& stage, std::size_t button, QVBoxLayout& column);
   void BuildLink(Stage& stage, QHBoxLayout& row);
   void PaintWells(QPainter& painter) const;
+  std::vector<Light*> bars_;
   std::vector<QWidget*> places_;  ///< of what comes and goes
 };
 

@@ -50,8 +50,8 @@ TextField* NewField(Stage& stage, std::size_t index, QWidget* parent) {
 
 }  // namespace
 
-Form2Window::Form2Window(Forms& forms, Form& form, Hands& hands, PictureLoader& pictures, QWidget* owner)
-    : DialogWindow(forms, form, hands, owner), hands_(hands) {
+Form2Window::Form2Window(const Snapshots::Taken& form, Hands& hands, PictureLoader& pictures, QWidget* owner)
+    : DialogWindow(form, hands, owner), hands_(hands) {
   Stage stage{mirror_, hands, pictures};
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);

@@ -13,7 +13,7 @@ struct Stage;
 
 class Form2Window : public DialogWindow {
  public:
-  Form2Window(Forms& forms, Form& form, Hands& hands, PictureLoader& pictures, QWidget* owner);
+  Form2Window(const Snapshots::Taken& form, Hands& hands, PictureLoader& pictures, QWidget* owner);
 
  protected:
   void showEvent(QShowEvent* event) override;

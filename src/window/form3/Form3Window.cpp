@@ -14,8 +14,8 @@ constexpr int kPhotoLines = 4;
 
 }  // namespace
 
-Form3Window::Form3Window(Forms& forms, Form& form, Hands& hands, PictureLoader& pictures, QWidget* owner)
-    : FormatWindow(forms, form, hands, pictures, owner) {
+Form3Window::Form3Window(const Snapshots::Taken& form, Hands& hands, PictureLoader& pictures, QWidget* owner)
+    : FormatWindow(form, hands, pictures, owner) {
   Stage stage{mirror_, hands, pictures};
   SlipPaper& paper = BuildSlip(stage, kPhoto + kPhotoLines, kFirstField);
   auto* const photo = new SlipPhoto(&paper);

@@ -7,7 +7,7 @@ namespace vintoral {
 
 class Form3Window : public FormatWindow {
  public:
-  Form3Window(Forms& forms, Form& form, Hands& hands, PictureLoader& pictures, QWidget* owner);
+  Form3Window(const Snapshots::Taken& form, Hands& hands, PictureLoader& pictures, QWidget* owner);
 };
 
 }  // namespace vintoral

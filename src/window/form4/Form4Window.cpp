@@ -51,8 +51,8 @@ CaptionLabel::Look HeadLook(Qt::Alignment side) {
 
 }  // namespace
 
-Form4Window::Form4Window(Forms& forms, Form& form, Hands& hands, PictureLoader& pictures, QWidget* owner)
-    : DialogWindow(forms, form, hands, owner) {
+Form4Window::Form4Window(const Snapshots::Taken& form, Hands& hands, PictureLoader& pictures, QWidget* owner)
+    : DialogWindow(form, hands, owner) {
   Stage stage{mirror_, hands, pictures};
   auto* const row = new QHBoxLayout(this);
   row->setContentsMargins(kMargin, kMargin, kMargin, kMargin);

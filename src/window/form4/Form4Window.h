@@ -14,7 +14,7 @@ struct Stage;
 
 class Form4Window : public DialogWindow {
  public:
-  Form4Window(Forms& forms, Form& form, Hands& hands, PictureLoader& pictures, QWidget* owner);
+  Form4Window(const Snapshots::Taken& form, Hands& hands, PictureLoader& pictures, QWidget* owner);
 
  private:
   /// As many rows as there are articles, as far as they are in view.

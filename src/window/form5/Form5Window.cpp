@@ -19,8 +19,8 @@ constexpr std::size_t kButtons = 7;
 
 }  // namespace
 
-Form5Window::Form5Window(Forms& forms, Form& form, Hands& hands, PictureLoader& pictures, QWidget* owner)
-    : DialogWindow(forms, form, hands, owner) {
+Form5Window::Form5Window(const Snapshots::Taken& form, Hands& hands, PictureLoader& pictures, QWidget* owner)
+    : DialogWindow(form, hands, owner) {
   Stage stage{mirror_, hands, pictures};
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);

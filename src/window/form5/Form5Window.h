@@ -13,7 +13,7 @@ struct Stage;
 
 class Form5Window : public DialogWindow {
  public:
-  Form5Window(Forms& forms, Form& form, Hands& hands, PictureLoader& pictures, QWidget* owner);
+  Form5Window(const Snapshots::Taken& form, Hands& hands, PictureLoader& pictures, QWidget* owner);
 
  private:
   void BuildList(Stage& stage, QBoxLayout& row);

@@ -55,8 +55,8 @@ CaptionLabel* NewCaption(const QString& sample, QRgb color, QWidget* parent) {
 
 }  // namespace
 
-Form6Window::Form6Window(Forms& forms, Form& form, Hands& hands, PictureLoader& pictures, QWidget* owner)
-    : DialogWindow(forms, form, hands, owner),
+Form6Window::Form6Window(const Snapshots::Taken& form, Hands& hands, PictureLoader& pictures, QWidget* owner)
+    : DialogWindow(form, hands, owner),
       curve_(new CurveView(this)),
       place_(NewCaption(QString(), theme::kMuted, this)),
       remark_(new CaptionLabel({}, this)) {

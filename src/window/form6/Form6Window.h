@@ -15,7 +15,7 @@ struct Stage;
 
 class Form6Window : public DialogWindow {
  public:
-  Form6Window(Forms& forms, Form& form, Hands& hands, PictureLoader& pictures, QWidget* owner);
+  Form6Window(const Snapshots::Taken& form, Hands& hands, PictureLoader& pictures, QWidget* owner);
 
  private:
   void BuildTabs(Stage& stage, QHBoxLayout& row);

@@ -33,8 +33,8 @@ CaptionLabel* NewTab(const Stage& stage, const ControlName& name, QWidget* paren
 
 }  // namespace
 
-Form7Window::Form7Window(Forms& forms, Form& form, Hands& hands, PictureLoader& pictures, QWidget* owner)
-    : DialogWindow(forms, form, hands, owner), title_(&mirror_.StateOf<LabelState>("LblTitulo")) {
+Form7Window::Form7Window(const Snapshots::Taken& form, Hands& hands, PictureLoader& pictures, QWidget* owner)
+    : DialogWindow(form, hands, owner), title_(&mirror_.StateOf<LabelState>("LblTitulo")) {
   Stage stage{mirror_, hands, pictures};
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);

@@ -14,7 +14,7 @@ struct Stage;
 
 class Form7Window : public DialogWindow {
  public:
-  Form7Window(Forms& forms, Form& form, Hands& hands, PictureLoader& pictures, QWidget* owner);
+  Form7Window(const Snapshots::Taken& form, Hands& hands, PictureLoader& pictures, QWidget* owner);
 
  private:
   static constexpr std::size_t kDigits = 10, kConfirm = 11, kKeys = 12, kLength = 5;

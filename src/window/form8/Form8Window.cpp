@@ -16,8 +16,8 @@ constexpr int kNumber = 0, kFirstField = 4, kPoints = 11, kTaxes = 13, kLines = 
 
 }  // namespace
 
-Form8Window::Form8Window(Forms& forms, Form& form, Hands& hands, PictureLoader& pictures, QWidget* owner)
-    : FormatWindow(forms, form, hands, pictures, owner) {
+Form8Window::Form8Window(const Snapshots::Taken& form, Hands& hands, PictureLoader& pictures, QWidget* owner)
+    : FormatWindow(form, hands, pictures, owner) {
   Stage stage{mirror_, hands, pictures};
   SlipPaper& paper = BuildSlip(stage, kLines, kFirstField);
   paper.PutBeside(NewTick(stage, "ChkPuntos", paper), kPoints);

@@ -7,7 +7,7 @@ namespace vintoral {
 
 class Form8Window : public FormatWindow {
  public:
-  Form8Window(Forms& forms, Form& form, Hands& hands, PictureLoader& pictures, QWidget* owner);
+  Form8Window(const Snapshots::Taken& form, Hands& hands, PictureLoader& pictures, QWidget* owner);
 
  private:
   void BuildNumber(Stage& stage, SlipPaper& paper);

@@ -23,8 +23,8 @@ constexpr std::size_t kFirstAddress = 2;
 
 }  // namespace
 
-Form9Window::Form9Window(Forms& forms, Form& form, Hands& hands, PictureLoader& pictures, QWidget* owner)
-    : DialogWindow(forms, form, hands, owner) {
+Form9Window::Form9Window(const Snapshots::Taken& form, Hands& hands, PictureLoader& pictures, QWidget* owner)
+    : DialogWindow(form, hands, owner) {
   Stage stage{mirror_, hands, pictures};
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);

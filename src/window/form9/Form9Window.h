@@ -12,7 +12,7 @@ struct Stage;
 
 class Form9Window : public DialogWindow {
  public:
-  Form9Window(Forms& forms, Form& form, Hands& hands, PictureLoader& pictures, QWidget* owner);
+  Form9Window(const Snapshots::Taken& form, Hands& hands, PictureLoader& pictures, QWidget* owner);
 
  private:
   void BuildRow(Stage& stage, std::size_t index, QGridLayout& rows);

@@ -43,9 +43,9 @@ PushButton& NewStep(Stage& stage, const ControlName& name, QWidget* parent) {
 
 }  // namespace
 
-FormCamaraWindow::FormCamaraWindow(Forms& forms, Form& form, Hands& hands, PictureLoader& pictures,
+FormCamaraWindow::FormCamaraWindow(const Snapshots::Taken& form, Hands& hands, PictureLoader& pictures,
                                    QWidget* owner)
-    : DialogWindow(forms, form, hands, owner) {
+    : DialogWindow(form, hands, owner) {
   Stage stage{mirror_, hands, pictures};
   auto* const column = new QVBoxLayout(this);
   column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);

@@ -13,7 +13,7 @@ struct Stage;
 
 class FormCamaraWindow : public DialogWindow {
  public:
-  FormCamaraWindow(Forms& forms, Form& form, Hands& hands, PictureLoader& pictures, QWidget* owner);
+  FormCamaraWindow(const Snapshots::Taken& form, Hands& hands, PictureLoader& pictures, QWidget* owner);
 
  private:
   void BuildMode(Stage& stage, QGridLayout& rows);

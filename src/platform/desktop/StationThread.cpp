@@ -1,0 +1,184 @@
+#include "platform/desktop/StationThread.h"
+
+#include <QMetaObject>
+#include <QObject>
+#include <algorithm>
+#include <chrono>
+#include <utility>
+
+namespace vintoral {
+
+StationThread::StationThread(QObject& window, const vintoral::Clock& machine)
+    : window_(window), clock_(machine) {}
+
+StationThread::~StationThread() {
+  if (thread_.joinable()) thread_.join();
+}
+
+void StationThread::Start(Station station, Step first, Step over) {
+  station_ = std::move(station);
+  thread_ = std::thread([this, first = std::move(first), over = std::move(over)] {
+    Run(first);
+    ToWindow(over);
+    const Lock lock(mutex_);
+    over_ = true;
+    news_.notify_all();
+  });
+}
+
+void StationThread::Run(const Step& first) {
+  Do(first, true);
+  Serve(Hands::kServed, std::nullopt, [] { return false; });
+}
+
+bool StationThread::EndWithin(std::int64_t milliseconds) {
+  Lock lock(mutex_);
+  return !thread_.joinable() ||
+         news_.wait_for(lock, std::chrono::milliseconds(milliseconds), [this] { return over_; });
+}
+
+void StationThread::Wake() {
+  const Lock lock(mutex_);
+  news_.notify_all();
+}
+
+bool StationThread::Free() const {
+  const Lock lock(mutex_);
+  return serves_ && !given_;
+}
+
+void StationThread::Give(Step step, std::int64_t at) {
+  const Lock lock(mutex_);
+  given_ = Piece{std::move(step), at};
+  news_.notify_all();
+}
+
+bool StationThread::TakeBack() {
+  const Lock lock(mutex_);
+  return std::exchange(given_, std::nullopt).has_value();
+}
+
+void StationThread::Keep(std::optional<std::int64_t> oldest) {
+  const Lock lock(mutex_);
+  if (kept_ == oldest) return;
+  kept_ = oldest;
+  news_.notify_all();
+  AskForMore();
+}
+
+void StationThread::Tell(Step step) {
+  const Lock lock(mutex_);
+  told_.push_back(std::move(step));
+  news_.notify_all();
+}
+
+void StationThread::ToWindow(Step step) {
+  QMetaObject::invokeMethod(&window_, std::move(step), Qt::QueuedConnection);
+}
+
+/// With the lock held.
+void StationThread::AskForMore() {
+  if (serves_ && !given_ && kept_ && OnFree) ToWindow(OnFree);
+}
+
+void StationThread::Serve(Hands hands, std::optional<std::int64_t> milliseconds,
+                          const std::function<bool()>& over) {
+  station_.publish(false);
+  const bool busy = watch_.Busy().has_value();
+  watch_.End();
+  std::optional<std::int64_t> deadline;
+  if (milliseconds) deadline = clock_.Ticks() + *milliseconds;
+  Lock lock(mutex_);
+  const bool served = serves_;
+  const auto serveAgain = [&] {
+    serves_ = hands == Hands::kServed;
+    AskForMore();
+  };
+  serveAgain();
+  for (Turn turn = Await(lock, over, deadline); turn.step; turn = Await(lock, over, deadline)) {
+    lock.unlock();
+    Do(turn.step, turn.ofHands);
+    lock.lock();
+    serveAgain();
+  }
+  clock_.Stand();
+  serves_ = served;
+  lock.unlock();
+  if (busy) watch_.Begin();
+}
+
+void StationThread::Do(const Step& step, bool ofHands) {
+  clock_.Stand();
+  watch_.Begin();
+  step();
+  station_.publish(ofHands);
+  watch_.End();
+}
+
+void StationThread::Breathe() {
+  Lock lock(mutex_);
+  clock_.MoveTo(Bound());
+  while (const Step step = ToldOrTick()) {
+    lock.unlock();
+    step();
+    lock.lock();
+  }
+  lock.unlock();
+  station_.publish(false);
+}
+
+std::optional<std::int64_t> StationThread::Oldest() const {
+  if (!given_ && !kept_) return std::nullopt;
+  return clock_.OfMachine(given_ ? given_->at : *kept_);
+}
+
+/// What time it may be: what waits to be served is not of the past.
+std::int64_t StationThread::Bound() const {
+  return Oldest().value_or(clock_.Latest());
+}
+
+StationThread::Step StationThread::ToldOrTick() {
+  if (!told_.empty()) {
+    Step step = std::move(told_.front());
+    told_.pop_front();
+    return step;
+  }
+  const std::int64_t due = station_.nextTick();
+  return due >= 0 && due <= clock_.Ticks() ? station_.runTicks : nullptr;
+}
+
+/// While something waits to be served, the timers tick one by one, each at its own time.
+void StationThread::SetTime(std::optional<std::int64_t> deadline) {
+  if (!Oldest()) return clock_.Run();
+  clock_.Stand();
+  std::int64_t next = *Oldest();
+  if (deadline) next = std::min(next, *deadline);
+  const std::int64_t due = station_.nextTick();
+  clock_.MoveTo(due < 0 ? next : std::min(next, due));
+}
+
+StationThread::Turn StationThread::Await(Lock& lock, const std::function<bool()>& over,
+                                         std::optional<std::int64_t> deadline) {
+  while (!station_.ended() && !over()) {
+    SetTime(deadline);
+    if (deadline && clock_.Ticks() >= *deadline) break;
+    if (Step step = ToldOrTick()) return {std::move(step)};
+    if (serves_ && given_) {
+      serves_ = false;
+      return {std::exchange(given_, std::nullopt)->step, true};
+    }
+    Pause(lock, deadline);
+  }
+  return {};
+}
+
+void StationThread::Pause(Lock& lock, std::optional<std::int64_t> deadline) {
+  std::optional<std::int64_t> until = deadline;
+  const std::int64_t due = station_.nextTick();
+  if (due >= 0) until = until ? std::min(*until, due) : due;
+  // Time stands until what the window keeps has been served.
+  if (!until || Oldest()) return news_.wait(lock);
+  news_.wait_for(lock, std::chrono::milliseconds(std::max<std::int64_t>(*until - clock_.Ticks(), 0)));
+}
+
+}  // namespace vintoral
