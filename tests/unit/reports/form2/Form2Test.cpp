@@ -356,6 +356,11 @@ TEST_F(Form2Test, TheHelpLineFollowsThePointer) {
   EXPECT_TRUE(Search().PctSeleccion.Visible);
   Hands().Hover(Search().PctBoton[Form2::kLimpiar]);
   EXPECT_EQ(Form.LblAyuda.Caption, "<ESC> Limpiar Campos"_w);
+  Hands().Hover(Search().LblEtiqueta[0]);
+  EXPECT_EQ(Form.LblAyuda.Caption, String(Form1::kTitulo));
+  EXPECT_FALSE(Search().PctSeleccion.Visible);
+  Hands().Hover(Search().PctBoton[Form2::kLimpiar]);
+  ASSERT_TRUE(Search().PctSeleccion.Visible);
   Hands().Leave(Search());
   EXPECT_EQ(Form.LblAyuda.Caption, String(Form1::kTitulo));
   EXPECT_FALSE(Search().PctSeleccion.Visible);
@@ -462,6 +467,7 @@ TEST(LongSearch, EscLeavesTheScreenAsItWas) {
   const std::vector<double> shares = screen.Shares[test::kSearching];
   EXPECT_GT(shares.size(), 1u);
   EXPECT_TRUE(std::is_sorted(shares.begin(), shares.end()));
+  EXPECT_DOUBLE_EQ(shares.front(), 0.0);
   EXPECT_DOUBLE_EQ(shares.back(), 1.0);
   EXPECT_EQ(screen.Ended, 2) << "the search and its page";
 
