@@ -6,6 +6,7 @@
 
 #include "common/Moment.h"
 #include "common/Numbers.h"
+#include "fuzz/Pages.h"
 #include "records/Monitores.h"
 #include "reports/DocumentoID.h"
 #include "reports/InformeFichas.h"
@@ -15,13 +16,13 @@
 namespace vintoral {
 namespace {
 
+using test::Count;
+using test::EveryOther;
+using test::Into;
+
 constexpr const char* kRegister = "file";
 
 enum Choice : unsigned char { kShift = 1, kSlip = 2, kDetail = 4, kUsers = 8, kPoints = 16 };
-
-std::optional<String> EveryOther(std::string_view, std::int64_t number) {
-  return number % 2 == 0 ? std::optional("<\">&.jpg"_w) : std::nullopt;
-}
 
 /// A sum as paper and pencil have it: exact, and none once it has left the range of money.
 class PlainSum {
@@ -84,13 +85,6 @@ std::vector<RegistroFicha> Records(std::string_view data) {
   return records;
 }
 
-std::size_t Count(const std::string& text, std::string_view part) {
-  std::size_t count = 0;
-  for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1))
-    ++count;
-  return count;
-}
-
 /// Rows below the heads.
 std::size_t Rows(const std::string& page) {
   return Count(page, "<tr height=22 ");
@@ -114,13 +108,6 @@ void CheckShape(const std::string& page, std::size_t columns) {
   const std::size_t entities =
       Count(table, "&lt;") + Count(table, "&gt;") + Count(table, "&amp;") + Count(table, "&quot;");
   if (static_cast<std::size_t>(std::count(table.begin(), table.end(), '&')) != entities) __builtin_trap();
-}
-
-Destino Into(std::string& page) {
-  return [&page](std::string_view piece) {
-    page += piece;
-    return Outcome::Done();
-  };
 }
 
 void CheckDocument(const Register<RegistroFicha>& file, unsigned char choice) {

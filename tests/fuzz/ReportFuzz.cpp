@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "fuzz/Pages.h"
 #include "records/RegistroExtra.h"
 #include "reports/HojaFicha.h"
 #include "reports/InformeExtras.h"
@@ -10,6 +11,9 @@
 
 namespace vintoral {
 namespace {
+
+using test::Count;
+using test::Into;
 
 template <class R>
 std::vector<R> Records(std::string_view data) {
@@ -20,13 +24,6 @@ std::vector<R> Records(std::string_view data) {
     records.push_back(R::Decode(bytes));
   }
   return records;
-}
-
-std::size_t Count(const std::string& text, std::string_view part) {
-  std::size_t count = 0;
-  for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1))
-    ++count;
-  return count;
 }
 
 /// Whatever a field holds, no tag is begun by it: each opens and closes.
@@ -43,9 +40,7 @@ DatosInforme Report() {
   report.categorias = {"AUTOMOVIL"_w};
   report.busqueda = true;
   report.tira = FormatoTira{{}, 10.5F, true};
-  report.foto = [](std::string_view, std::int64_t number) {
-    return number % 2 == 0 ? std::optional("<\">&.jpg"_w) : std::nullopt;
-  };
+  report.foto = test::EveryOther;
   return report;
 }
 
@@ -57,23 +52,17 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
   const std::string_view bytes(reinterpret_cast<const char*>(data), size);
   const std::vector<RegistroFicha> records = Records<RegistroFicha>(bytes);
   std::string page, sheet, text;
-  const auto into = [](std::string& out) {
-    return [&out](std::string_view piece) {
-      out += piece;
-      return Outcome::Done();
-    };
-  };
   const DatosInforme report = Report();
-  const InformeHecho done = InformeEstado(report, records, into(page));
+  const InformeHecho done = InformeEstado(report, records, Into(page));
   if (!done.pagina || !done.tira || !KeepsItsShape(page)) __builtin_trap();
   const DatosHoja one{.porteria = "01"_w, .moneda = "$"_w, .etiquetas = {}, .foto = report.foto};
   for (const RegistroFicha& record : records) {
     sheet.clear();
-    if (!EscribirHoja(one, record, into(sheet)) || Count(sheet, "<BR>") != 13) __builtin_trap();
+    if (!EscribirHoja(one, record, Into(sheet)) || Count(sheet, "<BR>") != 13) __builtin_trap();
   }
   DatosExtras sales;
   sales.articulos = {{"LAVADO"_w, Money::FromUnits(500)}};
   sales.ventas = Records<RegistroExtra>(bytes);
-  if (!EscribirValorExtra(sales, into(text)) || !EscribirContadorExtra(sales, into(text))) __builtin_trap();
+  if (!EscribirValorExtra(sales, Into(text)) || !EscribirContadorExtra(sales, Into(text))) __builtin_trap();
   return 0;
 }

@@ -52,16 +52,14 @@ class Shift(ReportDay, SalesDay):
 
     def end_shift(self, station, *answers):
         """The reply in which it is over; the menu stays open."""
-        reply = self.menu(station, SHIFT)
-        for question, answer in zip((END, END_SUMMARY), answers):
-            self.assertBox(station, question)
-            reply = station.answer(answer)
-        self.assertEqual(reply["waiting"], {"form": "Form5"})
-        return reply
+        return self.report(station, SHIFT, (END, END_SUMMARY), answers)
 
     def ask_history(self, station, *answers):
-        reply = self.menu(station, HISTORY)
-        for question, answer in zip((OF_HISTORY, OF_HISTORY_SUMMARY), answers):
+        return self.report(station, HISTORY, (OF_HISTORY, OF_HISTORY_SUMMARY), answers)
+
+    def report(self, station, button, questions, answers):
+        reply = self.menu(station, button)
+        for question, answer in zip(questions, answers):
             self.assertBox(station, question)
             reply = station.answer(answer)
         self.assertEqual(reply["waiting"], {"form": "Form5"})

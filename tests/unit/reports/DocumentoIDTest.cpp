@@ -161,6 +161,16 @@ TEST(DocumentoID, NoMoreRecordsThanTheLimit) {
   EXPECT_EQ(rows[10947], "|10946||||||||");
 }
 
+TEST(DocumentoID, TheBlockInWhichTheLimitEndsIsTheOldestOfItsPage) {
+  const std::string file = kBlanco + Encoded(Registro("UNO", "19/11/2026")) +
+                           Encoded(Registro("DOS", "19/11/2026")) + Encoded(Registro("TRES", "20/11/2026"));
+  DatosDocumento datos = De(Documento::kNuevos);
+  datos.limite = 2;
+  EXPECT_THAT(Filas(Pagina(datos, file)),
+              ElementsAre(FilaNuevo("TRES", "20/11/2026"), kVacia, kVacia, kVacia,
+                          FilaNuevo("DOS", "19/11/2026"), kVacia, kVacia, kAhora, kVacia));
+}
+
 TEST(DocumentoID, WhereThePhotosAre) {
   std::vector<std::string> asked;
   const auto ask = [&](std::string_view folder, std::int64_t number) -> std::optional<String> {

@@ -57,6 +57,14 @@ TEST_F(ImprimirRegistrosTest, WhatIsHeardAndOpened) {
   EXPECT_EQ(Form.Focus(), &Form.TxtCampo[0]);
 }
 
+TEST_F(ImprimirRegistrosTest, TheWatchOfTheLinkBeginsItsWaitAnew) {
+  Station.Pass(4000);
+  ASSERT_EQ(Form.TmrConexion.Interval(), 10'000);
+  ASSERT_LT(Form.TmrConexion.Due(), Station.Clock.Ticks() + 10'000);
+  F4({Answer::kNo});
+  EXPECT_EQ(Form.TmrConexion.Due(), Station.Clock.Ticks() + 10'000);
+}
+
 TEST_F(ImprimirRegistrosTest, AnEntryThatIsTypedGoesOn) {
   Station.Hands.ReplaceText(Form.TxtCampo[0], "0005"_w);
   Station.Hands.Key(keys::kEnter, 0);

@@ -1,6 +1,7 @@
 // A report over much data: how far it is, and what is left of it when the operator ends it.
 #include <gmock/gmock.h>
 
+#include "common/Numbers.h"
 #include "reports/DocumentoID.h"
 #include "reports/InformeFichas.h"
 #include "safety/form5/Turno.h"
@@ -18,6 +19,7 @@ using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
+using testing::Pair;
 using testing::SizeIs;
 
 /// Record 1 is blank; the exits of a shift of 100 hours follow, one an hour.
@@ -131,6 +133,11 @@ class LongReportTest : public testing::Test {
     station_.Disk.Put(archivo::kPagina, "the page of before");
     screen_.Ends = true;
   }
+  /// The one in which all of the history has left.
+  void BeginShift() {
+    form_.TurnoActivo = true;
+    form_.MarcaTurno = String(std::string_view(kBegan));
+  }
   void ExpectEnded() {
     EXPECT_THAT(screen_.Shares[test::kReporting], Not(IsEmpty()));
     EXPECT_EQ(screen_.Ended, 1);
@@ -145,9 +152,71 @@ class LongReportTest : public testing::Test {
                        station_.Pictures, station_.Printer, station_.Chance, station_.Camera, station_.Mail}};
 };
 
+/// Nobody ends it, and the disk is full: its box comes up, and its slip goes to the printer all the same.
+class LongReportOnAFullDiskTest : public LongReportTest {
+ protected:
+  LongReportOnAFullDiskTest() {
+    screen_.Ends = false;
+    screen_.OnWait = [this] {
+      told_.emplace_back(screen_.Shown()->title.ToUtf8(), screen_.Ended);
+      static_cast<void>(screen_.Answer(Answer::kOk));
+    };
+    station_.Printer.OnEndDoc = [this] { told_.emplace_back("a slip", screen_.Ended); };
+    station_.Faulty.Set().failWrite = 1;
+  }
+  void TearDown() override { EXPECT_THAT(screen_.Shares[test::kReporting], Not(IsEmpty())); }
+
+  /// Each with how often some work was over by then.
+  std::vector<std::pair<std::string, int>> told_;
+};
+
+constexpr const char* kNoPage = "Vintoral - Imposible Imprimir";
+
+TEST_F(LongReportOnAFullDiskTest, TheProgressOfAHistoryIsOverBeforeItsBoxAndItsSlip) {
+  BeginShift();
+  form_.ImprimirHistorial(true, true);
+  EXPECT_THAT(told_, ElementsAre(Pair(kNoPage, 1), Pair("a slip", 1)));
+}
+
+TEST_F(LongReportOnAFullDiskTest, ThatOfAStateToo) {
+  form_.VistaFichas.assign(3, test::FichaIda());
+  form_.ImprimirEstado(true, true);
+  EXPECT_THAT(told_, ElementsAre(Pair(kNoPage, 1), Pair("a slip", 1)));
+}
+
+TEST_F(LongReportOnAFullDiskTest, AndThatOfTheUsers) {
+  form_.ImprimirDocumentoID("Vintoral.NSR");
+  EXPECT_THAT(told_, ElementsAre(Pair(kNoPage, 1)));
+}
+
+TEST_F(LongReportTest, AStateKeepsTheRowsThatItBeganWith) {
+  screen_.Ends = false;
+  form_.EsCliente = -1;  // the grid of a connected gate is filled by the clock
+  std::vector<RegistroFicha> began;
+  for (int number = 1; number <= 4; ++number) {
+    began.push_back(test::FichaAdentro());
+    began.back().NumeroFicha = Digits(number, 4);
+    RegistroFicha later = began.back();
+    later.NumeroFicha = Digits(number + 4, 4);
+    station_.PutSlot(static_cast<std::size_t>(number), later);
+  }
+  form_.VistaFichas = began;
+  screen_.Meanwhile = [this] {
+    form_.VistaFichas.assign(4, RegistroFicha());  // or what the tick frees could still be read
+    form_.TmrMonitor_Timer();
+  };
+  form_.ImprimirEstado(false, true);
+  ASSERT_EQ(form_.TotalVista(), 4);
+  ASSERT_EQ(form_.VistaFichas[0].NumeroFicha.View(), "0005") << "the tick has filled the view anew";
+  std::vector<std::string> numbers;
+  for (const std::string& row : test::Filas(station_.Disk.Get(archivo::kPagina))) {
+    if (row.starts_with("14:05  (20/11/2026)|")) numbers.push_back(row.substr(row.find("|000") + 1, 4));
+  }
+  EXPECT_THAT(numbers, ElementsAre("0001", "0002", "0003", "0004"));
+}
+
 TEST_F(LongReportTest, EndedItLeavesThePageOfBeforeAndTheShiftEnds) {
-  form_.TurnoActivo = true;
-  form_.MarcaTurno = String(std::string_view(kBegan));
+  BeginShift();
   TerminarTurno(form_);
   ExpectEnded();
   EXPECT_FALSE(form_.TurnoActivo);

@@ -7,6 +7,7 @@
 #include "station/form1/Sonidos.h"
 #include "unit/network/RejillaFixture.h"
 #include "unit/reports/ImpatientScreen.h"
+#include "unit/safety/Bloqueos.h"
 
 namespace vintoral {
 namespace {
@@ -131,6 +132,26 @@ TEST_F(Form2Test, TodaysExitsNewestFirst) {
   EXPECT_THAT(Station.Boxes, IsEmpty()) << "its page comes up without questions";
   EXPECT_EQ(&Form.OpenForms.Active(), &Form);
   EXPECT_THAT(Disk.Get(kPage), HasSubstr("<TITLE>Vintoral - B\xDASQUEDA P01</TITLE>"));
+}
+
+TEST_F(Form2Test, WhereReportsAreLockedTheMatchesAreShownAlone) {
+  Form.ContraseñaActual = "12345"_w;
+  Form.FuncionesBloqueadas = String(test::Locking(6));
+  Form.ImgIndicador[indicador::kBloqueo].Visible = true;
+  Open();
+  Station.Answers = {Answer::kOk};
+  Start();
+  EXPECT_THAT(Found(), ElementsAre("0009", "0008"));
+  EXPECT_THAT(Cells(), ElementsAre("0009", "0008"));
+  ASSERT_THAT(Station.Boxes, SizeIs(1));
+  EXPECT_EQ(Station.Boxes[0].title, "Vintoral - Acceso Denegado"_w);
+  Station.Answers = {Answer::kOk};
+  Hands().Key(keys::kF4, 0);
+  ASSERT_THAT(Station.Boxes, SizeIs(2));
+  EXPECT_EQ(Station.Boxes[1].title, "Vintoral - Acceso Denegado"_w);
+  EXPECT_THAT(Found(), ElementsAre("0009", "0008"));
+  EXPECT_FALSE(Disk.Exists(kPage));
+  EXPECT_THAT(Station.Launched(), IsEmpty());
 }
 
 TEST_F(Form2Test, WhatIsHeardAndOpened) {
@@ -335,6 +356,11 @@ TEST_F(Form2Test, TheHelpLineFollowsThePointer) {
   EXPECT_TRUE(Search().PctSeleccion.Visible);
   Hands().Hover(Search().PctBoton[Form2::kLimpiar]);
   EXPECT_EQ(Form.LblAyuda.Caption, "<ESC> Limpiar Campos"_w);
+  Hands().Hover(Search().LblEtiqueta[0]);
+  EXPECT_EQ(Form.LblAyuda.Caption, String(Form1::kTitulo));
+  EXPECT_FALSE(Search().PctSeleccion.Visible);
+  Hands().Hover(Search().PctBoton[Form2::kLimpiar]);
+  ASSERT_TRUE(Search().PctSeleccion.Visible);
   Hands().Leave(Search());
   EXPECT_EQ(Form.LblAyuda.Caption, String(Form1::kTitulo));
   EXPECT_FALSE(Search().PctSeleccion.Visible);
@@ -441,6 +467,7 @@ TEST(LongSearch, EscLeavesTheScreenAsItWas) {
   const std::vector<double> shares = screen.Shares[test::kSearching];
   EXPECT_GT(shares.size(), 1u);
   EXPECT_TRUE(std::is_sorted(shares.begin(), shares.end()));
+  EXPECT_DOUBLE_EQ(shares.front(), 0.0);
   EXPECT_DOUBLE_EQ(shares.back(), 1.0);
   EXPECT_EQ(screen.Ended, 2) << "the search and its page";
 

@@ -96,6 +96,17 @@ TEST_F(TurnoTest, MarksTheNewestOfEachRegister) {
   EXPECT_EQ(Form.MarcaTurno, StampOf(Station.Clock.Now()));
 }
 
+TEST_F(TurnoTest, TheRecordMarkedLastIsTheOneOfHistoryWork) {
+  RegistroFicha newUser = Gone(2, "08:00  (20/11/2026)"), points = Gone(4, "08:30  (20/11/2026)");
+  newUser.InicioTurno = points.InicioTurno = true;
+  ASSERT_NE(Form.FichaAuxiliar, newUser);
+  Begin();
+  EXPECT_EQ(Form.FichaAuxiliar, newUser) << "there is no movement to mark";
+  Disk.Put("Multimedia\\Vintoral.CRD", Bytes({Gone(3, "08:20  (20/11/2026)"), points}));
+  Form.IniciarTurno();
+  EXPECT_EQ(Form.FichaAuxiliar, points);
+}
+
 TEST_F(TurnoTest, AHistoryOfOneBlankRowHasThatOneMarked) {
   PutHistory({RegistroFicha{}});
   Begin();

@@ -22,6 +22,16 @@ class Form7Test : public testing::Test {
     station_.Disk.Put(kExt, ExtWith(password, functions));
     station_.StartConnected();
   }
+  /// A start with that function locked, which the password then opens for this run.
+  void StartOpened(std::size_t position) {
+    Start("12345", Locking(position));
+    station_.Answers = {Answer::kOk};
+    Open({[&] {
+      station_.Type("12345");
+      Confirm();
+    }});
+    station_.Boxes.clear();
+  }
   /// F9, and the steps in the dialog; the last one has to close it.
   void Open(std::deque<std::function<void()>> steps) {
     station_.InDialog = std::move(steps);

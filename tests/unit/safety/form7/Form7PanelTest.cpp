@@ -101,13 +101,7 @@ TEST_F(Form7Test, FourDigitsChangeNothingAndSayNothing) {
 }
 
 TEST_F(Form7Test, NoRowsSaveAndStayOpenAndThePasswordStays) {
-  Start("12345", Locking(8));
-  station_.Answers = {Answer::kOk};
-  Open({[&] {
-    station_.Type("12345");
-    Confirm();
-  }});
-  station_.Boxes.clear();
+  StartOpened(8);
   Open({[&] {
     Tick(7);
     EXPECT_THAT(Ticked(), IsEmpty());
@@ -121,12 +115,8 @@ TEST_F(Form7Test, NoRowsSaveAndStayOpenAndThePasswordStays) {
 }
 
 TEST_F(Form7Test, ASelectionOfSeventeenDigitsIsOneOfEighteenAfterTheNextStart) {
-  Start("12345", Locking(8));
-  station_.Answers = {Answer::kOk, Answer::kOk};
-  Open({[&] {
-    station_.Type("12345");
-    Confirm();
-  }});
+  StartOpened(8);
+  station_.Answers = {Answer::kOk};
   Open({[&] { Confirm(); }});
   EXPECT_EQ(form_.FuncionesBloqueadas, "00000001000000000"_w);
   MemoryStation next;
@@ -155,13 +145,7 @@ TEST_F(Form7Test, TouchingARowLeadsBackToTheTabThatLocks) {
 class OpenForThisRunTest : public Form7Test {
  protected:
   void SetUp() override {
-    Start("12345", Locking(8));
-    station_.Answers = {Answer::kOk};
-    Open({[&] {
-      station_.Type("12345");
-      Confirm();
-    }});
-    station_.Boxes.clear();
+    StartOpened(8);
     ASSERT_FALSE(Locked());
     ASSERT_NE(form_.Form7, nullptr);
   }

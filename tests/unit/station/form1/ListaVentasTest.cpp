@@ -130,6 +130,17 @@ TEST_F(ListaVentasTest, AnyOtherFileSystemIsWaitedForItself) {
   EXPECT_EQ(Journal(), kNone);
 }
 
+TEST_F(ListaVentasTest, WhereStartsOfTheMachineLookTheSameTheListIsWaitedFor) {
+  ASSERT_TRUE(AsentarListaVentas(disk_));
+  ASSERT_EQ(Journal(), kNone);
+  memory_.SetBootId("");
+  const int before = memory_.Syncs();
+  ASSERT_TRUE(Put(2));
+  EXPECT_EQ(memory_.Syncs(), before + 1);
+  EXPECT_EQ(List(), ListOf(Line(2) + Line(1)));
+  EXPECT_EQ(Journal(), kNone);
+}
+
 TEST_F(ListaVentasTest, WithoutAJournalTheListIsWaitedFor) {
   disk_.Set().failWrite = 1;  // the entry's
   const int before = memory_.Syncs();
