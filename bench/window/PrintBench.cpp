@@ -53,8 +53,7 @@ double Percentile99(std::vector<double> values) {
 
 int PrintTimes(int argc, char** argv, const std::string& folder) {
   const QApplication application(argc, argv);
-  QObject window;
-  DesktopPlatform platform(folder, window);
+  DesktopPlatform platform(folder);
   std::vector<double> slips, lists;
   for (int i = 0; i < kSlips; ++i) {
     slips.push_back(Milliseconds([&] { platform.Printer.EndDoc(TypicalSlip()); }));

@@ -28,7 +28,7 @@ void Station::PrepareToolkit() {
 Station::Station(const std::string& folder) : Station(folder, Instead{}) {}
 
 Station::Station(const std::string& folder, const Instead& instead)
-    : Devices(folder, anchor_, instead.clock),
+    : Devices(folder, instead.clock),
       Form(With(Devices.Devices(), instead)),
       Taken(Form.OpenForms),
       Queue(Devices.Thread, instead.clock == nullptr ? Devices.Clock : *instead.clock),

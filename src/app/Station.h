@@ -2,7 +2,6 @@
 // windows know what it took of itself.
 #pragma once
 
-#include <QObject>
 #include <atomic>
 #include <functional>
 #include <string>
@@ -57,7 +56,6 @@ class Station {
   void ShowSoon();
   void Begin();
 
-  QObject anchor_;                  ///< of the window's thread
   std::atomic<bool> news_ = false;  ///< the windows are to be brought up to date
   bool started_ = false, over_ = false;
 

@@ -22,7 +22,6 @@ class Desktop : public testing::Test {
     qunsetenv("XDG_CONFIG_HOME");
   }
   TempFolder folder_;
-  QObject window_;
   const std::string lock_ = folder_.Path("lock");
 };
 
@@ -114,7 +113,7 @@ TEST_F(Desktop, LaunchOpensTheFileOfThisSystem) {
   folder_.Put("Vintoral Léame.TXT", "x");
   folder_.Put("Objetos/Servidor.INI", "\r\n");
   folder_.Put("Objetos/Camara.desktop", "[Desktop Entry]\n");
-  DesktopPlatform platform(folder_.Path(), window_);
+  DesktopPlatform platform(folder_.Path());
   std::vector<std::string> started;
   platform.System.Start = [&](const std::string& program, const std::vector<std::string>& arguments) {
     started.push_back(program);
@@ -137,7 +136,7 @@ TEST_F(Desktop, LaunchOpensTheFileOfThisSystem) {
 
 TEST_F(Desktop, AMissingProgramIsPassedOver) {
   folder_.Put("a.txt", "x");
-  DesktopPlatform platform(folder_.Path(), window_);
+  DesktopPlatform platform(folder_.Path());
   testing::internal::CaptureStderr();
   platform.System.Start = [](const std::string&, const std::vector<std::string>&) { return false; };
   platform.System.Launch("Notepad.exe a.txt");
@@ -155,7 +154,7 @@ TEST_F(Desktop, NoSoundDeviceDelaysAKey) {
   using Clock = std::chrono::steady_clock;
   const auto begun = Clock::now();
   {
-    DesktopPlatform platform(folder_.Path(), window_);
+    DesktopPlatform platform(folder_.Path());
     platform.Sound.UseSink("nosuchsink");
     platform.Sound.Begin();
     for (int i = 0; i < 1000; ++i)
@@ -169,7 +168,7 @@ TEST_F(Desktop, NoSoundDeviceDelaysAKey) {
 
 TEST_F(Desktop, TheStationWaitsForNoPicture) {
   folder_.Put("mala.jpg", "no picture at all");
-  DesktopPlatform platform(folder_.Path(), window_);
+  DesktopPlatform platform(folder_.Path());
   const Pictures& pictures = platform.Pictures;
   EXPECT_EQ(pictures.Load(platform.Disk, "mala.jpg").fault, PictureFault::kNoPicture);
   EXPECT_EQ(pictures.Judge(platform.Disk, "mala.jpg"), PictureFault::kNone);

@@ -75,9 +75,7 @@ Json Do(Printer& printer, const Json& line) {
 
 int main(int argc, char** argv) {
   const QGuiApplication application(argc, argv);
-  QObject window;
-  std::optional<vintoral::DesktopPlatform> platform;
-  platform.emplace(argv[1], window);
+  std::optional<vintoral::DesktopPlatform> platform(argv[1]);
   for (std::string line; std::getline(std::cin, line);)
     std::cout << vintoral::Do(platform->Printer, vintoral::Json::parse(line)) << std::endl;
   const double taken = vintoral::Milliseconds([&] { platform.reset(); });

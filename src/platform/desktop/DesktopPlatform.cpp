@@ -19,10 +19,10 @@ SlipFiles FilesIn(const std::string& folder) {
 
 }  // namespace
 
-DesktopPlatform::DesktopPlatform(const std::string& folder, QObject& window, const vintoral::Clock* clock)
+DesktopPlatform::DesktopPlatform(const std::string& folder, const vintoral::Clock* clock)
     : Mail([this](std::string_view path) { return Disk.Exists(path) ? FileOf(path) : std::string(); }),
       Disk(folder, PosixDisk::Work::kBeside),
-      Thread(window, clock == nullptr ? Clock : *clock),
+      Thread(clock == nullptr ? Clock : *clock),
       Screen(Thread),
       Sound([this](std::string_view path) { return FileOf(path); }),
       System([this](std::string_view path) { return FileOf(path); }),

@@ -20,9 +20,8 @@ namespace vintoral {
 
 class DesktopPlatform {
  public:
-  /// `folder`: the station's folder, a path of this system. `window` lives on the window's thread, and
-  /// longer; `clock` in place of the machine's, too.
-  DesktopPlatform(const std::string& folder, QObject& window, const vintoral::Clock* clock = nullptr);
+  /// `folder`: the station's folder, a path of this system; `clock` in place of the machine's, and longer.
+  explicit DesktopPlatform(const std::string& folder, const vintoral::Clock* clock = nullptr);
 
   /// As the station's thread has them.
   Platform Devices() {

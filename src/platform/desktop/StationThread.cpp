@@ -1,18 +1,24 @@
 #include "platform/desktop/StationThread.h"
 
-#include <QMetaObject>
-#include <QObject>
+#include <sys/eventfd.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <chrono>
+#include <tuple>
 #include <utility>
 
 namespace vintoral {
 
-StationThread::StationThread(QObject& window, const vintoral::Clock& machine)
-    : window_(window), clock_(machine) {}
+StationThread::StationThread(const vintoral::Clock& machine)
+    : clock_(machine), bell_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)), hears_(bell_, QSocketNotifier::Read) {
+  QObject::connect(&hears_, &QSocketNotifier::activated, &hears_, [this] { RunInWindow(); });
+}
 
 StationThread::~StationThread() {
   if (thread_.joinable()) thread_.join();
+  hears_.setEnabled(false);
+  close(bell_);
 }
 
 void StationThread::Start(Station station, Step first, Step over) {
@@ -73,12 +79,36 @@ void StationThread::Tell(Step step) {
 }
 
 void StationThread::ToWindow(Step step) {
-  QMetaObject::invokeMethod(&window_, std::move(step), Qt::QueuedConnection);
+  const Lock lock(mutex_);
+  Post(std::move(step));
+}
+
+/// With the lock held.
+void StationThread::Post(Step step) {
+  toWindow_.push_back(std::move(step));
+  constexpr std::uint64_t kOnce = 1;
+  if (toWindow_.size() == 1) std::ignore = write(bell_, &kOnce, sizeof kOnce);
+}
+
+// One by one: what a step does may serve events, and run the next ones.
+void StationThread::RunInWindow() {
+  std::uint64_t rings = 0;
+  std::ignore = read(bell_, &rings, sizeof rings);
+  for (;;) {
+    Step step;
+    {
+      const Lock lock(mutex_);
+      if (toWindow_.empty()) return;
+      step = std::move(toWindow_.front());
+      toWindow_.pop_front();
+    }
+    step();
+  }
 }
 
 /// With the lock held.
 void StationThread::AskForMore() {
-  if (serves_ && !given_ && kept_ && OnFree) ToWindow(OnFree);
+  if (serves_ && !given_ && kept_ && OnFree) Post(OnFree);
 }
 
 void StationThread::Serve(Hands hands, std::optional<std::int64_t> milliseconds,

@@ -2,6 +2,7 @@
 // and nobody else touches the model.
 #pragma once
 
+#include <QSocketNotifier>
 #include <condition_variable>
 #include <deque>
 #include <functional>
@@ -12,8 +13,6 @@
 #include "platform/Seam.h"
 #include "platform/desktop/BusyWatch.h"
 #include "platform/desktop/StationClock.h"
-
-class QObject;
 
 namespace vintoral {
 
@@ -28,8 +27,8 @@ class StationThread final : public Seam {
     std::function<void(bool handsDid)> publish;
   };
 
-  /// `window` lives on the window's thread, and longer than this. `machine` may be read by any thread.
-  StationThread(QObject& window, const vintoral::Clock& machine);
+  /// Made on the window's thread. `machine` may be read by any thread.
+  explicit StationThread(const vintoral::Clock& machine);
   StationThread(const StationThread&) = delete;
   StationThread& operator=(const StationThread&) = delete;
   /// Only of a thread that has come to its end, or was never started.
@@ -67,6 +66,7 @@ class StationThread final : public Seam {
   void Run(const Step& first);
   void Do(const Step& step, bool ofHands);
   // With the lock held.
+  void Post(Step step);
   void AskForMore();
   std::optional<std::int64_t> Oldest() const;
   std::int64_t Bound() const;
@@ -79,7 +79,8 @@ class StationThread final : public Seam {
   Turn Await(Lock& lock, const std::function<bool()>& over, std::optional<std::int64_t> deadline);
   void Pause(Lock& lock, std::optional<std::int64_t> deadline);
 
-  QObject& window_;
+  void RunInWindow();
+
   StationClock clock_;
   BusyWatch watch_;
   Station station_;
@@ -91,6 +92,9 @@ class StationThread final : public Seam {
   std::deque<Step> told_;
   bool serves_ = false;  ///< what hands do is served now, or behind a tick
   bool over_ = false;    ///< the thread has come to its end
+  std::deque<Step> toWindow_;
+  int bell_;  ///< wakes the window's thread
+  QSocketNotifier hears_;
   std::thread thread_;
 };
 
