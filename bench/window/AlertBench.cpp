@@ -67,7 +67,6 @@ int Alert(int argc, char** argv, const std::string& folder,
   QApplication application(argc, argv);
   theme::Apply(application);
   Station station(folder);
-  station.Start();
   if (!station.WaitUntilStarted()) return 1;
   static SilentRelay relay;  // its thread stays to the end
   std::ofstream(folder + "/Objetos/Correo.INI")

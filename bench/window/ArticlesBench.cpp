@@ -50,7 +50,6 @@ int ArticleTimes(int argc, char** argv, const std::string& folder) {
   QApplication application(argc, argv);
   theme::Apply(application);
   Station station(folder);
-  station.Start();
   if (!station.WaitUntilStarted()) return 1;
   station.Do([&] {
     station.Form.TablaExtras.clear();

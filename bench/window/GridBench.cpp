@@ -73,7 +73,6 @@ class GridStation {
   GridStation(int& argc, char** argv, const std::string& folder, const QSize& size)
       : application_(Prepared(argc), argv), Running(folder) {
     theme::Apply(application_);
-    Running.Start();
     if (!Running.WaitUntilStarted()) std::exit(1);
     Running.Window.showNormal();  // no screen is as large here
     Running.Window.resize(size);

@@ -46,7 +46,6 @@ void MeasureKeys(int argc, char** argv, const std::string& folder) {
   QApplication application(argc, argv);
   theme::Apply(application);
   Station station(folder);
-  station.Start();
   if (!station.WaitUntilStarted()) return;
   int inside = 0;
   station.Do([&] {

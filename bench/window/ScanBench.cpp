@@ -59,7 +59,6 @@ int ScanTimes(int argc, char** argv, const std::string& folder) {
   QApplication application(argc, argv);
   theme::Apply(application);
   Station station(folder);
-  station.Start();
   if (!station.WaitUntilStarted()) return 1;
   int inside = 0;
   station.Do([&] {

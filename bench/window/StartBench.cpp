@@ -56,7 +56,6 @@ int ShowStation(int argc, char** argv, const std::string& folder, bool first) {
   QApplication application(argc, argv);
   theme::Apply(application);
   Station station(folder);
-  station.Start();
   if (!station.WaitUntilStarted()) return 1;
   PrintIdle();
   constexpr int kUntilStockIsTaken = 5000;

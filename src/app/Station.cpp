@@ -1,7 +1,9 @@
 #include "app/Station.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QTimer>
+#include <algorithm>
 #include <chrono>
 #include <thread>
 
@@ -33,6 +35,7 @@ Station::Station(const std::string& folder, const Instead& instead)
       Taken(Form.OpenForms),
       Queue(Devices.Thread, instead.clock == nullptr ? Devices.Clock : *instead.clock),
       Hands(Form.OpenForms, Devices.Thread, Queue),
+      beginning_(*this),
       Window(Taken.Now().loaded.front(), Hands, {Devices.Pictures, Devices.Disk, Form.Devices().camera}),
       Dialogs(Taken, Window),
       Waiting(Devices, Window) {
@@ -43,17 +46,11 @@ Station::~Station() {
   if (!Devices.Thread.EndWithin(0)) Devices.Thread.Tell([this] { Form.CerrarSinPreguntar(); });
 }
 
-/// Who asks whom across the two threads.
+/// What the window asks of whom.
 void Station::Join() {
-  StationThread& thread = Devices.Thread;
   DesktopScreen& screen = Devices.Screen;
   screen.Owner = [this] { return Dialogs.Active(); };
-  screen.BeforeWaiting = [this] {
-    Taken.Take();
-    Devices.Thread.ToWindow([this] { Window.Appear(); });
-  };
   screen.OnUp = [this] { Queue.Reclaim(); };
-  thread.OnFree = [this] { Queue.Go(); };
   Queue.BeforeDelivery = [this] {
     if (news_.exchange(false)) Window.Refresh();
   };
@@ -71,6 +68,11 @@ void Station::Join() {
 
 void Station::Start() {
   Forms& forms = Form.OpenForms;
+  Devices.Thread.OnFree = [this] { Queue.Go(); };
+  Devices.Screen.BeforeWaiting = [this] {
+    Taken.Take();
+    Devices.Thread.ToWindow([this] { Window.Appear(); });
+  };
   Devices.Thread.Start(
       {.nextTick = [&forms] { return forms.NextTick(); },
        .runTicks = [&forms] { forms.RunTicks(); },
@@ -87,6 +89,17 @@ void Station::Start() {
         over_ = true;
         QCoreApplication::exit(0);
       });
+}
+
+bool Station::HasEnded() {
+  constexpr int kUntilGone = 900;  // milliseconds, in all
+  QElapsedTimer timer;
+  timer.start();
+  const auto left = [&] { return std::max(0, kUntilGone - static_cast<int>(timer.elapsed())); };
+  if (!Devices.Thread.EndWithin(left()) || !Window.Pictures().EndWithin(left())) return false;
+  while (!Devices.Disk.NothingBehind() && left() > 0)
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  return Devices.Disk.NothingBehind();
 }
 
 void Station::ShowSoon() {

@@ -20,7 +20,8 @@ class Station {
  public:
   /// What must be said before the toolkit starts.
   static void PrepareToolkit();
-  /// In `folder`, a path of this system; the toolkit has started.
+  /// In `folder`, a path of this system; the toolkit has started. The start sequence begins at once, beside
+  /// the making of the windows; the main one shows itself when that is through, or asks something.
   explicit Station(const std::string& folder);
   /// What takes the place of the machine's own, in tests; all of it outlives the station.
   struct Instead {
@@ -34,12 +35,10 @@ class Station {
   /// Waits for the station's thread, which has been asked to end.
   ~Station();
 
-  /// Begins the start sequence. The window shows itself when that is through, or asks something.
-  void Start();
   /// The system wants the program to end: nobody is asked.
   void EndWithoutAsking() { Waiting.EndSoon(); }
-  /// Of the end: false when the station hangs in the folder. Then there is nothing left but to go.
-  bool HasEnded() { return Devices.Thread.EndWithin(kUntilGone); }
+  /// Of the end: false when something hangs in the folder. Then there is nothing left but to go.
+  bool HasEnded();
 
   // For those who measure: the window's thread waits, and serves its events.
 
@@ -51,7 +50,11 @@ class Station {
   void Settle();
 
  private:
-  static constexpr std::int64_t kUntilGone = 1500;  ///< milliseconds
+  /// Begins the start sequence when it is made.
+  struct Beginning {
+    explicit Beginning(Station& station) { station.Start(); }
+  };
+  void Start();
   void Join();
   void ShowSoon();
   void Begin();
@@ -65,6 +68,11 @@ class Station {
   Snapshots Taken;
   InputQueue Queue;
   vintoral::Hands Hands;
+
+ private:
+  Beginning beginning_;
+
+ public:
   MainWindow Window;
   vintoral::Dialogs Dialogs;
   vintoral::Waiting Waiting;

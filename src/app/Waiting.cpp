@@ -18,8 +18,9 @@ using std::chrono::milliseconds;
 constexpr milliseconds kLook{100};
 /// After this the operator is told what is waited for, in milliseconds.
 constexpr std::int64_t kUntilTold = 1000;
-/// What a station that hangs is given to end by itself, and one that did not.
-constexpr milliseconds kPatience{1500}, kPatienceWithOne{5000};
+/// What a station that hangs is given to end by itself, and one that did not hang. The program is gone within
+/// two seconds, of which its end may take as long once more.
+constexpr milliseconds kPatience{900}, kPatienceWithOne{5000};
 
 }  // namespace
 

@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QDir>
 #include <cstdlib>
+#include <optional>
 
 #include "app/EndSignals.h"
 #include "app/Station.h"
@@ -11,11 +12,12 @@ int main(int argc, char** argv) {
   vintoral::Station::PrepareToolkit();
   QApplication application(argc, argv);
   vintoral::theme::Apply(application);
-  vintoral::Station station(QDir::currentPath().toStdString());
-  const vintoral::EndSignals signals([&station] { station.EndWithoutAsking(); });
-  station.Start();
+  std::optional<vintoral::Station> station;
+  // Before it begins: whatever the start makes, a signal ends it in good order.
+  const vintoral::EndSignals signals([&station] { station->EndWithoutAsking(); });
+  station.emplace(QDir::currentPath().toStdString());
   const int result = QApplication::exec();
   // All that was confirmed is on the disk, and nobody can wait for a folder that hangs.
-  if (!station.HasEnded()) std::_Exit(result);
+  if (!station->HasEnded()) std::_Exit(result);
   return result;
 }

@@ -44,6 +44,5 @@ int main(int argc, char** argv) {
   });
   constexpr int kInterval = 100;
   films.start(kInterval);
-  station.Start();
   return QApplication::exec();
 }

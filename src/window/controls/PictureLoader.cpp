@@ -37,6 +37,11 @@ PictureLoader::PictureLoader(const Pictures& pictures, Disk& disk) : pictures_(p
   pool_.setMaxThreadCount(kReaders);
 }
 
+bool PictureLoader::EndWithin(int milliseconds) {
+  pool_.clear();
+  return pool_.waitForDone(milliseconds);
+}
+
 PictureLoader::Reading PictureLoader::Load(const Picture& picture, const PicturePlace& place, Turn turn,
                                            Arrive arrive) {
   Reading reading = std::make_shared<char>();

@@ -22,6 +22,8 @@ class PictureLoader {
   /// Both outlive it; its end waits for the files that are being read, and reads no more.
   PictureLoader(const Pictures& pictures, Disk& disk);
   ~PictureLoader() { pool_.clear(); }
+  /// True when nothing is being read any more, which is waited for this long; no other file is begun.
+  bool EndWithin(int milliseconds);
   PictureLoader(const PictureLoader&) = delete;
   PictureLoader& operator=(const PictureLoader&) = delete;
 
