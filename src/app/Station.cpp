@@ -5,6 +5,8 @@
 #include <chrono>
 #include <thread>
 
+#include "station/form1/PreguntaCierre.h"
+
 namespace vintoral {
 
 namespace {
@@ -53,6 +55,10 @@ void Station::Join() {
     Devices.Thread.ToWindow([this] { Window.Appear(); });
   };
   screen.OnUp = [this] { Queue.Reclaim(); };
+  // The station's own question comes up too while it does not know yet that the folder hangs.
+  screen.OnAnswered = [this](const Box& box, Answer answer) {
+    if (answer == Answer::kYes && box.title == PreguntaCierre().title) Waiting.GoneSoon();
+  };
   thread.OnFree = [this] { Queue.Go(); };
   Queue.BeforeDelivery = [this] {
     if (news_.exchange(false)) Window.Refresh();

@@ -18,8 +18,9 @@ using std::chrono::milliseconds;
 constexpr milliseconds kLook{100};
 /// After this the operator is told what is waited for, in milliseconds.
 constexpr std::int64_t kUntilTold = 1000;
-/// What a station that hangs is given to end by itself, and one that did not.
-constexpr milliseconds kPatience{1500}, kPatienceWithOne{5000};
+/// What a station is given to end by itself, which may hang without having been found out yet; and what one
+/// that has ended is given to put its devices away.
+constexpr milliseconds kPatience{1500}, kPatienceWithDevices{5000};
 
 }  // namespace
 
@@ -59,8 +60,15 @@ void Waiting::Ask() {
 }
 
 void Waiting::EndSoon() {
-  QTimer::singleShot(late_ ? kPatience : kPatienceWithOne, [] { std::_Exit(0); });
+  GoneSoon();
   if (OnEnd) OnEnd();
+}
+
+void Waiting::GoneSoon() {
+  QTimer::singleShot(kPatience, &rings_, [this] {
+    if (!devices_.Thread.EndWithin(0)) std::_Exit(0);
+  });
+  QTimer::singleShot(kPatienceWithDevices, [] { std::_Exit(0); });
 }
 
 }  // namespace vintoral
