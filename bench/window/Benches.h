@@ -36,6 +36,13 @@ int ScanTimes(int argc, char** argv, const std::string& folder);
 /// A child of the bench: the dialog of the articles, from its key to painted pixels.
 int ArticleTimes(int argc, char** argv, const std::string& folder);
 
+/// A child of the bench: repaints of the window of the station of `folder` while its thread waits in a folder
+/// that hangs.
+int HangTimes(int argc, char** argv, const std::string& folder);
+
+/// What the station of `folder` takes of the processor in a minute in which nothing happens.
+int IdleMinute(int argc, char** argv, const std::string& folder);
+
 /// The children of the grid's bench, at the size that the arguments 3 and 4 say.
 int GridTimes(int argc, char** argv, const std::string& folder);
 int GridMemory(int argc, char** argv, const std::string& folder);

@@ -5,35 +5,14 @@
 #include <vector>
 
 #include "Benches.h"
+#include "House.h"
 #include "PaintWatch.h"
 #include "app/Station.h"
-#include "common/Numbers.h"
-#include "records/Register.h"
 #include "window/controls/Theme.h"
 
 namespace vintoral::bench {
 
 namespace {
-
-constexpr int kFichas = 1000;
-
-/// A full house, as it stands in the register.
-void FillHouse(Station& station) {
-  RegistroFicha ficha;
-  ficha.EnUso = true;
-  ficha.MarcaEntrada = StampOf(station.Devices.Clock.Now());
-  ficha.MarcaSalida = "??";
-  ficha.Categoria = station.Form.CboTarifa[1].Text();
-  ficha.PorteriaEntrada = "01";
-  ficha.PorteriaSalida = "??";
-  Register<RegistroFicha> act(station.Devices.Disk, "Multimedia\\Vintoral.ACT", OpenMode::kReadWrite);
-  for (int i = 1; i < kFichas; ++i) {
-    ficha.Posicion = i;
-    ficha.NumeroFicha = Digits(i, 4);
-    ficha.Placa = "AAA"_w + Digits(i, 3);
-    act.Write(i, ficha, false).PassOver();
-  }
-}
 
 void Type(QWidget& window, int key, const QString& text) {
   QTest::simulateEvent(window.windowHandle(), true, key, Qt::NoModifier, text, false);
@@ -48,10 +27,8 @@ void MeasureKeys(int argc, char** argv, const std::string& folder) {
   Station station(folder);
   if (!station.WaitUntilStarted()) return;
   int inside = 0;
+  ShowHouse(station);
   station.Do([&] {
-    FillHouse(station);
-    station.Form.CargarArchivoACT();
-    station.Form.ImprimirIndice();
     station.Form.TxtCampo[0].SetText(Digits(kFichas));  // the one slot that is free
     inside = station.Form.TotalVista();
   });

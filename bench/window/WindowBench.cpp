@@ -1,5 +1,6 @@
 // Measures the window on the offscreen platform; no arguments needed. With --cameras the start and the
-// cameras alone, with --alerts the alerts alone, with --articles the dialog of the articles.
+// cameras alone, with --alerts the alerts alone, with --articles the dialog of the articles, with --hang the
+// window while the folder hangs, with --idle a minute in which nothing happens, which no other run measures.
 #include <QFile>
 #include <QProcess>
 #include <QString>
@@ -35,6 +36,7 @@ int main(int argc, char** argv) {
   if ((first || mode == "--station") && argc > 2) return ShowStation(argc, argv, argv[2], first);
   if (mode == "--scan-times" && argc > 2) return ScanTimes(argc, argv, argv[2]);
   if (mode == "--article-times" && argc > 2) return ArticleTimes(argc, argv, argv[2]);
+  if (mode == "--hang-times" && argc > 2) return HangTimes(argc, argv, argv[2]);
   if (mode == "--grid-times" && argc > 4) return GridTimes(argc, argv, argv[2]);
   if (mode == "--grid-memory" && argc > 4) return GridMemory(argc, argv, argv[2]);
   if (mode == "--slow-pages" && argc > 2) return SlowPages(argc, argv, argv[2]);
@@ -49,6 +51,8 @@ int main(int argc, char** argv) {
     MeasureAlerts(self, folder.Path("station"));
     return 0;
   }
+  if (mode == "--hang") return HangTimes(argc, argv, folder.Path("station"));
+  if (mode == "--idle") return IdleMinute(argc, argv, folder.Path("station"));
   if (mode == "--articles") return ArticleTimes(argc, argv, folder.Path("station"));
   if (mode == "--cameras") {
     CompareStarts(self, folder.Path("station"));
@@ -60,6 +64,8 @@ int main(int argc, char** argv) {
   // With the house that the keys have filled.
   QProcess::execute(QString::fromStdString(self),
                     {QStringLiteral("--scan-times"), QString::fromStdString(folder.Path("station"))});
+  QProcess::execute(QString::fromStdString(self),
+                    {QStringLiteral("--hang-times"), QString::fromStdString(folder.Path("station"))});
   MeasureAlerts(self, folder.Path("station"));
   QProcess::execute(QString::fromStdString(self),
                     {QStringLiteral("--article-times"), QString::fromStdString(folder.Path("station"))});

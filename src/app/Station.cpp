@@ -7,6 +7,8 @@
 #include <chrono>
 #include <thread>
 
+#include "station/form1/PreguntaCierre.h"
+
 namespace vintoral {
 
 namespace {
@@ -51,6 +53,10 @@ void Station::Join() {
   DesktopScreen& screen = Devices.Screen;
   screen.Owner = [this] { return Dialogs.Active(); };
   screen.OnUp = [this] { Queue.Reclaim(); };
+  // The station's own question comes up too while it does not know yet that the folder hangs.
+  screen.OnAnswered = [this](const Box& box, Answer answer) {
+    if (answer == Answer::kYes && box.title == PreguntaCierre().title) Waiting.GoneSoon();
+  };
   Queue.BeforeDelivery = [this] {
     if (news_.exchange(false)) Window.Refresh();
   };
@@ -92,7 +98,7 @@ void Station::Start() {
 }
 
 bool Station::HasEnded() {
-  constexpr int kUntilGone = 900;  // milliseconds, in all
+  constexpr int kUntilGone = 600;  // milliseconds, in all
   QElapsedTimer timer;
   timer.start();
   const auto left = [&] { return std::max(0, kUntilGone - static_cast<int>(timer.elapsed())); };

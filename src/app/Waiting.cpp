@@ -18,9 +18,9 @@ using std::chrono::milliseconds;
 constexpr milliseconds kLook{100};
 /// After this the operator is told what is waited for, in milliseconds.
 constexpr std::int64_t kUntilTold = 1000;
-/// What a station that hangs is given to end by itself, and one that did not hang. The program is gone within
-/// two seconds, of which its end may take as long once more.
-constexpr milliseconds kPatience{900}, kPatienceWithOne{5000};
+/// What a station is given to end by itself, which may hang without having been found out yet; and what one
+/// that has ended is given to put its devices away.
+constexpr milliseconds kPatience{1100}, kPatienceWithDevices{5000};
 
 }  // namespace
 
@@ -60,8 +60,15 @@ void Waiting::Ask() {
 }
 
 void Waiting::EndSoon() {
-  QTimer::singleShot(late_ ? kPatience : kPatienceWithOne, [] { std::_Exit(0); });
+  GoneSoon();
   if (OnEnd) OnEnd();
+}
+
+void Waiting::GoneSoon() {
+  QTimer::singleShot(kPatience, &rings_, [this] {
+    if (!devices_.Thread.EndWithin(0)) std::_Exit(0);
+  });
+  QTimer::singleShot(kPatienceWithDevices, [] { std::_Exit(0); });
 }
 
 }  // namespace vintoral

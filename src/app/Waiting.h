@@ -19,9 +19,11 @@ class Waiting {
   bool Late() const { return late_; }
   /// Looks whether it still is.
   void Look();
+  /// The system wants the program to end, or the operator, who has been asked: see GoneSoon.
+  void EndSoon();
   /// The program is to be gone, at the latest in a moment: a station that hangs is left behind, since all
   /// that was confirmed is on the disk.
-  void EndSoon();
+  void GoneSoon();
   /// Asks the station to end without another question.
   std::function<void()> OnEnd;
 

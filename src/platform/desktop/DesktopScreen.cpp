@@ -107,8 +107,11 @@ Answer DesktopScreen::Show(const Box& box) {
   const bool busy = busy_;
   Busy(false);  // the pointer that answers a box is an ordinary one
   seam_.ToWindow([this, box, answer, dialog] {
-    *dialog =
-        &Ask(box, [&seam = seam_, answer](Answer given) { seam.Tell([answer, given] { *answer = given; }); });
+    *dialog = &Raise(box, [this, box, answer](Answer given) {
+      if (OnAnswered) OnAnswered(box, given);
+      seam_.Tell([answer, given] { *answer = given; });
+    });
+    if (OnUp) OnUp();
   });
   seam_.Serve(Seam::Hands::kHeld, std::nullopt, [&] { return answer->has_value(); });
   seam_.ToWindow([dialog] { delete *dialog; });
@@ -117,6 +120,12 @@ Answer DesktopScreen::Show(const Box& box) {
 }
 
 QMessageBox& DesktopScreen::Ask(const Box& box, std::function<void(Answer)> answered) {
+  QMessageBox& dialog = Raise(box, std::move(answered));
+  own_ = &dialog;
+  return dialog;
+}
+
+QMessageBox& DesktopScreen::Raise(const Box& box, std::function<void(Answer)> answered) {
   // It goes with the window that it belongs to, should that be closed beneath it.
   auto* const dialog = new QMessageBox(Owner ? Owner() : nullptr);
   const std::vector<Button> buttons = Build(*dialog, box);
@@ -128,13 +137,12 @@ QMessageBox& DesktopScreen::Ask(const Box& box, std::function<void(Answer)> answ
   QObject::connect(dialog, &QObject::destroyed, [=] { tell(HarmlessAnswer(box)); });
   if (OnShown) QTimer::singleShot(0, dialog, [this, dialog, box] { OnShown(*dialog, box); });
   dialog->show();
-  if (OnUp) OnUp();
   return *dialog;
 }
 
 bool DesktopScreen::ToBox(const QKeyEvent* key) {
   const QPointer<QMessageBox> box(qobject_cast<QMessageBox*>(QApplication::activeModalWidget()));
-  if (!box) return false;
+  if (!box || box == own_) return false;
   if (key == nullptr) return true;
   if (QAbstractButton* const button = ButtonOf(*box, *key)) return button->click(), true;
   for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {

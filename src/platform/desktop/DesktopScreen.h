@@ -40,14 +40,17 @@ class DesktopScreen : public Screen {
 
   /// The window that the next box belongs to; without it, none.
   std::function<QWidget*()> Owner;
-  /// Runs when a box is about to come up.
+  /// Runs when a box of the station's has come up.
   std::function<void()> OnUp;
   /// Runs when a box has come up: a test answers it here.
   std::function<void(QMessageBox&, const Box&)> OnShown;
+  /// Runs when the operator has answered a box of the station's.
+  std::function<void(const Box&, Answer)> OnAnswered;
   /// Shows a box, which the caller destroys; `answered` runs once. For one of the window's own, which the
   /// station needs not know.
   QMessageBox& Ask(const Box& box, std::function<void(Answer)> answered);
-  /// The box that is up takes a key that was kept; false when none is up. Null: nothing that is for it.
+  /// The box that is up takes a key that was kept; false when none of the station's is up: what was typed
+  /// before the window asked is no answer to it. Null: nothing that is for a box.
   bool ToBox(const QKeyEvent* key);
   /// The work under way is broken off; false when there is none that can be.
   bool BreakOff();
@@ -57,6 +60,7 @@ class DesktopScreen : public Screen {
 
  private:
   struct Work;
+  QMessageBox& Raise(const Box& box, std::function<void(Answer)> answered);
   void ShowWork(const String& what, const std::shared_ptr<Work>& work);
   void ShowPointer();
 
@@ -68,6 +72,7 @@ class DesktopScreen : public Screen {
   std::shared_ptr<Work> work_;
 
   // Of the window's thread.
+  QPointer<QMessageBox> own_;           ///< what the window asks by itself
   QPointer<QProgressDialog> progress_;  ///< goes with the window that it belongs to, too
   std::weak_ptr<Work> shownWork_;
   bool shownBusy_ = false, late_ = false, hourglass_ = false;

@@ -14,8 +14,9 @@ namespace vintoral {
 
 namespace {
 
-constexpr int kHeight = 40;
-constexpr int kBelowHead = 38;   // the counts over the photos stay legible
+constexpr int kHeight = 26;      // above the numbers in the first cells
+constexpr int kBelowHead = 40;   // the counts over the photos stay legible
+constexpr int kBeside = 3;       // as wide as the sheet of the cells
 constexpr double kPulse = 1600;  // milliseconds from bright to bright
 constexpr double kFaintest = 0.35;
 
@@ -60,7 +61,7 @@ void WaitSign::ShowNone() {
 }
 
 void WaitSign::TakePlace() {
-  setGeometry(0, kBelowHead, grid_.width(), kHeight);
+  setGeometry(kBeside, kBelowHead, grid_.width() - 2 * kBeside, kHeight);
 }
 
 bool WaitSign::eventFilter(QObject* /*watched*/, QEvent* event) {
