@@ -325,7 +325,11 @@ class HangingDay(trouble.Trouble):
                 time.sleep(LATE_SECONDS)
                 gate.do("state")
         folder.go()
-        self.rest(gate)
+        try:
+            self.rest(gate)
+        except AssertionError as failure:
+            place = f"{operation} hung: {hangs}, after {steps[:done]}, {self.in_flight} in flight so far"
+            raise AssertionError(f"{place}: {failure}") from failure
         if isinstance(steps[done - 1], Pause):
             self.one(steps[done - 1])  # whose time stood
         return done, hangs

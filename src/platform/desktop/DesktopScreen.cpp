@@ -125,7 +125,7 @@ Answer DesktopScreen::Show(const Box& box) {
   Busy(false);  // the pointer that answers a box is an ordinary one
   seam_.ToWindow([this, box, answer, dialog] {
     *dialog =
-        &Ask(box, [&seam = seam_, answer](Answer given) { seam.Tell([answer, given] { *answer = given; }); });
+        &Ask(box, [&seam = seam_, answer](Answer given) { seam.Answer([answer, given] { *answer = given; }); });
   });
   seam_.Serve(Seam::Hands::kHeld, std::nullopt, [&] { return answer->has_value(); });
   seam_.ToWindow([dialog] { delete *dialog; });
