@@ -40,6 +40,7 @@ class DirectSeam : public Seam {
     step();
     Publish();
   }
+  void Answer(Step step) override { Tell(std::move(step)); }
   void ToWindow(Step step) override { step(); }
   void Serve(Hands hands, std::optional<std::int64_t> milliseconds,
              const std::function<bool()>& over) override {

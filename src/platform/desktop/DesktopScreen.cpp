@@ -5,6 +5,7 @@
 #include <QMessageBox>
 #include <QProgressDialog>
 #include <QPushButton>
+#include <QShortcutEvent>
 #include <QSize>
 #include <QTimer>
 #include <QWindow>
@@ -53,6 +54,21 @@ QString Utf16(const String& text) {
   return QString::fromStdString(text.ToUtf8());
 }
 
+/// Alt and its letter press it at once. The toolkit's own would stay down for a tenth of a second, and keep
+/// whatever is typed meanwhile from the station.
+class BoxButton : public QPushButton {
+ public:
+  using QPushButton::QPushButton;
+
+ protected:
+  bool event(QEvent* event) override {
+    if (event->type() != QEvent::Shortcut || static_cast<QShortcutEvent*>(event)->isAmbiguous())
+      return QPushButton::event(event);
+    click();
+    return true;
+  }
+};
+
 using Button = std::pair<QPushButton*, Answer>;
 
 /// The buttons, in screen order.
@@ -64,7 +80,8 @@ std::vector<Button> Build(QMessageBox& dialog, const Box& box) {
   std::vector<Button> buttons;
   for (const Answer answer : box.buttons) {
     // Buttons of one role stand in the order in which they are added.
-    QPushButton* const button = dialog.addButton(Caption(answer), QMessageBox::ActionRole);
+    auto* const button = new BoxButton(Caption(answer), &dialog);
+    dialog.addButton(button, QMessageBox::ActionRole);
     button->setMinimumSize(kButtonSize);
     buttons.emplace_back(button, answer);
     if (answer == box.preselected) dialog.setDefaultButton(button);
@@ -109,7 +126,7 @@ Answer DesktopScreen::Show(const Box& box) {
   seam_.ToWindow([this, box, answer, dialog] {
     *dialog = &Raise(box, [this, box, answer](Answer given) {
       if (OnAnswered) OnAnswered(box, given);
-      seam_.Tell([answer, given] { *answer = given; });
+      seam_.Answer([answer, given] { *answer = given; });
     });
     if (OnUp) OnUp();
   });

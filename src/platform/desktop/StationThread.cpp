@@ -11,7 +11,10 @@
 namespace vintoral {
 
 StationThread::StationThread(const vintoral::Clock& machine)
-    : clock_(machine), bell_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)), hears_(bell_, QSocketNotifier::Read) {
+    : machine_(machine),
+      clock_(machine),
+      bell_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)),
+      hears_(bell_, QSocketNotifier::Read) {
   QObject::connect(&hears_, &QSocketNotifier::activated, &hears_, [this] { RunInWindow(); });
 }
 
@@ -75,6 +78,12 @@ void StationThread::Keep(std::optional<std::int64_t> oldest) {
 void StationThread::Tell(Step step) {
   const Lock lock(mutex_);
   told_.push_back(std::move(step));
+  news_.notify_all();
+}
+
+void StationThread::Answer(Step step) {
+  const Lock lock(mutex_);
+  answers_.push_back({std::move(step), kept_ ? *kept_ : machine_.Ticks()});
   news_.notify_all();
 }
 
@@ -158,8 +167,9 @@ void StationThread::Breathe() {
 }
 
 std::optional<std::int64_t> StationThread::Oldest() const {
-  if (!given_ && !kept_) return std::nullopt;
-  return clock_.OfMachine(given_ ? given_->at : *kept_);
+  if (!answers_.empty()) return clock_.OfMachine(answers_.front().at);
+  if (given_) return clock_.OfMachine(given_->at);
+  return kept_ ? std::optional(clock_.OfMachine(*kept_)) : std::nullopt;
 }
 
 /// What time it may be: what waits to be served is not of the past.
@@ -193,6 +203,11 @@ StationThread::Turn StationThread::Await(Lock& lock, const std::function<bool()>
     SetTime(deadline);
     if (deadline && clock_.Ticks() >= *deadline) break;
     if (Step step = ToldOrTick()) return {std::move(step)};
+    if (!answers_.empty()) {
+      const Piece answer = std::move(answers_.front());
+      answers_.pop_front();
+      return {answer.step};
+    }
     if (serves_ && given_) {
       serves_ = false;
       return {std::exchange(given_, std::nullopt)->step, true};

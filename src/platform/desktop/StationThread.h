@@ -51,6 +51,7 @@ class StationThread final : public Seam {
   bool TakeBack() override;
   void Keep(std::optional<std::int64_t> oldest) override;
   void Tell(Step step) override;
+  void Answer(Step step) override;
   void ToWindow(Step step) override;
   void Serve(Hands hands, std::optional<std::int64_t> milliseconds,
              const std::function<bool()>& over) override;
@@ -81,6 +82,7 @@ class StationThread final : public Seam {
 
   void RunInWindow();
 
+  const vintoral::Clock& machine_;
   StationClock clock_;
   BusyWatch watch_;
   Station station_;
@@ -90,6 +92,7 @@ class StationThread final : public Seam {
   std::optional<Piece> given_;
   std::optional<std::int64_t> kept_;
   std::deque<Step> told_;
+  std::deque<Piece> answers_;
   bool serves_ = false;  ///< what hands do is served now, or behind a tick
   bool over_ = false;    ///< the thread has come to its end
   std::deque<Step> toWindow_;

@@ -65,6 +65,7 @@ void InputQueue::Add(Piece piece) {
 void InputQueue::Go() {
   if (delivering_) return;
   while (!kept_.empty()) {
+    TellOldest();  // by which a box's answer is timed
     const bool toBox = ToBox && ToBox(kept_.front().key.get());
     if (!toBox && !seam_.Free()) break;
     const Piece piece = std::move(kept_.front());
