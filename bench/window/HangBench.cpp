@@ -77,7 +77,6 @@ int HangTimes(int argc, char** argv, const std::string& folder) {
   QApplication application(argc, argv);
   theme::Apply(application);
   Station station(folder);
-  station.Start();
   if (!station.WaitUntilStarted()) return 1;
   ShowHouse(station);
   MeasureRepaints(station);
@@ -90,7 +89,6 @@ int IdleMinute(int argc, char** argv, const std::string& folder) {
   QApplication application(argc, argv);
   theme::Apply(application);
   Station station(folder);
-  station.Start();
   if (!station.WaitUntilStarted()) return 1;
   ServeFor(kUntilIdle);
   const double before = ProcessorTime();
