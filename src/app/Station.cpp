@@ -45,7 +45,12 @@ Station::Station(const std::string& folder, const Instead& instead)
 }
 
 Station::~Station() {
-  if (!Devices.Thread.EndWithin(0)) Devices.Thread.Tell([this] { Form.CerrarSinPreguntar(); });
+  StationThread& thread = Devices.Thread;
+  if (thread.EndWithin(0)) return;
+  thread.Tell([this] { Form.CerrarSinPreguntar(); });
+  // The model that it works on goes before the thread does.
+  while (!thread.EndWithin(kUntilGone)) {
+  }
 }
 
 /// What the window asks of whom.

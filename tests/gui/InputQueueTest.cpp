@@ -305,6 +305,28 @@ TEST_F(InputQueues, ACodeThatFindsNoRoomIsRefusedWholeWithOneBeep) {
   EXPECT_EQ(Served(), std::string(200, 'x') + "z");
 }
 
+TEST_F(InputQueues, AKeyThatIsHeldDownIsNoCode) {
+  seam_.Busy = true;
+  for (int i = 0; i < 202; ++i) {
+    clock_.Advance(40);
+    queue_.Press(QKeyEvent(QEvent::KeyPress, Qt::Key_X, Qt::NoModifier, QStringLiteral("x"), i > 0),
+                 [this](const QKeyEvent&) { queue_.Serve([this] { done_ += 'x'; }); });
+  }
+  EXPECT_EQ(beeps_, 2);
+  EXPECT_EQ(Served(), std::string(200, 'x'));
+}
+
+TEST_F(InputQueues, AKeyThatOnlyModifiesTakesNoRoom) {
+  seam_.Busy = true;
+  late_ = true;
+  for (const Qt::Key key : {Qt::Key_Shift, Qt::Key_Control, Qt::Key_Alt, Qt::Key_AltGr, Qt::Key_CapsLock})
+    Press(key, {});
+  EXPECT_FALSE(queue_.Keeps());
+  Escape();
+  EXPECT_EQ(beeps_, 0) << "nothing was thrown away";
+  EXPECT_EQ(Served(), "!");
+}
+
 TEST_F(InputQueues, FromWithinAKeyItIsServedAtOnce) {
   seam_.Busy = true;
   clock_.Advance(kHand);

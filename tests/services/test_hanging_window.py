@@ -28,6 +28,7 @@ GONE_SECONDS = 2
 LINK_SECONDS = 4  # until the bars of the link are green
 COVERS = 20
 POINTER, CARET = 24, 2  # pixels that they are wide at the most
+BUTTON = (180, 27)  # search
 NUMBER, OTHER = 7, 12
 COVER_PIXEL = COVER.to_bytes(PIXEL, "little")
 
@@ -147,6 +148,7 @@ class HangingWindow(unittest.TestCase):
     def test_half_a_minute(self):
         """It says what it waits for, paints, keeps what is typed, and serves it in the end."""
         self.save(NUMBER, "abc123")
+        self.tooltip()  # the station says what a button's is when the pointer first comes to it
         pointer = self.screen.cursor()
         before = self.hang()
         self.screen.wait(lambda: self.screen.cursor() != pointer, "hourglass", 1)
@@ -157,6 +159,7 @@ class HangingWindow(unittest.TestCase):
         self.type_ahead()
         self.assertEqual(self.elsewhere(before, line), [], "nothing moves, and what is kept is not shown as done")
         self.covered(before, line)
+        self.tooltip()
         time.sleep(max(0.0, began + HANG_SECONDS - time.monotonic()))
         self.assertIsNone(self.plate(OTHER))
         self.assertNotEqual(self.screen.cursor(), pointer)
@@ -179,6 +182,19 @@ class HangingWindow(unittest.TestCase):
             self.assertEqual(self.elsewhere(before, line), [])
         times.sort()
         print(f"repainted after {1000 * times[COVERS // 2]:.0f} ms, at most {1000 * times[-1]:.0f}", file=sys.stderr)
+
+    def tooltip(self):
+        """A button says what it does, and is silent again."""
+        before = self.screen.rows()
+
+        def said():
+            return any(BUTTON[1] < box[3] < 100 and box[2] - box[0] > 150 for box in self.changed(before))
+        for step in range(3):  # a pointer that comes by leaps shows nothing
+            self.screen.point(BUTTON[0] + step, BUTTON[1])
+            time.sleep(0.1)
+        self.screen.wait(said, "tooltip", 3)
+        self.screen.point(0, HEIGHT - 1)
+        self.screen.wait(lambda: not said(), "end of the tooltip", 3)
 
     def test_esc_throws_away(self):
         self.save(NUMBER, "abc123")

@@ -2,13 +2,26 @@
 
 #include <QKeyEvent>
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace vintoral {
 
+namespace {
+
+/// By itself it means nothing to the station.
+bool OnlyModifies(const QKeyEvent& key) {
+  constexpr std::array kModifiers = {Qt::Key_Shift, Qt::Key_Control,  Qt::Key_Alt,    Qt::Key_AltGr,
+                                     Qt::Key_Meta,  Qt::Key_CapsLock, Qt::Key_NumLock};
+  return std::find(kModifiers.begin(), kModifiers.end(), key.key()) != kModifiers.end();
+}
+
+}  // namespace
+
 InputQueue::InputQueue(Seam& seam, const Clock& machine) : seam_(seam), machine_(machine) {}
 
 void InputQueue::Press(const QKeyEvent& key, std::function<void(const QKeyEvent&)> deliver) {
+  if (OnlyModifies(key)) return;
   if (key.key() == Qt::Key_Escape && Escape()) return;
   if (!HasRoom(key)) return;
   const std::shared_ptr<QKeyEvent> copy(key.clone());
@@ -46,10 +59,10 @@ bool InputQueue::Escape() {
   return true;
 }
 
-/// A code that a reader types is kept whole, or not at all.
+/// A code that a reader types is kept whole, or not at all. A key that is held down is no code.
 bool InputQueue::HasRoom(const QKeyEvent& key) {
   const std::int64_t now = machine_.Ticks();
-  const bool goesOn = burst_.Continues(now);
+  const bool goesOn = !key.isAutoRepeat() && burst_.Continues(now);
   if (!goesOn) burstKept_ = keys_ < kKeys;
   burst_.Add(key.text().isEmpty() ? '\0' : key.text().at(0).toLatin1(), now);
   if (!burstKept_ && !goesOn) Beep();

@@ -1,0 +1,35 @@
+// The whole station, its model on a thread of its own.
+#include "app/Station.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <filesystem>
+#include <thread>
+
+#include "support/TempFolder.h"
+
+namespace vintoral::test {
+namespace {
+
+TEST(Stations, ItsEndIsWaitedForBeforeItsModelGoes) {
+  const TempFolder folder;
+  folder.Put("home/Desktop/Vintoral.desktop", "[Desktop Entry]\n");
+  folder.Put("station/Recursos/Vintoral.RLD", "");  // starts beside a station that runs on this machine
+  const QByteArray home = qgetenv("HOME");
+  qputenv("HOME", folder.Path("home").c_str());
+  const std::string state = folder.Path("station/Recursos/Vintoral.DAT");
+  {
+    Station station(folder.Path("station"));
+    station.Start();
+    ASSERT_TRUE(station.WaitUntilStarted());
+    std::filesystem::remove(state);
+    // Busy when it is asked to end.
+    station.Devices.Thread.Tell([] { std::this_thread::sleep_for(std::chrono::milliseconds(300)); });
+  }
+  qputenv("HOME", home);
+  EXPECT_TRUE(std::filesystem::exists(state)) << "it was closed as any other";
+}
+
+}  // namespace
+}  // namespace vintoral::test
