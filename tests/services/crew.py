@@ -156,8 +156,8 @@ def check(day, books, data):
     day.assertEqual([row.Posicion for row in rows], list(range(2, len(rows) + 2)))
     for row in rows:
         out = retired[row.Placa]
-        day.assertEqual((row.EnUso, row.NumeroFicha, row.MarcaEntrada[:5], row.PorteriaEntrada, row.PorteriaSalida),
-                        (-1, f"{out.number:04}", ENTRY[:5], saved[row.Placa].door, out.door))
+        day.assertEqual((row.EnUso, row.NumeroFicha, row.MarcaEntrada[:4], row.PorteriaEntrada, row.PorteriaSalida),
+                        (-1, f"{out.number:04}", ENTRY[:4], saved[row.Placa].door, out.door))
     slots = [trouble.decoded(acts[at:at + RECORD.size]) for at in range(0, 1000 * RECORD.size, RECORD.size)]
     day.assertEqual({slot.Placa: slot.Posicion for slot in slots if slot.EnUso},
                     {plate: entry.number for plate, entry in saved.items() if plate not in retired})

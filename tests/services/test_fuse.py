@@ -1,6 +1,8 @@
 """The second gate works through a FUSE file system, which is unmounted, killed, and stands still for a while."""
+import fcntl
 import os
 import signal
+import struct
 import subprocess
 import threading
 import time
@@ -40,6 +42,28 @@ class Fuse(mounted.MountedFolder, trouble.Trouble):
         self.assertGreater(time.monotonic() - began, 1)
         self.assertEqual([row.Placa for row in self.folder.history()], ["SLOW"])
         self.assertEqual(self.inside(), {})
+
+
+    def test_a_departure_waits_for_the_gate_that_writes_its_row(self):
+        """Longer than on a disk: whoever has the lock may be waiting for the server itself."""
+        held_seconds = 2
+        self.assertTrue(self.try_save(self.second, 501, "WAITS"))
+        self.asked(self.second, 501, DELETE, CONFIRM_RETIRE)
+        with open(self.point / "Vintoral.HST", "r+b") as other:
+            lock_append(other)
+            again = threading.Timer(held_seconds, other.close)
+            again.start()
+            began = time.monotonic()
+            self.second.answer("yes")
+            again.join()
+        self.assertGreater(time.monotonic() - began, held_seconds - 0.1)
+        self.assertEqual([row.Placa for row in self.folder.history()], ["WAITS"])
+
+
+def lock_append(file):
+    """The lock that a gate takes to append: a byte far behind any data, until the file is closed."""
+    F_OFD_SETLK = 37
+    fcntl.fcntl(file, F_OFD_SETLK, struct.pack("hhqqi4x", fcntl.F_WRLCK, os.SEEK_SET, 1 << 62, 1, 0))
 
 
 class KilledFuse(Fuse):
