@@ -62,6 +62,7 @@ class Machine:
     def __init__(self, number, home, names):
         self.number, self.home, self.names = number, home, names
         self.name, self.address = names[number], ADDRESS.format(number)
+        self.glusterd = None
         self.keeper = subprocess.Popen(
             ["unshare", "--net", "--mount", "--uts", "--propagation", "private", "--", "sleep", "infinity"],
             stdin=subprocess.DEVNULL)
@@ -126,6 +127,8 @@ class Machine:
         return len(found)
 
     def start_glusterd(self):
+        if self.glusterd:
+            self.glusterd.wait()  # the one that was killed
         log = open(self.home / "log/glusterd.out", "ab")
         self.glusterd = subprocess.Popen(self.inside("glusterd", "--no-daemon", "--log-level", "WARNING"),
                                          stdin=subprocess.DEVNULL, stdout=log, stderr=log)
@@ -157,8 +160,10 @@ class Machine:
     def end(self):
         for number in self.processes():
             os.kill(number, signal.SIGKILL)
-        self.keeper.kill()
-        self.keeper.wait()
+        for process in (self.glusterd, self.keeper):
+            if process:
+                process.kill()
+                process.wait()
 
 
 def wire(one, other):

@@ -73,6 +73,15 @@ class Site(trouble.Trouble):
         self.assertEqual(first, second)
         self.assertEqual(first, third)
 
+    def kill_copy(self, number):
+        """Its program dies, and the service that would start it again."""
+        machine = self.site[number]
+        self.assertEqual(machine.kill("glusterd --no-daemon"), 1)
+        self.assertEqual(machine.kill("glusterfsd"), 1)
+
+    def come_back(self, number):
+        self.site[number].start_glusterd()
+
     # ---- The gates ----
 
     def open_gate(self, number):
