@@ -34,6 +34,7 @@ class Books:
 
     def __init__(self):
         self.lock = threading.Lock()
+        self.free_of = {}  # number: the free numbers of the gate that hands it out
         self.inside = {}  # plate: number, of those who wait for a gate to send them out
         self.done = []
         self.refused = 0
@@ -71,7 +72,8 @@ class Hand(threading.Thread):
     def __init__(self, day, gate, door, numbers, books, turns):
         super().__init__(name=f"gate of {numbers[0]}")
         self.day, self.gate, self.door, self.books, self.turns = day, gate, door, books, turns
-        self.free, self.own, self.first = list(numbers), set(numbers), numbers[0]
+        self.free, self.first = list(numbers), numbers[0]
+        books.free_of.update((number, self.free) for number in numbers)
         self.dice = random.Random(f"{SEED} {self.first}")
         self.failure = None
         self.stop = threading.Event()
@@ -92,9 +94,7 @@ class Hand(threading.Thread):
         leaver = self.books.take_one(self.dice) if not self.free or self.dice.random() < 0.5 else None
         if leaver:
             self.until_done("retire", *leaver, self.retire)
-            if leaver[0] in self.own:
-                self.free.append(leaver[0])
-            return
+            return self.books.free_of[leaver[0]].append(leaver[0])
         if not self.free:
             return time.sleep(0.05)  # all of ours wait to be sent out by another gate
         number, plate = self.free.pop(self.dice.randrange(len(self.free))), f"G{self.first}T{turn}"

@@ -77,6 +77,7 @@ class Volume(Day, volume.Site):
                 self.come_back(number)
             self.heal()
         self.until_share(0.7)
+        self.assertTrue(all(hand.is_alive() for hand in self.hands), "too few operations for all that is to fail")
         self.site[3].cut_off()
         time.sleep(30)
         self.site[3].plug_in()

@@ -21,6 +21,7 @@ SERVER = """
   load printers = no
   disable spoolss = yes
   printcap name = /dev/null
+  smb2 leases = no
   private dir = {own}/private
   lock directory = {own}/lock
   state directory = {own}/state
@@ -34,6 +35,8 @@ SERVER = """
   read only = no
   guest ok = yes
   force user = {user}
+  oplocks = no
+  level2 oplocks = no
 """
 
 CLIENT = """

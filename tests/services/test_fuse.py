@@ -1,12 +1,11 @@
 """The second gate works through a FUSE file system, which is unmounted, killed, and stands still for a while."""
-import fcntl
 import os
 import signal
-import struct
 import subprocess
 import threading
 import time
 
+import lock
 import mounted
 import trouble
 from station import CONFIRM_RETIRE, DELETE
@@ -50,7 +49,7 @@ class Fuse(mounted.MountedFolder, trouble.Trouble):
         self.assertTrue(self.try_save(self.second, 501, "WAITS"))
         self.asked(self.second, 501, DELETE, CONFIRM_RETIRE)
         with open(self.point / "Vintoral.HST", "r+b") as other:
-            lock_append(other)
+            lock.append(other)
             again = threading.Timer(held_seconds, other.close)
             again.start()
             began = time.monotonic()
@@ -58,12 +57,6 @@ class Fuse(mounted.MountedFolder, trouble.Trouble):
             again.join()
         self.assertGreater(time.monotonic() - began, held_seconds - 0.1)
         self.assertEqual([row.Placa for row in self.folder.history()], ["WAITS"])
-
-
-def lock_append(file):
-    """The lock that a gate takes to append: a byte far behind any data, until the file is closed."""
-    F_OFD_SETLK = 37
-    fcntl.fcntl(file, F_OFD_SETLK, struct.pack("hhqqi4x", fcntl.F_WRLCK, os.SEEK_SET, 1 << 62, 1, 0))
 
 
 class KilledFuse(Fuse):

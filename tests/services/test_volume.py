@@ -1,10 +1,11 @@
 """Three gates work at random on a volume of three copies, made by the script of the manual, while machines and mounts fail."""
 import time
 
+import mounted  # first: it knows where the rest of the tests' own modules are
 import bad_road
 import crew
+import lock
 import machines
-import mounted
 import trouble
 import volume
 from station import GREEN, RED
@@ -107,6 +108,44 @@ class Volume(crew.Crew, volume.Site):
         self.assertEqual([row.Placa for row in crew.rows_of(self, self.data)], ["BEFORE"])
         self.assertEqual(self.volume(1, "--yes", "make", *volume.NAMES.values()).splitlines()[0], "Nothing is left to do.")
 
+    def test_the_append_lock_holds_between_the_mounts(self):
+        self.open_gate(1)
+        files = [open(self.site[number].path(f"{volume.MOUNT}/Multimedia/Vintoral.HST"), "r+b") for number in (1, 2)]
+        for file in files:
+            self.addCleanup(file.close)
+        lock.append(files[0])
+        with self.assertRaises(BlockingIOError):
+            lock.append(files[1])
+        files[0].close()
+        lock.append(files[1])
+
+    def test_the_script_tells_what_is_wrong(self):
+        self.assertIn("All three copies are whole", self.volume(2, "check"))
+        self.site[1].run("gluster", "--mode=script", "volume", "set", "porterias", "performance.quick-read", "on")
+        said = self.volume(2, "check", expected=1)
+        self.assertIn("performance.quick-read has to be off and is on", said)
+        made = self.volume(3, "--yes", "make", *volume.NAMES.values())
+        self.assertEqual(made.splitlines()[:2], ["This will be done:", "  - set performance.quick-read off"])
+        self.assertIn("All three copies are whole", self.volume(2, "check"))
+
+        machine = self.site[3]
+        machine.run("umount", volume.MOUNT)
+        self.assertIn("The volume is not mounted at this gate", self.volume(3, "check", expected=1))
+        machine.run("mount", "-t", "glusterfs", "-o", "entry-timeout=0", f"{machine.name}:/porterias", volume.MOUNT)
+        said = self.volume(3, "check", expected=1)
+        self.assertIn("mounted without attribute-timeout=0", said)
+        self.assertNotIn("without entry-timeout=0", said)
+
+        self.assertIn("Nobody is there to ask", self.volume(1, "--volume", "second", "make", *volume.NAMES.values(), expected=2))
+        self.assertIn("There is no volume second", self.volume(1, "--volume", "second", "check", expected=2))
+        self.assertIn("Three different machines", self.volume(1, "make", "porteria1", "porteria2", "porteria2", expected=2))
+        self.assertIn("does not know the name nowhere", self.volume(1, "make", "porteria1", "porteria2", "nowhere", expected=2))
+        self.assertIn("alone", self.volume(1, "make", "porteria2", "porteria3", "localhost", expected=2))
+        self.assertIn("porteria3 answers, so it is not dead", self.volume(1, "replace", "porteria3", "porteria2", expected=2))
+        machine.kill("glusterd --no-daemon")
+        self.assertIn("systemctl enable --now glusterd", self.volume(3, "state", expected=2))
+        self.assertIn("machine porteria3: AWAY", self.volume(1, "state"))
+
     def test_a_bad_road(self):
         self.open_all()
         self.begin(TURNS // 3)
@@ -120,6 +159,26 @@ class Volume(crew.Crew, volume.Site):
         self.end()
         self.assertGreater(road.count, 1000)
         self.assertGreater(road.dropped, 10)
+
+
+class ADeadMachine(crew.Crew, volume.Site):
+    names = {**volume.NAMES, 4: "porteria4"}
+
+    def test_another_takes_its_place(self):
+        """It never comes back: the gates work on, and a new machine gets its copy."""
+        self.open_gate(1)
+        self.open_gate(2)
+        self.begin(TURNS)
+        self.until(20)
+        self.site[3].power_off()
+        self.work_ends()
+        self.assertIn("copy porteria3:/srv/porterias: DOWN", self.volume(1, "state"))
+        self.volume(1, "--yes", "replace", "porteria3", "porteria4")
+        self.assertEqual(self.volume(1, "--yes", "replace", "porteria3", "porteria4"), "Nothing is left to do.\n")
+        self.holders = [1, 2, 4]
+        self.assertCopiesEqual()
+        crew.check(self, self.books, self.site[4].home / volume.COPY.strip("/") / "Multimedia")
+        self.assertNotIn("porteria3", self.volume(1, "state"))
 
 
 if __name__ == "__main__":
