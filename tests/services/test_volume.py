@@ -32,8 +32,21 @@ class Volume(crew.Crew, volume.Site):
         time.sleep(3)
         self.assertEqual(len(self.books.done), before, "a gate confirms without its folder")
 
+    def assertLockHoldsBetweenMounts(self):
+        """The append lock of a gate keeps another from its own, on another mount, until it is given back."""
+        files = [open(self.site[number].path(f"{volume.MOUNT}/Multimedia/Vintoral.HST"), "r+b") for number in (1, 2)]
+        for file in files:
+            self.addCleanup(file.close)
+        lock.append(files[0])
+        with self.assertRaises(BlockingIOError):
+            lock.append(files[1])
+        files[0].close()
+        lock.append(files[1])
+        files[1].close()
+
     def test_a_copy_dies_and_heals(self):
         self.open_all()
+        self.assertLockHoldsBetweenMounts()
         self.begin(TURNS)
         self.until(20)
         self.kill_copy(3)
@@ -88,6 +101,9 @@ class Volume(crew.Crew, volume.Site):
         self.mount(machine)
         self.end()
         self.assertEqual([hand.seen_red for hand in self.hands], [True, False, False])
+        self.assertEqual(machine.kill("--process-name fuse"), 1)
+        self.assertIn("has died", self.volume(1, "mount"))
+        self.assertIn("All three copies are whole", self.volume(1, "check"))
 
     def test_the_main_gate_starts_without_its_mount(self):
         main = self.open_gate(1)
@@ -107,17 +123,6 @@ class Volume(crew.Crew, volume.Site):
         self.assertTrue(self.try_retire(main, 7))
         self.assertEqual([row.Placa for row in crew.rows_of(self, self.data)], ["BEFORE"])
         self.assertEqual(self.volume(1, "--yes", "make", *volume.NAMES.values()).splitlines()[0], "Nothing is left to do.")
-
-    def test_the_append_lock_holds_between_the_mounts(self):
-        self.open_gate(1)
-        files = [open(self.site[number].path(f"{volume.MOUNT}/Multimedia/Vintoral.HST"), "r+b") for number in (1, 2)]
-        for file in files:
-            self.addCleanup(file.close)
-        lock.append(files[0])
-        with self.assertRaises(BlockingIOError):
-            lock.append(files[1])
-        files[0].close()
-        lock.append(files[1])
 
     def test_the_script_tells_what_is_wrong(self):
         self.assertIn("All three copies are whole", self.volume(2, "check"))
@@ -173,7 +178,8 @@ class ADeadMachine(crew.Crew, volume.Site):
         self.site[3].power_off()
         self.work_ends()
         self.assertIn("copy porteria3:/srv/porterias: DOWN", self.volume(1, "state"))
-        self.volume(1, "--yes", "replace", "porteria3", "porteria4")
+        said = self.volume(1, "--yes", "replace", "porteria3", "porteria4")
+        self.assertIn("forget porteria3", said)
         self.assertEqual(self.volume(1, "--yes", "replace", "porteria3", "porteria4"), "Nothing is left to do.\n")
         self.holders = [1, 2, 4]
         self.assertCopiesEqual()
