@@ -1,4 +1,6 @@
 """Three gates work at random on a volume of three copies, made by the script of the manual, while machines and mounts fail."""
+import os
+import pty
 import time
 
 import mounted  # first: it knows where the rest of the tests' own modules are
@@ -124,12 +126,24 @@ class Volume(crew.Crew, volume.Site):
         self.assertEqual([row.Placa for row in crew.rows_of(self, self.data)], ["BEFORE"])
         self.assertEqual(self.volume(1, "--yes", "make", *volume.NAMES.values()).splitlines()[0], "Nothing is left to do.")
 
+    def asked(self, answer, expected):
+        """What "make" says on the third machine to somebody at a terminal who gives this answer."""
+        ours, its = pty.openpty()
+        os.write(ours, f"{answer}\n".encode())
+        try:
+            return self.volume(3, "make", *volume.NAMES.values(), expected=expected, stdin=its)
+        finally:
+            os.close(ours)
+            os.close(its)
+
     def test_the_script_tells_what_is_wrong(self):
         self.assertIn("All three copies are whole", self.volume(2, "check"))
         self.site[1].run("gluster", "--mode=script", "volume", "set", "porterias", "performance.quick-read", "on")
         said = self.volume(2, "check", expected=1)
         self.assertIn("performance.quick-read has to be off and is on", said)
-        made = self.volume(3, "--yes", "make", *volume.NAMES.values())
+        self.assertIn("Nothing was done.", self.asked("n", 2))
+        self.assertIn("has to be off and is on", self.volume(2, "check", expected=1))
+        made = self.asked("y", 0)
         self.assertEqual(made.splitlines()[:2], ["This will be done:", "  - set performance.quick-read off"])
         self.assertIn("All three copies are whole", self.volume(2, "check"))
 

@@ -40,9 +40,9 @@ class Site(trouble.Trouble):
 
     # ---- The volume ----
 
-    def volume(self, number, *arguments, expected=0):
+    def volume(self, number, *arguments, expected=0, **more):
         """scripts/gate-volume on one machine; what it printed."""
-        done = self.site[number].run(GATE_VOLUME, *arguments, seconds=200, check=False)
+        done = self.site[number].run(GATE_VOLUME, *arguments, seconds=200, check=False, **more)
         self.assertEqual(done.returncode, expected, f"{arguments}: {done.stdout}{done.stderr}")
         return done.stdout + done.stderr
 
