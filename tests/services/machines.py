@@ -28,8 +28,9 @@ def separate(*programs):
         return gather_the_dead()
     if os.geteuid() != 0:
         skip("GlusterFS marks its files with attributes that only root may set")
-    if not os.path.exists("/dev/fuse"):
-        skip("there is no /dev/fuse here")
+    for device in ("/dev/fuse", "/dev/net/tun"):
+        if not os.path.exists(device):
+            skip(f"there is no {device} here")
     tried = subprocess.run(["unshare", "--net", "--mount", "--uts", "--pid", "--fork", "ip", "link", "add", "try0", "type", "veth"],
                            capture_output=True, text=True, check=False)
     if tried.returncode != 0:
