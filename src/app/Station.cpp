@@ -49,7 +49,8 @@ Station::~Station() {
   if (thread.EndWithin(0)) return;
   thread.Tell([this] { Form.CerrarSinPreguntar(); });
   // The model that it works on goes before the thread does.
-  while (!thread.EndWithin(kUntilGone)) {
+  constexpr std::int64_t kLook = 1000;
+  while (!thread.EndWithin(kLook)) {
   }
 }
 

@@ -26,6 +26,7 @@ class HeldSeam : public Seam {
   bool TakeBack() override { return std::exchange(given_, nullptr) != nullptr; }
   void Keep(std::optional<std::int64_t> oldest) override { Oldest = oldest; }
   void Tell(Step step) override { step(); }
+  void Answer(Step step) override { step(); }
   void ToWindow(Step step) override { step(); }
   void Serve(Hands, std::optional<std::int64_t>, const std::function<bool()>&) override {}
   void Breathe() override {}

@@ -21,7 +21,6 @@ TEST(Stations, ItsEndIsWaitedForBeforeItsModelGoes) {
   const std::string state = folder.Path("station/Recursos/Vintoral.DAT");
   {
     Station station(folder.Path("station"));
-    station.Start();
     ASSERT_TRUE(station.WaitUntilStarted());
     std::filesystem::remove(state);
     // Busy when it is asked to end.

@@ -70,7 +70,6 @@ class ToldClock : public Clock {
 class TypedGate {
  public:
   explicit TypedGate(std::uint64_t seed);
-  void Start() { station_.Start(); }
   bool HasEnded() { return station_.HasEnded(); }
 
  private:
@@ -292,7 +291,6 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   vintoral::theme::Apply(application);
   vintoral::test::TypedGate gate(argc > 1 ? std::strtoull(argv[1], nullptr, 10) : 1);
-  gate.Start();
   const int result = QApplication::exec();
   if (!gate.HasEnded()) std::_Exit(result);
   return result;
