@@ -82,6 +82,7 @@ class TypedGate {
   void PassWhileItHangs(std::int64_t at);
   void Key(const json& command);
   bool Settle(milliseconds patience);
+  bool Waits() const;
   bool IsSettled(steady_clock::time_point limit);
   json Shown(const std::string& name) const;
   json State();
@@ -232,6 +233,11 @@ void TypedGate::Key(const json& command) {
   station_.Queue.Go();
 }
 
+/// Nothing that hands did is left to be served, as far as the window knows.
+bool TypedGate::Waits() const {
+  return !station_.Queue.Keeps() && (station_.Devices.Thread.Free() || BoxThatIsUp() != nullptr);
+}
+
 /// The station has answered a question that was put behind all else, and what it showed before is shown.
 bool TypedGate::IsSettled(steady_clock::time_point limit) {
   struct Rest {
@@ -240,6 +246,8 @@ bool TypedGate::IsSettled(steady_clock::time_point limit) {
   };
   const auto rest = std::make_shared<Rest>();
   StationThread& thread = station_.Devices.Thread;
+  QCoreApplication::processEvents();
+  if (!Waits()) return false;
   thread.Tell([this, rest, &thread] {
     rest->next = station_.Form.OpenForms.NextTick();
     rest->behind = clock_.Ticks() - thread.Time().Ticks();
@@ -250,9 +258,7 @@ bool TypedGate::IsSettled(steady_clock::time_point limit) {
     std::this_thread::sleep_for(std::chrono::microseconds(50));
   }
   QCoreApplication::processEvents();
-  const bool waits = thread.Free() || BoxThatIsUp() != nullptr;
-  const bool settled =
-      rest->told && waits && !station_.Queue.Keeps() && (rest->next < 0 || rest->next > clock_.Ticks());
+  const bool settled = rest->told && Waits() && (rest->next < 0 || rest->next > clock_.Ticks());
   if (settled) behind_ = rest->behind;
   return settled;
 }
@@ -280,6 +286,7 @@ json TypedGate::State() {
           {"box", box == nullptr ? json() : json(box->text().toStdString())},
           {"form", station_.Dialogs.Active()->objectName().toStdString()},
           {"behind", behind_},
+          {"free", station_.Devices.Thread.Free()},
           {"ended", Ended()}};
 }
 
