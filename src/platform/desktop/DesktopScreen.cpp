@@ -124,8 +124,8 @@ Answer DesktopScreen::Show(const Box& box) {
   const bool busy = busy_;
   Busy(false);  // the pointer that answers a box is an ordinary one
   seam_.ToWindow([this, box, answer, dialog] {
-    *dialog =
-        &Ask(box, [&seam = seam_, answer](Answer given) { seam.Answer([answer, given] { *answer = given; }); });
+    *dialog = &Ask(
+        box, [&seam = seam_, answer](Answer given) { seam.Answer([answer, given] { *answer = given; }); });
   });
   seam_.Serve(Seam::Hands::kHeld, std::nullopt, [&] { return answer->has_value(); });
   seam_.ToWindow([dialog] { delete *dialog; });
