@@ -67,6 +67,10 @@ class ToldClock : public Clock {
   std::atomic<std::int64_t> passed_ = 0;
 };
 
+QMessageBox* BoxThatIsUp() {
+  return qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+}
+
 class TypedGate {
  public:
   explicit TypedGate(std::uint64_t seed);
@@ -79,10 +83,10 @@ class TypedGate {
   json Do(const json& command);
   void MoveTo(std::int64_t at);
   bool Pass(std::int64_t at);
-  void PassWhileItHangs(std::int64_t at);
   void Key(const json& command);
   bool Settle(milliseconds patience);
   bool Waits() const;
+  bool ComesToWait(steady_clock::time_point limit);
   bool IsSettled(steady_clock::time_point limit);
   json Shown(const std::string& name) const;
   json State();
@@ -178,22 +182,34 @@ void TypedGate::MoveTo(std::int64_t at) {
   station_.Devices.Thread.Wake();
 }
 
+/// Nothing that hands did is left to be served, as far as the window knows.
+bool TypedGate::Waits() const {
+  return !station_.Queue.Keeps() && (station_.Devices.Thread.Free() || BoxThatIsUp() != nullptr);
+}
+
+/// Has it come to wait for hands or for an answer by then? Without serving the window's events.
+bool TypedGate::ComesToWait(steady_clock::time_point limit) {
+  if (station_.Queue.Keeps() || (asked_ && !asked_->answered)) return Waits();
+  while (!Waits() && !Ended() && steady_clock::now() < limit)
+    std::this_thread::sleep_for(std::chrono::microseconds(20));
+  return Waits();
+}
+
 /// Each timer finds the station at its own moment. False while the station hangs: then time stands.
 bool TypedGate::Pass(std::int64_t at) {
-  constexpr milliseconds kHangs{25};
+  constexpr milliseconds kHangs{25}, kNothingCanHang{10'000};
+  if (!ComesToWait(steady_clock::now() + kHangs)) return false;
+  milliseconds patience = kHangs;
   for (;;) {
-    const std::shared_ptr<const Question> answer = Ask(kHangs);
+    const std::shared_ptr<const Question> answer = Ask(patience);
     if (!answer) return false;
     const bool ticksBefore = answer->next >= 0 && answer->next <= at;
     if (!ticksBefore && answer->ticks >= at) break;
+    patience = ticksBefore ? kHangs : kNothingCanHang;
     MoveTo(ticksBefore ? answer->next.load() : at);
   }
   station_.Queue.Go();
   return true;
-}
-
-QMessageBox* BoxThatIsUp() {
-  return qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
 }
 
 Qt::KeyboardModifiers ModifiersOf(const json& command) {
@@ -231,11 +247,6 @@ void TypedGate::Key(const json& command) {
     Send(window, key);
   }
   station_.Queue.Go();
-}
-
-/// Nothing that hands did is left to be served, as far as the window knows.
-bool TypedGate::Waits() const {
-  return !station_.Queue.Keeps() && (station_.Devices.Thread.Free() || BoxThatIsUp() != nullptr);
 }
 
 /// The station has answered a question that was put behind all else, and what it showed before is shown.
