@@ -392,7 +392,8 @@ class HangingDay(trouble.Trouble):
         wild = self.day(script, HANGS)
         seconds = time.monotonic() - began
         keys = sum(isinstance(step, Key) for step in script.steps)
-        print(f"seed {SEED}: {keys} keys, {sum(self.hung.values())} hangs {dict(sorted(self.hung.items()))}, {self.in_flight} keys typed "
+        hung = dict(sorted(self.hung.items()))
+        print(f"seed {SEED}: {keys} keys, {sum(self.hung.values())} hangs {hung}, {self.in_flight} keys typed "
               f"during them; {calm_seconds:.1f} s without, {seconds:.1f} s with", file=sys.stderr)
         self.assertEqual(sorted(calm), sorted(wild))
         self.assertEqual([difference(name, calm[name], wild[name]) for name in calm if calm[name] != wild[name]], [])
