@@ -28,8 +28,8 @@ class Seam {
   virtual void Keep(std::optional<std::int64_t> oldest) = 0;
   /// Anything else that is to be done as soon as the station waits for something, in a box too.
   virtual void Tell(Step step) = 0;
-  /// What hands did to a box, for the station that waits in it. They do it now or, while what the window keeps
-  /// goes to the box, at the time of the oldest piece of that.
+  /// What hands did to a box, for the station that waits in it. They do it now or, while what the window
+  /// keeps goes to the box, at the time of the oldest piece of that.
   virtual void Answer(Step step) = 0;
 
   // Of the station's thread.

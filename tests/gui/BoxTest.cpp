@@ -64,6 +64,17 @@ TEST_F(Boxes, AltAndTheFirstLetterAnswer) {
   EXPECT_EQ(Ask(kYesNo, Answer::kYes, Press(Qt::Key_N, Qt::AltModifier)), Answer::kNo);
 }
 
+// What is typed right behind the letter is for the station.
+TEST_F(Boxes, AltAndTheFirstLetterAnswerAtOnce) {
+  const Answer answer = Ask(kYesNo, Answer::kNo, [](QMessageBox& dialog) {
+    ASSERT_TRUE(dialog.isVisible());
+    QTest::keyPress(dialog.windowHandle(), Qt::Key_S, Qt::AltModifier);
+    EXPECT_FALSE(dialog.isVisible());
+    dialog.reject();
+  });
+  EXPECT_EQ(answer, Answer::kYes);
+}
+
 TEST_F(Boxes, ALetterAloneAnswersNothing) {
   const Answer answer = Ask(kYesNo, Answer::kNo, [](QMessageBox& dialog) {
     for (const Qt::Key key : {Qt::Key_S, Qt::Key_N, Qt::Key_A, Qt::Key_1}) {

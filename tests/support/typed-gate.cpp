@@ -67,6 +67,10 @@ class ToldClock : public Clock {
   std::atomic<std::int64_t> passed_ = 0;
 };
 
+QMessageBox* BoxThatIsUp() {
+  return qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+}
+
 class TypedGate {
  public:
   explicit TypedGate(std::uint64_t seed);
@@ -78,9 +82,10 @@ class TypedGate {
   json Do(const json& command);
   void MoveTo(std::int64_t at);
   bool Pass(std::int64_t at);
-  void PassWhileItHangs(std::int64_t at);
   void Key(const json& command);
   bool Settle(milliseconds patience);
+  bool Waits() const;
+  bool ComesToWait(steady_clock::time_point limit);
   bool IsSettled(steady_clock::time_point limit);
   json Shown(const std::string& name) const;
   json State();
@@ -176,22 +181,34 @@ void TypedGate::MoveTo(std::int64_t at) {
   station_.Devices.Thread.Wake();
 }
 
+/// Nothing that hands did is left to be served, as far as the window knows.
+bool TypedGate::Waits() const {
+  return !station_.Queue.Keeps() && (station_.Devices.Thread.Free() || BoxThatIsUp() != nullptr);
+}
+
+/// Has it come to wait for hands or for an answer by then? Without serving the window's events.
+bool TypedGate::ComesToWait(steady_clock::time_point limit) {
+  if (station_.Queue.Keeps() || (asked_ && !asked_->answered)) return Waits();
+  while (!Waits() && !Ended() && steady_clock::now() < limit)
+    std::this_thread::sleep_for(std::chrono::microseconds(20));
+  return Waits();
+}
+
 /// Each timer finds the station at its own moment. False while the station hangs: then time stands.
 bool TypedGate::Pass(std::int64_t at) {
-  constexpr milliseconds kHangs{25};
+  constexpr milliseconds kHangs{25}, kNothingCanHang{10'000};
+  if (!ComesToWait(steady_clock::now() + kHangs)) return false;
+  milliseconds patience = kHangs;
   for (;;) {
-    const std::shared_ptr<const Question> answer = Ask(kHangs);
+    const std::shared_ptr<const Question> answer = Ask(patience);
     if (!answer) return false;
     const bool ticksBefore = answer->next >= 0 && answer->next <= at;
     if (!ticksBefore && answer->ticks >= at) break;
+    patience = ticksBefore ? kHangs : kNothingCanHang;
     MoveTo(ticksBefore ? answer->next.load() : at);
   }
   station_.Queue.Go();
   return true;
-}
-
-QMessageBox* BoxThatIsUp() {
-  return qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
 }
 
 Qt::KeyboardModifiers ModifiersOf(const json& command) {
@@ -239,6 +256,8 @@ bool TypedGate::IsSettled(steady_clock::time_point limit) {
   };
   const auto rest = std::make_shared<Rest>();
   StationThread& thread = station_.Devices.Thread;
+  QCoreApplication::processEvents();
+  if (!Waits()) return false;
   thread.Tell([this, rest, &thread] {
     rest->next = station_.Form.OpenForms.NextTick();
     rest->behind = clock_.Ticks() - thread.Time().Ticks();
@@ -249,9 +268,7 @@ bool TypedGate::IsSettled(steady_clock::time_point limit) {
     std::this_thread::sleep_for(std::chrono::microseconds(50));
   }
   QCoreApplication::processEvents();
-  const bool waits = thread.Free() || BoxThatIsUp() != nullptr;
-  const bool settled =
-      rest->told && waits && !station_.Queue.Keeps() && (rest->next < 0 || rest->next > clock_.Ticks());
+  const bool settled = rest->told && Waits() && (rest->next < 0 || rest->next > clock_.Ticks());
   if (settled) behind_ = rest->behind;
   return settled;
 }
@@ -279,6 +296,7 @@ json TypedGate::State() {
           {"box", box == nullptr ? json() : json(box->text().toStdString())},
           {"form", station_.Dialogs.Active()->objectName().toStdString()},
           {"behind", behind_},
+          {"free", station_.Devices.Thread.Free()},
           {"ended", Ended()}};
 }
 

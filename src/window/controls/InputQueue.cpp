@@ -75,22 +75,27 @@ void InputQueue::Add(Piece piece) {
   Go();
 }
 
+// What a widget tells while it is brought up to date, or while a box takes a key, comes behind what is kept:
+// it must not overtake the piece that is on its way.
 void InputQueue::Go() {
-  if (delivering_) return;
+  if (choosing_ || delivering_) return;
   while (!kept_.empty()) {
     TellOldest();  // by which a box's answer is timed
+    choosing_ = true;
     const bool toBox = ToBox && ToBox(kept_.front().key.get());
-    if (!toBox && !seam_.Free()) break;
+    const bool toStation = !toBox && seam_.Free();
+    if (toStation && BeforeDelivery) BeforeDelivery();
+    choosing_ = false;
+    if (!toBox && !toStation) break;
     const Piece piece = std::move(kept_.front());
     kept_.pop_front();
     if (piece.key) --keys_;
-    if (!toBox) Deliver(piece);
+    if (toStation) Deliver(piece);
   }
   TellOldest();
 }
 
 void InputQueue::Deliver(const Piece& piece) {
-  if (BeforeDelivery) BeforeDelivery();
   given_ = piece;
   at_ = piece.at;
   delivering_ = true;

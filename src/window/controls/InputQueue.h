@@ -74,6 +74,7 @@ class InputQueue {
   std::size_t keys_ = 0;  ///< among those that are kept
   std::int64_t at_ = 0;   ///< of the piece that is being delivered
   bool delivering_ = false;
+  bool choosing_ = false;  ///< the oldest piece is about to be delivered
   KeyBurst burst_;
   bool burstKept_ = true;  ///< whether the last key found room
 };
