@@ -129,9 +129,8 @@ class BoxInAHang : public testing::Test {
     return thread_.EndWithin(5000) ? done_ : "it does not end";
   }
 
-  QObject window_;
   SharedClock clock_;
-  StationThread thread_{window_, clock_};
+  StationThread thread_{clock_};
   std::atomic<bool> hangs_ = false, goesOn_ = false;
   // Of the station's thread.
   std::int64_t due_ = 50;
