@@ -77,6 +77,7 @@ class TypedGate {
   bool HasEnded() { return station_.HasEnded(); }
 
  private:
+  std::string Prepared(std::uint64_t seed);
   void Read();
   void Serve(const std::string& line);
   json Do(const json& command);
@@ -110,12 +111,16 @@ class TypedGate {
 };
 
 TypedGate::TypedGate(std::uint64_t seed)
-    : station_(QDir::currentPath().toStdString(),
-               {.camera = &camera_, .clock = &clock_, .chance = &chance_}) {
-  chance_.Seed(seed);
-  camera_.Installed = {"CAMARA"_w};
+    : station_(Prepared(seed), {.camera = &camera_, .clock = &clock_, .chance = &chance_}) {
   fcntl(STDIN_FILENO, F_SETFL, O_NONBLOCK);
   QObject::connect(&input_, &QSocketNotifier::activated, &input_, [this] { Read(); });
+}
+
+/// The station's folder, for a station that begins as soon as it is made.
+std::string TypedGate::Prepared(std::uint64_t seed) {
+  chance_.Seed(seed);
+  camera_.Installed = {"CAMARA"_w};
+  return QDir::currentPath().toStdString();
 }
 
 // A command may serve the window's events while it waits: the next line is its turn when that is through.
