@@ -43,7 +43,7 @@ Result<std::uint64_t> Lugar(Disk& disk, std::size_t length) {
 
 /// Where the entry stands in the journal, on its way to the disk.
 Result<std::uint64_t> Anotar(Disk& disk, std::string_view entry) {
-  const Result<std::uint64_t> at = Lugar(disk, entry.size());
+  Result<std::uint64_t> at = Lugar(disk, entry.size());
   if (!at) return at;
   const Result<std::unique_ptr<DiskFile>> file = disk.Open(archivo::kDiarioVentas, OpenMode::kCreate);
   if (!file) return file.Why();
