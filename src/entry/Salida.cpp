@@ -88,17 +88,35 @@ void DevolverPuesto(Form1& form, std::int64_t numero, const Puesto& puesto) {
   DevolverCodigo(form, numero, puesto);
 }
 
+/// The photo of the entrance, under a name that only the row of its exit has.
+String RutaApartada(const String& entrada, std::int32_t fila) {
+  return entrada + ".fila"_w + Digits(fila);
+}
+
+/// Back to its slot; where the next photo stands by now, it was of somebody who is gone.
+void DevolverFoto(Disk& disk, const String& apartada, const String& entrada) {
+  disk.Move(apartada, entrada).PassOver();
+  if (disk.Exists(apartada) && disk.Exists(entrada)) QuitarArchivo(disk, apartada);
+}
+
 /// Behind the row: until that stands, the ficha may have to be put back inside. `foto` is the photo as it
-/// stood before the slot was free: another one is that of the next vehicle. Where no photo of the exit could
-/// be made, that of the entrance takes its place.
+/// stood before the slot was free: another one is that of the next vehicle, which another gate puts there at
+/// any moment. So the file is looked at once more where nobody can replace it any longer. Where no photo of
+/// the exit could be made, that of the entrance takes its place.
 void PasarFoto(Form1& form, std::int64_t numero, const std::optional<FileMark>& foto) {
   Disk& disk = form.Devices().disk;
   const String entrada = RutaFotoAdentro(form, numero);
   const bool apagada = form.ImgIndicador[indicador::kCamaraDesactivada].Visible;
   if (apagada || !foto || disk.Look(entrada) != foto) return;
   const String salida = RutaFoto(form, form.FichaActual);
-  if (!disk.Exists(salida)) disk.Copy(entrada, salida).PassOver();
-  if (disk.Exists(salida)) QuitarArchivo(disk, entrada);
+  const String apartada = RutaApartada(entrada, form.FichaActual.Posicion);
+  const Outcome movida = disk.Move(entrada, apartada);
+  movida.PassOver();
+  if (!movida) return;
+  const bool suya = disk.Look(apartada) == foto;
+  if (suya && !disk.Exists(salida)) disk.Copy(apartada, salida).PassOver();
+  if (!suya || !disk.Exists(salida)) return DevolverFoto(disk, apartada, entrada);
+  QuitarArchivo(disk, apartada);
 }
 
 }  // namespace

@@ -45,6 +45,10 @@ class MemoryDisk final : public Disk {
   void BeforeLocked(std::string_view path, std::function<void()> happens) {
     locks_->before[Key(path)] = std::move(happens);
   }
+  /// Happens once, right before a file is moved from here: what another gate does in that moment.
+  void BeforeMoved(std::string_view path, std::function<void()> happens) {
+    beforeMoved_[Key(path)] = std::move(happens);
+  }
   /// The files that were opened or read while an append lock was held, in order.
   const std::vector<std::string>& UsedUnderLock() const { return locks_->used; }
 
@@ -118,6 +122,7 @@ class MemoryDisk final : public Disk {
   bool FolderExists(std::string_view path) const override { return HasFolder(path); }
   Outcome Move(std::string_view from, std::string_view to) override {
     const std::string source = Key(from), target = Key(to);
+    if (const auto happens = beforeMoved_.extract(source)) happens.mapped()();
     if (files_.contains(target) || folders_.contains(target))
       return Outcome::Failed("move to", target, EEXIST);
     if (!HasParent(target)) return Outcome::Failed("move to", target, ENOENT);
@@ -284,6 +289,7 @@ class MemoryDisk final : public Disk {
   std::map<std::string, Entry> files_;
   std::map<std::string, bool> folders_;
   std::set<std::string> beingWritten_;
+  std::map<std::string, std::function<void()>> beforeMoved_;
   std::set<std::string> links_;
   bool leavesOldOrNew_ = true;
   String bootId_ = "1"_w;

@@ -15,6 +15,8 @@ using test::ShadeOf;
 
 const String kEntrada = "Multimedia\\Imágenes ACT\\000007.jpg"_w;
 const String kSalida = "Multimedia\\Imágenes HST\\000002.jpg"_w;  // row 1 is the blank one
+/// Where the photo of the entrance is for a moment, when the exit is row 2.
+const String kApartada = kEntrada + ".fila2"_w;
 
 TEST(Sellos, SayStationTimeAndDate) {
   const String marca = "14:25  (31/12/2026)"_w;
@@ -159,6 +161,34 @@ TEST_F(FotoDeSalidaTest, TheNextVehicleKeepsItsOwn) {
   ASSERT_EQ(station_.HistoryRows(), 2u);
   EXPECT_EQ(ShadeOf(station_.Disk.Get(kEntrada)), 'b');
   EXPECT_EQ(ShadeOf(station_.Disk.Get(kSalida)), 'r');
+}
+
+TEST_F(FotoDeSalidaTest, TheNextVehicleKeepsItsOwnThatComesInTheLastMoment) {
+  Show();
+  station_.Disk.BeforeMoved(kEntrada, [this] { station_.Disk.Put(kEntrada, test::PhotoOf(test::kBlue)); });
+  Retire();
+  ASSERT_EQ(station_.HistoryRows(), 2u);
+  EXPECT_EQ(ShadeOf(station_.Disk.Get(kEntrada)), 'b');
+  EXPECT_EQ(ShadeOf(station_.Disk.Get(kSalida)), 'r');
+  EXPECT_FALSE(station_.Disk.Exists(kApartada));
+}
+
+TEST_F(FotoDeSalidaTest, OfTwoThatComeInTheLastMomentTheLastOneStays) {
+  Show();
+  station_.Disk.BeforeMoved(kEntrada, [this] { station_.Disk.Put(kEntrada, test::PhotoOf(test::kBlue)); });
+  station_.Disk.BeforeMoved(kApartada, [this] { station_.Disk.Put(kEntrada, test::PhotoOf(test::kGreen)); });
+  Retire();
+  EXPECT_EQ(ShadeOf(station_.Disk.Get(kEntrada)), 'g');
+  EXPECT_FALSE(station_.Disk.Exists(kApartada));
+}
+
+TEST_F(FotoDeSalidaTest, ThatIsNotStoredLeavesTheOneOfTheEntranceWhereItIs) {
+  Show();
+  station_.Disk.RemoveFolder("Multimedia\\Imágenes HST"_w).PassOver();
+  Retire();
+  ASSERT_EQ(station_.HistoryRows(), 2u);
+  EXPECT_EQ(ShadeOf(station_.Disk.Get(kEntrada)), 'r');
+  EXPECT_FALSE(station_.Disk.Exists(kApartada));
 }
 
 TEST_F(FotoDeSalidaTest, AnswerNoLeavesTheFiles) {
