@@ -46,8 +46,8 @@ class DiskFile {
   virtual Outcome Reserve(std::uint64_t length) = 0;
   /// Makes the file shorter. Refused without the append lock: another station may be in the middle of a row.
   virtual Outcome Cut(std::uint64_t length) = 0;
-  /// Takes the append lock: an open-file-description lock beyond any data, waited for at most 100 ms. On a
-  /// file system without locks, or when the wait runs out, the caller goes on without; nothing is reported.
+  /// Takes the append lock: an open-file-description lock beyond any data, waited for 100 ms, on a mount of
+  /// a server 15 s. Without locks there, or when the wait runs out, the caller goes on; nothing is reported.
   virtual void LockAppend() = 0;
   virtual void UnlockAppend() = 0;
 };

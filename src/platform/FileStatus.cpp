@@ -5,6 +5,8 @@
 #include <sys/stat.h>
 #include <sys/statfs.h>
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
 
 namespace vintoral {
@@ -62,6 +64,14 @@ std::optional<FileMark> MarkOf(int folder, const std::string& path) {
 bool IsOnExt4(int descriptor) {
   struct statfs system {};
   return fstatfs(descriptor, &system) == 0 && system.f_type == EXT4_SUPER_MAGIC;
+}
+
+bool IsOnAServer(int descriptor) {
+  constexpr std::array<__fsword_t, 5> kMounts = {NFS_SUPER_MAGIC, SMB_SUPER_MAGIC, CIFS_SUPER_MAGIC,
+                                                 SMB2_SUPER_MAGIC, FUSE_SUPER_MAGIC};
+  struct statfs system {};
+  if (fstatfs(descriptor, &system) != 0) return true;
+  return std::find(kMounts.begin(), kMounts.end(), system.f_type) != kMounts.end();
 }
 
 }  // namespace vintoral

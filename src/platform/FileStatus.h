@@ -32,6 +32,9 @@ std::optional<FileStatus> StatusOf(int descriptor);
 std::optional<FileStatus> RememberedStatusOf(int descriptor);
 /// The open file or folder lies on ext4, or on what looks like it: ext2 and ext3 have the same number.
 bool IsOnExt4(int descriptor);
+/// It lies on a mount behind which other machines may be at work: a share, a volume, any file system of FUSE;
+/// also where the system can't tell.
+bool IsOnAServer(int descriptor);
 /// The mark of a file that is replaced whole, such as a photo. Nothing, with errno set, where there is no
 /// file of that name.
 std::optional<FileMark> MarkOf(const std::string& path);

@@ -31,6 +31,7 @@ std::string NameIn(DIR& folder, std::string_view wanted) {
   std::string best;
   while (const dirent* entry = readdir(&folder)) {
     const std::string_view name(entry->d_name);
+    if (name == wanted) return std::string(name);  // a link to nothing keeps others out of its place
     const bool fits = EqualNoCase(StationName(name), wantedName);
     if (fits && (best.empty() || name < best)) best = name;
   }

@@ -2,9 +2,7 @@
 
 #include <dirent.h>
 #include <fcntl.h>
-#include <linux/magic.h>
 #include <sys/stat.h>
-#include <sys/statfs.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -45,18 +43,10 @@ int OpenFolder(const std::string& path) {
   return open(path.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
 }
 
-/// What a server answers for it is the server's business: a mount tells nothing of who else writes.
-bool IsMountOfAServer(int descriptor) {
-  constexpr std::array<__fsword_t, 5> kMounts = {NFS_SUPER_MAGIC, SMB_SUPER_MAGIC, CIFS_SUPER_MAGIC,
-                                                 SMB2_SUPER_MAGIC, FUSE_SUPER_MAGIC};
-  struct statfs system {};
-  if (fstatfs(descriptor, &system) != 0) return true;
-  return std::find(kMounts.begin(), kMounts.end(), system.f_type) != kMounts.end();
-}
-
 /// Nothing where the system can't tell.
 std::optional<bool> HasWriter(int descriptor) {
-  if (IsMountOfAServer(descriptor)) return std::nullopt;
+  // What a server answers for it is the server's business: a mount tells nothing of who else writes.
+  if (IsOnAServer(descriptor)) return std::nullopt;
   // The system gives a lease for reading only where nobody writes. Whoever opens the file before it is given
   // back makes it send a signal; this one is ignored.
   fcntl(descriptor, F_SETSIG, SIGURG);

@@ -20,6 +20,9 @@ using std::chrono::milliseconds;
 using std::chrono::steady_clock;
 
 constexpr milliseconds kLongestWait{100};
+/// A server that has lost a machine keeps everybody waiting, whoever has the lock too, for its own time-out
+/// of some 10 s. Whoever went on without the lock then would write where the other is about to.
+constexpr milliseconds kLongestWaitForAServer{15'000};
 constexpr microseconds kFirstPause{200};
 constexpr microseconds kLongestPause{2000};
 
@@ -51,7 +54,7 @@ Lock TryLock(int descriptor, std::int64_t position) {
 
 /// Tries until the lock is held or the wait runs out.
 Lock WaitForLock(int descriptor, std::int64_t position) {
-  const auto end = steady_clock::now() + kLongestWait;
+  const auto end = steady_clock::now() + (IsOnAServer(descriptor) ? kLongestWaitForAServer : kLongestWait);
   Lock lock = TryLock(descriptor, position);
   for (microseconds pause = kFirstPause; lock == Lock::kBusy && steady_clock::now() < end;
        pause = std::min(pause * 2, kLongestPause)) {

@@ -1,4 +1,7 @@
 // The registers of a new station, made in its own Multimedia whether it is the main gate or a connected one.
+#include <cerrno>
+#include <memory>
+#include <string_view>
 #include <tuple>
 
 #include "records/ArchivosNuevos.h"
@@ -7,13 +10,26 @@
 namespace vintoral {
 namespace {
 
-/// Does nothing when the register is there; false when it can't be made.
+/// A link to a mount that is not there: the house is somewhere else, and the link watch waits for it.
+bool DatosFuera(const Disk& disk) {
+  return disk.IsLink("Multimedia"_w) && !disk.FolderExists("Multimedia"_w);
+}
+
+/// Never in the place of a register that is there and can't be looked at for the moment.
+Outcome MakeNew(Disk& disk, const String& path, std::string_view content) {
+  Outcome made = disk.CreateNew(path, content);
+  if (!made) return made.Error() == EEXIST && !disk.FolderExists(path) ? Outcome::Done() : made;
+  Result<std::unique_ptr<DiskFile>> file = disk.Open(path, OpenMode::kReadWrite);
+  return file ? file.Take()->Sync() : file.Why();
+}
+
+/// Does nothing when the register is there, or away with all the others; false when it can't be made.
 bool Make(Disk& disk, const String& name, String (*content)()) {
   const String path = "Multimedia\\"_w + name;
-  if (disk.Exists(path)) return true;
-  const Outcome made = disk.Replace(path, content());
+  if (DatosFuera(disk) || disk.Exists(path)) return true;
+  const Outcome made = MakeNew(disk, path, content());
   made.PassOver();
-  return static_cast<bool>(made);
+  return made || DatosFuera(disk);  // the mount may have gone meanwhile
 }
 
 /// The same; a failure is told and ends the program.

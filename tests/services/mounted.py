@@ -34,7 +34,17 @@ def wait_for(what, met, seconds=20):
         time.sleep(0.05)
 
 
-class MountedFolder:
+class Launching:
+    """Of a day that starts programs, which end with it."""
+
+    def launch(self, *command, **more):
+        process = subprocess.Popen(command, stdin=subprocess.DEVNULL, start_new_session=True, **more)
+        self.addCleanup(process.wait)
+        self.addCleanup(process.kill)
+        return process
+
+
+class MountedFolder(Launching):
     """The days that any such mount must serve. A subclass gives mount(), break_off() and come_back()."""
 
     def setUp(self):
@@ -52,12 +62,6 @@ class MountedFolder:
 
     def prepare_data(self, folder):
         """Where the data lie, before the first gate starts."""
-
-    def launch(self, *command, **more):
-        process = subprocess.Popen(command, stdin=subprocess.DEVNULL, start_new_session=True, **more)
-        self.addCleanup(process.wait)
-        self.addCleanup(process.kill)
-        return process
 
     def asked(self, gate, number, key, box, *texts):
         """Up to the question: the ficha is typed or called up, and the station asks."""

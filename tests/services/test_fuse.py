@@ -5,6 +5,7 @@ import subprocess
 import threading
 import time
 
+import lock
 import mounted
 import trouble
 from station import CONFIRM_RETIRE, DELETE
@@ -40,6 +41,22 @@ class Fuse(mounted.MountedFolder, trouble.Trouble):
         self.assertGreater(time.monotonic() - began, 1)
         self.assertEqual([row.Placa for row in self.folder.history()], ["SLOW"])
         self.assertEqual(self.inside(), {})
+
+
+    def test_a_departure_waits_for_the_gate_that_writes_its_row(self):
+        """Longer than on a disk: whoever has the lock may be waiting for the server itself."""
+        held_seconds = 2
+        self.assertTrue(self.try_save(self.second, 501, "WAITS"))
+        self.asked(self.second, 501, DELETE, CONFIRM_RETIRE)
+        with open(self.point / "Vintoral.HST", "r+b") as other:
+            lock.append(other)
+            again = threading.Timer(held_seconds, other.close)
+            again.start()
+            began = time.monotonic()
+            self.second.answer("yes")
+            again.join()
+        self.assertGreater(time.monotonic() - began, held_seconds - 0.1)
+        self.assertEqual([row.Placa for row in self.folder.history()], ["WAITS"])
 
 
 class KilledFuse(Fuse):

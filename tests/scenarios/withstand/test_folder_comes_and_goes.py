@@ -213,6 +213,80 @@ class MainGate(ComesAndGoes, trouble.Trouble):
     door = "01"
 
 
+class LinkedMainGate(ComesAndGoes, trouble.Trouble):
+    """Its Multimedia is a link to a folder on a mount. While the mount is away, its mount point is an empty folder."""
+    door = "01"
+
+    def setUp(self):
+        super().setUp()
+        self.point = self.root / "mount"
+        self.data = self.point / "Multimedia"
+        self.data.mkdir(parents=True)
+        self.folder.path.mkdir()
+        self.folder.shared.symlink_to(self.data)
+
+    def come(self):
+        self.assertEqual(list(self.point.iterdir()), [], "the station made something where the mount belongs")
+        self.assertTrue(self.folder.shared.is_symlink())
+        super().come()
+
+    def registers(self):
+        return {file.name: file.read_bytes() for file in self.data.iterdir() if file.is_file()}
+
+    def test_starting_without_the_mount(self):
+        self.assertTrue(self.try_save(self.gate(), 900, "BEFORE"))
+        before = self.registers()
+        self.assertIn("Vintoral.HST", before)
+        self.go()
+        gate = self.running(self.folder)
+        self.assertIsNone(gate.box)
+        self.assertEqual(gate.state("NumeroPorteria"), "01")
+        self.assertBars(gate, RED)
+        self.assertEqual((gate.caption("LblFechaEnt"), gate.shown("LblIndicador(0)")), ("CONECTANDO... ", False))
+        self.assertEqual(sounds(gate.advance(6000)), [LOST, LOST])
+        self.assertEqual(launches(gate.key(F10)), ["Notepad.exe Objetos\\Servidor.INI"])
+        self.assertFalse(self.try_save(gate, 12, "NOWHERE"))
+        self.settle(gate)
+        self.come()
+        gate.advance(3000)
+        self.assertBars(gate, GREEN)
+        self.assertEqual(self.registers(), before)
+        self.assertTrue(self.try_save(gate, 12, "LATE"))
+        self.assertTrue(self.try_retire(gate, 900))
+        self.assertEqual((self.folder.slot(12).Placa, [row.Placa for row in self.folder.history()]), ("LATE", ["BEFORE"]))
+
+    def test_a_folder_of_another_spelling_does_not_take_its_place(self):
+        self.folder.write("MULTIMEDIA/keep", b"an old copy")
+        self.go()
+        gate = self.running(self.folder)
+        self.assertBars(gate, RED)
+        self.assertEqual([file.name for file in (self.folder / "MULTIMEDIA").iterdir()], ["keep"])
+
+    def test_an_empty_folder_behind_the_link_is_a_new_house(self):
+        self.assertEqual(list(self.data.iterdir()), [])
+        gate = self.running(self.folder)
+        self.assertBars(gate, GREEN)
+        self.assertEqual((self.data / "Vintoral.ACT").read_bytes(), fresh_register())
+        self.assertTrue(self.folder.shared.is_symlink())
+
+    def test_a_register_that_cannot_be_looked_at_is_not_made_anew(self):
+        """Its name is there and leads nowhere for the moment."""
+        gate = self.gate()
+        self.assertTrue(self.try_close(gate))
+        register = self.data / "Vintoral.ACT"
+        register.rename(self.elsewhere)
+        register.symlink_to(self.root / "nowhere")
+        gate = self.running(self.folder)
+        self.assertIsNone(gate.box)
+        self.assertBars(gate, RED)
+        self.assertTrue(register.is_symlink())
+        self.assertFalse((self.root / "nowhere").exists())
+        self.elsewhere.rename(register)
+        gate.advance(3000)
+        self.assertBars(gate, GREEN)
+        self.assertEqual(self.folder.slot(501).Placa, "IN501")
+
+
 class ConnectedGate(ComesAndGoes, trouble.Trouble):
     door = "02"
 

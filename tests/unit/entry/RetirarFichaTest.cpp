@@ -279,6 +279,27 @@ TEST_F(RetirarFichaTest, TheSlotIsFreedOnlyAfterTheRowHasItsRoom) {
   }
 }
 
+TEST_F(RetirarFichaTest, AFolderThatGoesBehindTheFreedSlotLeavesTheFichaToTheNextYes) {
+  int halfway = 0;
+  for (int step = 0; !InHistory(); ++step) {
+    ASSERT_LT(step, 60);
+    station_.UnderBox = [&] { station_.Faulty.Set().goneAfter = step; };
+    Retire();
+    station_.UnderBox = {};
+    station_.Faulty.Repair();
+    if (Inside() || InHistory()) continue;
+    ++halfway;
+    EXPECT_TRUE(form_.FichaEnPantalla()) << step;
+    station_.Pass(20'000);  // the link has noticed, and found the folder again
+    Retire();
+    EXPECT_EQ(station_.HistoryRows(), 2u) << step;
+    EXPECT_EQ(station_.History(2).Placa.Trimmed(), "ABC123"_w) << step;
+    EXPECT_EQ(station_.History(2).ValorCobrado, Money::FromUnits(3700)) << step;
+    EXPECT_TRUE(Idle()) << step;
+  }
+  EXPECT_EQ(halfway, 1);  // after it the row stands
+}
+
 /// A clock on which a minute turns over after so many looks.
 class TurningClock final : public Clock {
  public:

@@ -1,6 +1,7 @@
 #include "platform/NativePath.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include "support/TempFolder.h"
 
@@ -51,6 +52,14 @@ TEST(FindIgnoringCase, ExactNameComesFirst) {
   folder.Put("Vintoral.ACT", "exact");
   EXPECT_EQ(FindIgnoringCase(folder.Path("Vintoral.ACT")), folder.Path("Vintoral.ACT"));
   EXPECT_EQ(FindIgnoringCase(folder.Path("vintoral.act")), folder.Path("vintoral.act"));
+}
+
+TEST(FindIgnoringCase, ALinkToNothingIsThatNameAllTheSame) {
+  const TempFolder folder;
+  folder.Put("MULTIMEDIA/x", "old");
+  ASSERT_EQ(symlink("/nonexistent/mount", folder.Path("Multimedia").c_str()), 0);
+  EXPECT_EQ(FindIgnoringCase(folder.Path("Multimedia")), folder.Path("Multimedia"));
+  EXPECT_EQ(FindIgnoringCase(folder.Path("Multimedia/x")), folder.Path("Multimedia/x"));
 }
 
 TEST(FindIgnoringCase, EveryNameOfThePathMayDiffer) {

@@ -118,6 +118,30 @@ TEST(Arranque, TheLinkWatchWaitsForTheShortcutAlone) {
   EXPECT_FALSE(station.Form.TmrHoraFecha.Enabled || station.Form.TmrMonitor.Enabled);
 }
 
+/// Makes ACT on a disk whose folder goes after so many operations; `link`: behind a link to a mount.
+bool ActMade(int goneAfter, bool link, std::size_t& boxes) {
+  MemoryStation station;
+  station.Disk.CreateFolder("Multimedia").PassOver();
+  if (link) station.Disk.SetLink("Multimedia");
+  station.Answers = {Answer::kOk};
+  station.Faulty.Set().goneAfter = goneAfter;
+  const bool made = station.Form.CrearArchivoACT();
+  boxes = station.Boxes.size();
+  return made;
+}
+
+TEST(Arranque, AMountThatGoesWhileRegistersAreMadeStopsNobody) {
+  int stopped = 0;
+  for (int step = 0; step < 10; ++step) {
+    std::size_t boxes = 0;
+    EXPECT_TRUE(ActMade(step, true, boxes)) << step;
+    EXPECT_EQ(boxes, 0u) << step;
+    if (!ActMade(step, false, boxes)) ++stopped;
+    EXPECT_EQ(boxes, stopped == step + 1 ? 1u : 0u) << step;
+  }
+  EXPECT_GT(stopped, 0) << "a folder that is no link and can't be written";
+}
+
 TEST(Arranque, DefaultTablesEndAtTheFirstThatCannotBeMade) {
   MemoryStation station;
   station.Form.CrearCarpetas();

@@ -1,0 +1,206 @@
+"""Three gates work at random on a volume of three copies, made by the script of the manual, while machines and mounts fail."""
+import os
+import pty
+import time
+
+import mounted  # first: it knows where the rest of the tests' own modules are
+import bad_road
+import crew
+import lock
+import machines
+import trouble
+import volume
+from station import GREEN, RED
+
+TURNS = 30
+
+
+class Volume(crew.Crew, volume.Site):
+    def end(self):
+        """All have done their work: the books and the three copies agree."""
+        self.work_ends()
+        crew.check(self, self.books, self.data)
+        self.assertCopiesEqual()
+        for machine in self.site.values():
+            crew.check(self, self.books, machine.home / volume.COPY.strip("/") / "Multimedia")
+
+    def assertAllRed(self):
+        """No gate confirms anything, and each says that it has no folder."""
+        count = len(self.books.done)
+        mounted.wait_for("red bars at all gates", lambda: all(hand.seen_red for hand in self.hands), 60)
+        # What was on its way is done or refused by now; nothing follows.
+        before = len(self.books.done)
+        self.assertLessEqual(before - count, 3)
+        time.sleep(3)
+        self.assertEqual(len(self.books.done), before, "a gate confirms without its folder")
+
+    def assertLockHoldsBetweenMounts(self):
+        """The append lock of a gate keeps another from its own, on another mount, until it is given back."""
+        files = [open(self.site[number].path(f"{volume.MOUNT}/Multimedia/Vintoral.HST"), "r+b") for number in (1, 2)]
+        for file in files:
+            self.addCleanup(file.close)
+        lock.append(files[0])
+        with self.assertRaises(BlockingIOError):
+            lock.append(files[1])
+        files[0].close()
+        lock.append(files[1])
+        files[1].close()
+
+    def test_a_copy_dies_and_heals(self):
+        self.open_all()
+        self.assertLockHoldsBetweenMounts()
+        self.begin(TURNS)
+        self.until(20)
+        self.kill_copy(3)
+        self.assertIn("DOWN", self.volume(1, "state"))
+        self.assertIn("is not there", self.volume(2, "check", expected=1))
+        self.until(50)
+        self.come_back(3)
+        self.end()
+        self.assertNotIn("DOWN", self.volume(1, "state"))
+        self.assertEqual([hand.seen_red for hand in self.hands], [False] * 3, "two copies are enough for all gates")
+
+    def test_a_machine_vanishes_without_a_word(self):
+        """The wires of the third gate's machine are pulled: the others go on after the time-out, it does not, until it is back."""
+        self.open_all()
+        self.begin(TURNS)
+        self.until(20)
+        self.site[3].cut_off()
+        self.until(20 + TURNS)
+        mounted.wait_for("red bars at the gate that is alone", lambda: self.hands[2].seen_red, 60)
+        self.site[3].plug_in()
+        self.end()
+        slowest = {hand.door + hand.name: hand.slowest for hand in self.hands[:2]}
+        self.assertLess(max(slowest.values()), volume.LONGEST_SECONDS, slowest)
+        self.assertGreater(max(slowest.values()), volume.TIME_OUT_SECONDS / 2, "nobody noticed")
+        self.assertLess(self.hands[2].slowest, 2 * volume.LONGEST_SECONDS, "it waits for two copies, one after the other")
+        self.assertEqual([hand.seen_red for hand in self.hands[:2]], [False] * 2)
+
+    def test_no_majority(self):
+        self.open_all()
+        self.begin(TURNS)
+        self.until(20)
+        self.kill_copy(2)
+        self.kill_copy(3)
+        self.assertAllRed()
+        self.come_back(2)
+        self.come_back(3)
+        self.end()
+
+    def test_a_mount_dies(self):
+        self.open_all()
+        self.begin(TURNS)
+        self.until(20)
+        machine = self.site[1]
+        self.assertEqual(machine.kill("--process-name fuse"), 1)
+        mounted.wait_for("red bars at the main gate", lambda: self.hands[0].seen_red)
+        self.until(40)
+        machine.run("umount", "--lazy", volume.MOUNT)
+        self.data = self.site[2].path(f"{volume.MOUNT}/Multimedia")
+        # The mount point is an empty folder now: the main gate makes nothing in it.
+        time.sleep(2)
+        self.assertEqual(list(machine.path(volume.MOUNT).iterdir()), [])
+        self.mount(machine)
+        self.end()
+        self.assertEqual([hand.seen_red for hand in self.hands], [True, False, False])
+        self.assertEqual(machine.kill("--process-name fuse"), 1)
+        self.assertIn("has died", self.volume(1, "mount"))
+        self.assertIn("All three copies are whole", self.volume(1, "check"))
+
+    def test_the_main_gate_starts_without_its_mount(self):
+        main = self.open_gate(1)
+        self.assertTrue(self.try_save(main, 7, "BEFORE"))
+        self.assertTrue(self.try_close(main))
+        machine = self.site[1]
+        machine.run("umount", volume.MOUNT)
+        main = self.open_gate(1)
+        self.assertBars(main, RED)
+        self.assertFalse(self.try_save(main, 8, "NOWHERE"))
+        self.settle(main)
+        self.assertEqual(list(machine.path(volume.MOUNT).iterdir()), [])
+        self.mount(machine)
+        main.advance(3000)
+        self.assertBars(main, GREEN)
+        self.assertTrue(self.try_save(main, 8, "AFTER"))
+        self.assertTrue(self.try_retire(main, 7))
+        self.assertEqual([row.Placa for row in crew.rows_of(self, self.data)], ["BEFORE"])
+        self.assertEqual(self.volume(1, "--yes", "make", *volume.NAMES.values()).splitlines()[0], "Nothing is left to do.")
+
+    def asked(self, answer, expected):
+        """What "make" says on the third machine to somebody at a terminal who gives this answer."""
+        ours, its = pty.openpty()
+        os.write(ours, f"{answer}\n".encode())
+        try:
+            return self.volume(3, "make", *volume.NAMES.values(), expected=expected, stdin=its)
+        finally:
+            os.close(ours)
+            os.close(its)
+
+    def test_the_script_tells_what_is_wrong(self):
+        self.assertIn("All three copies are whole", self.volume(2, "check"))
+        self.site[1].run("gluster", "--mode=script", "volume", "set", "porterias", "performance.quick-read", "on")
+        said = self.volume(2, "check", expected=1)
+        self.assertIn("performance.quick-read has to be off and is on", said)
+        self.assertIn("Nothing was done.", self.asked("n", 2))
+        self.assertIn("has to be off and is on", self.volume(2, "check", expected=1))
+        made = self.asked("y", 0)
+        self.assertEqual(made.splitlines()[:2], ["This will be done:", "  - set performance.quick-read off"])
+        self.assertIn("All three copies are whole", self.volume(2, "check"))
+
+        machine = self.site[3]
+        machine.run("umount", volume.MOUNT)
+        self.assertIn("The volume is not mounted at this gate", self.volume(3, "check", expected=1))
+        machine.run("mount", "-t", "glusterfs", "-o", "entry-timeout=0", f"{machine.name}:/porterias", volume.MOUNT)
+        said = self.volume(3, "check", expected=1)
+        self.assertIn("mounted without attribute-timeout=0", said)
+        self.assertNotIn("without entry-timeout=0", said)
+
+        self.assertIn("Nobody is there to ask", self.volume(1, "--volume", "second", "make", *volume.NAMES.values(), expected=2))
+        self.assertIn("There is no volume second", self.volume(1, "--volume", "second", "check", expected=2))
+        self.assertIn("Three different machines", self.volume(1, "make", "porteria1", "porteria2", "porteria2", expected=2))
+        self.assertIn("does not know the name nowhere", self.volume(1, "make", "porteria1", "porteria2", "nowhere", expected=2))
+        self.assertIn("alone", self.volume(1, "make", "porteria2", "porteria3", "localhost", expected=2))
+        self.assertIn("porteria3 answers, so it is not dead", self.volume(1, "replace", "porteria3", "porteria2", expected=2))
+        machine.kill("glusterd --no-daemon")
+        self.assertIn("systemctl enable --now glusterd", self.volume(3, "state", expected=2))
+        self.assertIn("machine porteria3: AWAY", self.volume(1, "state"))
+
+    def test_a_bad_road(self):
+        self.open_all()
+        self.begin(TURNS // 3)
+        self.until(6)
+        road = bad_road.BadRoad(self.site, crew.SEED, lost=0.02, delay_seconds=0.004)
+        self.addCleanup(road.over.set)
+        road.start()
+        before = len(self.books.done)
+        self.until(before + TURNS // 2)
+        road.end()
+        self.end()
+        self.assertGreater(road.count, 1000)
+        self.assertGreater(road.dropped, 10)
+
+
+class ADeadMachine(crew.Crew, volume.Site):
+    names = {**volume.NAMES, 4: "porteria4"}
+
+    def test_another_takes_its_place(self):
+        """It never comes back: the gates work on, and a new machine gets its copy."""
+        self.open_gate(1)
+        self.open_gate(2)
+        self.begin(TURNS)
+        self.until(20)
+        self.site[3].power_off()
+        self.work_ends()
+        self.assertIn("copy porteria3:/srv/porterias: DOWN", self.volume(1, "state"))
+        said = self.volume(1, "--yes", "replace", "porteria3", "porteria4")
+        self.assertIn("forget porteria3", said)
+        self.assertEqual(self.volume(1, "--yes", "replace", "porteria3", "porteria4"), "Nothing is left to do.\n")
+        self.holders = [1, 2, 4]
+        self.assertCopiesEqual()
+        crew.check(self, self.books, self.site[4].home / volume.COPY.strip("/") / "Multimedia")
+        self.assertNotIn("porteria3", self.volume(1, "state"))
+
+
+if __name__ == "__main__":
+    machines.separate("glusterd", "gluster", "glusterfs", "ip")
+    trouble.station.main()
