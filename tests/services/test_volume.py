@@ -39,12 +39,13 @@ class Volume(crew.Crew, volume.Site):
         files = [open(self.site[number].path(f"{volume.MOUNT}/Multimedia/Vintoral.HST"), "r+b") for number in (1, 2)]
         for file in files:
             self.addCleanup(file.close)
-        lock.append(files[0])
-        with self.assertRaises(BlockingIOError):
-            lock.append(files[1])
-        files[0].close()
-        lock.append(files[1])
-        files[1].close()
+        for first, second in (files, files[::-1]) * 10:
+            lock.append(first)
+            with self.assertRaises(BlockingIOError):
+                lock.append(second)
+            lock.give_back(first)
+            lock.append(second)
+            lock.give_back(second)
 
     def test_a_copy_dies_and_heals(self):
         self.open_all()
