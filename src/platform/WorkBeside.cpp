@@ -1,28 +1,10 @@
 #include "platform/WorkBeside.h"
 
-#include <csignal>
 #include <system_error>
 
+#include "platform/SignalsElsewhere.h"
+
 namespace vintoral {
-namespace {
-
-/// A thread that is started while this lives takes no signals: a handler would break off its system calls.
-class SignalsElsewhere {
- public:
-  SignalsElsewhere() {
-    sigset_t all;
-    sigfillset(&all);
-    pthread_sigmask(SIG_SETMASK, &all, &before_);
-  }
-  SignalsElsewhere(const SignalsElsewhere&) = delete;
-  SignalsElsewhere& operator=(const SignalsElsewhere&) = delete;
-  ~SignalsElsewhere() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
-
- private:
-  sigset_t before_{};
-};
-
-}  // namespace
 
 WorkBeside::~WorkBeside() {
   {

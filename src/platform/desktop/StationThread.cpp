@@ -1,11 +1,7 @@
 #include "platform/desktop/StationThread.h"
 
-#include <sys/eventfd.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <chrono>
-#include <tuple>
 #include <utility>
 
 namespace vintoral {
@@ -13,15 +9,12 @@ namespace vintoral {
 StationThread::StationThread(const vintoral::Clock& machine)
     : machine_(machine),
       clock_(machine),
-      bell_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)),
-      hears_(bell_, QSocketNotifier::Read) {
+      hears_(bell_.Number(), QSocketNotifier::Read) {
   QObject::connect(&hears_, &QSocketNotifier::activated, &hears_, [this] { RunInWindow(); });
 }
 
 StationThread::~StationThread() {
   if (thread_.joinable()) thread_.join();
-  hears_.setEnabled(false);
-  close(bell_);
 }
 
 void StationThread::Start(Station station, Step first, Step over) {
@@ -92,17 +85,14 @@ void StationThread::ToWindow(Step step) {
   Post(std::move(step));
 }
 
-/// With the lock held.
 void StationThread::Post(Step step) {
   toWindow_.push_back(std::move(step));
-  constexpr std::uint64_t kOnce = 1;
-  if (toWindow_.size() == 1) std::ignore = write(bell_, &kOnce, sizeof kOnce);
+  if (toWindow_.size() == 1) bell_.Ring();
 }
 
 // One by one: what a step does may serve events, and run the next ones.
 void StationThread::RunInWindow() {
-  std::uint64_t rings = 0;
-  std::ignore = read(bell_, &rings, sizeof rings);
+  bell_.Hear();
   for (;;) {
     Step step;
     {
@@ -115,7 +105,6 @@ void StationThread::RunInWindow() {
   }
 }
 
-/// With the lock held.
 void StationThread::AskForMore() {
   if (serves_ && !given_ && kept_ && OnFree) Post(OnFree);
 }

@@ -10,6 +10,7 @@
 #include <optional>
 #include <thread>
 
+#include "platform/Bell.h"
 #include "platform/Seam.h"
 #include "platform/desktop/BusyWatch.h"
 #include "platform/desktop/StationClock.h"
@@ -96,7 +97,7 @@ class StationThread final : public Seam {
   bool serves_ = false;  ///< what hands do is served now, or behind a tick
   bool over_ = false;    ///< the thread has come to its end
   std::deque<Step> toWindow_;
-  int bell_;  ///< wakes the window's thread
+  Bell bell_;  ///< wakes the window's thread
   QSocketNotifier hears_;
   std::thread thread_;
 };

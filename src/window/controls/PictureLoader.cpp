@@ -1,6 +1,5 @@
 #include "window/controls/PictureLoader.h"
 
-#include <QTimer>
 #include <algorithm>
 #include <cstdint>
 
@@ -8,7 +7,10 @@ namespace vintoral {
 namespace {
 
 /// A station has other work for its processors, and a share answers two readers as fast as many.
-constexpr int kReaders = 2;
+constexpr std::size_t kReaders = 2;
+/// Milliseconds. The pictures of a row come in bundles: painting each by itself would take as long as reading
+/// them.
+constexpr int kBundle = 5;
 
 /// A row as blue, green, red bytes; in `room` where the picture has it otherwise.
 const std::uint8_t* ColourRow(const PixelView& picture, int y, std::vector<std::uint8_t>& room) {
@@ -33,21 +35,23 @@ QImage ToImage(const cImage& picture) {
 
 }  // namespace
 
-PictureLoader::PictureLoader(const Pictures& pictures, Disk& disk) : pictures_(pictures), disk_(disk) {
-  pool_.setMaxThreadCount(kReaders);
-}
-
-bool PictureLoader::EndWithin(int milliseconds) {
-  pool_.clear();
-  return pool_.waitForDone(milliseconds);
+PictureLoader::PictureLoader(const Pictures& pictures, Disk& disk)
+    : pictures_(pictures),
+      disk_(disk),
+      hears_(bell_.Number(), QSocketNotifier::Read),
+      readers_(kReaders) {
+  QObject::connect(&hears_, &QSocketNotifier::activated, &hears_, [this] { Hear(); });
+  bundle_.setSingleShot(true);
+  bundle_.setTimerType(Qt::PreciseTimer);
+  bundle_.setInterval(kBundle);
+  QObject::connect(&bundle_, &QTimer::timeout, &bundle_, [this] { Deliver(); });
 }
 
 PictureLoader::Reading PictureLoader::Load(const Picture& picture, const PicturePlace& place, Turn turn,
                                            Arrive arrive) {
   Reading reading = std::make_shared<char>();
   ++unread_;
-  pool_.start([this, order = Order{picture, place, turn, std::move(arrive), reading}] { Read(order); },
-              turn == Turn::kFirst ? 1 : 0);
+  readers_.Add([this, order = Order{picture, place, turn, std::move(arrive), reading}] { Read(order); }, turn);
   return reading;
 }
 
@@ -62,21 +66,21 @@ void PictureLoader::Read(const Order& order) {
   Bring(std::move(arrival), last || order.turn == Turn::kFirst);
 }
 
-// The pictures of a row come in bundles: painting each by itself would take as long as reading them.
 void PictureLoader::Bring(Arrival arrival, bool atOnce) {
-  constexpr int kBundle = 5;
   const std::lock_guard lock(mutex_);
   arrivals_.push_back(std::move(arrival));
   if (!atOnce && arrivals_.size() > 1) return;
-  const auto deliver = [this] { Deliver(); };
-  const auto deliverSoon = [this, deliver] {
-    QTimer::singleShot(kBundle, Qt::PreciseTimer, &pool_, deliver);
-  };
-  if (atOnce) {
-    QMetaObject::invokeMethod(&pool_, deliver, Qt::QueuedConnection);
-  } else {
-    QMetaObject::invokeMethod(&pool_, deliverSoon, Qt::QueuedConnection);
-  }
+  atOnce_ |= atOnce;
+  bell_.Ring();
+}
+
+void PictureLoader::Hear() {
+  bell_.Hear();
+  std::unique_lock lock(mutex_);
+  const bool atOnce = std::exchange(atOnce_, false);
+  lock.unlock();
+  if (atOnce) return Deliver();
+  if (!bundle_.isActive()) bundle_.start();
 }
 
 void PictureLoader::Deliver() {
@@ -103,7 +107,7 @@ QPixmap PictureLoader::Find(const Picture& picture) const {
 void PictureLoader::LetGo(const Picture& picture, const QPixmap& pixmap) {
   if (letGo_.empty())
     QMetaObject::invokeMethod(
-        &pool_, [this] { letGo_.clear(); }, Qt::QueuedConnection);
+        &bundle_, [this] { letGo_.clear(); }, Qt::QueuedConnection);
   letGo_.emplace_back(picture, pixmap);
 }
 

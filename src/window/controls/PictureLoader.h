@@ -4,7 +4,8 @@
 
 #include <QImage>
 #include <QPixmap>
-#include <QThreadPool>
+#include <QSocketNotifier>
+#include <QTimer>
 #include <atomic>
 #include <functional>
 #include <memory>
@@ -12,8 +13,10 @@
 #include <utility>
 #include <vector>
 
+#include "platform/Bell.h"
 #include "platform/Picture.h"
 #include "platform/Pictures.h"
+#include "window/controls/Readers.h"
 
 namespace vintoral {
 
@@ -21,13 +24,12 @@ class PictureLoader {
  public:
   /// Both outlive it; its end waits for the files that are being read, and reads no more.
   PictureLoader(const Pictures& pictures, Disk& disk);
-  ~PictureLoader() { pool_.clear(); }
   /// True when nothing is being read any more, which is waited for this long; no other file is begun.
-  bool EndWithin(int milliseconds);
+  bool EndWithin(int milliseconds) { return readers_.EndWithin(milliseconds); }
   PictureLoader(const PictureLoader&) = delete;
   PictureLoader& operator=(const PictureLoader&) = delete;
 
-  enum class Turn { kInRow, kFirst };  ///< behind all that wait, or before what waits in the row
+  using Turn = Readers::Turn;
   /// Whoever lets go of it wants the picture no more: it is not read any further than it has been, and
   /// doesn't arrive.
   using Reading = std::shared_ptr<void>;
@@ -61,6 +63,7 @@ class PictureLoader {
   };
   void Read(const Order& order);
   void Bring(Arrival arrival, bool atOnce);
+  void Hear();
   void Deliver();
 
   const Pictures& pictures_;
@@ -69,7 +72,11 @@ class PictureLoader {
   std::atomic<int> unread_ = 0;
   std::mutex mutex_;
   std::vector<Arrival> arrivals_;
-  QThreadPool pool_;
+  bool atOnce_ = false;  ///< one of them is waited for
+  Bell bell_;
+  QSocketNotifier hears_;
+  QTimer bundle_;
+  Readers readers_;  ///< the last one: what is being read uses all others
 };
 
 /// The pixels, scaled to lie inside their place or to cover it.
