@@ -61,7 +61,7 @@ void Station::Join() {
   screen.OnUp = [this] { Queue.Reclaim(); };
   // The station's own question comes up too while it does not know yet that the folder hangs.
   screen.OnAnswered = [this](const Box& box, Answer answer) {
-    if (answer == Answer::kYes && box.title == PreguntaCierre().title) Waiting.GoneSoon();
+    if (answer == Answer::kYes && box == PreguntaCierre()) Waiting.GoneSoon();
   };
   Queue.BeforeDelivery = [this] {
     if (news_.exchange(false)) Window.Refresh();
@@ -70,6 +70,8 @@ void Station::Join() {
   Queue.BreakOff = [&screen] { return screen.BreakOff(); };
   Queue.Late = [this] { return Waiting.Late(); };
   Queue.Beep = [] { QApplication::beep(); };
+  Hands.SeesToClosing = [this] { return Waiting.SeeToClosing(); };
+  Waiting.Withdraw = [this] { return Queue.Withdraw(InputQueue::Kind::kClosing); };
   Waiting.OnEnd = [this] { Devices.Thread.Tell([this] { Form.CerrarSinPreguntar(); }); };
   Window.Pictures().OnDamaged = [this](const Picture& picture) {
     Devices.Thread.Tell([this, picture] {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <atomic>
+#include <chrono>
 #include <functional>
 #include <string>
 
@@ -39,6 +40,8 @@ class Station {
   void EndWithoutAsking() { Waiting.EndSoon(); }
   /// Of the end: false when something hangs in the folder. Then there is nothing left but to go.
   bool HasEnded();
+  /// Of the end: how long it may still take in all.
+  std::chrono::milliseconds Left() const { return Waiting.Left(); }
 
   // For those who measure: the window's thread waits, and serves its events.
 

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "app/EndSignals.h"
+#include "app/LeaveWithin.h"
 #include "app/Station.h"
 #include "window/controls/Theme.h"
 
@@ -17,6 +18,7 @@ int main(int argc, char** argv) {
   const vintoral::EndSignals signals([&station] { station->EndWithoutAsking(); });
   station.emplace(QDir::currentPath().toStdString());
   const int result = QApplication::exec();
+  vintoral::LeaveWithin(station->Left(), result);  // nobody serves a timer any more
   // All that was confirmed is on the disk, and nobody can wait for a folder that hangs.
   if (!station->HasEnded()) std::_Exit(result);
   return result;

@@ -23,6 +23,8 @@ struct Box {
   Icon icon = Icon::kNone;
   std::vector<Answer> buttons{Answer::kOk};  ///< in screen order
   Answer preselected = Answer::kOk;
+
+  friend bool operator==(const Box&, const Box&) = default;
 };
 
 /// What a screen knows of a form.

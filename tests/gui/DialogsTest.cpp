@@ -234,23 +234,5 @@ TEST_F(DialogsOfAGate, ABoxWhoseWindowGoesAnswersHarmlessly) {
   EXPECT_TRUE(ran);
 }
 
-TEST_F(DialogsOfAGate, AClickOnItsWayIntoAClosedDialogIsDropped) {
-  folder_.Put("Recursos/Vintoral.DVS", "antes\r\n");
-  InTariffs([&] {
-    form_->Form6->TxtMoneda.SetText("EUR"_w);
-    QWidget& button = Face("CmdFuncion(1)");
-    const QPointF at = button.rect().center();
-    for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-      const bool press = type == QEvent::MouseButtonPress;
-      QMouseEvent event(type, at, button.mapToGlobal(at), Qt::LeftButton,
-                        press ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
-      QCoreApplication::sendEvent(&button, &event);
-    }
-    Dialog()->close();
-  });
-  QCoreApplication::processEvents();
-  EXPECT_EQ(folder_.Get("Recursos/Vintoral.DVS"), "antes\r\n");
-}
-
 }  // namespace
 }  // namespace vintoral::test

@@ -69,6 +69,11 @@ class InputQueues : public testing::Test {
       Press(QChar(letter).toUpper().unicode(), QString(QChar(letter)), gap);
   }
   void Escape() { Press(Qt::Key_Escape, QStringLiteral("!")); }
+  void HoldEscape() {
+    clock_.Advance(kHand);
+    queue_.Press(QKeyEvent(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier, QStringLiteral("!"), true),
+                 [this](const QKeyEvent&) { queue_.Serve(Note("!")); });
+  }
   Seam::Step Note(const std::string& what) {
     return [this, what] { done_ += what; };
   }
@@ -145,10 +150,10 @@ TEST_F(InputQueues, KeysAndPointerInTheirOrder) {
 TEST_F(InputQueues, OfPlacesSideBySideTheLastCounts) {
   seam_.Busy = true;
   for (const char* place : {"<1>", "<2>", "<3>"})
-    queue_.Pass(Note(place));
+    queue_.Do(Note(place), InputQueue::Kind::kPointer);
   Type("a");
   for (const char* place : {"<4>", "<5>"})
-    queue_.Pass(Note(place));
+    queue_.Do(Note(place), InputQueue::Kind::kPointer);
   queue_.Do(Note("<click>"));
   EXPECT_EQ(Served(), "<3>a<5><click>");
 }
@@ -225,6 +230,57 @@ TEST_F(InputQueues, EscTakesBackWhatTheStationHasNotBegun) {
   Escape();
   EXPECT_EQ(beeps_, 1);
   EXPECT_EQ(Served(), "");
+}
+
+TEST_F(InputQueues, EscDoesNotTakeBackWhichWindowIsInFront) {
+  Type("a");
+  queue_.Do(Note("<window>"), InputQueue::Kind::kWindow);
+  Type("b");
+  late_ = true;
+  Escape();
+  EXPECT_EQ(beeps_, 1);
+  EXPECT_EQ(Served(), "<window>");
+}
+
+TEST_F(InputQueues, EscThatIsHeldDownThrowsAwayOnce) {
+  seam_.Busy = true;
+  late_ = true;
+  Type("ab");
+  Escape();
+  HoldEscape();
+  HoldEscape();
+  EXPECT_EQ(beeps_, 1);
+  EXPECT_EQ(Served(), "");
+}
+
+TEST_F(InputQueues, AClosingThatWaitsIsWithdrawnAndNothingElse) {
+  seam_.Busy = true;
+  Type("a");
+  EXPECT_FALSE(queue_.Withdraw(InputQueue::Kind::kClosing));
+  queue_.Do(Note("<close>"), InputQueue::Kind::kClosing);
+  EXPECT_TRUE(queue_.Withdraw(InputQueue::Kind::kClosing));
+  EXPECT_EQ(Served(), "a");
+}
+
+TEST_F(InputQueues, TheEndOfACodeIsNoAnswerToTheBoxThatItsBeginningBroughtUp) {
+  seam_.Busy = true;
+  Type("12", kReader);
+  Press(Qt::Key_Return, QStringLiteral("E"), kReader);
+  Press(Qt::Key_Return, QStringLiteral("e"));
+  box_ = true;
+  queue_.Reclaim();
+  EXPECT_EQ(boxTook_, "1e") << "the hand's own answer, and what the guard of boxes sees to";
+  box_ = false;
+  EXPECT_EQ(Served(), "");
+}
+
+TEST_F(InputQueues, EscAnswersABoxHoweverSoonItFollows) {
+  seam_.Busy = true;
+  Type("1", kReader);
+  Press(Qt::Key_Escape, QStringLiteral("!"), kReader);
+  box_ = true;
+  queue_.Reclaim();
+  EXPECT_EQ(boxTook_, "1!");
 }
 
 TEST_F(InputQueues, EscWithNothingToThrowAwayIsKept) {

@@ -88,6 +88,7 @@ Seam::Step Hands::With(const ControlId& id, std::function<void(Input&, Control&)
 
 /// A turn of its own, behind the showing of what came of the step.
 Seam::Step Hands::Then(Seam::Step step, std::function<void()> then) {
+  if (!then) return step;
   return [&seam = seam_, step = std::move(step), then = std::move(then)] {
     step();
     seam.Tell([&seam, then] { seam.ToWindow(then); });
@@ -105,10 +106,6 @@ void Hands::Paste(const QString& text) {
   queue_.Do(With([pasted = FromQString(text)](Input& input) { input.Paste(pasted); }));
 }
 
-void Hands::Focus(const ControlId& id) {
-  queue_.Do(With(id, [](Input& input, Control& control) { input.Focus(control); }));
-}
-
 void Hands::Focus(const ControlId& id, std::function<void()> then) {
   queue_.Do(Then(With(id, [](Input& input, Control& control) { input.Focus(control); }), std::move(then)));
 }
@@ -121,12 +118,9 @@ void Hands::DoubleClick(const ControlId& id) {
   queue_.Do(With(id, [](Input& input, Control& control) { input.DoubleClick(control); }));
 }
 
-void Hands::Hover(const ControlId& id) {
-  queue_.Pass(With(id, [](Input& input, Control& control) { input.Hover(control); }));
-}
-
 void Hands::Hover(const ControlId& id, std::function<void()> then) {
-  queue_.Pass(Then(With(id, [](Input& input, Control& control) { input.Hover(control); }), std::move(then)));
+  queue_.Do(Then(With(id, [](Input& input, Control& control) { input.Hover(control); }), std::move(then)),
+            InputQueue::Kind::kPointer);
 }
 
 void Hands::Select(const ControlId& id, int index) {
@@ -156,17 +150,23 @@ void Hands::MoveCaret(const ControlId& id, int start, int length) {
 }
 
 void Hands::Leave(const std::string& form) {
-  queue_.Pass(With(form, [](Input& input, Form& found) { input.Leave(found); }));
+  queue_.Do(With(form, [](Input& input, Form& found) { input.Leave(found); }), InputQueue::Kind::kPointer);
 }
 
 void Hands::Use(const std::string& form) {
   queue_.Do(With(form, [&forms = forms_](Input&, Form& found) {
     if (&forms.Active() != &found) forms.Activate(found);
-  }));
+  }), InputQueue::Kind::kWindow);
 }
 
 void Hands::CloseBox(const std::string& form) {
+  if (SeesToClosing && SeesToClosing()) return;
   queue_.Do(With(form, [](Input& input, Form& found) { input.CloseBox(found); }));
+}
+
+void Hands::CloseMain(const std::string& form) {
+  if (SeesToClosing && SeesToClosing()) return;
+  queue_.Do(With(form, [](Input& input, Form& found) { input.CloseBox(found); }), InputQueue::Kind::kClosing);
 }
 
 }  // namespace vintoral

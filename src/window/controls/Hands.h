@@ -29,13 +29,11 @@ class Hands {
   void Type(const QString& text);
   void Paste(const QString& text);
   // What is done to a control whose form has gone meanwhile falls without a word.
-  void Focus(const ControlId& id);
   /// `then` runs in the window when the station has done it and that is shown.
-  void Focus(const ControlId& id, std::function<void()> then);
+  void Focus(const ControlId& id, std::function<void()> then = nullptr);
   void Click(const ControlId& id);
   void DoubleClick(const ControlId& id);
-  void Hover(const ControlId& id);
-  void Hover(const ControlId& id, std::function<void()> then);
+  void Hover(const ControlId& id, std::function<void()> then = nullptr);
   void Select(const ControlId& id, int index);
   /// Turns the tick of a list's row over.
   void Tick(const ControlId& id, int row);
@@ -45,7 +43,11 @@ class Hands {
   /// The window of this form has come to the front: keys are its own from here on.
   void Use(const std::string& form);
   void CloseBox(const std::string& form);
+  /// The close box of the main window, which ends the program.
+  void CloseMain(const std::string& form);
 
+  /// Asked before the station is told of a close box: true when the window sees to it by itself.
+  std::function<bool()> SeesToClosing;
   /// The widget that has the keyboard now; a key that was kept is for it.
   std::function<QObject*()> HasKeyboard;
 

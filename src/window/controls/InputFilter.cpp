@@ -50,7 +50,6 @@ InputFilter::InputFilter(QWidget& window, Mirror& mirror, Hands& hands)
 
 void InputFilter::Close() {
   qApp->removeEventFilter(this);
-  QCoreApplication::removePostedEvents(this);
 }
 
 bool InputFilter::InWindow(const QObject* watched) const {
@@ -125,9 +124,10 @@ bool InputFilter::Press(QObject* watched, const QMouseEvent& event) {
   pressed_ = event.button() == Qt::LeftButton ? watched : nullptr;
   if (view == nullptr || !view->State().takesFocus) return false;
   const ControlState& state = view->State();
-  const bool decides = mirror_.Snapshot().focus != &state && MarksOnFocus(state, watched);
-  if (!decides) hands_.Focus(state.id);
-  if (!decides) return false;
+  if (mirror_.Snapshot().focus == &state || !MarksOnFocus(state, watched)) {
+    hands_.Focus(state.id);
+    return false;
+  }
   const std::shared_ptr<QMouseEvent> press(event.clone());
   hands_.Focus(state.id, [this, &state, filter = QPointer(this), watched = QPointer(watched), press] {
     if (filter && watched && !IsMarked(state)) Replay(*watched, *press);
@@ -146,9 +146,7 @@ void InputFilter::Release(const QObject* watched, const QMouseEvent& event) {
   if (view == nullptr || watched != pressed_ || event.button() != Qt::LeftButton) return;
   pressed_ = nullptr;
   if (!view->Widget().rect().contains(event.position().toPoint())) return;
-  // The widget ends its own handling of the click first: what a click does may wait in a box.
-  QMetaObject::invokeMethod(
-      this, [this, id = view->State().id] { hands_.Click(id); }, Qt::QueuedConnection);
+  hands_.Click(view->State().id);
 }
 
 }  // namespace vintoral

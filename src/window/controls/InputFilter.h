@@ -17,7 +17,7 @@ class Mirror;
 class InputFilter : public QObject {
  public:
   InputFilter(QWidget& window, Mirror& mirror, Hands& hands);
-  /// Nothing passes any more, and what is on its way is dropped.
+  /// Nothing passes any more.
   void Close();
 
  protected:

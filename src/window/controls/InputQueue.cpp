@@ -16,28 +16,29 @@ bool OnlyModifies(const QKeyEvent& key) {
   return std::find(kModifiers.begin(), kModifiers.end(), key.key()) != kModifiers.end();
 }
 
+bool IsEscape(const QKeyEvent& key) {
+  return key.key() == Qt::Key_Escape;
+}
+
 }  // namespace
 
 InputQueue::InputQueue(Seam& seam, const Clock& machine) : seam_(seam), machine_(machine) {}
 
 void InputQueue::Press(const QKeyEvent& key, std::function<void(const QKeyEvent&)> deliver) {
   if (OnlyModifies(key)) return;
-  if (key.key() == Qt::Key_Escape && Escape()) return;
-  if (!HasRoom(key)) return;
+  if (IsEscape(key) && Escape(key)) return;
+  // A key that is held down is no code.
+  const bool ofCode = !key.isAutoRepeat() && burst_.Continues(machine_.Ticks());
+  if (!HasRoom(key, ofCode)) return;
   const std::shared_ptr<QKeyEvent> copy(key.clone());
-  Add({machine_.Ticks(), copy, [copy, deliver = std::move(deliver)] { deliver(*copy); }, false});
+  Add({machine_.Ticks(), copy, [copy, deliver = std::move(deliver)] { deliver(*copy); }, Kind::kWork, ofCode});
 }
 
-void InputQueue::Do(Seam::Step serve) {
+void InputQueue::Do(Seam::Step serve, Kind kind) {
   // What follows from a key that is being delivered belongs to it.
   if (delivering_) return Serve(std::move(serve));
-  Add({machine_.Ticks(), nullptr, [this, serve = std::move(serve)] { Serve(serve); }, false});
-}
-
-void InputQueue::Pass(Seam::Step serve) {
-  if (delivering_) return Serve(std::move(serve));
-  if (!kept_.empty() && kept_.back().passes) kept_.pop_back();
-  Add({machine_.Ticks(), nullptr, [this, serve = std::move(serve)] { Serve(serve); }, true});
+  if (kind == Kind::kPointer && !kept_.empty() && kept_.back().kind == kind) kept_.pop_back();
+  Add({machine_.Ticks(), nullptr, [this, serve = std::move(serve)] { Serve(serve); }, kind, false});
 }
 
 void InputQueue::Serve(Seam::Step serve) {
@@ -47,25 +48,34 @@ void InputQueue::Serve(Seam::Step serve) {
 
 /// Before the operator has been told that the station is busy, Esc is a key like any other: a quick hand's
 /// must not take back what stands before it.
-bool InputQueue::Escape() {
+bool InputQueue::Escape(const QKeyEvent& key) {
   if (BreakOff && BreakOff()) return true;
   if (!Late || !Late()) return false;
-  const bool back = seam_.TakeBack();
-  if (kept_.empty() && !back) return false;
-  kept_.clear();
-  keys_ = 0;
-  TellOldest();
-  Beep();
-  return true;
+  if (seam_.TakeBack()) PutBack();
+  const bool thrown = ThrowAway([](const Piece& piece) { return piece.kind != Kind::kWindow; });
+  if (thrown) Beep();
+  // Held down it would throw away and be kept by turns.
+  return thrown || key.isAutoRepeat();
 }
 
-/// A code that a reader types is kept whole, or not at all. A key that is held down is no code.
-bool InputQueue::HasRoom(const QKeyEvent& key) {
-  const std::int64_t now = machine_.Ticks();
-  const bool goesOn = !key.isAutoRepeat() && burst_.Continues(now);
-  if (!goesOn) burstKept_ = keys_ < kKeys;
-  burst_.Add(key.text().isEmpty() ? '\0' : key.text().at(0).toLatin1(), now);
-  if (!burstKept_ && !goesOn) Beep();
+bool InputQueue::Withdraw(Kind kind) {
+  return ThrowAway([kind](const Piece& piece) { return piece.kind == kind; });
+}
+
+template <class Condition>
+bool InputQueue::ThrowAway(Condition condition) {
+  const bool thrown = std::erase_if(kept_, condition) > 0;
+  keys_ = static_cast<std::size_t>(
+      std::count_if(kept_.begin(), kept_.end(), [](const Piece& piece) { return piece.key != nullptr; }));
+  TellOldest();
+  return thrown;
+}
+
+/// A code that a reader types is kept whole, or not at all.
+bool InputQueue::HasRoom(const QKeyEvent& key, bool ofCode) {
+  if (!ofCode) burstKept_ = keys_ < kKeys;
+  burst_.Add(key.text().isEmpty() ? '\0' : key.text().at(0).toLatin1(), machine_.Ticks());
+  if (!burstKept_ && !ofCode) Beep();
   return burstKept_;
 }
 
@@ -82,7 +92,9 @@ void InputQueue::Go() {
   while (!kept_.empty()) {
     TellOldest();  // by which a box's answer is timed
     choosing_ = true;
-    const bool toBox = ToBox && ToBox(kept_.front().key.get());
+    // What a reader sends behind a code is no answer to the box that the code has brought up.
+    const Piece& next = kept_.front();
+    const bool toBox = ToBox && ToBox(next.ofCode && !IsEscape(*next.key) ? nullptr : next.key.get());
     const bool toStation = !toBox && seam_.Free();
     if (toStation && BeforeDelivery) BeforeDelivery();
     choosing_ = false;
@@ -104,11 +116,13 @@ void InputQueue::Deliver(const Piece& piece) {
 }
 
 void InputQueue::Reclaim() {
-  if (seam_.TakeBack()) {
-    if (given_.key) ++keys_;
-    kept_.push_front(given_);
-  }
+  if (seam_.TakeBack()) PutBack();
   Go();
+}
+
+void InputQueue::PutBack() {
+  if (given_.key) ++keys_;
+  kept_.push_front(given_);
 }
 
 bool InputQueue::KeepsCopy() const {

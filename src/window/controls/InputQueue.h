@@ -28,10 +28,14 @@ class InputQueue {
   /// A key. `deliver` finds out what it means when its turn has come: a dialog may have come or gone
   /// meanwhile.
   void Press(const QKeyEvent& key, std::function<void(const QKeyEvent&)> deliver);
+  enum class Kind {
+    kWork,
+    kPointer,  ///< where the pointer is: of those that wait side by side the last one counts
+    kWindow,   ///< which window has the keyboard: nothing that Esc could take back
+    kClosing,  ///< the main window's close box
+  };
   /// Anything else: `serve` is of the station.
-  void Do(Seam::Step serve);
-  /// Where the pointer is: of those that wait side by side the last one counts.
-  void Pass(Seam::Step serve);
+  void Do(Seam::Step serve, Kind kind = Kind::kWork);
   /// From within `deliver`: what the key means to the station.
   void Serve(Seam::Step serve);
 
@@ -40,6 +44,8 @@ class InputQueue {
   /// A box has come up: what the station has not begun comes back, and keys go to the box.
   void Reclaim();
   bool Keeps() const { return !kept_.empty(); }
+  /// Throws away what is kept of this kind: true when there was any.
+  bool Withdraw(Kind kind);
   /// A piece is kept that may put something on the clipboard.
   bool KeepsCopy() const;
 
@@ -59,12 +65,16 @@ class InputQueue {
     std::int64_t at = 0;
     std::shared_ptr<QKeyEvent> key;  ///< null for all that is no key
     std::function<void()> deliver;
-    bool passes = false;
+    Kind kind = Kind::kWork;
+    bool ofCode = false;  ///< it came as fast behind another key as a reader's keys come
   };
   void Add(Piece piece);
   void Deliver(const Piece& piece);
-  bool Escape();
-  bool HasRoom(const QKeyEvent& key);
+  bool Escape(const QKeyEvent& key);
+  bool HasRoom(const QKeyEvent& key, bool ofCode);
+  void PutBack();
+  template <class Condition>
+  bool ThrowAway(Condition condition);
   void TellOldest();
 
   Seam& seam_;

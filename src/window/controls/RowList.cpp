@@ -62,15 +62,7 @@ void RowList::mouseReleaseEvent(QMouseEvent* event) {
   const int row = RowAt(event->pos());
   const bool chosen = event->button() == Qt::LeftButton && row >= 0 && row == pressed_;
   pressed_ = -1;
-  // What a row does may wait in a box; the click is through before.
-  if (chosen && onChosen)
-    QMetaObject::invokeMethod(
-        this,
-        [this, row] {
-          const auto chosenRow = onChosen;  // it may be the end of this list
-          chosenRow(row);
-        },
-        Qt::QueuedConnection);
+  if (chosen && onChosen) onChosen(row);
 }
 
 void RowList::mouseMoveEvent(QMouseEvent* event) {

@@ -94,7 +94,7 @@ void MainWindow::Appear() {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-  if (!OnClose || !OnClose()) hands_.CloseBox(mirror_.Snapshot().name);
+  hands_.CloseMain(mirror_.Snapshot().name);
   Refresh();  // the program may have ended without its window
   event->setAccepted(!mirror_.Snapshot().shown);
 }

@@ -32,8 +32,6 @@ class MainWindow : public QWidget {
   const Mirror& Shown() const { return mirror_; }
   /// Runs with each refresh, for the other windows.
   std::function<void()> OnRefresh;
-  /// Asked before the station is: true when somebody else sees to the closing.
-  std::function<bool()> OnClose;
 
   Hands& AllHands() { return hands_; }
   PictureLoader& Pictures() { return pictures_; }
