@@ -150,14 +150,21 @@ class Volume(crew.Crew, volume.Site):
 
         machine = self.site[3]
         machine.run("umount", volume.MOUNT)
-        self.assertIn("The volume is not mounted at this gate", self.volume(3, "check", expected=1))
+        said = "The volume is not mounted at /mnt/porterias"
+        self.assertIn(said, self.volume(3, "check", expected=1))
+        machine.run("mkdir", "/mnt/elsewhere")
+        machine.run("mount", "-t", "glusterfs", f"{machine.name}:/porterias", "/mnt/elsewhere")
+        self.assertIn(said, self.volume(3, "check", expected=1))
+        machine.run("umount", "/mnt/elsewhere")
         machine.run("mount", "-t", "glusterfs", "-o", "entry-timeout=0", f"{machine.name}:/porterias", volume.MOUNT)
         said = self.volume(3, "check", expected=1)
         self.assertIn("mounted without attribute-timeout=0", said)
         self.assertNotIn("without entry-timeout=0", said)
 
-        self.assertIn("Nobody is there to ask", self.volume(1, "--volume", "second", "make", *volume.NAMES.values(), expected=2))
-        self.assertIn("There is no volume second", self.volume(1, "--volume", "second", "check", expected=2))
+        # The options stand before the command or behind it.
+        self.assertIn("Nobody is there to ask", self.volume(1, "--volume", "second", "make", *volume.NAMES.values(),
+                                                            "--folder", "/srv/second", expected=2))
+        self.assertIn("There is no volume second", self.volume(1, "check", "--volume", "second", expected=2))
         self.assertIn("Three different machines", self.volume(1, "make", "porteria1", "porteria2", "porteria2", expected=2))
         self.assertIn("does not know the name nowhere", self.volume(1, "make", "porteria1", "porteria2", "nowhere", expected=2))
         self.assertIn("alone", self.volume(1, "make", "porteria2", "porteria3", "localhost", expected=2))
