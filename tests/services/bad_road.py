@@ -51,12 +51,19 @@ class BadRoad(threading.Thread):
         self.waiting = []
         self.count = self.dropped = 0
         self.over = threading.Event()
+        self.failure = None
         for machine in site.values():
             for other in site.values():
                 if other is not machine:
                     machine.run("ip", "route", "replace", other.address, "dev", NAME, "src", machine.address)
 
     def run(self):
+        try:
+            self.carry()
+        except OSError as failure:
+            self.failure = failure
+
+    def carry(self):
         while not self.over.is_set():
             wait = min(0.05, max(0.0, self.waiting[0][0] - time.monotonic())) if self.waiting else 0.05
             for end in select.select(list(self.ends.values()), [], [], wait)[0]:
@@ -82,10 +89,12 @@ class BadRoad(threading.Thread):
                 self.dropped += 1
 
     def end(self):
-        """Back to the good wires."""
+        """Back to the good wires. Raises what ended the road before its time."""
         for machine in self.site.values():
             machine.plug_in()
         self.over.set()
         self.join()
         for end in self.ends.values():
             os.close(end)
+        if self.failure:
+            raise self.failure

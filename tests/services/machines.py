@@ -13,16 +13,18 @@ import mounted
 import trouble
 
 ADDRESS = "192.0.2.{}"  # of those that are kept for documentation: no machine outside can have one
-LOST = "SKIPPED: {}\n"
-SKIPPED = 77  # what CTest is told for a test that could not be done
+SKIPPED = 77  # what CTest is told for a test that this machine can't do
 
 
 def separate(*programs):
-    """As mounted.separate, with a PID and a network namespace; says so loudly and ends where that can't be had."""
+    """As mounted.separate, with a PID and a network namespace; where that can't be had it says so and ends.
+
+    A program that is missing is no reason to skip: scripts/test installs them all.
+    """
     missing = [program for program in programs if not any(
         os.access(pathlib.Path(folder) / program, os.X_OK) for folder in os.environ["PATH"].split(":") + ["/usr/sbin", "/sbin"])]
     if missing:
-        skip(f"these programs are missing: {', '.join(missing)}")
+        sys.exit(f"These programs are missing: {', '.join(missing)}")
     if os.environ.get("VINTORAL_OWN_MOUNTS") == "1":
         mounted.separate()
         return gather_the_dead()
@@ -53,7 +55,7 @@ def gather_the_dead():
 
 
 def skip(why):
-    sys.stderr.write(LOST.format(why))
+    print(f"SKIPPED: {why}", file=sys.stderr)
     sys.exit(SKIPPED)
 
 
@@ -153,10 +155,6 @@ class Machine:
         self.kill("")
         self.run("umount", "--recursive", "--lazy", "/mnt/porterias", check=False)
         self.run("sh", "-c", "rm -rf /run/*; mkdir /run/gluster")
-
-    def power_on(self):
-        self.plug_in()
-        self.start_glusterd()
 
     def end(self):
         for number in self.processes():

@@ -42,7 +42,6 @@ class Fuse(mounted.MountedFolder, trouble.Trouble):
         self.assertEqual([row.Placa for row in self.folder.history()], ["SLOW"])
         self.assertEqual(self.inside(), {})
 
-
     def test_a_departure_waits_for_the_gate_that_writes_its_row(self):
         """Longer than on a disk: whoever has the lock may be waiting for the server itself."""
         held_seconds = 2

@@ -1,4 +1,9 @@
-"""Three gates work at random on a Samba share, the main one in the folder itself, while its server is killed and comes back."""
+"""Three gates work at random on a Samba share, the main one in the folder itself, while its server is killed and comes back.
+
+smbnetfs takes no locks to its server, as the kernel's own mount would: the append lock of a gate behind the mount keeps the main
+gate from nothing. So a lock of the test lets one "yes" wait for the other, and this day doesn't show that two gates may say it at
+once; test_volume.py does, where the mounts have locks.
+"""
 import threading
 
 import crew
@@ -13,7 +18,6 @@ REST_SECONDS = 0.2
 
 class SambaDay(crew.Crew, share.SharedSite):
     def test_the_server_dies_in_the_middle(self):
-        # smbnetfs takes no locks to its server, as the kernel's own mount does: here one yes waits for the other.
         self.begin(TURNS, REST_SECONDS, threading.Lock())
         self.until(60)
         self.break_off()

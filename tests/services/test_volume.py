@@ -150,21 +150,52 @@ class Volume(crew.Crew, volume.Site):
 
         machine = self.site[3]
         machine.run("umount", volume.MOUNT)
-        self.assertIn("The volume is not mounted at this gate", self.volume(3, "check", expected=1))
+        said = "The volume is not mounted at /mnt/porterias"
+        self.assertIn(said, self.volume(3, "check", expected=1))
+        machine.run("mkdir", "/mnt/elsewhere")
+        machine.run("mount", "-t", "glusterfs", f"{machine.name}:/porterias", "/mnt/elsewhere")
+        self.assertIn(said, self.volume(3, "check", expected=1))
+        machine.run("umount", "/mnt/elsewhere")
         machine.run("mount", "-t", "glusterfs", "-o", "entry-timeout=0", f"{machine.name}:/porterias", volume.MOUNT)
         said = self.volume(3, "check", expected=1)
         self.assertIn("mounted without attribute-timeout=0", said)
         self.assertNotIn("without entry-timeout=0", said)
 
-        self.assertIn("Nobody is there to ask", self.volume(1, "--volume", "second", "make", *volume.NAMES.values(), expected=2))
-        self.assertIn("There is no volume second", self.volume(1, "--volume", "second", "check", expected=2))
+        # The options stand before the command or behind it.
+        self.assertIn("Nobody is there to ask", self.volume(1, "--volume", "second", "make", *volume.NAMES.values(),
+                                                            "--folder", "/srv/second", expected=2))
+        self.assertIn("There is no volume second", self.volume(1, "check", "--volume", "second", expected=2))
         self.assertIn("Three different machines", self.volume(1, "make", "porteria1", "porteria2", "porteria2", expected=2))
         self.assertIn("does not know the name nowhere", self.volume(1, "make", "porteria1", "porteria2", "nowhere", expected=2))
         self.assertIn("alone", self.volume(1, "make", "porteria2", "porteria3", "localhost", expected=2))
-        self.assertIn("porteria3 answers, so it is not dead", self.volume(1, "replace", "porteria3", "porteria2", expected=2))
         machine.kill("glusterd --no-daemon")
         self.assertIn("systemctl enable --now glusterd", self.volume(3, "state", expected=2))
         self.assertIn("machine porteria3: AWAY", self.volume(1, "state"))
+
+    def test_the_script_leaves_what_is_there(self):
+        """Copies of an earlier volume, machines that work, and what somebody wrote into a mount point."""
+        said = self.volume(1, "--yes", "--volume", "second", "make", *volume.NAMES.values(), expected=2)
+        self.assertIn("/srv/porterias is not empty here", said)
+        said = self.volume(1, "--yes", "make", *volume.NAMES.values(), "--folder", "/srv/second", expected=2)
+        self.assertIn("lies elsewhere: porteria1:/srv/porterias", said)
+        self.assertIn("gate-volume replace", said)
+
+        for old, new, why in (("porteria1", "porteria3", "porteria1 is this machine"),
+                              ("porteria3", "porteria2", "porteria3 answers, so it is not dead"),
+                              ("porteria33", "porteria4", "porteria33 has no copy of porterias"),
+                              ("porteria33", "porteria3", "Nothing is left to do")):
+            expected = 0 if why.startswith("Nothing") else 2
+            self.assertIn(why, self.volume(1, "--yes", "replace", old, new, expected=expected))
+        self.assertIn("All three copies are whole", self.volume(1, "check"))
+
+        machine = self.site[3]
+        machine.run("umount", volume.MOUNT)
+        machine.run("mkdir", f"{volume.MOUNT}/Multimedia")
+        self.assertIn("/mnt/porterias is not empty", self.volume(3, "mount", expected=2))
+        machine.run("rmdir", f"{volume.MOUNT}/Multimedia")
+        again = machine.run("flock", "/run/vintoral-gate-volume.lock", volume.GATE_VOLUME, "mount", check=False)
+        self.assertIn("being mounted already", again.stderr)
+        self.mount(machine)
 
     def test_a_bad_road(self):
         self.open_all()
@@ -193,9 +224,15 @@ class ADeadMachine(crew.Crew, volume.Site):
         self.site[3].power_off()
         self.work_ends()
         self.assertIn("copy porteria3:/srv/porterias: DOWN", self.volume(1, "state"))
-        said = self.volume(1, "--yes", "replace", "porteria3", "porteria4")
+        replace = "--yes", "replace", "porteria3"
+        self.kill_copy(2)
+        self.assertIn("a machine is replaced while both others work", self.volume(1, *replace, "porteria4", expected=2))
+        self.come_back(2)
+        self.assertIn("porteria2 has a copy already", self.volume(1, *replace, "porteria2", expected=2))
+        self.assertIn("another name and another address", self.volume(1, *replace, "192.0.2.3", expected=2))
+        said = self.volume(1, *replace, "porteria4")
         self.assertIn("forget porteria3", said)
-        self.assertEqual(self.volume(1, "--yes", "replace", "porteria3", "porteria4"), "Nothing is left to do.\n")
+        self.assertEqual(self.volume(1, *replace, "porteria4"), "Nothing is left to do.\n")
         self.holders = [1, 2, 4]
         self.assertCopiesEqual()
         crew.check(self, self.books, self.site[4].home / volume.COPY.strip("/") / "Multimedia")

@@ -2,6 +2,7 @@
 import hashlib
 import os
 import pathlib
+import shlex
 import time
 
 import machines
@@ -59,7 +60,7 @@ class Site(trouble.Trouble):
     def heal(self):
         """Until the script says that all is in order."""
         limit = time.monotonic() + HEAL_SECONDS
-        while (done := self.site[1].run(GATE_VOLUME, "check", check=False)).returncode != 0:
+        while (done := self.site[1].run(GATE_VOLUME, "check", seconds=200, check=False)).returncode != 0:
             self.assertLess(time.monotonic(), limit, done.stdout + done.stderr)
             time.sleep(0.5)
 
@@ -101,7 +102,7 @@ class Site(trouble.Trouble):
 
     def running_in(self, machine, folder):
         wrapper = machine.home / "driver"
-        wrapper.write_text(f"#!/bin/sh\nexec {' '.join(machine.inside(os.environ['VINTORAL_DRIVER']))}\n")
+        wrapper.write_text(f"#!/bin/sh\nexec {shlex.join(machine.inside(os.environ['VINTORAL_DRIVER']))}\n")
         wrapper.chmod(0o755)
         given = os.environ["VINTORAL_DRIVER"]
         os.environ["VINTORAL_DRIVER"] = str(wrapper)
