@@ -9,12 +9,6 @@
 namespace vintoral {
 namespace {
 
-/// What stands at a number of the house: its ficha and the code of its ticket.
-struct Puesto {
-  RegistroFicha ficha;
-  std::optional<RegistroCodigo> codigo;  ///< nothing where codes can't be read, or aren't kept
-};
-
 /// Room on disk for the row of the history; a history that is missing is told by RegistrarHistorial.
 bool ReservarHistorial(const Form1& form) {
   const String path = form.RutaCompartida("Vintoral.HST");
@@ -48,13 +42,13 @@ void AnotarSalida(Form1& form, std::int64_t numero) {
 }
 
 /// A ficha that stays inside is found by its code.
-void DevolverCodigo(const Form1& form, std::int64_t numero, const Puesto& puesto) {
+void DevolverCodigo(const Form1& form, const PuestoPendiente& puesto) {
   if (!puesto.codigo || *puesto.codigo == RegistroCodigo{}) return;
-  Codigos(form, OpenMode::kReadWrite).Write(numero, *puesto.codigo, true).PassOver();
+  Codigos(form, OpenMode::kReadWrite).Write(puesto.numero, *puesto.codigo, true).PassOver();
 }
 
 /// The slot as it was before; nothing when it stays as it is, because it or the history can't be written.
-std::optional<Puesto> LiberarPuesto(Form1& form, std::int64_t numero) {
+std::optional<PuestoPendiente> LiberarPuesto(Form1& form, std::int64_t numero) {
   Register<RegistroFicha> act = Puestos(form);
   const std::optional<RegistroFicha> ficha = act.Read(numero).PassOver();
   // Without the slot, or without room for the history row, the ficha stays inside and on display: to free it
@@ -65,27 +59,35 @@ std::optional<Puesto> LiberarPuesto(Form1& form, std::int64_t numero) {
   }
   form.FichaActual = *ficha;
   // Where another gate retired it meanwhile, the row is written all the same.
-  if (!ficha->EnUso) return Puesto{*ficha, {}};
-  const Puesto puesto{*ficha, CodigoEn(form, numero)};
+  if (!ficha->EnUso) return PuestoPendiente{form.CarpetaCompartida, numero, *ficha, {}};
+  const PuestoPendiente puesto{form.CarpetaCompartida, numero, *ficha, CodigoEn(form, numero)};
   AnotarSalida(form, numero);
   // The code first: once the slot is free, another gate may take it and write its own code there.
   if (puesto.codigo != RegistroCodigo{}) form.GuardarCodigoBarras(false);
   const Outcome freed = act.Write(numero, form.FichaActual, true);
   freed.PassOver();
-  if (!freed) DevolverCodigo(form, numero, puesto);
+  if (!freed) DevolverCodigo(form, puesto);
   return puesto;
 }
 
-/// Puts a ficha back inside whose row could not be written.
-void DevolverPuesto(Form1& form, std::int64_t numero, const Puesto& puesto) {
+/// False while the slot can't be reached. Nothing is given back where another gate has filled it since.
+bool DevolverPuesto(const Form1& form, const PuestoPendiente& puesto) {
+  Register<RegistroFicha> act = Puestos(form);
+  const std::optional<RegistroFicha> ahora = act.Read(puesto.numero).PassOver();
+  if (!ahora) return false;
+  if (ahora->EnUso) return true;
+  const Outcome written = act.Write(puesto.numero, puesto.ficha, true);
+  written.PassOver();
+  if (written) DevolverCodigo(form, puesto);
+  return static_cast<bool>(written);
+}
+
+/// A ficha whose row could not be written stays inside: at once, or when its folder is back.
+void QuedarAdentro(Form1& form, const PuestoPendiente& puesto) {
   form.BuscarEnlaceYa();
   form.FichaActual = puesto.ficha;
-  Register<RegistroFicha> act = Puestos(form);
-  const std::optional<RegistroFicha> ahora = act.Read(numero).PassOver();
-  // Nothing to give back where another gate freed the slot, or has filled it since.
-  if (!ahora || !puesto.ficha.EnUso || ahora->EnUso) return;
-  act.Write(numero, puesto.ficha, true).PassOver();
-  DevolverCodigo(form, numero, puesto);
+  if (!puesto.ficha.EnUso) return;  // another gate freed the slot
+  if (!DevolverPuesto(form, puesto)) form.PuestosPendientes.push_back(puesto);
 }
 
 /// The photo of the entrance, under a name that only the row of its exit has.
@@ -121,10 +123,17 @@ void PasarFoto(Form1& form, std::int64_t numero, const std::optional<FileMark>& 
 
 }  // namespace
 
+void Form1::DevolverPuestos() {
+  std::erase_if(PuestosPendientes, [this](const PuestoPendiente& puesto) {
+    return puesto.carpeta == CarpetaCompartida && DevolverPuesto(*this, puesto);
+  });
+}
+
 bool PasarAlHistorial(Form1& form) {
+  form.DevolverPuestos();  // it may be one of them that leaves
   const std::int64_t numero = form.NumeroEscrito();
   const std::optional<FileMark> foto = form.Devices().disk.Look(RutaFotoAdentro(form, numero));
-  const std::optional<Puesto> puesto = LiberarPuesto(form, numero);
+  const std::optional<PuestoPendiente> puesto = LiberarPuesto(form, numero);
   if (!puesto) return false;
   // Another gate has retired the same ficha, and added its points.
   const std::int64_t ganados = form.PuntosEstadia;
@@ -136,7 +145,7 @@ bool PasarAlHistorial(Form1& form) {
     if (puesto->ficha.EnUso && conFila) PasarFoto(form, numero, foto);
     return true;
   }
-  DevolverPuesto(form, numero, *puesto);
+  QuedarAdentro(form, *puesto);
   return false;
 }
 

@@ -34,6 +34,7 @@ void Form1::TmrConexion_Timer() {
     // Not the interval alone: an operation that missed ACT meanwhile has shortened it.
     const bool connects = TmrConexion.Interval() == kConnectingInterval || bar == kLightRed;
     TmrConexion.SetInterval(kConnected);
+    DevolverPuestos();
     if (connects) {
       TmrHoraFecha.SetEnabled(PctFicha.TagNumber() == 0);  // a pointer that rests on a cell keeps it stopped
       TmrMonitor.SetEnabled(true);

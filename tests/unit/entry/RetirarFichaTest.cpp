@@ -300,6 +300,64 @@ TEST_F(RetirarFichaTest, AFolderThatGoesBehindTheFreedSlotLeavesTheFichaToTheNex
   EXPECT_EQ(halfway, 1);  // after it the row stands
 }
 
+TEST_F(RetirarFichaTest, AFichaWhoseFolderGoesBehindTheFreedSlotIsInsideAgainWhenItIsBack) {
+  int halfway = 0;
+  for (int step = 0; !InHistory(); ++step) {
+    ASSERT_LT(step, 60);
+    const RegistroFicha before = station_.Slot(7);
+    station_.UnderBox = [&] { station_.Faulty.Set().goneAfter = step; };
+    Retire();
+    station_.UnderBox = {};
+    const bool free = !Inside() && !InHistory();
+    if (free) station_.Hands.Key(keys::kEscape, 0);
+    EXPECT_TRUE(!free || Idle()) << step;
+    station_.Pass(20'000);
+    EXPECT_EQ(!Inside() && !InHistory(), free) << step << ": nothing can be done while it is away";
+    station_.Faulty.Repair();
+    station_.Pass(20'000);
+    if (InHistory()) continue;
+    EXPECT_EQ(station_.Slot(7), before) << step;
+    EXPECT_TRUE(form_.PuestosPendientes.empty()) << step;
+    if (free) {
+      ++halfway;
+      station_.TypeAndEnter("7");
+    }
+  }
+  EXPECT_EQ(halfway, 1);
+}
+
+TEST_F(RetirarFichaTest, ASlotThatAnotherGateHasFilledMeanwhileIsNotGivenBack) {
+  for (int step = 0; Inside(); ++step) {
+    ASSERT_LT(step, 60);
+    station_.UnderBox = [&] { station_.Faulty.Set().goneAfter = step; };
+    Retire();
+    station_.UnderBox = {};
+    station_.Faulty.Repair();
+  }
+  ASSERT_EQ(form_.PuestosPendientes.size(), 1u);
+  station_.Hands.Key(keys::kEscape, 0);
+  RegistroFicha theirs = station_.Slot(7);
+  theirs.EnUso = true;
+  theirs.Placa = "THEIRS";
+  station_.PutSlot(7, theirs);
+  station_.Pass(20'000);
+  EXPECT_EQ(station_.Slot(7), theirs);
+  EXPECT_TRUE(form_.PuestosPendientes.empty());
+}
+
+TEST_F(RetirarFichaTest, ASlotOfAnotherFolderWaitsForThatOne) {
+  const RegistroFicha before = station_.Slot(7);
+  form_.PuestosPendientes.push_back({"elsewhere"_w, 7, before, {}});
+  RegistroFicha free = before;
+  free.EnUso = false;
+  station_.PutSlot(7, free);
+  form_.DevolverPuestos();
+  EXPECT_EQ(station_.Slot(7), free);
+  form_.PuestosPendientes.front().carpeta = form_.CarpetaCompartida;
+  form_.DevolverPuestos();
+  EXPECT_EQ(station_.Slot(7), before);
+}
+
 /// A clock on which a minute turns over after so many looks.
 class TurningClock final : public Clock {
  public:
