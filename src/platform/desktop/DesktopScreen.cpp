@@ -137,9 +137,13 @@ Answer DesktopScreen::Show(const Box& box) {
 }
 
 QMessageBox& DesktopScreen::Ask(const Box& box, std::function<void(Answer)> answered) {
-  QMessageBox& dialog = Raise(box, std::move(answered));
-  own_ = &dialog;
-  return dialog;
+  own_ = &Raise(box, [this, answered = std::move(answered)](Answer answer) {
+    own_ = nullptr;
+    ShowPointer();
+    answered(answer);
+  });
+  ShowPointer();
+  return *own_;
 }
 
 QMessageBox& DesktopScreen::Raise(const Box& box, std::function<void(Answer)> answered) {
@@ -245,7 +249,7 @@ void DesktopScreen::ShowLate(bool late) {
 }
 
 void DesktopScreen::ShowPointer() {
-  const bool hourglass = shownBusy_ || late_;
+  const bool hourglass = (shownBusy_ || late_) && !own_;  // it would lie over the question's buttons
   if (std::exchange(hourglass_, hourglass) == hourglass) return;
   if (hourglass) {
     QApplication::setOverrideCursor(Qt::WaitCursor);

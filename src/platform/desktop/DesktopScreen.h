@@ -44,7 +44,8 @@ class DesktopScreen : public Screen {
   std::function<void()> OnUp;
   /// Runs when a box has come up: a test answers it here.
   std::function<void(QMessageBox&, const Box&)> OnShown;
-  /// Runs when the operator has answered a box of the station's.
+  /// Runs when a box of the station's is over: answered, or gone with its window, which is the harmless
+  /// answer.
   std::function<void(const Box&, Answer)> OnAnswered;
   /// Shows a box, which the caller destroys; `answered` runs once. For one of the window's own, which the
   /// station needs not know.
