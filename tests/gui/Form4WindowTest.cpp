@@ -44,6 +44,15 @@ class Articles : public Gate {
     const qreal scale = list.devicePixelRatio();
     return list.copy(QRectF(row.topLeft() * scale, row.size() * scale).toRect());
   }
+  /// The station hangs while `steps` run.
+  void InAHang(const std::function<void()>& steps) {
+    seam_.Hangs = true;
+    steps();
+    QCoreApplication::processEvents();
+    seam_.Hangs = false;
+    queue_->Go();
+    QCoreApplication::processEvents();
+  }
   QString Value(int row) { return Face<CaptionLabel>(QStringLiteral("TxtTotal(%1)").arg(row)).Caption(); }
   QString Total() { return Value(20); }
   bool HasQuantity(int row) { return Face(QStringLiteral("CboCantidad(%1)").arg(row)).isVisible(); }
@@ -217,6 +226,26 @@ TEST_F(Articles, TheInvoiceIsTickedByMouse) {
     EXPECT_EQ(Model().ChkFactura.Value, 1);
     EXPECT_TRUE(Face<QCheckBox>("ChkFactura").isChecked());
     EXPECT_EQ(Focused(), "LstArticulo");
+  });
+}
+
+TEST_F(Articles, InAHangTheInvoiceIsTickedWhenTheStationHasServedIt) {
+  Open(5, [this] {
+    auto& tick = Face<QCheckBox>("ChkFactura");
+    for (const int turns : {1, 2, 1}) {
+      const bool before = tick.isChecked();
+      InAHang([&] {
+        for (int turn = 0; turn < turns; ++turn) {
+          Click("ChkFactura");
+          Refresh();
+          EXPECT_EQ(tick.isChecked(), before);
+        }
+        tick.click();  // as an assistive tool does
+        EXPECT_EQ(tick.isChecked(), before);
+      });
+      EXPECT_EQ(tick.isChecked(), before != (turns == 1));
+      EXPECT_EQ(tick.isChecked(), Model().ChkFactura.Value == 1);
+    }
   });
 }
 

@@ -1,6 +1,5 @@
 #include "window/form4/Form4Window.h"
 
-#include <QCheckBox>
 #include <QGridLayout>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -11,6 +10,7 @@
 #include "window/controls/PushButton.h"
 #include "window/controls/TextField.h"
 #include "window/controls/Theme.h"
+#include "window/controls/TickBox.h"
 #include "window/controls/TickList.h"
 #include "window/controls/Views.h"
 
@@ -146,8 +146,7 @@ void Form4Window::BuildInvoice(Stage& stage, QBoxLayout& column) {
       new IconButton(QStringLiteral("ImgIndicador-5"), kSignEdge, kSign, IconButton::Kind::kSign, card);
   row->addWidget(sign);
   BindPlain(stage, "ImgIndicador", *sign);
-  auto* const invoice = new QCheckBox(card);
-  invoice->setFocusPolicy(Qt::NoFocus);
+  auto* const invoice = new TickBox(card);
   row->addWidget(invoice, 1);
   Bind(stage, "ChkFactura", *invoice);
   column.addStretch(1);
