@@ -158,10 +158,11 @@ class TicksView : public TypedView<ListState, TickList> {
 
  protected:
   void ShowOwn() override {
-    if (state.rows.News()) face.ShowRows(Texts(*state.rows));
+    const bool rows = state.rows.News();
+    if (rows) face.ShowRows(Texts(*state.rows));
     if (state.ticks.News()) face.ShowTicks(*state.ticks);
     if (state.row.News()) face.ShowRow(*state.row);
-    if (state.top.News()) face.ShowTop(*state.top);
+    if (rows | state.top.News()) face.ShowTop(*state.top);
   }
 };
 

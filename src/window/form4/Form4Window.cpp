@@ -86,6 +86,7 @@ void Form4Window::BuildList(Stage& stage, QGridLayout& grid) {
   const int rows = std::max(Rows(), kFewRows);
   // Below the other columns too: a row is one thing.
   auto* const list = new TickList(rows, kPitch, card);
+  theme::CoverGround(*list);
   head(kArticulo, kNames, Qt::AlignLeft, kNamesWidth);
   head(kCantidad, kQuantities, Qt::AlignHCenter, kQuantityWidth);
   head(kValor, kValues, Qt::AlignRight, kValueWidth);
