@@ -20,7 +20,10 @@ class DirectSeam : public Seam {
   /// The station is free again.
   std::function<void()> OnFree = [] {};
 
-  bool Free() const override { return serves_; }
+  /// The station hangs: what hands do is kept.
+  bool Hangs = false;
+
+  bool Free() const override { return serves_ && !Hangs; }
   void Give(Step step, std::int64_t /*at*/) override {
     const bool serves = std::exchange(serves_, false), inStep = std::exchange(inStep_, true);
     step();

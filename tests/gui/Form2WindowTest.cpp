@@ -1,5 +1,6 @@
 // The window of the search, which stands beside the main one: whose the keys are, and how far a search is.
 #include <QProgressDialog>
+#include <QPushButton>
 #include <QTest>
 #include <QTimer>
 
@@ -86,6 +87,48 @@ TEST_F(Searches, WorkOfMoreThanHalfASecondIsSeenAndEndedByEsc) {
   EXPECT_FALSE(screen_.Working(what, 0.5));
   screen_.Worked();
   EXPECT_EQ(window_->findChild<QProgressDialog*>(), nullptr);
+}
+
+TEST_F(Searches, OfShortWorkNothingIsSeen) {
+  Start();
+  const String what = "Buscando en el historial…"_w;
+  ASSERT_TRUE(screen_.Working(what, 0));
+  EXPECT_FALSE(screen_.ShowsWork());
+  QTest::qWait(100);
+  ASSERT_TRUE(screen_.Working(what, 0.001));  // it would take long
+  EXPECT_FALSE(window_->findChild<QProgressDialog*>()->isVisible());
+  screen_.Worked();
+}
+
+// Broken off, it may hang all the same: then the line of the wait is the only sign.
+TEST_F(Searches, WorkIsSeenUntilItIsBrokenOff) {
+  Start();
+  const String what = "Buscando en el historial…"_w;
+  ASSERT_TRUE(screen_.Working(what, 0));
+  QTest::qWait(600);
+  EXPECT_TRUE(screen_.ShowsWork());
+  window_->findChild<QProgressDialog*>()->findChild<QPushButton*>()->click();
+  EXPECT_FALSE(screen_.ShowsWork());
+  EXPECT_FALSE(screen_.BreakOff());
+  EXPECT_FALSE(screen_.Working(what, 0.5));
+  screen_.Worked();
+  EXPECT_FALSE(screen_.ShowsWork());
+}
+
+TEST_F(Searches, TheFirstEscAloneBreaksOff) {
+  Start();
+  EXPECT_FALSE(screen_.BreakOff());
+  const String what = "Buscando en el historial…"_w;
+  for (int work = 0; work < 2; ++work) {
+    ASSERT_TRUE(screen_.Working(what, 0));
+    EXPECT_TRUE(screen_.BreakOff());
+    EXPECT_FALSE(screen_.BreakOff());
+    EXPECT_FALSE(screen_.Working(what, 0.5));
+    QTest::qWait(600);
+    EXPECT_FALSE(screen_.ShowsWork());
+    screen_.Worked();
+    EXPECT_FALSE(screen_.BreakOff());
+  }
 }
 
 TEST_F(Searches, WorkWhoseWindowHasGoneEnds) {

@@ -3,6 +3,7 @@
 #include <QScrollBar>
 #include <QTest>
 #include <QWheelEvent>
+#include <algorithm>
 
 #include "gui/Gate.h"
 #include "sales/form4/Form4.h"
@@ -43,6 +44,20 @@ class Articles : public Gate {
     const QRectF row = List().Place(place).adjusted(2, 2, -2, -2);
     const qreal scale = list.devicePixelRatio();
     return list.copy(QRectF(row.topLeft() * scale, row.size() * scale).toRect());
+  }
+  /// The station hangs while `steps` run.
+  void InAHang(const std::function<void()>& steps) {
+    seam_.Hangs = true;
+    steps();
+    QCoreApplication::processEvents();
+    seam_.Hangs = false;
+    queue_->Go();
+    QCoreApplication::processEvents();
+  }
+  /// Nothing lies over the list in this row.
+  bool IsBare(int row) {
+    const QRect quantity = Place(QStringLiteral("CboCantidad(%1)").arg(row));
+    return Front().childAt(quantity.center()) == &List();
   }
   QString Value(int row) { return Face<CaptionLabel>(QStringLiteral("TxtTotal(%1)").arg(row)).Caption(); }
   QString Total() { return Value(20); }
@@ -177,6 +192,95 @@ TEST_F(Articles, WheelAndBarScrollAsFarAsThereAreArticles) {
   });
 }
 
+TEST_F(Articles, InAHangTheListScrollsNotchByNotch) {
+  Open(50, [this] {
+    std::vector<int> tops;
+    InAHang([&] {
+      const QImage before = RowPicture(1);
+      for (int notch = 0; notch < 3; ++notch) {
+        Wheel(-1);
+        tops.push_back(List().Top());
+      }
+      EXPECT_EQ(tops, std::vector<int>({3, 6, 9}));
+      EXPECT_EQ(List().findChild<QScrollBar*>()->value(), 9);
+      EXPECT_NE(RowPicture(1), before);
+      EXPECT_EQ(Model().LstArticulo.TopIndex, 0);
+      tops.clear();
+      seam_.Publish = [this, &tops] {
+        Refresh();
+        tops.push_back(Model().LstArticulo.TopIndex);
+        EXPECT_EQ(List().Top(), 9) << "back at " << tops.back();
+      };
+    });
+    seam_.Publish = [this] { Refresh(); };
+    tops.erase(std::unique(tops.begin(), tops.end()), tops.end());
+    ASSERT_EQ(tops, std::vector<int>({3, 6, 9}));
+    EXPECT_EQ(List().Top(), 9);
+    Wheel(1);
+    EXPECT_EQ(Model().LstArticulo.TopIndex, 6);
+  });
+}
+
+TEST_F(Articles, ArrowsTakeTheViewBackThatWasScrolledInAHang) {
+  Open(50, [this] {
+    InAHang([&] {
+      Wheel(-1);
+      Key(Qt::Key_End);
+      Wheel(-2);
+      Key(Qt::Key_Home);
+      EXPECT_EQ(List().Top(), 9);
+    });
+    EXPECT_EQ(Model().LstArticulo.TopIndex, 0);
+    EXPECT_EQ(List().Top(), 0);
+  });
+}
+
+// A quantity that stood beside the name of another article would be sold.
+TEST_F(Articles, ScrolledInAHangTheListShowsNoQuantitiesOfOtherRows) {
+  Open(50, [this] {
+    Press(0);
+    Type("9");
+    ASSERT_FALSE(IsBare(0));
+    const auto ground = [this] {
+      return Front().grab(Place("TxtTotal(0)").adjusted(2, 2, -2, -2)).toImage();
+    };
+    const QImage value = ground();
+    InAHang([&] {
+      Wheel(-1);
+      EXPECT_TRUE(IsBare(0));
+      QImage bare = ground();
+      bare.fill(bare.pixelColor(0, 0));
+      EXPECT_EQ(ground(), bare);
+      Press(1);  // the fifth article
+      EXPECT_FALSE(Model().LstArticulo.Checked[4]);
+    });
+    EXPECT_TRUE(Model().LstArticulo.Checked[4]);
+    EXPECT_FALSE(IsBare(1));
+    EXPECT_EQ(Shown("CboCantidad(1)"), "1");
+    EXPECT_EQ(Total(), "1400");
+    Wheel(1);
+    EXPECT_FALSE(IsBare(0));
+    EXPECT_EQ(ground(), value);
+  });
+}
+
+TEST_F(Articles, AScrollThatEscHasTakenBackIsMadeGoodByAPress) {
+  Open(50, [this] {
+    InAHang([&] {
+      queue_->Late = [] { return true; };
+      Wheel(-1);
+      Key(Qt::Key_Escape);
+    });
+    queue_->Late = nullptr;
+    ASSERT_EQ(Model().LstArticulo.TopIndex, 0);
+    EXPECT_EQ(List().Top(), 3);
+    Press(1);
+    EXPECT_TRUE(Model().LstArticulo.Checked[4]);
+    EXPECT_EQ(Model().LstArticulo.TopIndex, 3);
+    EXPECT_FALSE(IsBare(1));
+  });
+}
+
 TEST_F(Articles, WithoutMoreThanTwentyThereIsNoBar) {
   Open(20, [this] {
     EXPECT_FALSE(List().findChild<QScrollBar*>()->isVisible());
@@ -217,6 +321,26 @@ TEST_F(Articles, TheInvoiceIsTickedByMouse) {
     EXPECT_EQ(Model().ChkFactura.Value, 1);
     EXPECT_TRUE(Face<QCheckBox>("ChkFactura").isChecked());
     EXPECT_EQ(Focused(), "LstArticulo");
+  });
+}
+
+TEST_F(Articles, InAHangTheInvoiceIsTickedWhenTheStationHasServedIt) {
+  Open(5, [this] {
+    auto& tick = Face<QCheckBox>("ChkFactura");
+    for (const int turns : {1, 2, 1}) {
+      const bool before = tick.isChecked();
+      InAHang([&] {
+        for (int turn = 0; turn < turns; ++turn) {
+          Click("ChkFactura");
+          Refresh();
+          EXPECT_EQ(tick.isChecked(), before);
+        }
+        tick.click();  // as an assistive tool does
+        EXPECT_EQ(tick.isChecked(), before);
+      });
+      EXPECT_EQ(tick.isChecked(), before != (turns == 1));
+      EXPECT_EQ(tick.isChecked(), Model().ChkFactura.Value == 1);
+    }
   });
 }
 

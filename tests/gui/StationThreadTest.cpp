@@ -4,14 +4,17 @@
 #include <gtest/gtest.h>
 #include <poll.h>
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QElapsedTimer>
+#include <QPointer>
+#include <QProgressDialog>
 #include <QTest>
 #include <future>
 #include <string>
 #include <vector>
 
 #include "gui/LockedClock.h"
+#include "platform/desktop/DesktopScreen.h"
 
 namespace vintoral::test {
 namespace {
@@ -286,6 +289,51 @@ TEST_F(Threads, LongWorkLetsTicksAndNewsPassAndNoHands) {
       1000);
   ASSERT_TRUE(Soon([&] { return Done().size() == 4; }));
   EXPECT_EQ(Done(), Log({"told@1250", "tick@1250", "worked@1250", "key@1250"}));
+}
+
+// The window shows how far the work is while the station goes on, and may have ended meanwhile.
+TEST_F(Threads, TheProgressOfWorkIsShownBeforeItGoes) {
+  constexpr int kRounds = 3;
+  const String what = "Buscando…"_w;
+  DesktopScreen screen(thread_);
+  bool showing = false, cut = false;
+  QPointer<QProgressDialog> dialog;
+  std::atomic<bool> seen = false, worked = false;
+  int ends = 0;
+  const auto work = [&] {
+    screen.Working(what, 0);
+    while (!seen)
+      std::this_thread::yield();
+    thread_.ToWindow([&] {
+      while (!worked)
+        std::this_thread::yield();
+      // What the window does next it does with all that follows here already waiting.
+      showing = true;
+      QMetaObject::invokeMethod(
+          qApp, [&] { cut = cut || showing; }, Qt::QueuedConnection);
+      QObject::connect(dialog, &QObject::destroyed, [&] { cut = cut || showing; });
+    });
+    screen.Working(what, 0.5);
+    thread_.ToWindow([&] { showing = false; });
+    screen.Worked();
+    thread_.ToWindow([&] { ++ends; });
+    worked = true;
+  };
+  Start();
+  for (int round = 0; round < kRounds; ++round) {
+    seen = worked = false;
+    thread_.Give(work, 1000);
+    ASSERT_TRUE(Soon([&] { return screen.ShowsWork(); }));
+    for (QWidget* const top : QApplication::topLevelWidgets()) {
+      if (auto* const progress = qobject_cast<QProgressDialog*>(top)) dialog = progress;
+    }
+    ASSERT_TRUE(dialog);
+    seen = true;
+    ASSERT_TRUE(Soon([&] { return ends > round; }));
+    EXPECT_FALSE(dialog);
+    EXPECT_FALSE(cut);
+    ASSERT_TRUE(Soon([&] { return thread_.Free(); }));
+  }
 }
 
 bool Rings(const BusyWatch& watch, int milliseconds) {

@@ -1,4 +1,5 @@
 // What is shown while the station waits for the folder, and where a key goes that was kept meanwhile.
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMessageBox>
 #include <QTest>
@@ -185,6 +186,32 @@ TEST_F(KeptInBoxes, NoAnswerToWhatTheWindowAsksByItself) {
   EXPECT_EQ(screen_.Show(box), Answer::kYes);
   EXPECT_EQ(ups, 1);
   EXPECT_TRUE(own->isVisible());
+}
+
+bool IsHourglass() {
+  const QCursor* const pointer = QApplication::overrideCursor();
+  return pointer != nullptr && pointer->shape() == Qt::WaitCursor;
+}
+
+TEST_F(KeptInBoxes, WhatTheWindowAsksByItselfIsAnsweredWithAnArrow) {
+  const Box box{"Cerrar"_w, "¿Salir?"_w, Icon::kNone, {Answer::kYes, Answer::kNo}, Answer::kNo};
+  screen_.OnShown = nullptr;
+  screen_.ShowLate(true);
+  ASSERT_TRUE(IsHourglass());
+  std::unique_ptr<QMessageBox> own(&screen_.Ask(box, [](Answer) {}));
+  EXPECT_FALSE(IsHourglass());
+  screen_.Busy(true);
+  screen_.ShowLate(true);
+  EXPECT_FALSE(IsHourglass());
+  own->reject();
+  EXPECT_TRUE(IsHourglass());
+  own.reset(&screen_.Ask(box, [](Answer) {}));
+  ASSERT_FALSE(IsHourglass());
+  own.reset();
+  EXPECT_TRUE(IsHourglass());
+  screen_.Busy(false);
+  screen_.ShowLate(false);
+  EXPECT_FALSE(IsHourglass());
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMessageBox>
+#include <QProgressBar>
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QShortcutEvent>
@@ -137,9 +138,13 @@ Answer DesktopScreen::Show(const Box& box) {
 }
 
 QMessageBox& DesktopScreen::Ask(const Box& box, std::function<void(Answer)> answered) {
-  QMessageBox& dialog = Raise(box, std::move(answered));
-  own_ = &dialog;
-  return dialog;
+  own_ = &Raise(box, [this, answered = std::move(answered)](Answer answer) {
+    own_ = nullptr;
+    ShowPointer();
+    answered(answer);
+  });
+  ShowPointer();
+  return *own_;
 }
 
 QMessageBox& DesktopScreen::Raise(const Box& box, std::function<void(Answer)> answered) {
@@ -192,8 +197,9 @@ bool DesktopScreen::Working(const String& what, double done) {
   }
   const int step = static_cast<int>(done * kSteps);
   if (std::exchange(work_->shown, step) != step) {
+    // The bar's own: that of the dialog runs events, and with them what the station says next.
     seam_.ToWindow([this, step] {
-      if (progress_) progress_->setValue(step);
+      if (progress_) progress_->findChild<QProgressBar*>()->setValue(step);
     });
   }
   seam_.Breathe();
@@ -206,20 +212,27 @@ void DesktopScreen::ShowWork(const String& what, const std::shared_ptr<Work>& wo
   progress_ =
       new QProgressDialog(Utf16(what), Caption(Answer::kCancel), 0, kSteps, Owner ? Owner() : nullptr);
   progress_->setWindowModality(Qt::ApplicationModal);
-  progress_->setMinimumDuration(static_cast<int>(kUntilShown.count()));
   progress_->setAutoReset(false);
   progress_->setAutoClose(false);
   shownWork_ = work;
   const auto breakOff = [work] { work->brokenOff = true; };
+  // The dialog's own patience begins with its own values, which it is not given.
+  QTimer::singleShot(kUntilShown, progress_, [progress = progress_.data()] {
+    if (!progress->wasCanceled()) progress->show();
+  });
   QObject::connect(progress_, &QProgressDialog::canceled, breakOff);
   QObject::connect(progress_, &QObject::destroyed, breakOff);
 }
 
 bool DesktopScreen::BreakOff() {
   const std::shared_ptr<Work> work = shownWork_.lock();
-  if (work == nullptr || !progress_) return false;
-  work->brokenOff = true;
+  if (work == nullptr || !progress_ || work->brokenOff.exchange(true)) return false;
+  progress_->cancel();
   return true;
+}
+
+bool DesktopScreen::ShowsWork() const {
+  return progress_ && progress_->isVisible();
 }
 
 void DesktopScreen::Worked() {
@@ -245,7 +258,7 @@ void DesktopScreen::ShowLate(bool late) {
 }
 
 void DesktopScreen::ShowPointer() {
-  const bool hourglass = shownBusy_ || late_;
+  const bool hourglass = (shownBusy_ || late_) && !own_;  // it would lie over the question's buttons
   if (std::exchange(hourglass_, hourglass) == hourglass) return;
   if (hourglass) {
     QApplication::setOverrideCursor(Qt::WaitCursor);

@@ -44,7 +44,8 @@ class DesktopScreen : public Screen {
   std::function<void()> OnUp;
   /// Runs when a box has come up: a test answers it here.
   std::function<void(QMessageBox&, const Box&)> OnShown;
-  /// Runs when the operator has answered a box of the station's.
+  /// Runs when a box of the station's is over: answered, or gone with its window, which is the harmless
+  /// answer.
   std::function<void(const Box&, Answer)> OnAnswered;
   /// Shows a box, which the caller destroys; `answered` runs once. For one of the window's own, which the
   /// station needs not know.
@@ -52,9 +53,11 @@ class DesktopScreen : public Screen {
   /// The box that is up takes a key that was kept; false when none of the station's is up: what was typed
   /// before the window asked is no answer to it. Null: nothing that is for a box.
   bool ToBox(const QKeyEvent* key);
-  /// The work under way is broken off; false when there is none that can be.
+  /// The work under way is broken off; false when there is none that can be, or it is being broken off
+  /// already.
   bool BreakOff();
-  bool ShowsWork() const { return !progress_.isNull(); }
+  /// The operator sees how far the work under way is.
+  bool ShowsWork() const;
   /// The station is late: the pointer says so, whatever the station itself says.
   void ShowLate(bool late);
 

@@ -1,6 +1,5 @@
 #include "window/controls/FormatWindow.h"
 
-#include <QCheckBox>
 #include <QScreen>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -14,6 +13,7 @@
 #include "window/controls/SlipText.h"
 #include "window/controls/TextField.h"
 #include "window/controls/Theme.h"
+#include "window/controls/TickBox.h"
 #include "window/controls/TitledCard.h"
 #include "window/controls/Views.h"
 
@@ -120,9 +120,8 @@ void FormatWindow::TakeUsualSize() {
   resize(usual.width(), std::clamp(room, minimumSizeHint().height(), usual.height()));
 }
 
-QCheckBox& FormatWindow::NewTick(Stage& stage, const ControlName& name, QWidget& parent) {
-  auto* const tick = new QCheckBox(&parent);
-  tick->setFocusPolicy(Qt::NoFocus);  // the focus is the station's to give
+TickBox& FormatWindow::NewTick(Stage& stage, const ControlName& name, QWidget& parent) {
+  auto* const tick = new TickBox(&parent);
   Bind(stage, name, *tick);
   return *tick;
 }

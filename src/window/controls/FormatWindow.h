@@ -5,13 +5,13 @@
 #include "window/controls/DialogWindow.h"
 
 class QBoxLayout;
-class QCheckBox;
 
 namespace vintoral {
 
 class PictureLoader;
 class SlipPaper;
 class TextField;
+class TickBox;
 struct ControlName;
 struct Stage;
 
@@ -26,7 +26,7 @@ class FormatWindow : public DialogWindow {
   QBoxLayout& BuildPrinter(Stage& stage);
   /// As high as the screen has room, with header and footer of no more lines than usual.
   void TakeUsualSize();
-  QCheckBox& NewTick(Stage& stage, const ControlName& name, QWidget& parent);
+  TickBox& NewTick(Stage& stage, const ControlName& name, QWidget& parent);
   TextField& NewField(Stage& stage, const ControlName& name, SlipPaper& paper);
 
   void resizeEvent(QResizeEvent* event) override;

@@ -42,6 +42,7 @@ int TickList::LastTop() const {
 
 void TickList::ShowRows(const QStringList& rows) {
   rows_ = rows;
+  told_.clear();  // it was told of other rows
   const QSignalBlocker quiet(bar_);
   bar_->setRange(0, LastTop());
   bar_->setVisible(LastTop() > 0);
@@ -59,15 +60,26 @@ void TickList::ShowRow(int row) {
 }
 
 void TickList::ShowTop(int top) {
-  top_ = top;
-  const QSignalBlocker quiet(bar_);
-  bar_->setValue(top);
-  update();
+  const auto told = std::find(told_.rbegin(), told_.rend(), top);
+  // A top that nobody told is a word of the station's own.
+  told_.erase(told_.begin(), told == told_.rend() ? told_.end() : told.base());
+  if (told_.empty()) MoveTo(top);
 }
 
 void TickList::ScrollTo(int top) {
   const int wanted = std::clamp(top, 0, LastTop());
-  if (wanted != top_ && onScrolled) onScrolled(wanted);
+  if (wanted == top_ && told_.empty()) return;
+  told_.push_back(wanted);
+  MoveTo(wanted);
+  if (onScrolled) onScrolled(wanted);
+}
+
+void TickList::MoveTo(int top) {
+  top_ = top;
+  const QSignalBlocker quiet(bar_);
+  bar_->setValue(top);
+  told_.empty() ? lower() : raise();
+  update();
 }
 
 void TickList::resizeEvent(QResizeEvent* /*event*/) {
@@ -76,7 +88,9 @@ void TickList::resizeEvent(QResizeEvent* /*event*/) {
 
 void TickList::mousePressEvent(QMouseEvent* event) {
   const int row = top_ + static_cast<int>(event->position().y()) / pitch_;
-  if (event->button() == Qt::LeftButton && row < rows_.size() && onPressed) onPressed(row);
+  if (event->button() != Qt::LeftButton || row >= rows_.size()) return;
+  ScrollTo(top_);  // where it was pressed it is seen, also when Esc has taken a scroll back
+  if (onPressed) onPressed(row);
 }
 
 void TickList::wheelEvent(QWheelEvent* event) {

@@ -1,5 +1,7 @@
 // A list that stands open, each row with a tick: a press anywhere on a row turns its tick over, the wheel and
-// the bar scroll. It shows as many rows as it was made for; what else stands in them is laid beside it.
+// the bar scroll. It shows as many rows as it was made for; what else stands in them is laid over it, and is
+// the station's. The list scrolls at once; until the station has come there too it covers what would stand in
+// the wrong rows.
 #pragma once
 
 #include <QStringList>
@@ -21,10 +23,11 @@ class TickList : public QWidget {
   void ShowTicks(const std::vector<bool>& ticks);
   /// The row that has the keyboard while the list has it; -1 for none.
   void ShowRow(int row);
+  /// The first row in view, as the station knows it.
   void ShowTop(int top);
 
   std::function<void(int)> onPressed;
-  /// The first row in view is to be this one.
+  /// The first row in view is this one, and is to be so for the station too.
   std::function<void(int)> onScrolled;
 
   int Top() const { return top_; }
@@ -43,6 +46,7 @@ class TickList : public QWidget {
  private:
   int LastTop() const;
   void ScrollTo(int top);
+  void MoveTo(int top);
   void PaintRow(QPainter& painter, int place) const;
   void PaintTick(QPainter& painter, const QRect& row, bool ticked) const;
 
@@ -52,6 +56,7 @@ class TickList : public QWidget {
   std::vector<bool> ticks_;
   int row_ = -1;
   int top_ = 0;
+  std::vector<int> told_;  ///< the tops that the station has yet to come to
   QScrollBar* bar_;
 };
 

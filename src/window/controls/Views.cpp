@@ -1,6 +1,5 @@
 #include "window/controls/Views.h"
 
-#include <QCheckBox>
 #include <QPalette>
 #include <algorithm>
 #include <optional>
@@ -22,6 +21,7 @@
 #include "window/controls/TextEditor.h"
 #include "window/controls/TextField.h"
 #include "window/controls/Theme.h"
+#include "window/controls/TickBox.h"
 #include "window/controls/TickList.h"
 #include "window/controls/TitledCard.h"
 
@@ -158,10 +158,11 @@ class TicksView : public TypedView<ListState, TickList> {
 
  protected:
   void ShowOwn() override {
-    if (state.rows.News()) face.ShowRows(Texts(*state.rows));
+    const bool rows = state.rows.News();
+    if (rows) face.ShowRows(Texts(*state.rows));
     if (state.ticks.News()) face.ShowTicks(*state.ticks);
     if (state.row.News()) face.ShowRow(*state.row);
-    if (state.top.News()) face.ShowTop(*state.top);
+    if (rows | state.top.News()) face.ShowTop(*state.top);
   }
 };
 
@@ -186,7 +187,7 @@ class ReadingView : public TypedView<TextBoxState, CaptionLabel> {
   }
 };
 
-class CheckBoxView : public TypedView<ButtonState, QCheckBox> {
+class CheckBoxView : public TypedView<ButtonState, TickBox> {
  public:
   using TypedView::TypedView;
 
@@ -194,8 +195,7 @@ class CheckBoxView : public TypedView<ButtonState, QCheckBox> {
   void ShowOwn() override {
     // One that has no words of its own keeps those of its window.
     if (state.caption.News() && !state.caption->Empty()) face.setText(ToQString(TrimBlanks(*state.caption)));
-    // A click has turned the widget's own tick over, whatever came of it.
-    if (face.isChecked() != *state.on) face.setChecked(*state.on);
+    if (state.on.News()) face.setChecked(*state.on);
   }
 };
 
@@ -367,7 +367,7 @@ void BindText(Stage& stage, const ControlName& name, CaptionLabel& caption) {
   AddView<ReadingView, TextBoxState>(stage, name, caption);
 }
 
-void Bind(Stage& stage, const ControlName& name, QCheckBox& box) {
+void Bind(Stage& stage, const ControlName& name, TickBox& box) {
   AddView<CheckBoxView, ButtonState>(stage, name, box);
 }
 

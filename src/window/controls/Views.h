@@ -6,7 +6,6 @@
 #include <cstddef>
 #include <string>
 
-class QCheckBox;
 class QWidget;
 
 namespace vintoral {
@@ -26,6 +25,7 @@ class PushButton;
 class RowList;
 class TextEditor;
 class TextField;
+class TickBox;
 class TickList;
 class TitledCard;
 
@@ -65,7 +65,7 @@ void BindText(Stage& stage, const ControlName& name, TextField& field);
 /// A text box that nobody types in.
 void BindText(Stage& stage, const ControlName& name, CaptionLabel& caption);
 /// A check box.
-void Bind(Stage& stage, const ControlName& name, QCheckBox& box);
+void Bind(Stage& stage, const ControlName& name, TickBox& box);
 /// A picture box that is a button.
 void Bind(Stage& stage, const ControlName& name, IconButton& button);
 /// A picture box or an image.

@@ -1,6 +1,5 @@
 #include "window/form1/FieldsPanel.h"
 
-#include <QCheckBox>
 #include <QGridLayout>
 #include <QPainter>
 
@@ -10,6 +9,7 @@
 #include "window/controls/Mirror.h"
 #include "window/controls/TextField.h"
 #include "window/controls/Theme.h"
+#include "window/controls/TickBox.h"
 #include "window/controls/Views.h"
 #include "window/form1/AcceptedSign.h"
 
@@ -152,8 +152,8 @@ void FieldsPanel::BuildOptions(Stage& stage) {
   inOptions_->setColumnStretch(kSpace, 1);
   BuildCode(stage);
   BuildValidity(stage);
-  invoice_ = new QCheckBox(QStringLiteral("Factura"), options_);
-  invoice_->setFocusPolicy(Qt::NoFocus);
+  invoice_ = new TickBox(options_);
+  invoice_->setText(QStringLiteral("Factura"));
   Bind(stage, "ChkFactura", *invoice_);
   inOptions_->addWidget(invoice_, 0, kCode, kLeft);
   onBand_.append(invoice_);

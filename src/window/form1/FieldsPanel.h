@@ -9,12 +9,12 @@
 
 #include "window/controls/Card.h"
 
-class QCheckBox;
 class QGridLayout;
 
 namespace vintoral {
 
 class TextField;
+class TickBox;
 struct Stage;
 
 class FieldsPanel : public Card {
@@ -38,7 +38,7 @@ class FieldsPanel : public Card {
   QGridLayout* rows_;
   QWidget* options_;
   QGridLayout* inOptions_;
-  QCheckBox* invoice_ = nullptr;
+  TickBox* invoice_ = nullptr;
   TextField* code_ = nullptr;
   QList<QWidget*> onBand_;  ///< what the options' ground shows behind
   bool codes_ = false;

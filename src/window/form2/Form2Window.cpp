@@ -1,6 +1,5 @@
 #include "window/form2/Form2Window.h"
 
-#include <QCheckBox>
 #include <QGridLayout>
 #include <QVBoxLayout>
 
@@ -12,6 +11,7 @@
 #include "window/controls/PushButton.h"
 #include "window/controls/TextField.h"
 #include "window/controls/Theme.h"
+#include "window/controls/TickBox.h"
 #include "window/controls/Views.h"
 
 namespace vintoral {
@@ -108,8 +108,7 @@ void Form2Window::BuildCategory(Stage& stage, QGridLayout& grid) {
   categories->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);  // whatever the length of its names
   grid.addWidget(categories, grid.rowCount() - 1, kFields);
   Bind(stage, "CboTarifa", *categories);
-  auto* const inside = new QCheckBox(grid.parentWidget());
-  inside->setFocusPolicy(Qt::NoFocus);  // the focus is the station's to give
+  auto* const inside = new TickBox(grid.parentWidget());
   grid.addWidget(inside, grid.rowCount(), kFields);
   Bind(stage, "ChkFichas", *inside);
 }

@@ -2,6 +2,7 @@
 
 #include "window/controls/SlipPaper.h"
 #include "window/controls/SlipPhoto.h"
+#include "window/controls/TickBox.h"
 #include "window/controls/Views.h"
 
 namespace vintoral {

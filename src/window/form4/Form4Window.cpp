@@ -1,6 +1,5 @@
 #include "window/form4/Form4Window.h"
 
-#include <QCheckBox>
 #include <QGridLayout>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -11,6 +10,7 @@
 #include "window/controls/PushButton.h"
 #include "window/controls/TextField.h"
 #include "window/controls/Theme.h"
+#include "window/controls/TickBox.h"
 #include "window/controls/TickList.h"
 #include "window/controls/Views.h"
 
@@ -86,6 +86,7 @@ void Form4Window::BuildList(Stage& stage, QGridLayout& grid) {
   const int rows = std::max(Rows(), kFewRows);
   // Below the other columns too: a row is one thing.
   auto* const list = new TickList(rows, kPitch, card);
+  theme::CoverGround(*list);
   head(kArticulo, kNames, Qt::AlignLeft, kNamesWidth);
   head(kCantidad, kQuantities, Qt::AlignHCenter, kQuantityWidth);
   head(kValor, kValues, Qt::AlignRight, kValueWidth);
@@ -146,8 +147,7 @@ void Form4Window::BuildInvoice(Stage& stage, QBoxLayout& column) {
       new IconButton(QStringLiteral("ImgIndicador-5"), kSignEdge, kSign, IconButton::Kind::kSign, card);
   row->addWidget(sign);
   BindPlain(stage, "ImgIndicador", *sign);
-  auto* const invoice = new QCheckBox(card);
-  invoice->setFocusPolicy(Qt::NoFocus);
+  auto* const invoice = new TickBox(card);
   row->addWidget(invoice, 1);
   Bind(stage, "ChkFactura", *invoice);
   column.addStretch(1);

@@ -1,10 +1,10 @@
 #include "window/form8/Form8Window.h"
 
 #include <QBoxLayout>
-#include <QCheckBox>
 
 #include "window/controls/SlipPaper.h"
 #include "window/controls/TextField.h"
+#include "window/controls/TickBox.h"
 #include "window/controls/Views.h"
 
 namespace vintoral {
