@@ -70,12 +70,18 @@ std::optional<PuestoPendiente> LiberarPuesto(Form1& form, std::int64_t numero) {
   return puesto;
 }
 
-/// False while the slot can't be reached. Nothing is given back where another gate has filled it since.
+/// The slot is as this gate has left it. Another gate may have filled it since, or may have let the ficha out.
+bool EsElLiberado(const Form1& form, const RegistroFicha& ahora, const RegistroFicha& ficha) {
+  return !ahora.EnUso && ahora.PorteriaSalida.Trimmed() == form.NumeroPorteria &&
+         ahora.MarcaEntrada == ficha.MarcaEntrada && ahora.Placa == ficha.Placa;
+}
+
+/// False while the slot can't be reached.
 bool DevolverPuesto(const Form1& form, const PuestoPendiente& puesto) {
   Register<RegistroFicha> act = Puestos(form);
   const std::optional<RegistroFicha> ahora = act.Read(puesto.numero).PassOver();
   if (!ahora) return false;
-  if (ahora->EnUso) return true;
+  if (!EsElLiberado(form, *ahora, puesto.ficha)) return true;
   const Outcome written = act.Write(puesto.numero, puesto.ficha, true);
   written.PassOver();
   if (written) DevolverCodigo(form, puesto);
