@@ -20,8 +20,8 @@ constexpr milliseconds kLook{100};
 constexpr std::int64_t kUntilTold = 1000;
 /// What a station is given to end by itself, which may hang without having been found out yet.
 constexpr milliseconds kPatience{1100};
-/// Until the whole program is gone, from the moment at which it was to end: while the folder hangs, and where all
-/// is well and a mail is given its 10 s to leave the house.
+/// Until the whole program is gone, from the moment at which it was to end: while the folder hangs, and where
+/// all is well and a mail is given its 10 s to leave the house.
 constexpr milliseconds kUntilGoneLate{1800}, kUntilGone{12'000};
 
 }  // namespace

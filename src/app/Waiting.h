@@ -21,7 +21,8 @@ class Waiting {
   bool Late() const { return late_; }
   /// Looks whether it still is.
   void Look();
-  /// A close box, while the operator has been told: the window asks, since the station can't. False otherwise.
+  /// A close box, while the operator has been told: the window asks, since the station can't. False
+  /// otherwise.
   bool SeeToClosing();
   /// The system wants the program to end, or the operator, who has been asked: see GoneSoon.
   void EndSoon();

@@ -70,7 +70,8 @@ std::optional<PuestoPendiente> LiberarPuesto(Form1& form, std::int64_t numero) {
   return puesto;
 }
 
-/// The slot is as this gate has left it. Another gate may have filled it since, or may have let the ficha out.
+/// The slot is as this gate has left it. Another gate may have filled it since, or may have let the ficha
+/// out.
 bool EsElLiberado(const Form1& form, const RegistroFicha& ahora, const RegistroFicha& ficha) {
   return !ahora.EnUso && ahora.PorteriaSalida.Trimmed() == form.NumeroPorteria &&
          ahora.MarcaEntrada == ficha.MarcaEntrada && ahora.Placa == ficha.Placa;

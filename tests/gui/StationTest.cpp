@@ -29,7 +29,8 @@ TEST(Stations, ItsEndIsWaitedForBeforeItsModelGoes) {
     station.Devices.Thread.Tell([] { std::this_thread::sleep_for(std::chrono::milliseconds(300)); });
   }
   qputenv("HOME", home);
-  // The station has asked the event loop to end; in the tests behind this one, no menu would wait for anybody.
+  // The station has asked the event loop to end; in the tests behind this one, no menu would wait for
+  // anybody.
   QTimer::singleShot(0, qApp, &QCoreApplication::quit);
   QCoreApplication::exec();
   EXPECT_TRUE(std::filesystem::exists(state)) << "it was closed as any other";

@@ -7,9 +7,7 @@
 namespace vintoral {
 
 StationThread::StationThread(const vintoral::Clock& machine)
-    : machine_(machine),
-      clock_(machine),
-      hears_(bell_.Number(), QSocketNotifier::Read) {
+    : machine_(machine), clock_(machine), hears_(bell_.Number(), QSocketNotifier::Read) {
   QObject::connect(&hears_, &QSocketNotifier::activated, &hears_, [this] { RunInWindow(); });
 }
 

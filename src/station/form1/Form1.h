@@ -68,8 +68,8 @@ class Form1 : public ScreenModel {
   /// The user that a ficha saved now belongs to: the one who has the plate, or the number that a new one
   /// would get; 0 without a plate.
   std::int32_t NumeroUsuario = 0;
-  std::int32_t UsuarioEnFormulario = 0;    ///< the user whose record filled the form in, 0 for none
-  String CarpetaMostrada;                  ///< the data folder that the ficha on the screen was read from
+  std::int32_t UsuarioEnFormulario = 0;  ///< the user whose record filled the form in, 0 for none
+  String CarpetaMostrada;                ///< the data folder that the ficha on the screen was read from
   std::vector<PuestoPendiente> PuestosPendientes;  ///< of vehicles that stay inside, the oldest first
   std::int64_t NumeroPase = 0;             ///< the record in CFR of the pass on the screen, 0 for none
   std::vector<RegistroFicha> VistaFichas;  ///< element 0 is record 1 of the view
@@ -385,8 +385,8 @@ class Form1 : public ScreenModel {
   String RutaMostrada(std::string_view file) const;
   /// Is ACT there? If not, the link watch looks at once.
   bool HayConexion();
-  /// PuestosPendientes are given back, as far as the data folder can be reached. Where another gate has filled a
-  /// slot since, nothing is left to give back.
+  /// PuestosPendientes are given back, as far as the data folder can be reached. Where another gate has
+  /// filled a slot since, nothing is left to give back.
   void DevolverPuestos();
   /// The link watch looks at once: an operation has missed what should be in the data folder.
   void BuscarEnlaceYa();

@@ -154,9 +154,11 @@ void Hands::Leave(const std::string& form) {
 }
 
 void Hands::Use(const std::string& form) {
-  queue_.Do(With(form, [&forms = forms_](Input&, Form& found) {
-    if (&forms.Active() != &found) forms.Activate(found);
-  }), InputQueue::Kind::kWindow);
+  queue_.Do(With(form,
+                 [&forms = forms_](Input&, Form& found) {
+                   if (&forms.Active() != &found) forms.Activate(found);
+                 }),
+            InputQueue::Kind::kWindow);
 }
 
 void Hands::CloseBox(const std::string& form) {

@@ -31,7 +31,8 @@ void InputQueue::Press(const QKeyEvent& key, std::function<void(const QKeyEvent&
   const bool ofCode = !key.isAutoRepeat() && burst_.Continues(machine_.Ticks());
   if (!HasRoom(key, ofCode)) return;
   const std::shared_ptr<QKeyEvent> copy(key.clone());
-  Add({machine_.Ticks(), copy, [copy, deliver = std::move(deliver)] { deliver(*copy); }, Kind::kWork, ofCode});
+  Add({machine_.Ticks(), copy, [copy, deliver = std::move(deliver)] { deliver(*copy); }, Kind::kWork,
+       ofCode});
 }
 
 void InputQueue::Do(Seam::Step serve, Kind kind) {

@@ -36,10 +36,7 @@ QImage ToImage(const cImage& picture) {
 }  // namespace
 
 PictureLoader::PictureLoader(const Pictures& pictures, Disk& disk)
-    : pictures_(pictures),
-      disk_(disk),
-      hears_(bell_.Number(), QSocketNotifier::Read),
-      readers_(kReaders) {
+    : pictures_(pictures), disk_(disk), hears_(bell_.Number(), QSocketNotifier::Read), readers_(kReaders) {
   QObject::connect(&hears_, &QSocketNotifier::activated, &hears_, [this] { Hear(); });
   bundle_.setSingleShot(true);
   bundle_.setTimerType(Qt::PreciseTimer);
@@ -51,7 +48,8 @@ PictureLoader::Reading PictureLoader::Load(const Picture& picture, const Picture
                                            Arrive arrive) {
   Reading reading = std::make_shared<char>();
   ++unread_;
-  readers_.Add([this, order = Order{picture, place, turn, std::move(arrive), reading}] { Read(order); }, turn);
+  readers_.Add([this, order = Order{picture, place, turn, std::move(arrive), reading}] { Read(order); },
+               turn);
   return reading;
 }
 

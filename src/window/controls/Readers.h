@@ -25,7 +25,8 @@ class Readers {
 
   /// `work` must not throw. Where the system has no thread to give, it is done at once.
   void Add(Work work, Turn turn);
-  /// Begins nothing that was added so far. True when nothing is being done any more, which is waited for this long.
+  /// Begins nothing that was added so far. True when nothing is being done any more, which is waited for this
+  /// long.
   bool EndWithin(int milliseconds);
 
  private:
