@@ -241,6 +241,42 @@ class HangingWindow(unittest.TestCase):
         self.screen.keys("alt+s")
         self.gone(began)
 
+    def test_closed_in_the_first_moment(self):
+        """The pointer is no hourglass yet, and the station will not come to its own question."""
+        self.save(NUMBER, "abc123")
+        self.hang()
+        self.assertLess(self.close_window(), 1)
+        began = time.monotonic()
+        self.screen.keys("alt+s")
+        self.gone(began)
+
+    def test_closed_from_a_dialog(self):
+        """A modal dialog keeps clicks from the main window, and can't close while the station hangs."""
+        self.save(NUMBER, "abc123")
+        before = self.screen.rows()
+        self.screen.keys("ctrl+t")
+        self.screen.wait(lambda: any(box[2] - box[0] > WIDTH / 3 for box in self.changed(before)), "dialog")
+        self.hanging.hang("any")
+        self.hanging.wait_until_waiting()  # the link watch looks every ten seconds
+        time.sleep(0.5)
+        self.assertLess(self.close_window(), 1)
+        began = time.monotonic()
+        self.screen.keys("alt+s")
+        self.gone(began)
+
+    def test_hangs_from_the_start(self):
+        """There is a window all the same: it says why, and can be closed."""
+        self.save(NUMBER, "abc123")
+        self.program.terminate()
+        self.assertEqual(self.program.wait(3 * GONE_SECONDS), 0)
+        self.hanging.hang("any")
+        self.program = self.screen.launch(PROGRAM, cwd=self.station)
+        self.screen.wait(lambda: self.screen.shows("^Vintoral"), "window", 4)
+        self.assertLess(self.close_window(), 1)
+        began = time.monotonic()
+        self.screen.keys("alt+s")
+        self.gone(began)
+
     def test_the_session_ends(self):
         self.save(NUMBER, "abc123")
         for told in (True, False):
