@@ -1,5 +1,5 @@
 // The list of sales on the disk. Its file is replaced as a whole by each sale, and is not waited for where a
-// journal beside it, one page, tells after a power cut what the list lacks.
+// journal beside it, of one length, tells after a power cut what the list lacks.
 #pragma once
 
 #include <array>
