@@ -90,6 +90,7 @@ int MoveFile(const std::string& from, const std::string& to) {
 int RenameUnlessTaken(const std::string& from, const std::string& to) {
   struct stat status {};
   if (lstat(to.c_str(), &status) == 0) return EEXIST;
+  if (errno != ENOENT) return errno;  // what can't be looked at may be there
   return rename(from.c_str(), to.c_str()) == 0 ? 0 : errno;
 }
 
