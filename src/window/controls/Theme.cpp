@@ -8,6 +8,7 @@
 #include <QWidget>
 #include <algorithm>
 
+#include "window/controls/CaretRest.h"
 #include "window/controls/Style.h"
 
 namespace vintoral::theme {
@@ -74,6 +75,7 @@ void Apply(QApplication& application) {
   application.setStyle(new Style);  // the application owns it
   application.setPalette(StationPalette());
   application.setFont(TextFont(kTextPixels));
+  new CaretRest(&application);  // as above
 }
 
 }  // namespace vintoral::theme
