@@ -2,13 +2,14 @@
 
 Nothing of this machine's own is touched: what they start and mount lives in them, and all of it ends with this program.
 """
+import contextlib
 import glob
 import os
 import pathlib
 import signal
 import subprocess
 import sys
-import time
+import tempfile
 
 import mounted
 import trouble
@@ -39,8 +40,10 @@ def separate(*programs):
     if os.geteuid() != 0:
         skip("GlusterFS marks its files with attributes that only root may set")
     for device in ("/dev/fuse", "/dev/net/tun"):
-        if not os.path.exists(device):
-            skip(f"there is no {device} here")
+        with or_skip(f"{device} can't be had here"):
+            os.close(os.open(device, os.O_RDWR))
+    with or_skip("GlusterFS marks its files with attributes that can't be had here"), tempfile.NamedTemporaryFile() as marked:
+        os.setxattr(marked.name, "trusted.vintoral", b"")
     tried = subprocess.run(["unshare", "--net", "--mount", "--uts", "--pid", "--fork", "ip", "link", "add", "try0", "type", "veth"],
                            capture_output=True, text=True, check=False)
     if tried.returncode != 0:
@@ -60,6 +63,14 @@ def gather_the_dead():
         ended, status = os.wait()
         if ended == child:
             sys.exit(os.waitstatus_to_exitcode(status) % 256)
+
+
+@contextlib.contextmanager
+def or_skip(what):
+    try:
+        yield
+    except OSError as why:
+        skip(f"{what}: {why}")
 
 
 def skip(why):

@@ -18,9 +18,10 @@ MOUNT, COPY = "/mnt/porterias", "/srv/porterias"
 # As long as a copy that is back may take until it holds what the others do.
 HEAL_SECONDS = 100
 # What the volume says a machine that went silent may hold an operation up: as long as a lock that it had is kept for it, then
-# as long as its copy is waited for; and as much as the rest of the operation takes.
-LOCK_SECONDS, COPY_SECONDS = 4, 6
-LONGEST_SECONDS = LOCK_SECONDS + COPY_SECONDS + 3
+# as long as its copy is waited for; and as much as the rest of the operation takes. A gate that is alone waits for two copies.
+LOCK_SECONDS, COPY_SECONDS, REST_SECONDS = 4, 6, 3
+LONGEST_SECONDS = LOCK_SECONDS + COPY_SECONDS + REST_SECONDS
+ALONE_SECONDS = 2 * COPY_SECONDS + REST_SECONDS
 
 
 class Site(trouble.Trouble):
