@@ -19,7 +19,7 @@ MOUNT, COPY = "/mnt/porterias", "/srv/porterias"
 HEAL_SECONDS = 100
 # What the volume says a machine that went silent may hold an operation up: as long as a lock that it had is kept for it, then
 # as long as its copy is waited for; and as much as the rest of the operation takes. A gate that is alone waits for two copies.
-LOCK_SECONDS, COPY_SECONDS, REST_SECONDS = 4, 6, 3
+LOCK_SECONDS, COPY_SECONDS, REST_SECONDS = 4, 5, 3
 LONGEST_SECONDS = LOCK_SECONDS + COPY_SECONDS + REST_SECONDS
 ALONE_SECONDS = 2 * COPY_SECONDS + REST_SECONDS
 
