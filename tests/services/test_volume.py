@@ -142,13 +142,13 @@ class Volume(crew.Crew, volume.Site):
 
     def test_a_bad_road(self):
         self.open_all()
-        self.begin(TURNS // 3)
-        self.until(6)
+        self.begin(TURNS // 4)
+        self.until(4)
         road = bad_road.BadRoad(self.site, crew.SEED, lost=0.02, delay_seconds=0.004)
         self.addCleanup(road.over.set)
         road.start()
         before = len(self.books.done)
-        self.until(before + TURNS // 2)
+        self.until(before + TURNS // 3)
         road.end()
         self.end()
         self.assertGreater(road.count, 1000)
