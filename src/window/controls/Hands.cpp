@@ -118,8 +118,8 @@ void Hands::DoubleClick(const ControlId& id) {
   queue_.Do(With(id, [](Input& input, Control& control) { input.DoubleClick(control); }));
 }
 
-void Hands::Hover(const ControlId& id, std::function<void()> then) {
-  queue_.Do(Then(With(id, [](Input& input, Control& control) { input.Hover(control); }), std::move(then)),
+void Hands::Hover(const ControlId& id) {
+  queue_.Do(With(id, [](Input& input, Control& control) { input.Hover(control); }),
             InputQueue::Kind::kPointer);
 }
 
@@ -140,7 +140,8 @@ void Hands::Tick(const ControlId& id, int row) {
 
 void Hands::Scroll(const ControlId& id, int top) {
   queue_.Do(
-      With(id, [top](Input& input, Control& control) { static_cast<void>(input.Scroll(control, top)); }));
+      With(id, [top](Input& input, Control& control) { static_cast<void>(input.Scroll(control, top)); }),
+      InputQueue::Kind::kView);
 }
 
 void Hands::MoveCaret(const ControlId& id, int start, int length) {
@@ -158,7 +159,7 @@ void Hands::Use(const std::string& form) {
                  [&forms = forms_](Input&, Form& found) {
                    if (&forms.Active() != &found) forms.Activate(found);
                  }),
-            InputQueue::Kind::kWindow);
+            InputQueue::Kind::kView);
 }
 
 void Hands::CloseBox(const std::string& form) {
