@@ -96,10 +96,7 @@ Seam::Step Hands::Then(Seam::Step step, std::function<void()> then) {
 }
 
 void Hands::Type(const QString& text) {
-  queue_.Do(With([characters = FromQString(text)](Input& input) {
-    for (const char character : characters.Bytes())
-      input.Character(character);
-  }));
+  Key(QKeyEvent(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, text));
 }
 
 void Hands::Paste(const QString& text) {
