@@ -69,8 +69,9 @@ class BlockReader {
   std::size_t Count() const { return count_; }
   const char* Record(std::size_t index) const { return bytes_.get() + index * blank_.size(); }
 
-  /// Large enough that calls don't count, small enough to stay in the processor's nearest memory.
-  static constexpr std::size_t kBlock = std::size_t{32} << 10;
+  /// Large enough that calls don't count, small enough to stay in the processor's own memory. As much as a
+  /// mount asks its server for in one trip.
+  static constexpr std::size_t kBlock = std::size_t{128} << 10;
 
  private:
   bool Load(std::int64_t first, std::size_t count);

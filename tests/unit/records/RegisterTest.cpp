@@ -162,7 +162,7 @@ TEST(Register, WalksOverBlocksBothWays) {
   }));
   EXPECT_EQ(expected, kUsers + 1);
   // 248,000 bytes.
-  EXPECT_LE(disk.Operations() - before, 8);
+  EXPECT_LE(disk.Operations() - before, 2);
   expected = kUsers;
   EXPECT_TRUE(users.WalkBack(kUsers, 1, [&](std::int64_t number, const RegistroUsuario& user) {
     check(number, user);
