@@ -43,6 +43,13 @@ int OpenFolder(const std::string& path) {
   return open(path.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
 }
 
+/// The same whatever the case of its name, which is nearly always as written: to look for it first would be
+/// trips to a server.
+int OpenFolderIgnoringCase(const std::string& path) {
+  const int folder = OpenFolder(path);
+  return folder >= 0 ? folder : OpenFolder(FindOtherCase(path));
+}
+
 /// Nothing where the system can't tell.
 std::optional<bool> HasWriter(int descriptor) {
   // What a server answers for it is the server's business: a mount tells nothing of who else writes.
@@ -134,8 +141,9 @@ std::string PosixDisk::FileItself(std::string_view path) const {
 }
 
 bool PosixDisk::Exists(std::string_view path) const {
-  AwaitFile(path);
   const std::string native = PathOf(path);
+  if (HasOneSpelling(native)) return Look(path).has_value();
+  AwaitFile(path);
   if (const std::optional<FileStatus> status = StatusOf(native)) return status->IsFile();
   const std::string found = FindOtherCase(native);
   return found != native && IsFile(found);
@@ -144,6 +152,9 @@ bool PosixDisk::Exists(std::string_view path) const {
 std::optional<FileMark> PosixDisk::Look(std::string_view path) const {
   AwaitFile(path);
   const std::string native = PathOf(path);
+  // By way of its folder: where that is there as written, a photo that is missing is not looked for again.
+  const Descriptor folder(HasOneSpelling(native) ? OpenFolder(FolderOf(native)) : -1);
+  if (folder.Number() >= 0) return MarkOf(folder.Number(), native.substr(native.rfind('/') + 1));
   if (const std::optional<FileMark> mark = MarkOf(native); mark || errno != ENOENT) return mark;
   const std::string found = FindOtherCase(native);
   return found != native ? MarkOf(found) : std::nullopt;
@@ -152,7 +163,7 @@ std::optional<FileMark> PosixDisk::Look(std::string_view path) const {
 std::vector<std::optional<FileMark>> PosixDisk::LookIn(std::string_view folder,
                                                        std::span<const String> names) const {
   std::vector<std::optional<FileMark>> marks(names.size());
-  const Descriptor open(OpenFolder(FindIgnoringCase(PathOf(folder))));
+  const Descriptor open(OpenFolderIgnoringCase(PathOf(folder)));
   if (open.Number() < 0) return marks;
   std::transform(names.begin(), names.end(), marks.begin(),
                  [&](const String& name) { return MarkOf(open.Number(), NativePath(name)); });
