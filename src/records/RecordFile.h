@@ -70,8 +70,8 @@ class BlockReader {
   const char* Record(std::size_t index) const { return bytes_.get() + index * blank_.size(); }
 
   /// Large enough that calls don't count, small enough to stay in the processor's own memory. As much as a
-  /// mount asks its server for in one trip.
-  static constexpr std::size_t kBlock = std::size_t{128} << 10;
+  /// mount asks its server for in one trip: 32 pages, into which this fits wherever in a page it begins.
+  static constexpr std::size_t kBlock = 31 * kPage;
 
  private:
   bool Load(std::int64_t first, std::size_t count);

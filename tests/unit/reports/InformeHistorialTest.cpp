@@ -220,15 +220,15 @@ TEST(InformeHistorial, WhatWasReadBeforeAFailureCounts) {
   MemoryDisk memory;
   memory.Put("HST", file);
   test::FaultyDisk disk(memory);
-  disk.Set().failRead = 2;  // 697 records are read at a time
+  disk.Set().failRead = 2;  // 675 records are read at a time
   std::string page;
   EXPECT_TRUE(
       InformeHistorial(DeDia(), Register<RegistroFicha>(disk, "HST", OpenMode::kRead), false, En(page))
           .pagina);
   const std::vector<std::string> rows = Filas(page);
-  ASSERT_EQ(rows.size(), 697U + 4);
-  EXPECT_EQ(rows[697], Subtotal("697.00"));
-  EXPECT_EQ(rows.back(), Total(697, "697.00"));
+  ASSERT_EQ(rows.size(), 675U + 4);
+  EXPECT_EQ(rows[675], Subtotal("675.00"));
+  EXPECT_EQ(rows.back(), Total(675, "675.00"));
 }
 
 TEST(InformeHistorial, WhatCannotBeReadEndsIt) {
