@@ -21,6 +21,7 @@
 #include "platform/NewBeside.h"
 #include "platform/NewFile.h"
 #include "platform/PosixFile.h"
+#include "platform/SideBySide.h"
 
 namespace vintoral {
 namespace {
@@ -48,6 +49,12 @@ int OpenFolder(const std::string& path) {
 int OpenFolderIgnoringCase(const std::string& path) {
   const int folder = OpenFolder(path);
   return folder >= 0 ? folder : OpenFolder(FindOtherCase(path));
+}
+
+/// A folder that lies on no disk of this machine: each look into it may be a trip to a server.
+bool HasNoDisk(int folder) {
+  const std::optional<FileStatus> status = RememberedStatusOf(folder);
+  return status && !status->IsOnABlockDevice();
 }
 
 /// Nothing where the system can't tell.
@@ -165,8 +172,13 @@ std::vector<std::optional<FileMark>> PosixDisk::LookIn(std::string_view folder,
   std::vector<std::optional<FileMark>> marks(names.size());
   const Descriptor open(OpenFolderIgnoringCase(PathOf(folder)));
   if (open.Number() < 0) return marks;
-  std::transform(names.begin(), names.end(), marks.begin(),
-                 [&](const String& name) { return MarkOf(open.Number(), NativePath(name)); });
+  const auto look = [&](std::size_t i) { marks[i] = MarkOf(open.Number(), NativePath(names[i])); };
+  if (HasNoDisk(open.Number())) {
+    SideBySide(names.size(), look);
+  } else {
+    for (std::size_t i = 0; i < names.size(); ++i)
+      look(i);
+  }
   return marks;
 }
 

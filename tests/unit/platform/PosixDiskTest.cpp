@@ -259,6 +259,17 @@ TEST_F(PosixDiskTest, MarksOfAFolderComeInTheOrderOfTheNames) {
   EXPECT_EQ(disk_.Disk::LookIn("Im\xE1genes ACT", names), disk_.LookIn("Im\xE1genes ACT", names));
 }
 
+TEST_F(PosixDiskTest, MarksOfAFolderOnNoDiskComeInTheOrderOfTheNames) {
+  const PosixDisk system("/proc");
+  std::vector<String> names;
+  for (int i = 0; i < 50; ++i)
+    names.push_back(i % 3 == 0 ? "stat"_w : i % 3 == 1 ? "fd"_w : "nothing"_w);
+  const auto marks = system.LookIn("self", names);
+  ASSERT_EQ(marks.size(), 50u);
+  for (std::size_t i = 0; i < marks.size(); ++i)
+    EXPECT_EQ(marks[i].has_value(), i % 3 == 0) << i;
+}
+
 TEST_F(PosixDiskTest, AFileThatIsOpenForWritingIsBeingWritten) {
   folder_.Put("x", "photo");
   EXPECT_FALSE(disk_.BeingWritten("x"));
