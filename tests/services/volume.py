@@ -3,6 +3,8 @@ import hashlib
 import os
 import pathlib
 import shlex
+import shutil
+import tempfile
 import time
 
 import machines
@@ -15,29 +17,72 @@ NAMES = {1: "porteria1", 2: "porteria2", 3: "porteria3"}
 MOUNT, COPY = "/mnt/porterias", "/srv/porterias"
 # As long as a copy that is back may take until it holds what the others do.
 HEAL_SECONDS = 100
-# What the volume says a machine that went silent may hold an operation up, and as much as the rest of it takes.
-TIME_OUT_SECONDS = 10
-LONGEST_SECONDS = TIME_OUT_SECONDS + 3
+# What the volume says a machine that went silent may hold an operation up: as long as a lock that it had is kept for it, then
+# as long as its copy is waited for; and as much as the rest of the operation takes. A gate that is alone waits for two copies.
+LOCK_SECONDS, COPY_SECONDS, REST_SECONDS = 4, 5, 3
+LONGEST_SECONDS = LOCK_SECONDS + COPY_SECONDS + REST_SECONDS
+ALONE_SECONDS = 2 * COPY_SECONDS + REST_SECONDS
 
 
 class Site(trouble.Trouble):
+    """Days on a site that is made once for all tests of a class, each of which leaves it whole; the data are new for each.
+
+    After a failure every test gets a site of its own.
+    """
+
     names = NAMES  # of all machines; the volume is made on the first three
+    site, home = None, None
 
     def setUp(self):
         super().setUp()
         self.gates = {}
         self.holders = list(NAMES)  # the machines that have a copy
-        self.site = machines.site(self.root, self.names)
-        self.addCleanup(lambda: [machine.end() for machine in self.site.values()])
+        if self.site is None:
+            self.make_site()
+        else:
+            self.heal()
+        self.data = self.site[1].path(f"{MOUNT}/Multimedia")
+        self.clear_away()
+
+    def make_site(self):
+        kind = type(self)
+        kind.home = pathlib.Path(tempfile.mkdtemp(prefix="vintoral-site-"))
+        kind.site = machines.site(kind.home, self.names)
         for machine in self.site.values():
             machine.start_glusterd()
         self.volume(1, "--yes", "make", *NAMES.values())
         for number in NAMES:
             self.write_fstab(self.site[number])
             self.mount(self.site[number])
-        self.data = self.site[1].path(f"{MOUNT}/Multimedia")
+
+    def clear_away(self):
+        """What the test before has left: its data and its stations."""
+        for machine in self.site.values():
+            shutil.rmtree(machine.home / "Vintoral")
+            (machine.home / "Vintoral").mkdir()
+        if self.data.exists():
+            shutil.rmtree(self.data)
         self.data.mkdir()
         self.data.chmod(0o777)
+
+    @classmethod
+    def end_site(cls):
+        if cls.home:
+            for machine in (cls.site or {}).values():
+                machine.end()
+            shutil.rmtree(cls.home, ignore_errors=True)
+        cls.site, cls.home = None, None
+
+    @classmethod
+    def tearDownClass(cls):
+        cls.end_site()
+        super().tearDownClass()
+
+    def run(self, result=None):
+        done = super().run(result)
+        if done and not done.wasSuccessful():
+            self.end_site()
+        return done
 
     # ---- The volume ----
 
