@@ -1,4 +1,6 @@
 """Three gates work at random on a volume of three copies, made by the script of the manual, while machines and mounts fail."""
+import os
+import signal
 import time
 
 import mounted  # first: it knows where the rest of the tests' own modules are
@@ -91,6 +93,21 @@ class Volume(crew.Crew, volume.Site):
         self.assertGreater(max(slowest), volume.COPY_SECONDS - 1, "nobody noticed")
         self.assertLess(alone, volume.ALONE_SECONDS, "it asks two copies, one after the other")
         self.assertEqual([hand.seen_red for hand in self.hands[:2]], [False] * 2)
+
+    def test_a_copy_says_nothing(self):
+        """Its machine is there and acknowledges all that is sent; its program stands still."""
+        self.open_all()
+        self.begin(TURNS)
+        self.until(20)
+        program, = self.site[3].processes("glusterfsd")
+        os.kill(program, signal.SIGSTOP)
+        self.until(20 + TURNS)
+        os.kill(program, signal.SIGCONT)
+        self.end()
+        slowest = [hand.slowest for hand in self.hands]
+        self.assertLess(max(slowest), volume.HUNG_SECONDS, slowest)
+        self.assertGreater(max(slowest), volume.PING_SECONDS - 1, "nobody noticed")
+        self.assertEqual([hand.seen_red for hand in self.hands], [False] * 3)
 
     def test_no_majority(self):
         self.open_all()

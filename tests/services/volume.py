@@ -22,6 +22,9 @@ HEAL_SECONDS = 100
 LOCK_SECONDS, COPY_SECONDS, REST_SECONDS = 4, 5, 3
 LONGEST_SECONDS = LOCK_SECONDS + COPY_SECONDS + REST_SECONDS
 ALONE_SECONDS = 2 * COPY_SECONDS + REST_SECONDS
+# A program that says nothing is found out by the second ping, and one gate may come to it only after another that had the lock.
+PING_SECONDS = 5
+HUNG_SECONDS = 4 * PING_SECONDS + REST_SECONDS
 
 
 class Site(trouble.Trouble):
