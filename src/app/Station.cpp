@@ -20,6 +20,15 @@ Platform With(const Platform& all, const Station::Instead& instead) {
           all.pictures, all.printer, chance,    camera,     all.mail};
 }
 
+/// Serves the window's events until then. The station's thread does not tell of everything.
+template <class Condition>
+void ServeUntil(Condition over) {
+  while (!over()) {
+    QCoreApplication::processEvents();
+    std::this_thread::sleep_for(std::chrono::microseconds(50));
+  }
+}
+
 }  // namespace
 
 void Station::PrepareToolkit() {
@@ -136,19 +145,6 @@ void Station::Begin() {
     Devices.Camera.Begin();
   });
 }
-
-namespace {
-
-/// Serves the window's events until then. The station's thread does not tell of everything.
-template <class Condition>
-void ServeUntil(Condition over) {
-  while (!over()) {
-    QCoreApplication::processEvents();
-    std::this_thread::sleep_for(std::chrono::microseconds(50));
-  }
-}
-
-}  // namespace
 
 bool Station::WaitUntilStarted() {
   ServeUntil([this] { return started_ || over_; });

@@ -74,7 +74,7 @@ bool Form1::BuscarUsuario(std::int32_t enFormulario) {
   if (*count == 0) return false;
 
   platform_.screen.Busy(true);
-  const std::optional<std::int64_t> found = BuscarPlaca(usuarios, placa).PassOver();
+  const std::optional<std::int64_t> found = BuscarPlaca(usuarios, placa, 1, *count).PassOver();
   const bool known = found.value_or(0) > 0;
   const std::optional<RegistroUsuario> usuario = known ? usuarios.Read(*found).PassOver() : std::nullopt;
   // Whoever could not be read may be registered: the next number would make a second user of him.

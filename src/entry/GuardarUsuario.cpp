@@ -28,13 +28,12 @@ Outcome Reescribir(Form1& form, Usuarios& usuarios) {
   return usuarios.Write(form.NumeroUsuario, form.UsuarioActual, false);
 }
 
-/// A plate that is new. Whoever has come to stand behind the last user that this gate saw was added by
-/// another one: he may be the same.
-Outcome Agregar(Form1& form, Usuarios& usuarios) {
-  const Result<std::int64_t> total = usuarios.Count();
+/// A plate that is new, behind `total` users. Whoever has come to stand behind the last user that this gate
+/// saw was added by another one: he may be the same.
+Outcome Agregar(Form1& form, Usuarios& usuarios, const Result<std::int64_t>& total) {
   if (!total) return total.Why();
   const Result<std::int64_t> mismo =
-      BuscarPlaca(usuarios, form.UsuarioActual.Placa.View(), form.NumeroUsuario);
+      BuscarPlaca(usuarios, form.UsuarioActual.Placa.View(), form.NumeroUsuario, *total);
   if (!mismo) return mismo.Why();
   const bool registrado = *mismo > 0;
   form.NumeroUsuario = static_cast<std::int32_t>(registrado ? *mismo : *total + 1);
@@ -57,12 +56,13 @@ bool Form1::GuardarUsuario() {
   Usuarios usuarios(platform_.disk, RutaMostrada("Vintoral.USR"), OpenMode::kCreate);
   bool ultimo = false;
   const auto escribir = [&]() -> Outcome {
-    Outcome escrito = conocido ? Reescribir(*this, usuarios) : Agregar(*this, usuarios);
+    const Result<std::int64_t> total = usuarios.Count();
+    Outcome escrito = conocido ? Reescribir(*this, usuarios) : Agregar(*this, usuarios, total);
     if (!escrito) return escrito;
     FichaActual.UsuarioPuntos = NumeroUsuario;
     // Under the lock, while nobody can be registered behind him: later he would be the last one no more, and
     // his first ficha kept by no gate.
-    ultimo = usuarios.Count() == std::int64_t{NumeroUsuario};
+    ultimo = total && NumeroUsuario >= *total;
     if (ultimo) GuardarPrimeraFicha(*this);
     return escrito;
   };

@@ -42,13 +42,13 @@ void AnotarSalida(Form1& form, std::int64_t numero) {
 }
 
 /// A ficha that stays inside is found by its code.
-void DevolverCodigo(const Form1& form, const PuestoPendiente& puesto) {
+void DevolverCodigo(const Form1& form, const PuestoLiberado& puesto) {
   if (!puesto.codigo || *puesto.codigo == RegistroCodigo{}) return;
   Codigos(form, OpenMode::kReadWrite).Write(puesto.numero, *puesto.codigo, true).PassOver();
 }
 
 /// The slot as it was before; nothing when it stays as it is, because it or the history can't be written.
-std::optional<PuestoPendiente> LiberarPuesto(Form1& form, std::int64_t numero) {
+std::optional<PuestoLiberado> LiberarPuesto(Form1& form, std::int64_t numero) {
   Register<RegistroFicha> act = Puestos(form);
   const std::optional<RegistroFicha> ficha = act.Read(numero).PassOver();
   // Without the slot, or without room for the history row, the ficha stays inside and on display: to free it
@@ -59,8 +59,8 @@ std::optional<PuestoPendiente> LiberarPuesto(Form1& form, std::int64_t numero) {
   }
   form.FichaActual = *ficha;
   // Where another gate retired it meanwhile, the row is written all the same.
-  if (!ficha->EnUso) return PuestoPendiente{form.CarpetaCompartida, numero, *ficha, {}};
-  const PuestoPendiente puesto{form.CarpetaCompartida, numero, *ficha, CodigoEn(form, numero)};
+  if (!ficha->EnUso) return PuestoLiberado{form.CarpetaCompartida, numero, *ficha, {}};
+  const PuestoLiberado puesto{form.CarpetaCompartida, numero, *ficha, CodigoEn(form, numero)};
   AnotarSalida(form, numero);
   // The code first: once the slot is free, another gate may take it and write its own code there.
   if (puesto.codigo != RegistroCodigo{}) form.GuardarCodigoBarras(false);
@@ -70,15 +70,14 @@ std::optional<PuestoPendiente> LiberarPuesto(Form1& form, std::int64_t numero) {
   return puesto;
 }
 
-/// The slot is as this gate has left it. Another gate may have filled it since, or may have let the ficha
-/// out.
+/// The slot is as this gate has left it: another may have filled it since, or may have let the ficha out.
 bool EsElLiberado(const Form1& form, const RegistroFicha& ahora, const RegistroFicha& ficha) {
   return !ahora.EnUso && ahora.PorteriaSalida.Trimmed() == form.NumeroPorteria &&
          ahora.MarcaEntrada == ficha.MarcaEntrada && ahora.Placa == ficha.Placa;
 }
 
 /// False while the slot can't be reached.
-bool DevolverPuesto(const Form1& form, const PuestoPendiente& puesto) {
+bool DevolverPuesto(const Form1& form, const PuestoLiberado& puesto) {
   Register<RegistroFicha> act = Puestos(form);
   const std::optional<RegistroFicha> ahora = act.Read(puesto.numero).PassOver();
   if (!ahora) return false;
@@ -90,7 +89,7 @@ bool DevolverPuesto(const Form1& form, const PuestoPendiente& puesto) {
 }
 
 /// A ficha whose row could not be written stays inside: at once, or when its folder is back.
-void QuedarAdentro(Form1& form, const PuestoPendiente& puesto) {
+void QuedarAdentro(Form1& form, const PuestoLiberado& puesto) {
   form.BuscarEnlaceYa();
   form.FichaActual = puesto.ficha;
   if (!puesto.ficha.EnUso) return;  // another gate freed the slot
@@ -131,7 +130,7 @@ void PasarFoto(Form1& form, std::int64_t numero, const std::optional<FileMark>& 
 }  // namespace
 
 void Form1::DevolverPuestos() {
-  std::erase_if(PuestosPendientes, [this](const PuestoPendiente& puesto) {
+  std::erase_if(PuestosPendientes, [this](const PuestoLiberado& puesto) {
     return puesto.carpeta == CarpetaCompartida && DevolverPuesto(*this, puesto);
   });
 }
@@ -140,7 +139,7 @@ bool PasarAlHistorial(Form1& form) {
   form.DevolverPuestos();  // it may be one of them that leaves
   const std::int64_t numero = form.NumeroEscrito();
   const std::optional<FileMark> foto = form.Devices().disk.Look(RutaFotoAdentro(form, numero));
-  const std::optional<PuestoPendiente> puesto = LiberarPuesto(form, numero);
+  const std::optional<PuestoLiberado> puesto = LiberarPuesto(form, numero);
   if (!puesto) return false;
   // Another gate has retired the same ficha, and added its points.
   const std::int64_t ganados = form.PuntosEstadia;

@@ -33,6 +33,11 @@ bool FileStatus::IsFolder() const {
   return S_ISDIR(mode);
 }
 
+bool FileStatus::IsOnABlockDevice() const {
+  // File systems without one get a number of their own below the major number 0.
+  return device >> 32 != 0;
+}
+
 std::optional<FileStatus> StatusOf(const std::string& path) {
   return Ask(AT_FDCWD, path.c_str(), AT_STATX_FORCE_SYNC);
 }
@@ -42,7 +47,7 @@ std::optional<FileStatus> StatusOf(int descriptor) {
 }
 
 std::optional<FileStatus> RememberedStatusOf(int descriptor) {
-  return Ask(descriptor, "", AT_EMPTY_PATH);
+  return Ask(descriptor, "", AT_EMPTY_PATH | AT_STATX_DONT_SYNC);
 }
 
 std::optional<FileMark> MarkOf(const std::string& path) {

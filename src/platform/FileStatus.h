@@ -14,12 +14,15 @@ namespace vintoral {
 struct FileStatus {
   unsigned mode = 0;  ///< kind and permissions, as S_ISREG and chmod take them
   std::uint64_t inode = 0;
-  std::uint64_t device = 0;
+  std::uint64_t device = 0;  ///< the major number in the upper half
   std::uint64_t length = 0;  ///< bytes
   std::uint64_t blocks = 0;  ///< of 512 bytes on the disk; fewer than the length needs where there are holes
 
   bool IsFile() const;
   bool IsFolder() const;
+  /// On a disk of this machine; false for a mount of a server, for memory, and for some local file systems
+  /// that lie on several disks. ext4 always lies on one.
+  bool IsOnABlockDevice() const;
 
   friend bool operator==(const FileStatus&, const FileStatus&) = default;
 };
@@ -28,7 +31,8 @@ struct FileStatus {
 /// its server anew: what it remembers may have been changed by another gate since, or the server may be gone.
 std::optional<FileStatus> StatusOf(const std::string& path);
 std::optional<FileStatus> StatusOf(int descriptor);
-/// The same, but a mount may answer from memory: enough for the kind of a file, which doesn't change.
+/// The same, but a mount answers from memory, without a trip to its server: enough for what doesn't change of
+/// an open file, its kind and its device.
 std::optional<FileStatus> RememberedStatusOf(int descriptor);
 /// The open file or folder lies on ext4, or on what looks like it: ext2 and ext3 have the same number.
 bool IsOnExt4(int descriptor);

@@ -19,12 +19,6 @@ bool Present(const std::string& path) {
   return StatusOf(path).has_value();
 }
 
-/// The photos are numbered, and their folders hold many thousands: a missing one is not looked for in all of
-/// them.
-bool OneSpelling(std::string_view name) {
-  return name.front() >= '0' && name.front() <= '9';
-}
-
 /// The name in `folder` that is `wanted` but for its case; "" when there is none.
 std::string NameIn(DIR& folder, std::string_view wanted) {
   const String wantedName = StationName(wanted);
@@ -62,6 +56,12 @@ std::string FolderOf(const std::string& path) {
   return slash == 0 || slash == std::string::npos ? "/" : path.substr(0, slash);
 }
 
+bool HasOneSpelling(std::string_view path) {
+  // The photos are numbered, and their folders hold many thousands.
+  const std::string_view name = path.substr(path.rfind('/') + 1);
+  return !name.empty() && name.front() >= '0' && name.front() <= '9';
+}
+
 String StationName(std::string_view nativeName) {
   return IsUtf8(nativeName) ? String::FromUtf8(nativeName) : String(nativeName);
 }
@@ -76,7 +76,7 @@ std::string FindOtherCase(const std::string& path) {
   const std::string_view name = std::string_view(path).substr(slash + 1);
   // From the end: the folder is nearly always there as written, so a missing file costs one look into it.
   std::string folder = path.substr(0, slash);
-  if (OneSpelling(name)) return FindIgnoringCase(folder).append("/").append(name);
+  if (HasOneSpelling(name)) return FindIgnoringCase(folder).append("/").append(name);
   Folder open = OpenFolder(folder);
   if (!open) {
     folder = FindIgnoringCase(folder);

@@ -21,6 +21,7 @@
 #include "platform/NewBeside.h"
 #include "platform/NewFile.h"
 #include "platform/PosixFile.h"
+#include "platform/SideBySide.h"
 
 namespace vintoral {
 namespace {
@@ -41,6 +42,19 @@ bool IsFile(const std::string& path) {
 /// -1 where there is no such folder.
 int OpenFolder(const std::string& path) {
   return open(path.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
+}
+
+/// The same whatever the case of its name, which is nearly always as written: to look for it first would be
+/// trips to a server.
+int OpenFolderIgnoringCase(const std::string& path) {
+  const int folder = OpenFolder(path);
+  return folder >= 0 ? folder : OpenFolder(FindOtherCase(path));
+}
+
+/// A folder that lies on no disk of this machine: each look into it may be a trip to a server.
+bool HasNoDisk(int folder) {
+  const std::optional<FileStatus> status = RememberedStatusOf(folder);
+  return status && !status->IsOnABlockDevice();
 }
 
 /// Nothing where the system can't tell.
@@ -134,8 +148,9 @@ std::string PosixDisk::FileItself(std::string_view path) const {
 }
 
 bool PosixDisk::Exists(std::string_view path) const {
-  AwaitFile(path);
   const std::string native = PathOf(path);
+  if (HasOneSpelling(native)) return Look(path).has_value();
+  AwaitFile(path);
   if (const std::optional<FileStatus> status = StatusOf(native)) return status->IsFile();
   const std::string found = FindOtherCase(native);
   return found != native && IsFile(found);
@@ -144,6 +159,9 @@ bool PosixDisk::Exists(std::string_view path) const {
 std::optional<FileMark> PosixDisk::Look(std::string_view path) const {
   AwaitFile(path);
   const std::string native = PathOf(path);
+  // By way of its folder: where that is there as written, a photo that is missing is not looked for again.
+  const Descriptor folder(HasOneSpelling(native) ? OpenFolder(FolderOf(native)) : -1);
+  if (folder.Number() >= 0) return MarkOf(folder.Number(), native.substr(native.rfind('/') + 1));
   if (const std::optional<FileMark> mark = MarkOf(native); mark || errno != ENOENT) return mark;
   const std::string found = FindOtherCase(native);
   return found != native ? MarkOf(found) : std::nullopt;
@@ -152,10 +170,15 @@ std::optional<FileMark> PosixDisk::Look(std::string_view path) const {
 std::vector<std::optional<FileMark>> PosixDisk::LookIn(std::string_view folder,
                                                        std::span<const String> names) const {
   std::vector<std::optional<FileMark>> marks(names.size());
-  const Descriptor open(OpenFolder(FindIgnoringCase(PathOf(folder))));
+  const Descriptor open(OpenFolderIgnoringCase(PathOf(folder)));
   if (open.Number() < 0) return marks;
-  std::transform(names.begin(), names.end(), marks.begin(),
-                 [&](const String& name) { return MarkOf(open.Number(), NativePath(name)); });
+  const auto look = [&](std::size_t i) { marks[i] = MarkOf(open.Number(), NativePath(names[i])); };
+  if (HasNoDisk(open.Number())) {
+    SideBySide(names.size(), look);
+  } else {
+    for (std::size_t i = 0; i < names.size(); ++i)
+      look(i);
+  }
   return marks;
 }
 

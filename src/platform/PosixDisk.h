@@ -24,7 +24,7 @@ class PosixDisk final : public Disk {
   /// A regular file, or a link to one; a folder is none.
   bool Exists(std::string_view path) const override;
   std::optional<FileMark> Look(std::string_view path) const override;
-  /// The folder is found once for all of them.
+  /// The folder is found once for all of them. Where it lies on a server, several are looked at at a time.
   std::vector<std::optional<FileMark>> LookIn(std::string_view folder,
                                               std::span<const String> names) const override;
   bool BeingWritten(std::string_view path) const override;

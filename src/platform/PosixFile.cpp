@@ -54,8 +54,11 @@ Lock TryLock(int descriptor, std::int64_t position) {
 
 /// Tries until the lock is held or the wait runs out.
 Lock WaitForLock(int descriptor, std::int64_t position) {
-  const auto end = steady_clock::now() + (IsOnAServer(descriptor) ? kLongestWaitForAServer : kLongestWait);
+  const auto begun = steady_clock::now();
   Lock lock = TryLock(descriptor, position);
+  if (lock != Lock::kBusy) return lock;
+  // Asked only where there is a wait: on a mount the question is a trip to its server.
+  const auto end = begun + (IsOnAServer(descriptor) ? kLongestWaitForAServer : kLongestWait);
   for (microseconds pause = kFirstPause; lock == Lock::kBusy && steady_clock::now() < end;
        pause = std::min(pause * 2, kLongestPause)) {
     std::this_thread::sleep_for(pause);

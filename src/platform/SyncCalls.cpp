@@ -62,7 +62,11 @@ class LinuxCalls final : public SyncCalls {
     return sync_file_range(descriptor, 0, 0, kAll) == 0 ? 0 : errno;
   }
 
-  std::optional<FileStatus> Status(int descriptor) override { return StatusOf(descriptor); }
+  std::optional<FileStatus> Status(int descriptor) override {
+    // A mount is not asked for what could only be known of ext4: that would be a trip to its server.
+    const std::optional<FileStatus> status = RememberedStatusOf(descriptor);
+    return status && status->IsOnABlockDevice() ? status : std::nullopt;
+  }
 
   std::uint64_t WrittenUpTo(int descriptor, std::uint64_t length) override {
     return IsOnExt4(descriptor) ? WrittenExtents(descriptor, length) : 0;

@@ -19,7 +19,7 @@ class SyncCalls {
   virtual int Start(int descriptor) = 0;
   /// Returns when the disk has the data, though perhaps only in its write cache.
   virtual int AwaitData(int descriptor) = 0;
-  /// Nothing where the system can't say.
+  /// Nothing where the system can't say, nor of a file that lies on no disk of this machine.
   virtual std::optional<FileStatus> Status(int descriptor) = 0;
   /// How far writing over the first `length` bytes changes nothing on the disk but them, while the sync of
   /// any file flushes the disk's write cache: the end of the written extents that follow one another from the

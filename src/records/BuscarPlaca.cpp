@@ -20,7 +20,7 @@ using PlateMatcher = FieldMatcher<kPlateWidth>;
 }  // namespace
 
 Result<std::int64_t> BuscarPlaca(const Register<RegistroUsuario>& usuarios, std::string_view placa,
-                                 std::int64_t desde) {
+                                 std::int64_t desde, std::int64_t hasta) {
   const PlateMatcher matcher(placa);
   std::int64_t found = 0;
   if (!matcher.Searches()) return 0;
@@ -28,9 +28,7 @@ Result<std::int64_t> BuscarPlaca(const Register<RegistroUsuario>& usuarios, std:
     if (matcher.Matches(bytes.data() + kUserPlateOffset)) found = number;
     return found == 0;
   };
-  const Result<std::int64_t> count = usuarios.Count();
-  if (!count) return count.Why();
-  const Outcome walked = usuarios.WalkBytes(desde, *count, visit);
+  const Outcome walked = usuarios.WalkBytes(desde, hasta, visit);
   if (!walked) return walked;
   return found;
 }

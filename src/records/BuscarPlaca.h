@@ -11,10 +11,10 @@
 
 namespace vintoral {
 
-/// Number of the first user with this plate, from user `desde` on, 0 when there is none. A torn last record
-/// is no user yet. An empty plate finds nobody.
+/// Number of the first among the users `desde` to `hasta` with this plate, 0 when there is none. `hasta` is
+/// the count of the register, or a torn last record would be a user. An empty plate finds nobody.
 Result<std::int64_t> BuscarPlaca(const Register<RegistroUsuario>& usuarios, std::string_view placa,
-                                 std::int64_t desde = 1);
+                                 std::int64_t desde, std::int64_t hasta);
 /// Number of the first slot among 1 to `ultimo` that is in use and holds this plate, else 0.
 Result<std::int64_t> BuscarPlacaDentro(const Register<RegistroFicha>& fichas, std::string_view placa,
                                        std::int64_t ultimo);

@@ -28,8 +28,14 @@ std::vector<char> BlankRecords(std::span<const char> blank) {
 
 }  // namespace
 
+Result<std::uint64_t> RecordFile::Measure() const {
+  Result<std::uint64_t> length = file_.Length();
+  if (length) reaches_ = *length;
+  return length;
+}
+
 Result<std::int64_t> RecordFile::Count() const {
-  const Result<std::uint64_t> length = file_.Length();
+  const Result<std::uint64_t> length = Measure();
   if (!length) return length.Why();
   return static_cast<std::int64_t>(*length / blank_.size());
 }
@@ -41,6 +47,7 @@ Outcome RecordFile::Read(std::int64_t number, std::span<char> record) const {
     const Result<std::size_t> read = file_.ReadAt(OffsetOf(number, blank_.size()), record);
     if (!read) return read.Why();
     got = *read;
+    if (got > 0) reaches_ = std::max(reaches_, OffsetOf(number, blank_.size()) + got);
   }
   Complete(record, got, blank_);
   return Outcome::Done();
@@ -50,13 +57,15 @@ Outcome RecordFile::Write(std::int64_t number, std::span<const char> record) {
   if (number < 1 || number > kMostRecords)
     return Outcome::Failed("write record", std::to_string(number), EINVAL);
   const std::uint64_t offset = OffsetOf(number, blank_.size());
-  const Result<std::uint64_t> length = file_.Length();
+  Outcome reached = ReachTo(offset);
+  return reached ? file_.WriteAt(offset, record) : reached;
+}
+
+Outcome RecordFile::ReachTo(std::uint64_t offset) {
+  if (offset <= reaches_) return Outcome::Done();
+  const Result<std::uint64_t> length = Measure();
   if (!length) return length.Why();
-  if (offset > *length) {
-    Outcome filled = FillGap(offset);
-    if (!filled) return filled;
-  }
-  return file_.WriteAt(offset, record);
+  return offset > *length ? FillGap(offset) : Outcome::Done();
 }
 
 Outcome RecordFile::FillGap(std::uint64_t until) {

@@ -15,6 +15,9 @@ namespace vintoral {
 
 /// Records `number`s count from 1. `blank` is an empty record as it stands on disk: its length is the record
 /// length, and it gives the bytes that a torn or missing record lacks. It must outlive the file.
+///
+/// What is known of the file's length is not asked for again: on a mount that is a trip to the server. No
+/// whole record is ever taken from the end of a register.
 class RecordFile {
  public:
   RecordFile(DiskFile& file, std::span<const char> blank) : file_(file), blank_(blank) {}
@@ -38,10 +41,15 @@ class RecordFile {
   static constexpr std::uint64_t kLongestGap = std::uint64_t{256} << 20;
 
  private:
+  /// Fills the gap up to `offset` where there is one.
+  Outcome ReachTo(std::uint64_t offset);
   Outcome FillGap(std::uint64_t until);
+  /// The file's length now.
+  Result<std::uint64_t> Measure() const;
 
   DiskFile& file_;
   std::span<const char> blank_;
+  mutable std::uint64_t reaches_ = 0;  ///< bytes that the file is known to have, at least
 };
 
 /// Records `first` to `last` in blocks, forward or from the last one back.
@@ -61,8 +69,9 @@ class BlockReader {
   std::size_t Count() const { return count_; }
   const char* Record(std::size_t index) const { return bytes_.get() + index * blank_.size(); }
 
-  /// Large enough that calls don't count, small enough to stay in the processor's nearest memory.
-  static constexpr std::size_t kBlock = std::size_t{32} << 10;
+  /// Large enough that calls don't count, small enough to stay in the processor's own memory. As much as a
+  /// mount asks its server for in one trip: 32 pages, into which this fits wherever in a page it begins.
+  static constexpr std::size_t kBlock = 31 * kPage;
 
  private:
   bool Load(std::int64_t first, std::size_t count);

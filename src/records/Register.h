@@ -6,6 +6,7 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string_view>
 
@@ -25,7 +26,9 @@ class Register {
   Register(Disk& disk, std::string_view path, OpenMode mode) {
     Result<std::unique_ptr<DiskFile>> file = disk.Open(path, mode);
     opened_ = file.Why();
-    if (file) file_ = file.Take();
+    if (!file) return;
+    file_ = file.Take();
+    bytes_.emplace(*file_, Blank());
   }
   explicit operator bool() const { return file_ != nullptr; }
   /// Why it could not be opened.
@@ -39,14 +42,14 @@ class Register {
   /// Whole records in the file.
   Result<std::int64_t> Count() const {
     if (!file_) return opened_;
-    return Bytes().Count();
+    return bytes_->Count();
   }
   /// Record `number` (from 1). A torn last record is read as far as it goes, the rest blank; past the end
   /// gives a blank record. A number below 1 is refused.
   Result<R> Read(std::int64_t number) const {
     if (!file_) return opened_;
     std::array<char, R::kSize> bytes;
-    Outcome read = Bytes().Read(number, bytes);
+    Outcome read = bytes_->Read(number, bytes);
     if (!read) return read;
     return R::Decode(bytes);
   }
@@ -68,31 +71,31 @@ class Register {
   /// that was cut) fills the gap with blank records.
   Outcome Write(std::int64_t number, const R& record, bool sync) {
     if (!file_) return opened_;
-    Outcome written = Bytes().Write(number, record.Encode());
+    Outcome written = bytes_->Write(number, record.Encode());
     return written && sync ? file_->Sync() : written;
   }
   /// Makes room for one more record, so that a later Append can't fail for a full disk.
   Outcome ReserveRow() {
     if (!file_) return opened_;
-    const Result<std::int64_t> row = Bytes().NextRow();
+    const Result<std::int64_t> row = bytes_->NextRow();
     return row ? file_->Reserve(static_cast<std::uint64_t>(*row) * R::kSize) : row.Why();
   }
   /// See RecordFile.
   Result<bool> EndsInACutRow() const {
     if (!file_) return opened_;
-    return Bytes().EndsInACutRow();
+    return bytes_->EndsInACutRow();
   }
-  Outcome DropCutRow() { return file_ ? Bytes().DropCutRow() : opened_; }
+  Outcome DropCutRow() { return file_ ? bytes_->DropCutRow() : opened_; }
   /// Appends at length / size + 1 under the append lock: `fill(number)` gives the record once the row is
   /// known. A torn last record is overwritten. Synced, after the lock is given back: the row is taken as soon
   /// as it is written, and no other station waits for this one's disk.
   template <class Fill>
   Outcome Append(Fill fill) {
     return UnderLock([this, &fill] {
-      const Result<std::int64_t> number = Bytes().NextRow();
+      const Result<std::int64_t> number = bytes_->NextRow();
       if (!number) return number.Why();
       const R record = fill(*number);
-      return Bytes().Write(*number, record.Encode());
+      return bytes_->Write(*number, record.Encode());
     });
   }
   /// Runs `work` under the append lock: a record that others take too is looked at and written before anybody
@@ -116,7 +119,6 @@ class Register {
     static const std::array<char, R::kSize> blank = R{}.Encode();
     return blank;
   }
-  RecordFile Bytes() const { return RecordFile(*file_, Blank()); }
 
   template <class Visit>
   static auto Decoding(Visit& visit) {
@@ -125,6 +127,7 @@ class Register {
 
   Outcome opened_ = Outcome::Done();
   std::unique_ptr<DiskFile> file_;
+  std::optional<RecordFile> bytes_;  ///< of file_
 };
 
 template <class R>
@@ -146,7 +149,7 @@ template <class Visit>
 Outcome Register<R>::WalkBack(std::int64_t last, std::int64_t first, Visit visit) const {
   if (!file_) return opened_;
   // Without the bound, a walk from far behind the end would read nothing for very long.
-  const Result<std::int64_t> end = Bytes().NextRow();
+  const Result<std::int64_t> end = bytes_->NextRow();
   if (!end) return end.Why();
   BlockReader block(*file_, Blank(), first, std::min(last, *end));
   while (block.Previous()) {

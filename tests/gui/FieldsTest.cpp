@@ -21,6 +21,12 @@ class Fields : public Gate {
     Key(Qt::Key_Return);
     ASSERT_EQ(Focused(), "TxtCampo(1)");
   }
+  /// As an input method hands it over.
+  void Compose(const QString& text) {
+    QInputMethodEvent composed;
+    composed.setCommitString(text);
+    QCoreApplication::sendEvent(&Face("TxtCampo(1)"), &composed);
+  }
 };
 
 TEST_F(Fields, NumberTakesDigitsAndBeepsAtTheRest) {
@@ -88,11 +94,33 @@ TEST_F(Fields, CommandKeysLeaveNoCharacter) {
 
 TEST_F(Fields, ComposedCharactersAreTyped) {
   OpenNew();
-  QInputMethodEvent composed;
-  composed.setCommitString(QStringLiteral("é世"));
-  QCoreApplication::sendEvent(&Face("TxtCampo(1)"), &composed);
+  Compose(QStringLiteral("é世"));
   EXPECT_EQ(Shown("TxtCampo(1)"), "É?");
   EXPECT_EQ(form_->TxtCampo[1].Text(), "É?"_w);
+}
+
+TEST_F(Fields, ComposedCharactersAreKeptAsKeysAre) {
+  constexpr std::int64_t kHand = 100;  // milliseconds between two
+  int beeps = 0;
+  queue_->Beep = [&] { ++beeps; };
+  OpenNew();
+  seam_.Hangs = true;
+  const auto compose = [&](const char* text, std::size_t times) {
+    for (std::size_t i = 0; i < times; ++i) {
+      clock_.Advance(kHand);
+      Compose(QString::fromUtf8(text));
+    }
+  };
+  compose("é", 1);
+  compose("a", InputQueue::kKeys - 1);
+  EXPECT_EQ(beeps, 0);
+  compose("b", 1);
+  EXPECT_EQ(beeps, 1);
+  EXPECT_EQ(form_->TxtCampo[1].Text(), ""_w);
+  seam_.Hangs = false;
+  queue_->Go();
+  EXPECT_TRUE(Shown("TxtCampo(1)").startsWith("ÉAA")) << Shown("TxtCampo(1)").toStdString();
+  EXPECT_FALSE(Shown("TxtCampo(1)").contains("B"));
 }
 
 TEST_F(Fields, MouseMovesTheCaretAndDoubleClickMarksAll) {

@@ -69,6 +69,8 @@ class InputQueues : public testing::Test {
       Press(QChar(letter).toUpper().unicode(), QString(QChar(letter)), gap);
   }
   void Escape() { Press(Qt::Key_Escape, QStringLiteral("!")); }
+  /// The station hangs, and the operator has been told.
+  void Hang() { seam_.Busy = late_ = true; }
   void HoldEscape() {
     clock_.Advance(kHand);
     queue_.Press(QKeyEvent(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier, QStringLiteral("!"), true),
@@ -232,9 +234,9 @@ TEST_F(InputQueues, EscTakesBackWhatTheStationHasNotBegun) {
   EXPECT_EQ(Served(), "");
 }
 
-TEST_F(InputQueues, EscDoesNotTakeBackWhichWindowIsInFront) {
+TEST_F(InputQueues, EscDoesNotTakeBackWhatIsInView) {
   Type("a");
-  queue_.Do(Note("<window>"), InputQueue::Kind::kWindow);
+  queue_.Do(Note("<window>"), InputQueue::Kind::kView);
   Type("b");
   late_ = true;
   Escape();
@@ -243,8 +245,7 @@ TEST_F(InputQueues, EscDoesNotTakeBackWhichWindowIsInFront) {
 }
 
 TEST_F(InputQueues, EscThatIsHeldDownThrowsAwayOnce) {
-  seam_.Busy = true;
-  late_ = true;
+  Hang();
   Type("ab");
   Escape();
   HoldEscape();
@@ -284,16 +285,14 @@ TEST_F(InputQueues, EscAnswersABoxHoweverSoonItFollows) {
 }
 
 TEST_F(InputQueues, EscWithNothingToThrowAwayIsKept) {
-  seam_.Busy = true;
-  late_ = true;
+  Hang();
   Escape();
   EXPECT_EQ(beeps_, 0);
   EXPECT_EQ(Served(), "!");
 }
 
 TEST_F(InputQueues, EscBreaksOffWorkAndThrowsNothingAway) {
-  seam_.Busy = true;
-  late_ = true;
+  Hang();
   Type("ab");
   int broken = 0;
   queue_.BreakOff = [&] { return ++broken > 0; };
@@ -328,8 +327,7 @@ TEST_F(InputQueues, AfterOneThereIsRoomForOne) {
 }
 
 TEST_F(InputQueues, WhatIsThrownAwayMakesRoom) {
-  seam_.Busy = true;
-  late_ = true;
+  Hang();
   Type(std::string(200, 'x'));
   Escape();
   Type(std::string(200, 'y'));
@@ -374,8 +372,7 @@ TEST_F(InputQueues, AKeyThatIsHeldDownIsNoCode) {
 }
 
 TEST_F(InputQueues, AKeyThatOnlyModifiesTakesNoRoom) {
-  seam_.Busy = true;
-  late_ = true;
+  Hang();
   for (const Qt::Key key : {Qt::Key_Shift, Qt::Key_Control, Qt::Key_Alt, Qt::Key_AltGr, Qt::Key_CapsLock})
     Press(key, {});
   EXPECT_FALSE(queue_.Keeps());

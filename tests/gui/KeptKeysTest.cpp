@@ -7,6 +7,7 @@
 #include <thread>
 
 #include "gui/DirectSeam.h"
+#include "gui/LockedClock.h"
 #include "platform/desktop/StationThread.h"
 #include "platform/headless/VirtualClock.h"
 #include "window/controls/InputQueue.h"
@@ -78,14 +79,6 @@ TEST_F(KeptKeys, NothingOvertakesTheKeyThatABoxTakes) {
   EXPECT_EQ(done_, "1widget");
 }
 
-/// Any thread may read it.
-class SharedClock : public Clock {
- public:
-  Moment Now() const override { return Moment().Plus(ticks); }
-  std::int64_t Ticks() const override { return ticks; }
-  std::atomic<std::int64_t> ticks = 0;
-};
-
 /// A station that has a box up, with a timer each 50 ms whose first tick hangs.
 class BoxInAHang : public testing::Test {
  protected:
@@ -114,7 +107,7 @@ class BoxInAHang : public testing::Test {
     });
   }
   void PassTo(std::int64_t ticks) {
-    clock_.ticks = ticks;
+    clock_.Set(ticks);
     thread_.Wake();
   }
   void Hang() {
@@ -129,7 +122,7 @@ class BoxInAHang : public testing::Test {
     return thread_.EndWithin(5000) ? done_ : "it does not end";
   }
 
-  SharedClock clock_;
+  LockedClock clock_{0};
   StationThread thread_{clock_};
   std::atomic<bool> hangs_ = false, goesOn_ = false;
   // Of the station's thread.

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 
+#include "support/OnePainter.h"
 #include "window/controls/Theme.h"
 
 int main(int argc, char** argv) {
@@ -11,5 +12,6 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
   vintoral::theme::Apply(application);
+  vintoral::test::PaintWithOneThread();
   return RUN_ALL_TESTS();
 }

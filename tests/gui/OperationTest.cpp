@@ -141,12 +141,19 @@ TEST_F(Operation, ALostFolderShowsInBarsAndStamp) {
   EXPECT_TRUE(Face("LblIndicador(0)").isVisible());
 }
 
-TEST_F(Operation, TooltipNamesTheKeyOnceThePointerIsThere) {
-  QWidget& button = Face("PctBoton(11)");
-  QTest::mouseMove(window_->windowHandle(), button.mapTo(window_.get(), button.rect().center()));
-  QCoreApplication::processEvents();
+// A folder that hangs lets no pointer fetch it from the station.
+TEST_F(Operation, TooltipNamesTheKeyBeforeThePointerWasThere) {
+  const QWidget& button = Face("PctBoton(11)");
   EXPECT_EQ(button.accessibleName(), "<ESC> Cancelar/Limpiar Campos");
   EXPECT_TRUE(button.toolTip().contains("&lt;ESC&gt;"));
+  EXPECT_EQ(form_->PctBoton[boton::kCancelar].ToolTipText, ""_w);
+}
+
+TEST_F(Operation, TooltipIsThatOfThePressedButtonAsSoonAsItIsPressed) {
+  const QWidget& monitor = Face("PctBoton(7)");
+  ASSERT_TRUE(monitor.toolTip().contains(" Activar Monitor")) << monitor.toolTip().toStdString();
+  Key(Qt::Key_F1);
+  EXPECT_TRUE(monitor.toolTip().contains(" Desactivar Monitor")) << monitor.toolTip().toStdString();
 }
 
 TEST_F(Operation, ClosingAsksAndNoKeepsTheStation) {

@@ -141,6 +141,17 @@ TEST_F(Snapshot, OfWhatShowsNothingOfItsOwn) {
   EXPECT_EQ(*Added<ControlState>("Timer").toolTip, "reloj"_w);
 }
 
+TEST_F(Snapshot, OfAToolTipThatThePointerWouldSet) {
+  main_.shape.ToolTipText = "before"_w;
+  main_.shape.ToolTipAhead = [this] { return main_.shape.Enabled ? "on"_w : "off"_w; };
+  auto& shape = Added<ControlState>("Shape");
+  EXPECT_EQ(*shape.toolTip, "on"_w);
+  main_.shape.Enabled = false;
+  Take();
+  EXPECT_EQ(*shape.toolTip, "off"_w);
+  EXPECT_EQ(main_.shape.ToolTipText, "before"_w);
+}
+
 TEST_F(Snapshot, TellsWhatTakesTheFocus) {
   const auto& box = Added<TextBoxState>("Box");
   const auto& label = Added<LabelState>("Label");

@@ -63,7 +63,7 @@ class Script(crew.Crew, volume.Site):
         machine.run("umount", "/mnt/elsewhere")
         machine.run("mount", "-t", "glusterfs", "-o", "entry-timeout=0", f"{machine.name}:/porterias", volume.MOUNT)
         said = self.volume(3, "check", expected=1)
-        self.assertIn("mounted without attribute-timeout=0", said)
+        self.assertIn("mounted without direct-io-mode=enable", said)
         self.assertNotIn("without entry-timeout=0", said)
 
         # The options stand before the command or behind it.

@@ -29,9 +29,9 @@ NOW = stamp("14:00", "20/11/2026")
 SIGNALS = (signal.SIGKILL, signal.SIGTERM)
 # A process that has been killed must not seem to live on.
 MOMENT_SECONDS = 2
-# A piece of work asks for names some 200 times and reads some 20 times; it changes something some ten times. It renames
+# A piece of work asks for names some 100 times and reads some ten times; it changes something some ten times. It renames
 # nothing.
-STEP = collections.defaultdict(lambda: 1, {"stat": 12, "read": 2, "open": 2})
+STEP = collections.defaultdict(lambda: 1, {"stat": 6, "open": 2})
 # Each gate has its own numbers for new fichas.
 NUMBERS = (7, 507)
 

@@ -41,6 +41,7 @@
 #include "app/Station.h"
 #include "platform/headless/GivenCamera.h"
 #include "platform/headless/SeededRandom.h"
+#include "support/OnePainter.h"
 #include "window/controls/CaptionLabel.h"
 #include "window/controls/Theme.h"
 
@@ -313,6 +314,7 @@ int main(int argc, char** argv) {
   vintoral::Station::PrepareToolkit();
   QApplication application(argc, argv);
   vintoral::theme::Apply(application);
+  vintoral::test::PaintWithOneThread();
   vintoral::test::TypedGate gate(argc > 1 ? std::strtoull(argv[1], nullptr, 10) : 1);
   const int result = QApplication::exec();
   if (!gate.HasEnded()) std::_Exit(result);

@@ -4,6 +4,8 @@
 #include <chrono>
 #include <utility>
 
+#include "platform/SignalsElsewhere.h"
+
 namespace vintoral {
 
 StationThread::StationThread(const vintoral::Clock& machine)
@@ -17,6 +19,7 @@ StationThread::~StationThread() {
 
 void StationThread::Start(Station station, Step first, Step over) {
   station_ = std::move(station);
+  const SignalsElsewhere masked;
   thread_ = std::thread([this, first = std::move(first), over = std::move(over)] {
     Run(first);
     ToWindow(over);

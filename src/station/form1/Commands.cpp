@@ -6,6 +6,7 @@
 #include "station/form1/Archivos.h"
 #include "station/form1/Bloqueos.h"
 #include "station/form1/Form1.h"
+#include "station/form1/Monitor.h"
 
 namespace vintoral {
 namespace {
@@ -242,6 +243,11 @@ std::span<const ButtonCommand> ButtonCommands() {
 
 std::span<const GuardedOperation> GuardedOperations() {
   return kGuarded;
+}
+
+String ToolTipOf(const PictureBox& button, boton::Index index) {
+  const ButtonCommand& row = kButtons[index];
+  return String::FromUtf8(IsPressed(button) ? row.tooltipPressed : row.tooltip);
 }
 
 const KeyCommand* FindKeyCommand(const Form1& form, int code, int mask) {

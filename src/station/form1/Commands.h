@@ -6,12 +6,14 @@
 #include <optional>
 #include <span>
 
+#include "common/String.h"
 #include "station/form1/Familias.h"
 #include "station/forms/Keys.h"
 
 namespace vintoral {
 
 class Form1;
+class PictureBox;
 
 /// Which masks a row answers to: bit m stands for mask m.
 using MaskSet = std::uint8_t;
@@ -57,6 +59,8 @@ std::span<const KeyCommand> KeyCommands();
 /// By boton::Index.
 std::span<const ButtonCommand> ButtonCommands();
 std::span<const GuardedOperation> GuardedOperations();
+/// What the button stands for as it is now, pressed or not.
+String ToolTipOf(const PictureBox& button, boton::Index index);
 /// The row that answers to a key in the present state, or null.
 const KeyCommand* FindKeyCommand(const Form1& form, int code, int mask);
 

@@ -4,6 +4,7 @@
 
 #include "common/Numbers.h"
 #include "station/form1/Bloqueos.h"
+#include "station/form1/Commands.h"
 #include "station/forms/Input.h"
 #include "station/forms/ReglasTeclas.h"
 
@@ -73,6 +74,7 @@ void Form1::ConectarBotones() {
       SalirDeCelda();
       PctBoton_MouseMove(index);
     };
+    PctBoton[i].ToolTipAhead = [this, i] { return ToolTipOf(PctBoton[i], static_cast<boton::Index>(i)); };
   }
   // Two quick presses are two pages.
   for (const boton::Index page : {boton::kRetroceder, boton::kAvanzar})

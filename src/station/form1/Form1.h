@@ -27,7 +27,7 @@
 #include "records/RegistroUsuario.h"
 #include "station/form1/Impresos.h"
 #include "station/form1/Lectura.h"
-#include "station/form1/PuestoPendiente.h"
+#include "station/form1/PuestoLiberado.h"
 #include "station/form1/ScreenModel.h"
 #include "station/form1/Sellos.h"
 #include "station/forms/Forms.h"
@@ -70,7 +70,8 @@ class Form1 : public ScreenModel {
   std::int32_t NumeroUsuario = 0;
   std::int32_t UsuarioEnFormulario = 0;  ///< the user whose record filled the form in, 0 for none
   String CarpetaMostrada;                ///< the data folder that the ficha on the screen was read from
-  std::vector<PuestoPendiente> PuestosPendientes;  ///< of vehicles that stay inside, the oldest first
+  std::vector<PuestoLiberado>
+      PuestosPendientes;                   ///< to be given back when their folder is there, the oldest first
   std::int64_t NumeroPase = 0;             ///< the record in CFR of the pass on the screen, 0 for none
   std::vector<RegistroFicha> VistaFichas;  ///< element 0 is record 1 of the view
   std::int32_t InicioPagina = 1;           ///< first record of the grid page, from 1
@@ -385,8 +386,9 @@ class Form1 : public ScreenModel {
   String RutaMostrada(std::string_view file) const;
   /// Is ACT there? If not, the link watch looks at once.
   bool HayConexion();
-  /// PuestosPendientes are given back, as far as the data folder can be reached. Where another gate has
-  /// filled a slot since, nothing is left to give back.
+  /// PuestosPendientes are given back, as far as the data folder can be reached. Where a slot is no longer as
+  /// this gate left it - another has filled it since, or has let the same ficha out - nothing is left to give
+  /// back.
   void DevolverPuestos();
   /// The link watch looks at once: an operation has missed what should be in the data folder.
   void BuscarEnlaceYa();

@@ -77,6 +77,9 @@ class Control {
   bool Enabled = true;
   String Tag;
   String ToolTipText;
+  /// Where the pointer sets ToolTipText: what it would set by now. A window that the station can't answer at
+  /// the moment shows that.
+  std::function<String()> ToolTipAhead;
   /// Can the keyboard focus stand here when it is shown and enabled?
   bool CanFocus = false;
 

@@ -96,10 +96,7 @@ Seam::Step Hands::Then(Seam::Step step, std::function<void()> then) {
 }
 
 void Hands::Type(const QString& text) {
-  queue_.Do(With([characters = FromQString(text)](Input& input) {
-    for (const char character : characters.Bytes())
-      input.Character(character);
-  }));
+  Key(QKeyEvent(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, text));
 }
 
 void Hands::Paste(const QString& text) {
@@ -118,8 +115,8 @@ void Hands::DoubleClick(const ControlId& id) {
   queue_.Do(With(id, [](Input& input, Control& control) { input.DoubleClick(control); }));
 }
 
-void Hands::Hover(const ControlId& id, std::function<void()> then) {
-  queue_.Do(Then(With(id, [](Input& input, Control& control) { input.Hover(control); }), std::move(then)),
+void Hands::Hover(const ControlId& id) {
+  queue_.Do(With(id, [](Input& input, Control& control) { input.Hover(control); }),
             InputQueue::Kind::kPointer);
 }
 
@@ -140,7 +137,8 @@ void Hands::Tick(const ControlId& id, int row) {
 
 void Hands::Scroll(const ControlId& id, int top) {
   queue_.Do(
-      With(id, [top](Input& input, Control& control) { static_cast<void>(input.Scroll(control, top)); }));
+      With(id, [top](Input& input, Control& control) { static_cast<void>(input.Scroll(control, top)); }),
+      InputQueue::Kind::kView);
 }
 
 void Hands::MoveCaret(const ControlId& id, int start, int length) {
@@ -158,7 +156,7 @@ void Hands::Use(const std::string& form) {
                  [&forms = forms_](Input&, Form& found) {
                    if (&forms.Active() != &found) forms.Activate(found);
                  }),
-            InputQueue::Kind::kWindow);
+            InputQueue::Kind::kView);
 }
 
 void Hands::CloseBox(const std::string& form) {

@@ -33,7 +33,7 @@ class Hands {
   void Focus(const ControlId& id, std::function<void()> then = nullptr);
   void Click(const ControlId& id);
   void DoubleClick(const ControlId& id);
-  void Hover(const ControlId& id, std::function<void()> then = nullptr);
+  void Hover(const ControlId& id);
   void Select(const ControlId& id, int index);
   /// Turns the tick of a list's row over.
   void Tick(const ControlId& id, int row);

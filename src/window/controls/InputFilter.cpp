@@ -1,13 +1,11 @@
 #include "window/controls/InputFilter.h"
 
 #include <QApplication>
-#include <QHelpEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPointer>
-#include <QToolTip>
 #include <QWidget>
 #include <memory>
 
@@ -17,11 +15,6 @@
 namespace vintoral {
 
 namespace {
-
-/// Does the pointer rest on this widget itself? What has no tooltip passes the question on to its parents.
-bool IsUnder(const QObject* watched, const QHelpEvent& event) {
-  return static_cast<const QWidget*>(watched)->childAt(event.pos()) == nullptr;
-}
 
 /// Has the station a say in what is marked of the text that was pressed?
 bool MarksOnFocus(const ControlState& state, const QObject* watched) {
@@ -79,10 +72,6 @@ bool InputFilter::eventFilter(QObject* watched, QEvent* event) {
       if (const View* view = InWindow(watched) ? mirror_.Of(watched) : nullptr)
         hands_.DoubleClick(view->State().id);
       return false;
-    case QEvent::ToolTip:  // a button that was pressed meanwhile has another text
-      if (InWindow(watched) && IsUnder(watched, *static_cast<QHelpEvent*>(event)))
-        RenewTip(*static_cast<QWidget*>(watched), static_cast<QHelpEvent*>(event)->globalPos());
-      return false;
     case QEvent::WindowActivate:
       if (watched == &window_) hands_.Use(mirror_.Snapshot().name);
       return false;
@@ -96,15 +85,6 @@ bool InputFilter::eventFilter(QObject* watched, QEvent* event) {
 
 void InputFilter::Hover(const QObject* watched) {
   if (const View* const view = mirror_.Of(watched)) hands_.Hover(view->State().id);
-}
-
-void InputFilter::RenewTip(QWidget& widget, QPoint at) {
-  const View* const view = mirror_.Of(&widget);
-  if (view == nullptr) return;
-  hands_.Hover(view->State().id, [widget = QPointer(&widget), at, before = widget.toolTip()] {
-    if (widget && widget->toolTip() != before && QToolTip::isVisible())
-      QToolTip::showText(at, widget->toolTip(), widget);
-  });
 }
 
 bool InputFilter::InputMethod(QObject* watched, QInputMethodEvent& event) {

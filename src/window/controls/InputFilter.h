@@ -27,7 +27,6 @@ class InputFilter : public QObject {
   bool InWindow(const QObject* watched) const;
   bool InputMethod(QObject* watched, QInputMethodEvent& event);
   void Hover(const QObject* watched);
-  void RenewTip(QWidget& widget, QPoint at);
   bool Press(QObject* watched, const QMouseEvent& event);
   void Replay(QObject& watched, QEvent& event);
   void Release(const QObject* watched, const QMouseEvent& event);

@@ -53,7 +53,7 @@ bool InputQueue::Escape(const QKeyEvent& key) {
   if (BreakOff && BreakOff()) return true;
   if (!Late || !Late()) return false;
   if (seam_.TakeBack()) PutBack();
-  const bool thrown = ThrowAway([](const Piece& piece) { return piece.kind != Kind::kWindow; });
+  const bool thrown = ThrowAway([](const Piece& piece) { return piece.kind != Kind::kView; });
   if (thrown) Beep();
   // Held down it would throw away and be kept by turns.
   return thrown || key.isAutoRepeat();

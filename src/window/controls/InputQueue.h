@@ -31,7 +31,7 @@ class InputQueue {
   enum class Kind {
     kWork,
     kPointer,  ///< where the pointer is: of those that wait side by side the last one counts
-    kWindow,   ///< which window has the keyboard: nothing that Esc could take back
+    kView,     ///< which window is in front, which rows are in view: nothing that Esc could take back
     kClosing,  ///< the main window's close box
   };
   /// Anything else: `serve` is of the station.

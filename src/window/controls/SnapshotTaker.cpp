@@ -90,7 +90,7 @@ class Copier : public ControlVisitor {
     if (state_ == nullptr) state_ = std::make_unique<S>();
     Tell(state_->visible.Take(control.Visible));
     Tell(state_->enabled.Take(control.Enabled));
-    Tell(state_->toolTip.Take(control.ToolTipText));
+    Tell(state_->toolTip.Take(control.ToolTipAhead ? control.ToolTipAhead() : control.ToolTipText));
     Tell(Set(state_->takesFocus, control.TakesFocus()));
     return static_cast<S&>(*state_);
   }

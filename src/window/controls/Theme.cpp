@@ -72,10 +72,11 @@ QPalette StationPalette() {
 }  // namespace
 
 void Apply(QApplication& application) {
-  application.setStyle(new Style);  // the application owns it
+  // The application owns both.
+  application.setStyle(new Style);
+  new CaretRest(&application);
   application.setPalette(StationPalette());
   application.setFont(TextFont(kTextPixels));
-  new CaretRest(&application);  // as above
 }
 
 }  // namespace vintoral::theme

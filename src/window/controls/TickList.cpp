@@ -89,7 +89,6 @@ void TickList::resizeEvent(QResizeEvent* /*event*/) {
 void TickList::mousePressEvent(QMouseEvent* event) {
   const int row = top_ + static_cast<int>(event->position().y()) / pitch_;
   if (event->button() != Qt::LeftButton || row >= rows_.size()) return;
-  ScrollTo(top_);  // where it was pressed it is seen, also when Esc has taken a scroll back
   if (onPressed) onPressed(row);
 }
 

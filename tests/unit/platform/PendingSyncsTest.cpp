@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <linux/magic.h>
+#include <sys/mman.h>
 #include <sys/vfs.h>
 #include <unistd.h>
 
@@ -383,8 +384,9 @@ TEST(SyncCalls, ThisSystemSyncs) {
   folder.Put("a", "123");
   const int a = open(folder.Path("a").c_str(), O_RDWR | O_CLOEXEC);
   SyncCalls& calls = SyncCalls::System();
-  EXPECT_EQ(calls.Status(a), StatusOf(folder.Path("a")));
-  EXPECT_EQ(calls.Status(a)->length, 3u);
+  const std::optional<FileStatus> status = StatusOf(folder.Path("a"));
+  EXPECT_EQ(status->length, 3u);
+  EXPECT_EQ(calls.Status(a), status->IsOnABlockDevice() ? status : std::nullopt);
   EXPECT_EQ(calls.Sync(a), 0);
   EXPECT_EQ(calls.Start(a), 0);
   EXPECT_EQ(calls.AwaitData(a), 0);
@@ -392,6 +394,13 @@ TEST(SyncCalls, ThisSystemSyncs) {
   EXPECT_EQ(calls.Status(a), std::nullopt);
   EXPECT_EQ(calls.Sync(a), EBADF);
   EXPECT_EQ(calls.AwaitData(a), EBADF);
+}
+
+TEST(SyncCalls, SayNothingOfAFileOnNoDisk) {
+  const Descriptor memory(memfd_create("register", MFD_CLOEXEC));
+  ASSERT_EQ(write(memory.Number(), "123", 3), 3);
+  ASSERT_EQ(StatusOf(memory.Number())->length, 3u);
+  EXPECT_EQ(SyncCalls::System().Status(memory.Number()), std::nullopt);
 }
 
 TEST(SyncCalls, KnowsWhatIsNotWrittenInPlace) {
@@ -406,7 +415,7 @@ TEST(SyncCalls, KnowsWhatIsNotWrittenInPlace) {
     const Descriptor file(open(folder.Path(name).c_str(), O_RDWR | O_CLOEXEC));
     prepare(file.Number());
     EXPECT_EQ(calls.Sync(file.Number()), 0);
-    const std::uint64_t length = calls.Status(file.Number())->length;
+    const std::uint64_t length = StatusOf(file.Number())->length;
     return length > 0 && calls.WrittenUpTo(file.Number(), length) >= length;
   };
   struct statfs system {};

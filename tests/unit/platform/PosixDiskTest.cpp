@@ -218,6 +218,30 @@ TEST_F(PosixDiskTest, TheMarkOfAFileIsItsLengthAndItsTime) {
   EXPECT_EQ(disk_.Look("No folder\\000001.jpg"), std::nullopt);
 }
 
+TEST_F(PosixDiskTest, PhotosAreFoundByWayOfTheirFolder) {
+  folder_.Put("Fotos/000001.jpg", "photo");
+  folder_.Put("Fotos/000002.jpg/inside", "");
+  folder_.Put("No folder", "");
+  std::filesystem::create_symlink("000001.jpg", folder_.Path("Fotos/000003.jpg"));
+  std::filesystem::create_symlink("nothing", folder_.Path("Fotos/000004.jpg"));
+  std::filesystem::create_directory_symlink("Fotos", folder_.Path("Elsewhere"));
+  std::filesystem::create_directory_symlink("nothing", folder_.Path("Nowhere"));
+  folder_.Put("NOWHERE/000001.jpg", "photo");
+  const auto found = [&](std::string_view path) {
+    EXPECT_EQ(disk_.Exists(path), disk_.Look(path).has_value()) << path;
+    return disk_.Exists(path);
+  };
+  for (const char* photo :
+       {"Fotos\\000001.jpg", "FOTOS\\000001.jpg", "Fotos\\000003.jpg", "elsewhere\\000001.jpg"})
+    EXPECT_TRUE(found(photo)) << photo;
+  for (const char* photo :
+       {"Fotos\\000001.JPG", "Fotos\\000002.jpg", "Fotos\\000004.jpg", "Fotos\\000005.jpg",
+        "FOTOS\\000005.jpg", "No folder\\000001.jpg", "Nowhere\\000001.jpg", "x\\000001.jpg"})
+    EXPECT_FALSE(found(photo)) << photo;
+  folder_.Put("000001.jpg", "photo");
+  EXPECT_TRUE(found("000001.jpg"));
+}
+
 TEST_F(PosixDiskTest, MarksOfAFolderComeInTheOrderOfTheNames) {
   folder_.Put("Im\xC3\xA1genes ACT/000001.jpg", "photo");
   folder_.Put("Im\xC3\xA1genes ACT/000003.jpg/inside", "");
@@ -233,6 +257,17 @@ TEST_F(PosixDiskTest, MarksOfAFolderComeInTheOrderOfTheNames) {
   EXPECT_THAT(lengths("IM\xC1GENES act"), ElementsAre(99, 5, 99, 2));
   EXPECT_THAT(lengths("Im\xE1genes HST"), ElementsAre(99, 99, 99, 99));
   EXPECT_EQ(disk_.Disk::LookIn("Im\xE1genes ACT", names), disk_.LookIn("Im\xE1genes ACT", names));
+}
+
+TEST_F(PosixDiskTest, MarksOfAFolderOnNoDiskComeInTheOrderOfTheNames) {
+  const PosixDisk system("/proc");
+  std::vector<String> names;
+  for (int i = 0; i < 50; ++i)
+    names.push_back(i % 3 == 0 ? "stat"_w : i % 3 == 1 ? "fd"_w : "nothing"_w);
+  const auto marks = system.LookIn("self", names);
+  ASSERT_EQ(marks.size(), 50u);
+  for (std::size_t i = 0; i < marks.size(); ++i)
+    EXPECT_EQ(marks[i].has_value(), i % 3 == 0) << i;
 }
 
 TEST_F(PosixDiskTest, AFileThatIsOpenForWritingIsBeingWritten) {

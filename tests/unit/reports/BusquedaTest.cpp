@@ -347,9 +347,9 @@ TEST(BuscarHistorial, NotInUseCountsToo) {
 }
 
 TEST(BuscarHistorial, TellsHowFarItIsAndEndsWhenToldSo) {
-  // 1000 rows are six blocks of 174 records of 188 bytes, the last one smaller.
+  // 4000 rows are six blocks of 675 records of 188 bytes, the last one smaller.
   std::string file = kBlanco;
-  for (int i = 0; i < 1000; ++i)
+  for (int i = 0; i < 4000; ++i)
     file += Fila("X", "10:00  (20/11/2026)");
   MemoryDisk disk;
   disk.Put("HST", file);
@@ -361,11 +361,11 @@ TEST(BuscarHistorial, TellsHowFarItIsAndEndsWhenToldSo) {
     left.push_back(rest);
     return true;
   }));
-  EXPECT_THAT(left, ElementsAre(826, 652, 478, 304, 130, 0));
-  EXPECT_EQ(found, 1000);
+  EXPECT_THAT(left, ElementsAre(3325, 2650, 1975, 1300, 625, 0));
+  EXPECT_EQ(found, 4000);
   found = 0;
-  EXPECT_TRUE(BuscarHistorial(disk, "HST", prueba, count, [](std::int64_t rest) { return rest > 600; }));
-  EXPECT_EQ(found, 522);
+  EXPECT_TRUE(BuscarHistorial(disk, "HST", prueba, count, [](std::int64_t rest) { return rest > 2000; }));
+  EXPECT_EQ(found, 2025);
 }
 
 TEST(BuscarHistorial, AnUnreadableRangeReadsNothing) {
@@ -376,7 +376,7 @@ TEST(BuscarHistorial, AnUnreadableRangeReadsNothing) {
 
 TEST(BuscarHistorial, ADiskThatFailsIsTold) {
   std::string file = kBlanco;
-  for (int i = 0; i < 300; ++i)
+  for (int i = 0; i < 1000; ++i)
     file += Fila("X", "10:00  (20/11/2026)");
   MemoryDisk memory;
   memory.Put("HST", file);
@@ -384,9 +384,9 @@ TEST(BuscarHistorial, ADiskThatFailsIsTold) {
   PruebaRegistro prueba(UnDia());
   std::int64_t found = 0;
   const auto count = [&](const RegistroFicha&) { ++found; };
-  disk.Set().failRead = 2;  // 174 records are read at a time
+  disk.Set().failRead = 2;  // 675 records are read at a time
   EXPECT_EQ(BuscarHistorial(disk, "HST", prueba, count, [](std::int64_t) { return true; }).Error(), EIO);
-  EXPECT_EQ(found, 174);
+  EXPECT_EQ(found, 675);
   disk.Set().failRead = 1;
   EXPECT_EQ(BuscarActivas(disk, "HST", 1000, prueba, count).Error(), EIO);
   disk.Set().failLength = true;

@@ -215,20 +215,20 @@ TEST(InformeHistorial, TheSummaryOfADay) {
 
 TEST(InformeHistorial, WhatWasReadBeforeAFailureCounts) {
   std::string file = kBlanco;
-  for (int i = 0; i < 300; ++i)
+  for (int i = 0; i < 1000; ++i)
     file += Encoded(Ida("X", "19/11/2026", 1));
   MemoryDisk memory;
   memory.Put("HST", file);
   test::FaultyDisk disk(memory);
-  disk.Set().failRead = 2;  // 174 records are read at a time
+  disk.Set().failRead = 2;  // 675 records are read at a time
   std::string page;
   EXPECT_TRUE(
       InformeHistorial(DeDia(), Register<RegistroFicha>(disk, "HST", OpenMode::kRead), false, En(page))
           .pagina);
   const std::vector<std::string> rows = Filas(page);
-  ASSERT_EQ(rows.size(), 174U + 4);
-  EXPECT_EQ(rows[174], Subtotal("174.00"));
-  EXPECT_EQ(rows.back(), Total(174, "174.00"));
+  ASSERT_EQ(rows.size(), 675U + 4);
+  EXPECT_EQ(rows[675], Subtotal("675.00"));
+  EXPECT_EQ(rows.back(), Total(675, "675.00"));
 }
 
 TEST(InformeHistorial, WhatCannotBeReadEndsIt) {

@@ -1,4 +1,4 @@
-// A slot that has to be given back.
+// What a slot was before its ficha left.
 #pragma once
 
 #include <cstdint>
@@ -10,8 +10,8 @@
 
 namespace vintoral {
 
-/// Freed for an exit whose row could not be written, by a gate whose folder had gone by then.
-struct PuestoPendiente {
+/// Freed for an exit, and given back where the row of that exit can't be written.
+struct PuestoLiberado {
   String carpeta;  ///< the data folder
   std::int64_t numero = 0;
   RegistroFicha ficha;                   ///< as it was inside
