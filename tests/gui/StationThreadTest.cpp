@@ -169,6 +169,20 @@ TEST_F(Threads, TimersGoOnBehindAHang) {
   EXPECT_EQ(Done().back(), "tick@1500");
 }
 
+TEST_F(Threads, ATickIsNotHeldUpByWhatIsTold) {
+  constexpr int kMany = 1000;
+  std::atomic<int> told = 0;
+  const Seam::Step again = [&] {
+    if (++told == 3) due_ = 1000;
+    if (told == 1 || told == 5) Note("told");
+    if (told < kMany) thread_.Tell(again);
+  };
+  Start();
+  thread_.Tell(again);
+  ASSERT_TRUE(Soon([&] { return told == kMany; }));
+  EXPECT_EQ(Done(), Log({"told@1000", "tick@1000", "told@1000"}));
+}
+
 TEST_F(Threads, ABoxHoldsHandsWhileTicksAndNewsPass) {
   bool answered = false;
   Start();
@@ -288,7 +302,7 @@ TEST_F(Threads, LongWorkLetsTicksAndNewsPassAndNoHands) {
       },
       1000);
   ASSERT_TRUE(Soon([&] { return Done().size() == 4; }));
-  EXPECT_EQ(Done(), Log({"told@1250", "tick@1250", "worked@1250", "key@1250"}));
+  EXPECT_EQ(Done(), Log({"tick@1250", "told@1250", "worked@1250", "key@1250"}));
 }
 
 // The window shows how far the work is while the station goes on, and may have ended meanwhile.

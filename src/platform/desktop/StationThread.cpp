@@ -147,7 +147,7 @@ void StationThread::Do(const Step& step, bool ofHands) {
 void StationThread::Breathe() {
   Lock lock(mutex_);
   clock_.MoveTo(Bound());
-  while (const Step step = ToldOrTick()) {
+  while (const Step step = TickOrTold()) {
     lock.unlock();
     step();
     lock.lock();
@@ -167,14 +167,14 @@ std::int64_t StationThread::Bound() const {
   return Oldest().value_or(clock_.Latest());
 }
 
-StationThread::Step StationThread::ToldOrTick() {
-  if (!told_.empty()) {
-    Step step = std::move(told_.front());
-    told_.pop_front();
-    return step;
-  }
+// A tick first: who tells one thing after the other would hold up the timers.
+StationThread::Step StationThread::TickOrTold() {
   const std::int64_t due = station_.nextTick();
-  return due >= 0 && due <= clock_.Ticks() ? station_.runTicks : nullptr;
+  if (due >= 0 && due <= clock_.Ticks()) return station_.runTicks;
+  if (told_.empty()) return nullptr;
+  Step step = std::move(told_.front());
+  told_.pop_front();
+  return step;
 }
 
 /// While something waits to be served, the timers tick one by one, each at its own time.
@@ -192,7 +192,7 @@ StationThread::Turn StationThread::Await(Lock& lock, const std::function<bool()>
   while (!station_.ended() && !over()) {
     SetTime(deadline);
     if (deadline && clock_.Ticks() >= *deadline) break;
-    if (Step step = ToldOrTick()) return {std::move(step)};
+    if (Step step = TickOrTold()) return {std::move(step)};
     if (!answers_.empty()) {
       const Piece answer = std::move(answers_.front());
       answers_.pop_front();

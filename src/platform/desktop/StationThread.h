@@ -73,7 +73,7 @@ class StationThread final : public Seam {
   std::optional<std::int64_t> Oldest() const;
   std::int64_t Bound() const;
   void SetTime(std::optional<std::int64_t> deadline);
-  Step ToldOrTick();
+  Step TickOrTold();
   struct Turn {
     Step step;  ///< null: it is over
     bool ofHands = false;
