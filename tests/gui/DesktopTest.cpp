@@ -143,12 +143,6 @@ TEST_F(Desktop, AMissingProgramIsPassedOver) {
   EXPECT_NE(testing::internal::GetCapturedStderr().find("a.txt"), std::string::npos);
 }
 
-TEST_F(Desktop, EndLeavesTheEventLoop) {
-  DesktopSystem system(FileOf);
-  system.End();
-  EXPECT_EQ(QCoreApplication::exec(), 0);
-}
-
 TEST_F(Desktop, NoSoundDeviceDelaysAKey) {
   folder_.Put("Sonidos/Vintoral-5.wav", "no sound at all");
   using Clock = std::chrono::steady_clock;

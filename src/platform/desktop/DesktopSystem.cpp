@@ -99,10 +99,4 @@ void DesktopSystem::Launch(std::string_view command) {
   if (!started) Outcome::Failed("start a program for", file, ENOENT).PassOver();
 }
 
-void DesktopSystem::End() {
-  // Posted, so that it also ends a loop that has not begun.
-  QMetaObject::invokeMethod(
-      QCoreApplication::instance(), [] { QCoreApplication::exit(0); }, Qt::QueuedConnection);
-}
-
 }  // namespace vintoral

@@ -29,7 +29,8 @@ class DesktopSystem : public System {
   /// A folder whose name Windows-1252 can't hold is none.
   String PicturesFolder() override;
   void Launch(std::string_view command) override;
-  void End() override;
+  /// Nothing: the station's thread ends with its model, and the event loop with the thread.
+  void End() override {}
 
   /// Starts `program` and does not wait; false when there is no such program. The tests put their own in its
   /// place.
