@@ -14,26 +14,43 @@
 namespace vintoral::test {
 namespace {
 
-TEST(Stations, ItsEndIsWaitedForBeforeItsModelGoes) {
-  const TempFolder folder;
-  folder.Put("home/Desktop/Vintoral.desktop", "[Desktop Entry]\n");
-  folder.Put("station/Recursos/Vintoral.RLD", "");  // starts beside a station that runs on this machine
-  const QByteArray home = qgetenv("HOME");
-  qputenv("HOME", folder.Path("home").c_str());
-  const std::string state = folder.Path("station/Recursos/Vintoral.DAT");
+/// A station's folder, and a home that has its shortcut: nobody is welcomed.
+class Stations : public testing::Test {
+ protected:
+  Stations() {
+    folder_.Put("home/Desktop/Vintoral.desktop", "[Desktop Entry]\n");
+    // Starts beside a station that runs on this machine.
+    folder_.Put("station/Recursos/Vintoral.RLD", "");
+    qputenv("HOME", folder_.Path("home").c_str());
+  }
+  ~Stations() override { qputenv("HOME", home_); }
+
+  const TempFolder folder_;
+
+ private:
+  const QByteArray home_ = qgetenv("HOME");
+};
+
+TEST_F(Stations, ItsEndIsWaitedForBeforeItsModelGoes) {
+  const std::string state = folder_.Path("station/Recursos/Vintoral.DAT");
   {
-    Station station(folder.Path("station"));
+    Station station(folder_.Path("station"));
     ASSERT_TRUE(station.WaitUntilStarted());
     std::filesystem::remove(state);
     // Busy when it is asked to end.
     station.Devices.Thread.Tell([] { std::this_thread::sleep_for(std::chrono::milliseconds(300)); });
   }
-  qputenv("HOME", home);
-  // The station has asked the event loop to end; in the tests behind this one, no menu would wait for
-  // anybody.
-  QTimer::singleShot(0, qApp, &QCoreApplication::quit);
-  QCoreApplication::exec();
   EXPECT_TRUE(std::filesystem::exists(state)) << "it was closed as any other";
+}
+
+TEST_F(Stations, TheEventLoopEndsWithIt) {
+  constexpr int kNever = 10'000, kStillRuns = 3;
+  Station station(folder_.Path("station"));
+  ASSERT_TRUE(station.WaitUntilStarted());
+  QTimer::singleShot(kNever, qApp, [] { QCoreApplication::exit(kStillRuns); });
+  station.EndWithoutAsking();
+  EXPECT_EQ(QCoreApplication::exec(), 0);
+  EXPECT_TRUE(station.HasEnded());
 }
 
 }  // namespace
