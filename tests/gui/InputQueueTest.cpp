@@ -335,6 +335,18 @@ TEST_F(InputQueues, WhatIsThrownAwayMakesRoom) {
   EXPECT_EQ(Served(), std::string(200, 'y'));
 }
 
+TEST_F(InputQueues, AClosingThatIsWithdrawnLeavesTheKeysTheirRoom) {
+  seam_.Busy = true;
+  Type(std::string(199, 'x'));
+  queue_.Do(Note("<close>"), InputQueue::Kind::kClosing);
+  ASSERT_TRUE(queue_.Withdraw(InputQueue::Kind::kClosing));
+  Type("y");
+  EXPECT_EQ(beeps_, 0);
+  Type("z");
+  EXPECT_EQ(beeps_, 1);
+  EXPECT_EQ(Served(), std::string(199, 'x') + "y");
+}
+
 TEST_F(InputQueues, ACodeThatBeginsWithRoomIsKeptWhole) {
   seam_.Busy = true;
   Type(std::string(199, 'x'));
