@@ -26,7 +26,7 @@ from hanging import OPERATIONS, HangingFolder, skip_without_fuse  # noqa: E402
 from sales import EXT, sold_lines  # noqa: E402
 from station import RECORD, Folder, lines  # noqa: E402
 
-HANGS = int(os.environ.get("VINTORAL_HANGS", "60"))
+HANGS = int(os.environ.get("VINTORAL_HANGS", "100"))
 SEED = int(os.environ.get("VINTORAL_SEED", "1"))
 # Whatever goes well is answered sooner, under the sanitizers too.
 PATIENCE_SECONDS = 60
