@@ -31,6 +31,13 @@ class Boxes : public Gate {
 
 const std::vector<Answer> kYesNo = {Answer::kYes, Answer::kNo};
 
+TEST_F(Boxes, WhatLooksLikeMarkupIsText) {
+  Ask(kYesNo, Answer::kNo, [](QMessageBox& dialog) {
+    EXPECT_EQ(dialog.textFormat(), Qt::PlainText);
+    dialog.reject();
+  });
+}
+
 TEST_F(Boxes, ButtonsStandInOrderWithSpanishNames) {
   QStringList names;
   const Answer answer =

@@ -7,6 +7,7 @@
 #include <QTimer>
 #include <chrono>
 #include <filesystem>
+#include <future>
 #include <thread>
 
 #include "support/TempFolder.h"
@@ -50,6 +51,27 @@ TEST_F(Stations, TheEventLoopEndsWithIt) {
   QTimer::singleShot(kNever, qApp, [] { QCoreApplication::exit(kStillRuns); });
   station.EndWithoutAsking();
   EXPECT_EQ(QCoreApplication::exec(), 0);
+  EXPECT_TRUE(station.HasEnded());
+}
+
+TEST_F(Stations, ThatHangsIsWaitedForAMomentAndNoLonger) {
+  using namespace std::chrono;
+  Station station(folder_.Path("station"));
+  ASSERT_TRUE(station.WaitUntilStarted());
+  std::promise<void> answers;
+  station.Devices.Thread.Tell([folder = answers.get_future().share()] { folder.wait(); });
+  const auto asked = steady_clock::now();
+  EXPECT_FALSE(station.HasEnded());
+  EXPECT_GE(steady_clock::now() - asked, milliseconds(600));
+  EXPECT_LT(steady_clock::now() - asked, seconds(2));
+  answers.set_value();
+}
+
+TEST_F(Stations, ThatEndsInAMomentHasEnded) {
+  Station station(folder_.Path("station"));
+  ASSERT_TRUE(station.WaitUntilStarted());
+  station.Devices.Thread.Tell([] { std::this_thread::sleep_for(std::chrono::milliseconds(200)); });
+  station.Devices.Thread.Tell([&] { station.Form.CerrarSinPreguntar(); });
   EXPECT_TRUE(station.HasEnded());
 }
 

@@ -133,6 +133,14 @@ TEST_F(KeptInBoxes, EnterTakesThePreselected) {
             Answer::kYes);
 }
 
+TEST_F(KeptInBoxes, EachIsOfTheTimeAtWhichItWasTyped) {
+  const auto hand = [&](QMessageBox&) {
+    ToBox(Qt::Key_5, Qt::NoModifier, "5");
+    ToBox(Qt::Key_Return, Qt::NoModifier, "\r");
+  };
+  EXPECT_EQ(Ask(Answer::kYes, hand), Answer::kYes) << "both come at once, and a hand typed them";
+}
+
 TEST_F(KeptInBoxes, SpacePressesWhereTheKeyboardIs) {
   const auto press = [&](QMessageBox&) {
     ToBox(Qt::Key_Left, Qt::NoModifier);
