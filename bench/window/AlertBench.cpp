@@ -18,7 +18,7 @@
 #include "Benches.h"
 #include "Median.h"
 #include "app/Station.h"
-#include "window/controls/Theme.h"
+#include "app/Toolkit.h"
 
 namespace vintoral::bench {
 
@@ -63,9 +63,7 @@ class SilentRelay {
 /// the time, and ends the process when it has what it wants.
 int Alert(int argc, char** argv, const std::string& folder,
           const std::function<void(Station&, const SilentRelay&, long long pressed)>& during) {
-  Station::PrepareToolkit();
-  QApplication application(argc, argv);
-  theme::Apply(application);
+  Toolkit application(argc, argv);
   Station station(folder);
   if (!station.WaitUntilStarted()) return 1;
   static SilentRelay relay;  // its thread stays to the end

@@ -7,8 +7,8 @@
 
 #include "Benches.h"
 #include "app/Station.h"
+#include "app/Toolkit.h"
 #include "common/Numbers.h"
-#include "window/controls/Theme.h"
 
 namespace vintoral::bench {
 
@@ -46,9 +46,7 @@ class DialogWatch : public QObject {
 }  // namespace
 
 int ArticleTimes(int argc, char** argv, const std::string& folder) {
-  Station::PrepareToolkit();
-  QApplication application(argc, argv);
-  theme::Apply(application);
+  Toolkit application(argc, argv);
   Station station(folder);
   if (!station.WaitUntilStarted()) return 1;
   station.Do([&] {

@@ -1,6 +1,5 @@
 #include <unistd.h>
 
-#include <QApplication>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QLineEdit>
@@ -21,10 +20,10 @@
 
 #include "Benches.h"
 #include "app/Station.h"
+#include "app/Toolkit.h"
 #include "common/Numbers.h"
 #include "unit/camera/LibJpeg.h"
 #include "window/controls/PhotoCell.h"
-#include "window/controls/Theme.h"
 #include "window/controls/Views.h"
 #include "window/form1/CellGrid.h"
 
@@ -71,8 +70,7 @@ std::vector<RegistroFicha> FullPages(const Station& station) {
 class GridStation {
  public:
   GridStation(int& argc, char** argv, const std::string& folder, const QSize& size)
-      : application_(Prepared(argc), argv), Running(folder) {
-    theme::Apply(application_);
+      : application_(argc, argv), Running(folder) {
     if (!Running.WaitUntilStarted()) std::exit(1);
     Running.Window.showNormal();  // no screen is as large here
     Running.Window.resize(size);
@@ -110,11 +108,7 @@ class GridStation {
 
  private:
   static constexpr int kUntilCalm = 4500;  // the link is up, the sounds are loaded
-  static int& Prepared(int& argc) {
-    Station::PrepareToolkit();
-    return argc;
-  }
-  QApplication application_;
+  Toolkit application_;
   std::vector<PhotoCell*> cells_;
   PictureView* big_ = nullptr;
 

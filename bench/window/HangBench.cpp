@@ -1,6 +1,5 @@
 #include <sys/resource.h>
 
-#include <QApplication>
 #include <QEventLoop>
 #include <QTimer>
 #include <algorithm>
@@ -13,7 +12,7 @@
 #include "House.h"
 #include "PaintWatch.h"
 #include "app/Station.h"
-#include "window/controls/Theme.h"
+#include "app/Toolkit.h"
 #include "window/form1/WaitSign.h"
 
 namespace vintoral::bench {
@@ -73,9 +72,7 @@ double ProcessorTime() {
 }  // namespace
 
 int HangTimes(int argc, char** argv, const std::string& folder) {
-  Station::PrepareToolkit();
-  QApplication application(argc, argv);
-  theme::Apply(application);
+  Toolkit application(argc, argv);
   Station station(folder);
   if (!station.WaitUntilStarted()) return 1;
   ShowHouse(station);
@@ -85,9 +82,7 @@ int HangTimes(int argc, char** argv, const std::string& folder) {
 
 int IdleMinute(int argc, char** argv, const std::string& folder) {
   constexpr milliseconds kUntilIdle{10'000}, kMinute{60'000};
-  Station::PrepareToolkit();
-  QApplication application(argc, argv);
-  theme::Apply(application);
+  Toolkit application(argc, argv);
   Station station(folder);
   if (!station.WaitUntilStarted()) return 1;
   ServeFor(kUntilIdle);

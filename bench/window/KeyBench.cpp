@@ -1,4 +1,3 @@
-#include <QApplication>
 #include <QTest>
 #include <algorithm>
 #include <cstdio>
@@ -8,7 +7,7 @@
 #include "House.h"
 #include "PaintWatch.h"
 #include "app/Station.h"
-#include "window/controls/Theme.h"
+#include "app/Toolkit.h"
 
 namespace vintoral::bench {
 
@@ -21,9 +20,7 @@ void Type(QWidget& window, int key, const QString& text) {
 }  // namespace
 
 void MeasureKeys(int argc, char** argv, const std::string& folder) {
-  Station::PrepareToolkit();
-  QApplication application(argc, argv);
-  theme::Apply(application);
+  Toolkit application(argc, argv);
   Station station(folder);
   if (!station.WaitUntilStarted()) return;
   int inside = 0;

@@ -1,4 +1,3 @@
-#include <QApplication>
 #include <QTest>
 #include <algorithm>
 #include <cstdio>
@@ -8,12 +7,12 @@
 #include "Benches.h"
 #include "PaintWatch.h"
 #include "app/Station.h"
+#include "app/Toolkit.h"
 #include "common/Numbers.h"
 #include "records/Register.h"
 #include "records/RegistroCodigo.h"
 #include "window/controls/CaptionLabel.h"
 #include "window/controls/Text.h"
-#include "window/controls/Theme.h"
 
 namespace vintoral::bench {
 
@@ -55,9 +54,7 @@ double Scan(Station& station, int number) {
 }  // namespace
 
 int ScanTimes(int argc, char** argv, const std::string& folder) {
-  Station::PrepareToolkit();
-  QApplication application(argc, argv);
-  theme::Apply(application);
+  Toolkit application(argc, argv);
   Station station(folder);
   if (!station.WaitUntilStarted()) return 1;
   int inside = 0;

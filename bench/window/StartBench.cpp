@@ -12,7 +12,7 @@
 #include "Benches.h"
 #include "Median.h"
 #include "app/Station.h"
-#include "window/controls/Theme.h"
+#include "app/Toolkit.h"
 
 namespace vintoral::bench {
 
@@ -52,9 +52,7 @@ int ShowEmpty(int argc, char** argv) {
 }
 
 int ShowStation(int argc, char** argv, const std::string& folder, bool first) {
-  Station::PrepareToolkit();
-  QApplication application(argc, argv);
-  theme::Apply(application);
+  Toolkit application(argc, argv);
   Station station(folder);
   if (!station.WaitUntilStarted()) return 1;
   PrintIdle();

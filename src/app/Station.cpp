@@ -31,13 +31,6 @@ void ServeUntil(Condition over) {
 
 }  // namespace
 
-void Station::PrepareToolkit() {
-  QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
-  QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);  // one look, on every desktop
-  QGuiApplication::setDesktopFileName(QStringLiteral("vintoral"));
-  QGuiApplication::setQuitOnLastWindowClosed(false);  // the station says when it ends
-}
-
 Station::Station(const std::string& folder) : Station(folder, Instead{}) {}
 
 Station::Station(const std::string& folder, const Instead& instead)
@@ -106,7 +99,10 @@ void Station::Start() {
            }},
       [this] {
         Form.Form_Load();
-        if (!Form.Terminado()) Devices.Thread.ToWindow([this] { Begin(); });
+        // Behind the showing of what came of it: a window that is up already would be painted twice.
+        Devices.Thread.Tell([this] {
+          if (!Form.Terminado()) Devices.Thread.ToWindow([this] { Begin(); });
+        });
       },
       [this] {
         over_ = true;
@@ -136,6 +132,8 @@ void Station::ShowSoon() {
 
 void Station::Begin() {
   Window.Appear();
+  // Each widget that shows itself asks to be painted: behind the first painting all would be painted twice.
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateLater);
   started_ = true;
   // Loading the libraries of sound, printing and cameras beside the first painting would hold that up.
   constexpr int kUntilPainted = 100;

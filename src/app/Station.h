@@ -19,9 +19,7 @@ namespace vintoral {
 
 class Station {
  public:
-  /// What must be said before the toolkit starts.
-  static void PrepareToolkit();
-  /// In `folder`, a path of this system; the toolkit has started. The start sequence begins at once, beside
+  /// In `folder`, a path of this system; the Toolkit has started. The start sequence begins at once, beside
   /// the making of the windows; the main one shows itself when that is through, or asks something.
   explicit Station(const std::string& folder);
   /// What takes the place of the machine's own, in tests; all of it outlives the station.

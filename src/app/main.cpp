@@ -7,12 +7,10 @@
 #include "app/EndSignals.h"
 #include "app/LeaveWithin.h"
 #include "app/Station.h"
-#include "window/controls/Theme.h"
+#include "app/Toolkit.h"
 
 int main(int argc, char** argv) {
-  vintoral::Station::PrepareToolkit();
-  QApplication application(argc, argv);
-  vintoral::theme::Apply(application);
+  vintoral::Toolkit application(argc, argv);
   std::optional<vintoral::Station> station;
   // Before it begins: whatever the start makes, a signal ends it in good order.
   const vintoral::EndSignals signals([&station] { station->EndWithoutAsking(); });

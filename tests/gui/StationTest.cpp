@@ -3,8 +3,10 @@
 
 #include <gtest/gtest.h>
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <QEvent>
 #include <QTimer>
+#include <QWidget>
 #include <chrono>
 #include <filesystem>
 #include <future>
@@ -31,6 +33,34 @@ class Stations : public testing::Test {
  private:
   const QByteArray home_ = qgetenv("HOME");
 };
+
+/// How often the widget of this name is painted while it lives.
+class Paintings : public QObject {
+ public:
+  explicit Paintings(const char* widget) : widget_(QString::fromLatin1(widget)) {
+    qApp->installEventFilter(this);
+  }
+  int Count() const { return count_; }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    const auto* const widget = qobject_cast<QWidget*>(watched);
+    if (event->type() == QEvent::Paint && widget != nullptr && widget->objectName() == widget_) ++count_;
+    return false;
+  }
+
+ private:
+  QString widget_;
+  int count_ = 0;
+};
+
+TEST_F(Stations, ItsWindowIsPaintedOnceAtTheStart) {
+  const Paintings paintings("PctBoton(0)");
+  Station station(folder_.Path("station"));
+  ASSERT_TRUE(station.WaitUntilStarted());
+  station.Settle();
+  EXPECT_EQ(paintings.Count(), 1);
+}
 
 TEST_F(Stations, ItsEndIsWaitedForBeforeItsModelGoes) {
   const std::string state = folder_.Path("station/Recursos/Vintoral.DAT");

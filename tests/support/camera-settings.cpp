@@ -5,8 +5,8 @@
 #include <QTimer>
 
 #include "app/Station.h"
+#include "app/Toolkit.h"
 #include "gui/FilmedCamera.h"
-#include "window/controls/Theme.h"
 
 namespace {
 
@@ -27,9 +27,7 @@ vintoral::CameraOptions Settings() {
 }  // namespace
 
 int main(int argc, char** argv) {
-  vintoral::Station::PrepareToolkit();
-  QApplication application(argc, argv);
-  vintoral::theme::Apply(application);
+  vintoral::Toolkit application(argc, argv);
   vintoral::test::FilmedCamera camera;
   camera.Installed = {vintoral::String::FromUtf8("Entrada")};
   camera.Cameras[camera.Installed[0]].options = Settings();

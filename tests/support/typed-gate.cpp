@@ -39,11 +39,11 @@
 #include <thread>
 
 #include "app/Station.h"
+#include "app/Toolkit.h"
 #include "platform/headless/GivenCamera.h"
 #include "platform/headless/SeededRandom.h"
 #include "support/OnePainter.h"
 #include "window/controls/CaptionLabel.h"
-#include "window/controls/Theme.h"
 
 namespace vintoral::test {
 namespace {
@@ -311,9 +311,7 @@ json TypedGate::State() {
 
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
-  vintoral::Station::PrepareToolkit();
-  QApplication application(argc, argv);
-  vintoral::theme::Apply(application);
+  vintoral::Toolkit application(argc, argv);
   vintoral::test::PaintWithOneThread();
   vintoral::test::TypedGate gate(argc > 1 ? std::strtoull(argv[1], nullptr, 10) : 1);
   const int result = QApplication::exec();
