@@ -282,6 +282,10 @@ int GridTimes(int argc, char** argv, const std::string& folder) {
 int GridMemory(int argc, char** argv, const std::string& folder) {
   GridStation grid(argc, argv, folder, SizeOf(argv + 3));
   grid.Settle();
+  if (grid.Filled() != 0) {
+    std::puts("memory of photos: the grid was not empty before");
+    return 1;
+  }
   const long long empty = ResidentBytes();
   grid.Running.Do([&] { grid.Running.Form.VistaFichas = FullPages(grid.Running); });
   grid.ShowPage(0);
