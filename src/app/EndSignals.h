@@ -6,8 +6,9 @@
 
 namespace vintoral {
 
-/// One at a time in a process. The first of SIGTERM, SIGINT and SIGHUP calls `end` from the event loop, so no
-/// operation is broken off; a second one of the same kind ends the process at once, should `end` hang.
+/// One at a time in a process. The first of SIGTERM, SIGINT and SIGHUP calls `end` from the event loop, which
+/// lets the operation under way come to its end where it can; a second one of the same kind ends the process
+/// at once, should `end` hang.
 class EndSignals {
  public:
   explicit EndSignals(std::function<void()> end);

@@ -2,6 +2,7 @@
 
 #include <fontconfig/fontconfig.h>
 
+#include <clocale>
 #include <system_error>
 
 #include "platform/SignalsElsewhere.h"
@@ -14,6 +15,7 @@ BeforeToolkit::BeforeToolkit() {
   QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);  // one look, on every desktop
   QGuiApplication::setDesktopFileName(QStringLiteral("vintoral"));
   QGuiApplication::setQuitOnLastWindowClosed(false);  // the station says when it ends
+  std::setlocale(LC_ALL, "");  // as the toolkit does; not while the thread reads numbers
   const SignalsElsewhere masked;
   try {
     fonts_ = std::thread([] { FcInit(); });

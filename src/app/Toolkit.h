@@ -7,7 +7,9 @@
 namespace vintoral {
 
 /// What is done before the toolkit starts. Reading which fonts the system has takes a seventh of the time
-/// until the window stands, so a thread does it beside the toolkit's own start.
+/// until the window stands, so a thread does it beside the toolkit's own start. That takes a launcher's
+/// variable out of the environment meanwhile: at worst the thread overlooks another one, and a font of the
+/// user's own.
 class BeforeToolkit {
  protected:
   BeforeToolkit();

@@ -78,7 +78,7 @@ TEST_F(Stations, TheEventLoopEndsWithIt) {
   constexpr int kNever = 10'000, kStillRuns = 3;
   Station station(folder_.Path("station"));
   ASSERT_TRUE(station.WaitUntilStarted());
-  QTimer::singleShot(kNever, qApp, [] { QCoreApplication::exit(kStillRuns); });
+  QTimer::singleShot(kNever, &station.Window, [] { QCoreApplication::exit(kStillRuns); });
   station.EndWithoutAsking();
   EXPECT_EQ(QCoreApplication::exec(), 0);
   EXPECT_TRUE(station.HasEnded());

@@ -175,12 +175,34 @@ TEST_F(Threads, ATickIsNotHeldUpByWhatIsTold) {
   const Seam::Step again = [&] {
     if (++told == 3) due_ = 1000;
     if (told == 1 || told == 5) Note("told");
-    if (told < kMany) thread_.Tell(again);
+    if (told < kMany) return thread_.Tell(again);
+    thread_.Tell([this] { held_ = true; });
   };
   Start();
   thread_.Tell(again);
-  ASSERT_TRUE(Soon([&] { return told == kMany; }));
+  ASSERT_TRUE(Soon([&] { return held_.load(); }));
   EXPECT_EQ(Done(), Log({"told@1000", "tick@1000", "told@1000"}));
+}
+
+TEST_F(Threads, WhatIsToldIsNotHeldUpByTheTicksBehindAHang) {
+  constexpr std::int64_t kSecondTick = 2000, kTyped = 9000;
+  OnTick = [this] {
+    if (const std::int64_t next = thread_.Time().Ticks() + 500; next < kTyped) due_ = next;
+  };
+  due_ = 1500;
+  Start();
+  thread_.Give(Hanging("first"), 1000);
+  WaitUntilItHangs();
+  SetTime(kTyped);
+  thread_.Keep(kTyped);
+  thread_.Tell(Noted("told"));
+  Go();
+  constexpr std::size_t kTicks = (kTyped - 1500) / 500;
+  ASSERT_TRUE(Soon([&] { return Done().size() == 2 + kTicks; }));
+  const Log done = Done();
+  EXPECT_EQ(Log(done.begin(), done.begin() + 4),
+            Log({"first@1000", "tick@1500", "told@" + std::to_string(kSecondTick), "tick@2000"}));
+  EXPECT_EQ(done.back(), "tick@8500");
 }
 
 TEST_F(Threads, ABoxHoldsHandsWhileTicksAndNewsPass) {

@@ -35,6 +35,10 @@ SETTLES_MS = 30_000
 TOLD = 12_000
 # So long does the station get to come to where it is to hang.
 REACHES_MS = 4
+# So often what has hung least is to hang: a rename comes seldom.
+RAREST = 0.25
+# From so many hangs on there is one of each kind.
+MANY = 100
 # One in so many hangs lasts until the window says that the station is late.
 LATE_EVERY, LATE_SECONDS = 25, 0.4
 # The most keys that are typed while one operation hangs, and until one does.
@@ -325,7 +329,8 @@ class HangingDay(trouble.Trouble):
     # ---- One hang ----
 
     def arm(self, gate, dice):
-        operation = dice.choice(OPERATIONS)
+        rarest = min(OPERATIONS, key=lambda operation: self.hung[operation])
+        operation = rarest if dice.random() < RAREST else dice.choice(OPERATIONS)
         self.folders[gate].hang(operation, after=dice.randint(1, DEEPEST[operation]))
         return Armed(gate, operation)
 
@@ -407,6 +412,8 @@ class HangingDay(trouble.Trouble):
         self.assertEqual([difference(name, calm[name], wild[name]) for name in calm if calm[name] != wild[name]], [])
         self.assertDone(script)
         self.assertEqual(sum(self.hung.values()), HANGS)
+        if HANGS >= MANY:
+            self.assertEqual(set(self.hung), set(OPERATIONS))
         self.assertTrue(any(gate.was_late for gate in self.gates), "no hang was long enough to be told of")
 
 

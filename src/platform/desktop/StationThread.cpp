@@ -167,10 +167,13 @@ std::int64_t StationThread::Bound() const {
   return Oldest().value_or(clock_.Latest());
 }
 
-// A tick first: who tells one thing after the other would hold up the timers.
+// In turn: neither who tells one thing after the other holds up the timers, nor the ticks that are due after
+// a long hang the word that the program is to end.
 StationThread::Step StationThread::TickOrTold() {
   const std::int64_t due = station_.nextTick();
-  if (due >= 0 && due <= clock_.Ticks()) return station_.runTicks;
+  const bool ticks = due >= 0 && due <= clock_.Ticks();
+  ticked_ = ticks && (told_.empty() || !ticked_);
+  if (ticked_) return station_.runTicks;
   if (told_.empty()) return nullptr;
   Step step = std::move(told_.front());
   told_.pop_front();

@@ -93,6 +93,7 @@ class StationThread final : public Seam {
   std::optional<Piece> given_;
   std::optional<std::int64_t> kept_;
   std::deque<Step> told_;
+  bool ticked_ = false;  ///< the last turn was a tick's
   std::deque<Piece> answers_;
   bool serves_ = false;  ///< what hands do is served now, or behind a tick
   bool over_ = false;    ///< the thread has come to its end
